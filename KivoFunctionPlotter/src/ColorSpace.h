@@ -1,0 +1,16 @@
+// Conversions between RGB and HSV, as the gradients use them. Hue is in turns: 1 is 360 degrees.
+#pragma once
+
+namespace KivoDrawingTools {
+
+/// Converts r, g, b from 0 to 1. Greys get hue and saturation 0; hue lies in [0, 1).
+void RgbToHsv(float r, float g, float b, float* h, float* s, float* v);
+
+/// Converts back, with the hue snapped to whole degrees. A hue outside 0 to 1 is folded back when positive; a
+/// negative one, or one that is no finite number, gives the colours of the first sixth of the circle.
+void HsvToRgb(float h, float s, float v, float* r, float* g, float* b);
+
+/// Converts 0x00BBGGRR to four floats: each byte divided by 255, alpha 1.
+void ColorToRgba(unsigned long color, float* rgba);
+
+} // namespace KivoDrawingTools

@@ -1,0 +1,806 @@
+// CKivoFunctionPlotter: an interactive 3-D plot of a surface z = f(x, y) in a window that the host owns.
+//
+// Contents of the class, in the order of the sources that hold it:
+//   Core           lifetime, window hooks, frame driver, plot modes       PlotterCore.cpp
+//   View geometry  vector helpers, view volume, camera, screen mapping    PlotterViewGeometry.cpp
+//   Surface        data, mesh arrays, frame lines, iso-contours           PlotterSurface.cpp
+//   Colour         gradient colours, colour legend                        PlotterColor.cpp
+//   Annotation     text, titles, axis settings                            PlotterAnnotation.cpp
+//   Overlays       curves, point markers, measure groups                  PlotterOverlays.cpp
+// followed by the fields.
+//
+// Conventions of all members:
+// - Every member is called on the thread of the host's window. Different plotters are independent.
+// - No OpenGL context is current between calls, except where a member says so.
+// - `int` results: 0 for success, else a negative code named at the member.
+// - Setters store and return; none of them redraws. Call OnDraw() to see their effect.
+// - Numbers are taken as they are: a degenerate one yields infinities or not-a-number values, which are
+// passed on.
+// - Points and vectors are three floats x, y, z. Matrices are sixteen doubles in OpenGL's column-major order.
+// - Colours are four floats red, green, blue, alpha from 0 to 1, or an unsigned long 0x00BBGGRR with red in
+// the
+//   low byte, each byte divided by 255 and alpha 1.
+// - Nothing is thrown by the plotter itself; std::bad_alloc and std::length_error of the standard library
+// pass.
+#pragma once
+
+#include "KivoPlatform.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <list>
+#include <string>
+#include <vector>
+
+namespace KivoDrawingTools {
+
+class CKivoGradientColor;
+class CKivoGradientColorRuler;
+class CKivoGridBox;
+class CKivoMeasurePointGroupManager;
+struct GridView;
+struct STextRenderer;
+
+/// A text as an image: a block of pixels and the OpenGL texture made of it.
+struct SKivoTexImage {
+    unsigned int texture = 0;        ///< OpenGL texture name, 0 when there is none yet
+    int width = 0;                   ///< in pixels
+    int height = 0;                  ///< in pixels
+    float sMax = 0.0f;               ///< width / the power of two that holds it: end of the used part in s
+    float tMax = 0.0f;               ///< height / the power of two that holds it: end of the used part in t
+    unsigned char* pixels = nullptr; ///< width * height * 4 bytes RGBA, bottom row first; from new[], owned
+};
+
+/// The line segments of one contour level.
+struct SKivoIsoContour {
+    float* points;            ///< three floats a point, two points a segment; from new[]
+    std::uint64_t pointCount; ///< always even
+    float level;              ///< value of the contoured coordinate
+};
+
+/// An RGBA colour, each channel from 0 to 1.
+struct SKivoColor {
+    float red;
+    float green;
+    float blue;
+    float alpha;
+};
+
+/// The plot. A host makes one object for each plot window, calls OnCreate with the window, hands over its
+/// data with SetData or SetDataReference and forwards its messages to the On... members.
+class KIVO_API CKivoFunctionPlotter {
+public:
+    /// A point or vector.
+    struct SPoint3f {
+        float x;
+        float y;
+        float z;
+    };
+
+    // ---------------------------------------------------------------------------------------------------------
+    // Core
+    // ---------------------------------------------------------------------------------------------------------
+
+    /// Makes a plot without window and data. Touches neither the window system nor OpenGL.
+    CKivoFunctionPlotter();
+
+    /// Copies every field as it stands: the copy is a second view of the same window, context, data and
+    /// helper objects. Only one of the two may be destroyed or released.
+    CKivoFunctionPlotter(const CKivoFunctionPlotter& other);
+
+    /// Assigns every field as it stands, with the consequences of the copy constructor. What this object
+    /// owned before is not freed.
+    /// @return this object
+    CKivoFunctionPlotter& operator=(const CKivoFunctionPlotter& other);
+
+    /// Releases everything as OnDestroy does, then frees the helper objects.
+    virtual ~CKivoFunctionPlotter();
+
+    /// Binds the plot to a window: pixel format, OpenGL context, lights, fonts, start view. Text is 10 points
+    /// high.
+    /// @param hWnd         the host's window, which must live until OnDestroy
+    /// @param accelerated  true asks for the graphics processor, false for drawing in software
+    /// @return 0; -1 for a null window or when a step of the window system fails. Nothing is rolled back
+    /// then:
+    ///         OnDestroy or the destructor cleans up. Where KivoWindow.h applies, LastWindowError() has the
+    ///         reason.
+    int OnCreate(HWND hWnd, bool accelerated);
+
+    /// The same, then lays the plot out for a client area of cx x cy pixels, even when the first step failed.
+    int OnCreate(HWND hWnd, int cx, int cy, bool accelerated);
+
+    /// The same with a text size of its own.
+    /// @param fontSize  height of titles and labels in points
+    int OnCreate(HWND hWnd, int cx, int cy, int fontSize, bool accelerated);
+
+    /// Gives back the data, the fonts and the OpenGL context. Afterwards the object may be destroyed or bound
+    /// to a window again. Calling it twice does no harm.
+    /// @return 0, or -1 when the OpenGL context could not be deleted; everything else is freed all the same
+    int OnDestroy();
+
+    /// Draws a frame: the answer to the host's paint message. The result of Renderscene() is dropped.
+    void OnDraw();
+
+    /// Lays the plot out for a new size of the client area and fits the view to it, so that zoom is undone
+    /// while rotation and pan stay. The left 16 % of the width become the legend, the rest the plot.
+    /// @param type    ignored
+    /// @param cx, cy  client size in pixels; sizes of 0 make degenerate view volumes and draw nothing
+    void OnSize(unsigned int type, int cx, int cy);
+
+    /// Selects the text font into its device context again and reads its metrics.
+    /// @param font  ignored: the font cannot be changed
+    /// @return 0
+    int SetFont(void* font);
+
+    /// Draws one frame and presents it.
+    /// @return 0, or the platform's last error code when the frame could not be presented
+    int Renderscene();
+
+    /// Shows the rotatable 3-D plot in its start view. @return 0
+    int SwitchToNormalPlot();
+    /// Shows the flat plot of X to the right and Y up. @return 0
+    int SwitchToXYProjectPlot();
+    /// Shows the flat plot of Y to the right and Z up. @return 0
+    int SwitchToYZProjectPlot();
+    /// Shows the flat plot of X to the right and Z up. @return 0
+    int SwitchToZXProjectPlot();
+    /// @return 0 for the 3-D plot, 1 for XY, 2 for YZ, 3 for XZ
+    int GetCurrentPlotType() const;
+
+    /// Mirrors an axis in the present view, or takes the mirroring back; setting the present state does
+    /// nothing. The flat plots show it only while they keep the matrix it was set in: entering one starts
+    /// unmirrored.
+    /// @return 0
+    int SetInverseXAxis(bool inverse);
+    int SetInverseYAxis(bool inverse); ///< as SetInverseXAxis
+    int SetInverseZAxis(bool inverse); ///< as SetInverseXAxis
+
+    /// @param autoSwitch  true: the planes behind the surface carry the grid and switch as the view turns
+    /// (the
+    ///                    default); false: they are the planes at each axis's start, whatever the view
+    void SetAutoSwitchFramePlanes(bool autoSwitch);
+
+    /// Sets the background from the next frame on.
+    /// @param r, g, b, a  0 to 1 each, stored unchecked
+    void SetBackgroundColor(float r, float g, float b, float a);
+    /// @param color  0x00BBGGRR
+    void SetBackgroundColor(unsigned long color);
+    /// Goes back to the light cream that the plot starts with: (1, 253/255, 233/255, 1).
+    void ResetBackgroundColor();
+
+    /// Shows or hides the frame lines on the surface; shown at first.
+    void ShowFrameLines(bool show);
+    /// @return whether frame lines are shown
+    bool IsShowFrameLines() const;
+
+    /// Shows or hides the iso-contours of an axis in the 3-D plot; hidden at first. A flat plot shows those
+    /// of the axis it looks along whatever is set here. @return 0
+    int ShowXIsoContours(bool show);
+    int ShowYIsoContours(bool show); ///< as ShowXIsoContours
+    int ShowZIsoContours(bool show); ///< as ShowXIsoContours
+    bool IsShowXIsoContours() const; ///< @return whether the 3-D plot shows contours of equal x
+    bool IsShowYIsoContours() const; ///< @return whether the 3-D plot shows contours of equal y
+    bool IsShowZIsoContours() const; ///< @return whether the 3-D plot shows contours of equal z
+
+    /// Shows or hides the grid lines on the back planes and in the flat plots; shown at first.
+    void ShowGridLines(bool show);
+    /// @return whether grid lines are shown
+    bool IsShowGridLines() const;
+
+    // ---------------------------------------------------------------------------------------------------------
+    // View geometry
+    // ---------------------------------------------------------------------------------------------------------
+
+    /// Makes both horizontal axes 1.2 times as long as the Z axis on the screen, whatever their ranges, and
+    /// fits the view of the 3-D plot to the grid box. To be called after axis ranges were changed.
+    void AutoAdjustAxisLengthRatio();
+
+    /// Does nothing; the left button has no function.
+    void OnLButtonDown(unsigned int flags, POINT pt);
+    /// Does nothing.
+    void OnLButtonUp(unsigned int flags, POINT pt);
+    /// Begins a drag when pt lies in the viewport box: 0 to viewport width and height, both ends included.
+    /// @param flags  key-state bits MK_... of the mouse message; the same for all mouse members
+    /// @param pt     client coordinates in pixels, y downwards
+    void OnRButtonDown(unsigned int flags, POINT pt);
+    /// Ends the drag when pt lies in the viewport box.
+    void OnRButtonUp(unsigned int flags, POINT pt);
+    /// Goes on with a drag and draws a frame: MK_CONTROL zooms (before all others), MK_SHIFT pans, else the
+    /// 3-D plot is turned. Without MK_RBUTTON in the flags, or outside the viewport box, nothing is drawn.
+    void OnMouseMove(unsigned int flags, POINT pt);
+    /// One zoom step for each message, whatever the size of delta, and a frame; nothing outside the viewport.
+    /// @param delta  negative: towards the user, the picture shrinks; otherwise it grows
+    /// @param pt     screen coordinates in pixels, as wheel messages have them
+    void OnMouseWheel(unsigned int flags, short delta, POINT pt);
+
+    /// Turns the plot about the screen axis across the way from one client point to the other, by 160 degrees
+    /// for the width of the viewport.
+    void Rotate(POINT from, POINT to);
+    /// Shifts the plot along the way from one client point to the other, at 0.8 of its length.
+    void Translate(POINT from, POINT to);
+    /// Scales the view volume; a factor below 1 enlarges the picture.
+    void Zoom(float factor);
+
+    // ---------------------------------------------------------------------------------------------------------
+    // Surface
+    // ---------------------------------------------------------------------------------------------------------
+
+    /// Takes a grid of points over: bounding box, colours, axis ranges and the fitted view follow from it.
+    /// Whatever lay over the previous data is released, curves included.
+    ///
+    /// The point at column c and row r begins at float (c * columnStride + r * rowStride) * components.
+    /// Drawing takes the array as packed row by row, so the expected layout is columnStride 1 and rowStride =
+    /// columns; with other strides bounds and colours follow the strides, and the surface is drawn from the
+    /// packed points. A grid one point wide or high has bounds and colours but no triangles.
+    /// @param points        not null unless columns * rows is 0; from new[], freed with delete[] by the
+    /// plotter
+    /// @param columns       points in a row
+    /// @param rows          number of rows
+    /// @param columnStride  points from one column to the next
+    /// @param rowStride     points from one row to the next
+    /// @param components    floats of a point: x, y, z first; a fourth is taken as the homogeneous w. With
+    /// fewer
+    ///                      than three nothing is read or drawn
+    /// @return 0
+    int SetData(float* points, unsigned int columns, unsigned int rows, unsigned int columnStride,
+                unsigned int rowStride, unsigned int components);
+
+    /// The same, but the array stays the host's: it must live unchanged until the next data or OnDestroy.
+    int SetDataReference(float* points, unsigned int columns, unsigned int rows, unsigned int columnStride,
+                         unsigned int rowStride, unsigned int components);
+
+    /// Sets how many cells lie between inner frame lines; the four borders are always drawn. Steps beyond the
+    /// grid leave the borders alone; a line next to the far border is left out when it would make a strip
+    /// thinner than half a step. A step of 0 draws no lines. New data go back to steps of 1.
+    void SetFrameLineStep(unsigned int columnStep, unsigned int rowStep);
+    /// @param color  0x00BBGGRR; black at first
+    void SetFrameLineColor(unsigned long color);
+
+    /// Sets the number of contour levels of each axis, 20 at first, and traces the contours anew. A count of
+    /// 1 leaves the z contours without a level.
+    /// @return 0; -3 for a count of 0, which changes nothing
+    int SetIsoContourCount(unsigned int count);
+
+    // ---------------------------------------------------------------------------------------------------------
+    // Colour
+    // ---------------------------------------------------------------------------------------------------------
+
+    // A gradient runs from its start colour at the axis's smallest value to its end colour at the largest,
+    // through hue, saturation and value. The Z gradient colours the surface and its legend, the X and Y
+    // gradients colour the legends of the flat plots. Array arguments are four floats RGBA, null is not
+    // allowed. Replacing one end re-encodes the other, so that its hue can drift by less than one degree. The
+    // X and Y setters leave the plotter's OpenGL context current when they return.
+
+    /// Sets both ends of all three gradients.
+    void SetGradientColor(float const* startRgba, float const* endRgba);
+    void SetGradientStartColor(float const* rgba);                           ///< start of all three gradients
+    void SetGradientEndColor(float const* rgba);                             ///< end of all three gradients
+    void SetGradientColor(unsigned long startColor, unsigned long endColor); ///< both ends, 0x00BBGGRR
+    void SetGradientStartColor(unsigned long color);                         ///< start, 0x00BBGGRR
+    void SetGradientEndColor(unsigned long color);                           ///< end, 0x00BBGGRR
+
+    /// Sets both ends of the X gradient. The context stays current.
+    void SetXGradientColor(float const* startRgba, float const* endRgba);
+    void SetXGradientStartColor(float const* rgba);                           ///< the context stays current
+    void SetXGradientEndColor(float const* rgba);                             ///< the context stays current
+    void SetXGradientColor(unsigned long startColor, unsigned long endColor); ///< the context stays current
+    void SetXGradientStartColor(unsigned long color);                         ///< the context stays current
+    void SetXGradientEndColor(unsigned long color);                           ///< the context stays current
+
+    /// Sets both ends of the Y gradient. The context stays current.
+    void SetYGradientColor(float const* startRgba, float const* endRgba);
+    void SetYGradientStartColor(float const* rgba);                           ///< the context stays current
+    void SetYGradientEndColor(float const* rgba);                             ///< the context stays current
+    void SetYGradientColor(unsigned long startColor, unsigned long endColor); ///< the context stays current
+    void SetYGradientStartColor(unsigned long color);                         ///< the context stays current
+    void SetYGradientEndColor(unsigned long color);                           ///< the context stays current
+
+    /// Sets both ends of the Z gradient and colours the surface anew.
+    void SetZGradientColor(float const* startRgba, float const* endRgba);
+    void SetZGradientStartColor(float const* rgba);                           ///< start, and the surface anew
+    void SetZGradientEndColor(float const* rgba);                             ///< end, and the surface anew
+    void SetZGradientColor(unsigned long startColor, unsigned long endColor); ///< both ends, 0x00BBGGRR
+    void SetZGradientStartColor(unsigned long color);                         ///< start, 0x00BBGGRR
+    void SetZGradientEndColor(unsigned long color);                           ///< end, 0x00BBGGRR
+
+    /// Sets the digits after the decimal point in the labels of all colour legends, 3 at first; no limit is
+    /// applied.
+    /// @return 0
+    int SetGradientColorRuleFloatingPointPrecision(unsigned int precision);
+    /// @return the digits after the decimal point in the legends' labels
+    unsigned int GetGradientColorRuleFloatingPointPrecision() const;
+
+    // ---------------------------------------------------------------------------------------------------------
+    // Annotation
+    // ---------------------------------------------------------------------------------------------------------
+
+    // Titles are images of their texts, made when they are set: set them after OnCreate. One set before has
+    // its text but is not drawn. Texts are UTF-8 (on Windows: the process's code page); null is not allowed.
+
+    /// @return the text, valid until the title changes; empty at first
+    const char* GetPlotTitle() const;
+    const char* GetXAxisTitle() const; ///< as GetPlotTitle
+    const char* GetYAxisTitle() const; ///< as GetPlotTitle
+    const char* GetZAxisTitle() const; ///< as GetPlotTitle
+    /// Sets the title at the top of the plot. Wider than 512 pixels it takes two lines.
+    void SetPlotTitle(const char* title);
+    void SetXAxisTitle(const char* title); ///< sets the title along the X axis
+    void SetYAxisTitle(const char* title); ///< sets the title along the Y axis
+    void SetZAxisTitle(const char* title); ///< sets the title along the Z axis
+
+    // Bitmap text, in the plot's 10-point font, one glyph for each byte; for derived classes and hosts
+    // between BeginGLOperation and EndGLOperation. The position goes through the matrices now loaded.
+
+    /// @param count  bytes of text; the forms without it take the text's length
+    void RenderText(float x, float y, float z, const char* text, std::size_t count);
+    void RenderText(float x, float y, float z, const char* text);              ///< the whole text
+    void RenderFarText(float x, float y, const char* text, std::size_t count); ///< at z = 0.99
+    void RenderFarText(float x, float y, const char* text); ///< at z = 0.99, the whole text
+    void RenderNearText(float x, float y, const char* text, std::size_t count); ///< at z = 0
+    void RenderNearText(float x, float y, const char* text);                    ///< at z = 0, the whole text
+
+    // Axis settings. New data choose range, tick count and precision anew. The view is not fitted again by
+    // these: AutoAdjustAxisLengthRatio does that.
+
+    float GetXAxisMin() const; ///< @return the first tick value of the X axis
+    float GetYAxisMin() const; ///< @return the first tick value of the Y axis
+    float GetZAxisMin() const; ///< @return the first tick value of the Z axis
+    float GetXAxisMax() const; ///< @return the last tick value of the X axis
+    float GetYAxisMax() const; ///< @return the last tick value of the Y axis
+    float GetZAxisMax() const; ///< @return the last tick value of the Z axis
+
+    /// Sets the first tick value; the number of ticks and the precision are kept. It may exceed the last one.
+    /// @return 0
+    int SetXAxisMin(float value);
+    int SetYAxisMin(float value); ///< as SetXAxisMin
+    int SetZAxisMin(float value); ///< as SetXAxisMin
+    int SetXAxisMax(float value); ///< sets the last tick value, as SetXAxisMin
+    int SetYAxisMax(float value); ///< sets the last tick value, as SetXAxisMin
+    int SetZAxisMax(float value); ///< sets the last tick value, as SetXAxisMin
+
+    unsigned int GetXAxisTickMarkNumber() const; ///< @return the number of ticks of the X axis
+    unsigned int GetYAxisTickMarkNumber() const; ///< @return the number of ticks of the Y axis
+    unsigned int GetZAxisTickMarkNumber() const; ///< @return the number of ticks of the Z axis
+
+    /// Divides the axis range evenly. Counts below 2 make no axis: with 1 the step is infinite, 0 takes all
+    /// ticks away.
+    /// @param count  at least 2
+    /// @return 0
+    int SetXAxisTickMarkNumber(unsigned int count);
+    int SetYAxisTickMarkNumber(unsigned int count); ///< as SetXAxisTickMarkNumber
+    int SetZAxisTickMarkNumber(unsigned int count); ///< as SetXAxisTickMarkNumber
+
+    unsigned int GetXAxisFloatingPointPrecision() const; ///< @return digits after the point in X labels
+    unsigned int GetYAxisFloatingPointPrecision() const; ///< @return digits after the point in Y labels
+    unsigned int GetZAxisFloatingPointPrecision() const; ///< @return digits after the point in Z labels
+    int SetXAxisFloatingPointPrecision(unsigned int precision); ///< sets the digits of X labels @return 0
+    int SetYAxisFloatingPointPrecision(unsigned int precision); ///< sets the digits of Y labels @return 0
+    int SetZAxisFloatingPointPrecision(unsigned int precision); ///< sets the digits of Z labels @return 0
+
+protected:
+    // ---------------------------------------------------------------------------------------------------------
+    // Core
+    // ---------------------------------------------------------------------------------------------------------
+
+    /// A hook for derived classes, second in the virtual table. The plotter never calls it.
+    /// @return 0
+    virtual int InitCustomized();
+
+    /// Sets material and lights with the context current; Init calls it through the virtual table, so that a
+    /// derived class can light the surface in its own way.
+    /// @return 0
+    virtual int InitLighting();
+
+    /// What OnCreate does.
+    /// @return 0 or -1. When the font lists fail, the context stays current.
+    int Init(HWND hWnd, int fontSize, bool accelerated);
+
+    /// Chooses and sets the pixel format: 32-bit RGBA, double-buffered, 32-bit depth, 8-bit stencil, 64-bit
+    /// accumulation, or the nearest that the system has.
+    /// @return 0 or -1
+    int SetDCPixelFormat(HDC hdc, bool accelerated);
+
+    /// Builds the 256 display lists of the bitmap font. The context must be current.
+    /// @return 0, or -1 without device context or context, or when the lists could not be made
+    int InitFont();
+
+    /// Makes the plotter's context current for OpenGL calls of a derived class; EndGLOperation unbinds it.
+    void BeginGLOperation();
+    /// Ends what BeginGLOperation began: no context is current afterwards.
+    void EndGLOperation();
+
+    /// What OnSize does.
+    void Reshape(int cx, int cy);
+
+    /// Sets both viewports to shares of a rectangle in window pixels: 16 % legend on the left, 84 % plot,
+    /// truncated. The plotter itself does not call it.
+    void UpdateViewport(int x, int y, int width, int height);
+
+    /// Places both lights around the data box and keeps the second one off.
+    void UpdateLightsPosition();
+
+    /// Draws the frame of the active plot type into the back buffer; the context must be current.
+    void DrawScene();
+    /// Draws the 3-D plot.
+    void DrawNormalPlot();
+    /// Draws the flat plot of the active plot type.
+    void DrawProjectionPlot();
+    /// Draws the six lines that cross at the traced point's projections onto the back planes.
+    void RenderTraceGuideLines();
+
+    /// Frees an image's texture and pixels and sets its width to 0. The context must be current.
+    /// @return 0
+    static int ReleaseTex(SKivoTexImage* image);
+    /// Frees the contours and the contour texture.
+    /// @return 0
+    int ReleaseIsoContour();
+    /// Frees everything that depends on the data: arrays, labels, contours, curves, and the points unless
+    /// they are the host's.
+    /// @return 0
+    int ReleaseDataRelativeResource();
+    /// What OnDestroy does.
+    /// @return 0, or -1 when the OpenGL context could not be deleted
+    int Release();
+
+    // ---------------------------------------------------------------------------------------------------------
+    // View geometry
+    // ---------------------------------------------------------------------------------------------------------
+
+    // Vector and matrix routines. Outputs must not share storage with inputs unless said. Nothing is checked:
+    // a division by a zero length gives infinities or not-a-number values.
+
+    /// out[4i + j] = sum over k of a[4i + k] * b[4k + j]: in OpenGL's reading, a applied first, then b.
+    static void MatrixMultiply(double* out, const double* a, const double* b);
+    /// Copies sixteen elements.
+    static void MatrixCopy(double* dst, const double* src);
+    /// out[j] = sum over k of v[k] * m[4k + j]: four elements transformed, translation included.
+    static void VectorMatrixMultiply(double* out, const double* v, const double* m);
+    /// Three elements transformed by the upper left 3 x 3 block: no translation, no w.
+    static void VectorMatrixMultiply3(double* out, const double* v, const double* m);
+    /// out = s * v
+    static void ScalarVectorMultiply3(float* out, float s, const float* v);
+    /// dst = src
+    static void VectorAssign3(float* dst, const float* src);
+    /// out = a + b
+    static void VectorOffset3(float* out, const float* a, const float* b);
+    /// a += b
+    static void VectorOffset3(float* a, const float* b);
+    /// Length of a - b, in single precision.
+    static float Distance(const float* a, const float* b);
+    /// Length of a - b, in double precision.
+    static double Distance(const double* a, const double* b);
+    /// out = the unit direction from one point to the other.
+    static void NormalVector(const float* from, const float* to, float* out);
+    /// The value at x of the line through (x0, y0) and (x1, y1).
+    static float Interpolate(float x, float x0, float x1, float y0, float y1);
+    /// The same in double precision.
+    static double Interpolate(double x, double x0, double x1, double y0, double y1);
+    /// out = the unit vector of (p1 - p0) x (p2 - p0).
+    static void CalNormal(const float* p0, const float* p1, const float* p2, float* out);
+    /// Intersects a line with the plane through three points.
+    /// @param dir  direction of the line, of any length
+    /// @param hit  receives origin + t * dir
+    /// @return t, in units of dir
+    static float IntersectPlane(const float* origin, const float* dir, const float* p0, const float* p1,
+                                const float* p2, float* hit);
+    /// The same, and whether the hit lies in the triangle, edges and corners included. An edge test without a
+    /// number (a hit right on a corner, a degenerate triangle) does not reject.
+    static float IntersectPlane(const float* origin, const float* dir, const float* p0, const float* p1,
+                                const float* p2, float* hit, bool* inside);
+    /// a . b, each component widened to double first.
+    static double DotProduct(const float* a, const float* b);
+
+    // Camera: an orthographic view volume, and the model-view matrix pan * rotation * axis scale *
+    // translation. The context must be current for those that load a matrix.
+
+    /// Loads viewport and projection.
+    void ApplyViewVolume();
+    /// Loads the model-view matrix: a data point p comes to pan + R * (S * (p + t)).
+    void ApplyModelViewMatrix();
+    /// Negates the columns of the rotation that belong to inverted axes; loads nothing.
+    void _ApplyInverseAxisToModelViewMatrix();
+    /// Puts a data point at the centre of the view.
+    void SetVolumeCenter(float x, float y, float z);
+    /// Shifts the picture by view-volume units: dx to the right, dy + dz up.
+    void IncreaseTranslation(float dx, float dy, float dz);
+    /// Turns the picture about a screen axis through the origin, after all turns so far. The axis is divided
+    /// by sqrt(x^2 + y^2 + z^2 + 1), so that short axes turn by slightly less and shrink the picture a
+    /// little.
+    /// @param angle  in degrees
+    void IncreaseRotation(float angle, float x, float y, float z);
+    /// Multiplies left, right, bottom and top of the view volume by 1 / factor and loads it.
+    void IncreaseZooming(float factor);
+    /// Moves left, right, bottom and top of the view volume inwards by d; loads nothing.
+    void IncreaseScale(float d);
+    /// Fits axis scale, view volume and centre to the grid box for the 3-D plot, and loads the view volume.
+    void UpdateBoundingBoxToViewVolume();
+    /// Fits view volume and centre for a flat plot, keeping the axis scale, and loads the view volume.
+    void UpdateXYBoundingBoxToViewVolume();
+    void UpdateYZBoundingBoxToViewVolume(); ///< as UpdateXYBoundingBoxToViewVolume
+    void UpdateXZBoundingBoxToViewVolume(); ///< as UpdateXYBoundingBoxToViewVolume
+    /// Takes a new data box: gradients, legends, lights, grid box and view volumes follow.
+    /// @param min, max  three floats each
+    void UpdateBoundingBoxToViewVolume(float* const min, float* const max);
+    /// Fits the legend's view volume to its viewport.
+    void UpdateLegendViewVolume();
+
+    // Fixed orientations. Each writes the 3 x 3 block of the rotation, applies inverted axes and loads the
+    // model-view matrix; the pan in elements 12 and 13 stays.
+    void ApplyFrontView();  ///< Y to the right, Z up
+    void ApplyBackView();   ///< Y to the left, Z up
+    void ApplyTopView();    ///< Y to the right, X down
+    void ApplyBottomView(); ///< Y to the right, X up
+    void ApplyLeftView();   ///< X to the left, Z up
+    void ApplyRightView();  ///< X to the right, Z up
+    void ApplyIsoView();    ///< X to the lower left, Y to the lower right, Z up
+
+    // Start views of the plot types: fit, orient, load. Only the 3-D plot applies inverted axes.
+    void ApplyNormalPlotView(); ///< the iso view, its top tilted away from the viewer by 10 degrees
+    void ApplyXYPlotView();     ///< X to the right, Y up
+    void ApplyYZPlotView();     ///< Y to the right, Z up
+    void ApplyXZPlotView();     ///< X to the right, Z up
+
+    /// Zooms by a vertical drag: down enlarges, up shrinks; a full viewport height up makes the bounds
+    /// infinite.
+    void Zoom(POINT from, POINT to);
+
+    /// Window coordinates of a data point under the matrices now loaded.
+    /// @param out  receives x, y (pixels, y upwards) and depth
+    void Project(float x, float y, float z, float* const out);
+    /// The same for many points; out is resized to the size of in.
+    void Project(const std::vector<SPoint3f>& in, std::vector<SPoint3f>& out);
+    /// The line of sight through a client point, as two points in data coordinates: at window depth -1,
+    /// before the near plane, and at 1, the far plane. Loads the camera first.
+    void UnProject(POINT pt, float* const nearPt, float* const farPt);
+    /// Client coordinates to pixels from the viewport's lower edge, y upwards.
+    void WindowToViewport(POINT pt, double* x, double* y);
+    float PixelToWorld(int n);            ///< a length in pixels as a length in view-volume units
+    float PixelToWorld(float n);          ///< a length in pixels as a length in view-volume units
+    double PixelToWorld(double n);        ///< a length in pixels as a length in view-volume units
+    float PixelToUnscaledWorldX(float n); ///< a length in pixels as a length in units of the X axis
+    float PixelToUnscaledWorldY(float n); ///< a length in pixels as a length in units of the Y axis
+    float PixelToUnscaledWorldZ(float n); ///< a length in pixels as a length in units of the Z axis
+
+    // Point tests, all bounds included. The viewport tests measure from the window's left edge, and screen
+    // points from its bottom edge, without regard to the viewport's own offset.
+    bool IsScreenPointInWindow(POINT pt);   ///< pt in screen coordinates, against the window's rectangle
+    bool IsClientPointInWindow(POINT pt);   ///< pt in client coordinates, against the client rectangle
+    bool IsScreenPointInViewport(POINT pt); ///< pt in screen coordinates
+    bool IsClientPointInViewport(POINT pt); ///< pt in client coordinates
+
+    // ---------------------------------------------------------------------------------------------------------
+    // Surface
+    // ---------------------------------------------------------------------------------------------------------
+
+    /// Colours of all points from the Z gradient, row by row, into m_colorArray.
+    void AssignColorData();
+    /// Texture coordinates (c / (columns - 1), r / (rows - 1)) of all points into m_texcoordArray.
+    void AssignTexcoordData();
+    /// Two triangles for each cell, split from (c, r) to (c + 1, r + 1), into m_indexArray.
+    void AssignIndexData();
+    /// Averaged normals, (0, 0, 1) on the border, into m_normalArray, addressed like the points. Not used for
+    /// drawing.
+    void AssignNormalData();
+    /// Does nothing.
+    void AssignPositionData();
+    /// Draws frame lines and surface; the context must be current and lighting on.
+    void RenderSurface();
+
+    /// Frame lines at every grid line.
+    void AssignFramelineIndexData();
+    /// Rebuilds the list of frame lines; a step of 0, or a grid without cells, leaves it empty.
+    void AssignFramelineIndexData(unsigned int columnStep, unsigned int rowStep);
+    /// Draws a 20 x 20 grid of 400 x 400 pixels and reads it back into m_framelineTexels. Viewport and clear
+    /// colour are as before afterwards; the context must be current.
+    void CreateFramelineSKivoTexImage();
+
+    /// Traces the contours of all axes; nothing without data. The context must be current.
+    void CreateIsoContourData();
+    void AssignFlatZIsoContourData(); ///< traces contours of z and lays them on the plane z = 0
+    void AssignFlatXIsoContourData(); ///< traces contours of x and lays them on the plane x = 0
+    void AssignFlatYIsoContourData(); ///< traces contours of y and lays them on the plane y = 0
+    void RenderFlatXIsoContour();     ///< draws them on the YZ back plane, in the X gradient's colours
+    void RenderFlatYIsoContour();     ///< draws them on the XZ back plane, in the Y gradient's colours
+    void RenderFlatZIsoContour();     ///< draws them on the XY back plane, in the Z gradient's colours
+    /// Draws contours of the last coordinate on the surface itself, in the current colour, traced at each
+    /// call. The plotter itself does not call it.
+    void RenderIsoContour();
+    /// Draws the contours of the last coordinate as a picture of 400 x 400 pixels seen from above, and reads
+    /// it back into m_isoContourTexels. Viewport and clear colour are as before afterwards.
+    void CreateIsoContourSKivoTexImage();
+
+    // ---------------------------------------------------------------------------------------------------------
+    // Annotation
+    // ---------------------------------------------------------------------------------------------------------
+
+    /// Draws an image on the quad p0 (lower left), p1, p2, p3, three floats each. The image is uploaded at
+    /// each call; lighting is on afterwards, blending and texturing off. An image without texture or pixels
+    /// draws nothing.
+    void RenderTextTex(const float* p0, const float* p1, const float* p2, const float* p3,
+                       const SKivoTexImage* image);
+    /// Draws the plot title at the top edge of the plot, an image pixel for a screen pixel.
+    void RenderPlotName();
+    /// Bitmap text in model space; it stands at the current raster position.
+    void Render3DText(float x, float y, float z, const char* text, std::size_t count);
+
+    // ---------------------------------------------------------------------------------------------------------
+    // Fields
+    // ---------------------------------------------------------------------------------------------------------
+
+    // Window and OpenGL context
+    HWND m_hWnd = nullptr;
+    HDC m_hDC = nullptr;
+    HGLRC m_hGLRC = nullptr;
+
+    // Mouse state
+    bool m_mouseButtonDown = false;
+    int m_lastMouseX = 0; ///< client pixels
+    int m_lastMouseY = 0;
+
+    int m_plotType = 0; ///< 0 normal, 1 XY, 2 YZ, 3 XZ
+
+    // Viewports in window pixels: x, y, width, height
+    int m_clientHeight = 0;
+    int m_plotViewport[4] = {0, 0, 0, 1};
+
+    // Plot view volume
+    double m_viewLeft = 0.0;
+    double m_viewRight = 0.0;
+    double m_viewBottom = 0.0;
+    double m_viewTop = 0.0;
+    double m_viewNear = 0.0;
+    double m_viewFar = 0.0;
+
+    // Legend viewport, and its volume: left, right, bottom, top, near, far
+    int m_legendViewport[4] = {0, 0, 0, 1};
+    double m_legendViewVolume[6] = {};
+
+    // Model-view
+    double m_panFractionX = 0.055;  ///< of the view volume's width
+    double m_panFractionY = -0.025; ///< of its height
+    double m_rotationMatrix[16] = {1, 0, 0, 0, 0, 1, 0, 0,
+                                   0, 0, 1, 0, 0, 0, 0, 1}; ///< 12 and 13: the user's pan
+    double m_volumeTranslate[3] = {0, 0, 0};                ///< minus the point at the centre of the view
+    double m_axisScale[3] = {1, 1, 1};
+
+    // Colour maps and legends, owned
+    CKivoGradientColor* m_zGradientColor = nullptr;
+    CKivoGradientColor* m_xGradientColor = nullptr;
+    CKivoGradientColor* m_yGradientColor = nullptr;
+    CKivoGradientColorRuler* m_zColorRuler = nullptr;
+    CKivoGradientColorRuler* m_xColorRuler = nullptr;
+    CKivoGradientColorRuler* m_yColorRuler = nullptr;
+
+    // Background, RGBA
+    float m_defaultBackgroundColor[4] = {1.0f, 253.0f / 255.0f, 233.0f / 255.0f, 1.0f};
+    float m_backgroundColor[4] = {};
+
+    // Data bounds
+    float m_boundingBoxMin[3] = {};
+    float m_boundingBoxMax[3] = {};
+
+    float m_viewVolumeFactor[3] = {1.01f, 1.01f, 15.0f}; ///< fitted half sizes: width, height, depth
+
+    CKivoGridBox* m_gridBox = nullptr; ///< owned
+
+    // Vertex arrays, from new[]
+    float* m_colorArray = nullptr;    ///< 4 a point, row by row
+    float* m_normalArray = nullptr;   ///< 3 a point, addressed like the points
+    float* m_texcoordArray = nullptr; ///< 2 a point, row by row
+    unsigned int* m_indexArray = nullptr;
+    unsigned int* m_framelineIndexArray = nullptr;
+
+    unsigned int m_fontListBase = 0; ///< first of 256 display lists
+
+    STextRenderer* m_textRenderer = nullptr; ///< owned
+
+    // Titles
+    std::string m_plotTitle;
+    std::string m_xAxisTitle;
+    std::string m_yAxisTitle;
+    std::string m_zAxisTitle;
+    SKivoTexImage* m_plotTitleImage = nullptr; ///< owned
+
+    // Iso-contour texture: RGBA bytes from new[], bottom row first
+    unsigned int m_isoContourTexId = 0;
+    int m_isoContourTexWidth = 0;
+    int m_isoContourTexHeight = 0;
+    unsigned char* m_isoContourTexels = nullptr;
+
+    // Iso-contour settings
+    bool m_useIsoContourTexture = false;
+    unsigned int m_isoContourCount = 20; ///< levels an axis
+
+    // Contours laid flat on a coordinate plane, a record for each level that has any
+    std::vector<SKivoIsoContour> m_flatZIsoContours;
+    std::vector<SKivoIsoContour> m_flatXIsoContours;
+    std::vector<SKivoIsoContour> m_flatYIsoContours;
+
+    // Frame-line texture: RGBA bytes from new[], bottom row first
+    unsigned int m_framelineTexId = 0;
+    int m_framelineTexWidth = 0;
+    int m_framelineTexHeight = 0;
+    unsigned char* m_framelineTexels = nullptr;
+
+    // Drawing flags
+    bool m_useFramelineTexture = false;
+    bool m_showFrameLines = true;
+    bool m_showXIsoContours = false;
+    bool m_showYIsoContours = false;
+    bool m_showZIsoContours = false;
+
+    // Surface data
+    float* m_points = nullptr;
+    bool m_isDataReference = false; ///< the points are the host's
+    unsigned int m_columnCount = 0;
+    unsigned int m_rowCount = 0;
+    unsigned int m_vertexCount = 0;
+    unsigned int m_indexCount = 0;
+    unsigned int m_columnStride = 0; ///< in floats
+    unsigned int m_rowStride = 0;    ///< in floats
+    unsigned int m_componentCount = 0;
+
+    // Curves, one entry of each for a curve
+    std::list<std::vector<float>> m_curveData;
+    std::vector<unsigned int> m_curvePointCounts;
+    std::vector<bool> m_curveVisible;
+    std::vector<SKivoColor> m_curveColors;
+    std::vector<float> m_curveWidths;
+
+    // Frame lines
+    int m_framelineIndexCount = 0;
+    float m_framelineColor[4] = {0, 0, 0, 1}; ///< RGBA
+
+    // Trace
+    bool m_traceEnabled = false;
+    int m_hasTracePoint = 0;    ///< 1 when m_tracePoint holds a hit
+    float m_tracePoint[3] = {}; ///< in data coordinates
+
+    float m_pointRadiusPixelSize = 4.0f; ///< radius of point markers in pixels
+
+    CKivoMeasurePointGroupManager* m_measureGroups = nullptr; ///< owned
+
+    // Inverse axes; the grid box reads them through a pointer to the first
+    bool m_inverseXAxis = false;
+    bool m_inverseYAxis = false;
+    bool m_inverseZAxis = false;
+
+private:
+    friend struct PictureAccess; // draws without presenting, for KivoPicture.h
+
+    void InitRuler(CKivoGradientColorRuler* ruler, CKivoGradientColor* gradient);
+    void ForgetTitleTextures();
+    void ClearFrame();
+    int SetInverseAxis(int axis, bool& current, bool inverse);
+    void FitFlatPlot(int horizontalAxis, int verticalAxis, const bool* shifted);
+    void SetViewVolume(double diagonal, double share);
+    void SetRotationBlock(const double* x, const double* y, const double* z);
+    void ApplyOrientation(const double* x, const double* y, const double* z);
+    int TakeData(float* points, bool isReference, const unsigned int* counts, const unsigned int* strides,
+                 unsigned int components);
+    bool HasReadablePoints() const;
+    bool HasDrawablePoints() const;
+    void FindBoundingBox(float* min, float* max) const;
+    void SetVertexPointer() const;
+    void UploadFramelineTexture() const;
+    void AssignFlatContours(std::vector<SKivoIsoContour>& contours, int axis,
+                            const std::vector<float>& levels);
+    void RenderFlatContours(const std::vector<SKivoIsoContour>& contours, const CKivoGradientColor* gradient,
+                            int axis);
+    GridView Grid() const;
+    int ContouredAxis() const;
+    void SetAxisTitle(int axis, const char* title, std::string& stored);
+    void CallFontLists(const char* text, std::size_t count);
+    template <typename Change>
+    int ChangeGridBox(Change change);
+    int SetAxisPrecision(int axis, unsigned int precision);
+    void RebuildRuler(CKivoGradientColorRuler* ruler, CKivoGradientColor* gradient);
+    template <typename Change>
+    void ChangeAllGradients(Change change);
+    template <typename Change>
+    void ChangeFlatPlotGradient(CKivoGradientColor* gradient, CKivoGradientColorRuler* ruler, Change change);
+    template <typename Change>
+    void ChangeSurfaceGradient(Change change);
+};
+
+} // namespace KivoDrawingTools

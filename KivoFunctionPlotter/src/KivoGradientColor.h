@@ -1,0 +1,38 @@
+// A colour gradient over a range of values.
+#pragma once
+
+namespace KivoDrawingTools {
+
+/// Maps a value to a colour between a start and an end colour, linearly in hue, saturation and value. The hue
+/// is a plain number without wrap-around: from blue (2/3) to red (0) it passes through green.
+class CKivoGradientColor {
+public:
+    virtual ~CKivoGradientColor() = default;
+
+    /// Sets both colours, four floats RGBA each; the range is kept.
+    void SetColors(const float* startRgba, const float* endRgba);
+    /// Replaces the start colour. The end colour is converted to RGB and back, its alpha kept.
+    void SetStartColor(const float* rgba);
+    /// Replaces the end colour. The start colour is converted to RGB and back, its alpha kept.
+    void SetEndColor(const float* rgba);
+    /// Sets m_min, m_max and m_range.
+    void SetRange(float min, float max);
+
+    /// The colour of a value; values outside the range extrapolate, a range of 0 gives the start colour.
+    /// @param rgb  receives three floats
+    void Evaluate(float value, float* rgb) const;
+
+    float m_min = 0.0f;             ///< value of the start colour
+    float m_max = 0.0f;             ///< value of the end colour
+    float m_range = 0.0f;           ///< m_max - m_min
+    float m_startHue = 2.0f / 3.0f; ///< in turns
+    float m_startSaturation = 1.0f;
+    float m_startValue = 1.0f;
+    float m_startAlpha = 1.0f;
+    float m_endHue = 0.0f; ///< in turns
+    float m_endSaturation = 1.0f;
+    float m_endValue = 1.0f;
+    float m_endAlpha = 1.0f;
+};
+
+} // namespace KivoDrawingTools

@@ -1,0 +1,95 @@
+#include "KivoGradientColorRuler.h"
+
+#include "GLScopes.h"
+#include "KivoGradientColor.h"
+#include "TextRenderer.h"
+#include "TexturedQuad.h"
+
+#include <cstddef>
+
+namespace KivoDrawingTools {
+
+CKivoGradientColorRuler::~CKivoGradientColorRuler() {
+    ReleaseLabels();
+}
+
+void CKivoGradientColorRuler::SetGradient(CKivoGradientColor* gradient) {
+    m_gradient = gradient;
+    for (int i = 0; i < 5; ++i) {
+        const float value =
+            gradient->m_min + static_cast<float>(i) * (gradient->m_max - gradient->m_min) / 4.0f;
+        gradient->Evaluate(value, m_colors[i]);
+        m_colors[i][3] = 1.0f;
+    }
+}
+
+void CKivoGradientColorRuler::BuildLabels() {
+    if (m_divisionCount == 0 || !m_gradient) return;
+    ReleaseLabels();
+    m_labels = new SKivoTexImage[std::size_t{m_divisionCount} + 1];
+    const float step = (m_gradient->m_max - m_gradient->m_min) / static_cast<float>(m_divisionCount);
+    for (unsigned int i = 0; i <= m_divisionCount; ++i) {
+        const float value = m_gradient->m_min + static_cast<float>(i) * step;
+        CreateTextImage(m_textRenderer, FormatNumber(value, m_precision).c_str(), &m_labels[i]);
+    }
+}
+
+void CKivoGradientColorRuler::ReleaseLabels() {
+    if (!m_labels) return;
+    for (unsigned int i = 0; i <= m_divisionCount; ++i)
+        ReleaseTextImage(&m_labels[i]);
+    delete[] m_labels;
+    m_labels = nullptr;
+}
+
+void CKivoGradientColorRuler::Render(const int* viewport, const double* volume) const {
+    glPushAttrib(GL_VIEWPORT_BIT);
+    glViewport(viewport[0], viewport[1], viewport[2], viewport[3]);
+    const MatrixModeScope projection(GL_PROJECTION);
+    glPushMatrix();
+    glLoadIdentity();
+    glOrtho(volume[0], volume[1], volume[2], volume[3], volume[4], volume[5]);
+    glMatrixMode(GL_MODELVIEW);
+    glPushMatrix();
+    glLoadIdentity();
+
+    const double width = volume[1] - volume[0];
+    const double height = volume[3] - volume[2];
+    const double worldPerPixel = width / viewport[2];
+    const double left = volume[0] + 0.10 * width;
+    const double right = left + 0.12 * width;
+    const double bottom = volume[2] + 0.14 * height;
+    RenderBar(left, right, bottom, 0.2 * height);
+
+    constexpr float toTheRight[] = {1, 0, 0};
+    constexpr float upwards[] = {0, 1, 0};
+    const double spacing = 0.8 * height / m_divisionCount;
+    for (unsigned int i = 0; m_labels && i <= m_divisionCount; ++i) {
+        const float centre[] = {static_cast<float>(right + m_labels[i].width * worldPerPixel * 0.6),
+                                static_cast<float>(bottom + i * spacing), 0.0f};
+        DrawTexturedQuad(centre, toTheRight, upwards, worldPerPixel * 0.9, worldPerPixel * 0.9, m_labels[i]);
+    }
+
+    glPopMatrix();
+    glMatrixMode(GL_PROJECTION);
+    glPopMatrix();
+    glPopAttrib();
+}
+
+// Four bands between the five colours.
+void CKivoGradientColorRuler::RenderBar(double left, double right, double bottom, double bandHeight) const {
+    glBegin(GL_QUADS);
+    for (int band = 0; band < 4; ++band) {
+        const double low = bottom + band * bandHeight;
+        const double high = low + bandHeight;
+        glColor4fv(m_colors[band]);
+        glVertex3d(left, low, 0.0);
+        glVertex3d(right, low, 0.0);
+        glColor4fv(m_colors[band + 1]);
+        glVertex3d(right, high, 0.0);
+        glVertex3d(left, high, 0.0);
+    }
+    glEnd();
+}
+
+} // namespace KivoDrawingTools

@@ -1,0 +1,7 @@
+#include "KivoMeasurePointGroupManager.h"
+
+namespace KivoDrawingTools {
+
+CKivoMeasurePointGroupManager::~CKivoMeasurePointGroupManager() = default;
+
+} // namespace KivoDrawingTools

@@ -1,0 +1,67 @@
+// The platform types that cross the plotter's interface, and the export macro.
+//
+// On Windows these are the system's own types. Elsewhere types of the same names live in the namespace
+// KivoDrawingTools, never in the global one, so that they cannot clash with a host or another library.
+#pragma once
+
+#include <cstdint>
+
+#if defined(_WIN32)
+#include <windows.h>
+#endif
+
+// KIVO_API marks what the shared library exports. A consumer of the static library defines KIVO_STATIC; the
+// CMake target does so by itself.
+#if defined(KIVO_STATIC)
+#define KIVO_API
+#elif defined(_WIN32)
+#if defined(KIVO_BUILDING_LIBRARY)
+#define KIVO_API __declspec(dllexport)
+#else
+#define KIVO_API __declspec(dllimport)
+#endif
+#else
+#define KIVO_API __attribute__((visibility("default")))
+#endif
+
+namespace KivoDrawingTools {
+
+#if defined(_WIN32)
+
+using ::HDC;
+using ::HGLRC;
+using ::HWND;
+using ::POINT;
+
+#else
+
+struct NativeWindow;
+struct DeviceContext;
+struct RenderingContext;
+
+/// A window that the plotter can draw into. KivoWindow.h says how a host gets one.
+using HWND = NativeWindow*;
+/// What a window is drawn through; belongs to its window.
+using HDC = DeviceContext*;
+/// An OpenGL rendering context.
+using HGLRC = RenderingContext*;
+
+/// A position in pixels: of the client area with y growing downwards, or of the screen where a member says
+/// so.
+struct POINT {
+    std::int32_t x;
+    std::int32_t y;
+};
+
+/// Key-state bits of the mouse messages that a host forwards.
+enum MouseKeyState : unsigned int {
+    MK_LBUTTON = 0x0001, ///< left button down
+    MK_RBUTTON = 0x0002, ///< right button down
+    MK_SHIFT = 0x0004,   ///< a Shift key down
+    MK_CONTROL = 0x0008, ///< a Ctrl key down
+    MK_MBUTTON = 0x0010  ///< middle button down
+};
+
+#endif
+
+} // namespace KivoDrawingTools

@@ -1,0 +1,50 @@
+// How a host gets the window handle that CKivoFunctionPlotter::OnCreate takes, where the platform has none of
+// its own, and windows without a screen on every platform.
+//
+// A window handle is released after the plotter's OnDestroy. All functions are called on the thread that uses
+// the window; windows of different threads are independent of each other.
+#pragma once
+
+#include "KivoPlatform.h"
+
+namespace KivoDrawingTools {
+
+#if !defined(_WIN32)
+/// Attaches to an X11 window that the host owns. The plotter talks to the display over a connection of its
+/// own.
+///
+/// Any visual will do: where the window's own visual cannot draw OpenGL with a depth buffer, the picture is
+/// shown in a child window of a fitting visual that follows the host window's size and lets all input
+/// through.
+/// @param window       the window's XID
+/// @param displayName  the display, for example ":0"; null for the one that the environment names
+/// @return the handle, or null: LastWindowError() says why. Handing null to OnCreate gives -1 and keeps those
+/// words.
+KIVO_API HWND AttachX11Window(unsigned long window, const char* displayName = nullptr);
+#endif
+
+/// Makes a window without a screen. Elsewhere than on Windows no display server is needed; on Windows it is a
+/// hidden window.
+/// @param width, height  size of the client area in pixels, 1 to 16384 each
+/// @param dpi            dots per inch that text is sized for, 1 to 1200; on Windows the screen's value is
+/// used
+/// @return the handle, or null: LastWindowError() says why
+KIVO_API HWND CreateOffscreenWindow(int width, int height, int dpi = 96);
+
+/// Changes the size of a window made by CreateOffscreenWindow; call the plotter's OnSize afterwards. The
+/// picture drawn so far is lost.
+/// @param width, height  new size in pixels, 1 to 16384 each
+/// @return 0, or -1 when the handle or the size is refused or the memory is not there; the window is then as
+/// before
+KIVO_API int ResizeOffscreenWindow(HWND window, int width, int height);
+
+/// Gives back a handle made by one of the functions above, after the plotter's OnDestroy. A window that the
+/// host owns is never touched. Null is accepted.
+/// @return 0, or -1 for a handle that is not one of those
+KIVO_API int ReleaseWindow(HWND window);
+
+/// What went wrong in the last window-system operation of this thread that failed, in one sentence that says
+/// what to do about it; an empty string when none has failed. Valid until the thread's next operation.
+KIVO_API const char* LastWindowError();
+
+} // namespace KivoDrawingTools

@@ -1,0 +1,210 @@
+#include "TextRenderer.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <locale>
+#include <sstream>
+
+namespace KivoDrawingTools {
+
+namespace {
+
+constexpr int widestLine = 512; // pixels
+
+int Extent(const STextRenderer& renderer, const char* text, std::size_t length) {
+    SIZE size = {};
+    GetTextExtentPoint32A(renderer.m_memoryDC, text, static_cast<int>(length), &size);
+    return size.cx;
+}
+
+// A leading 0, then the width of each word with the spaces after it. The last word is measured with the
+// terminating zero, one byte more than it has. In UTF-8 no byte of a longer character is a space.
+void MeasureWords(STextRenderer& renderer, const char* text, std::size_t length) {
+    renderer.m_wordExtents.assign(1, 0);
+    std::size_t start = 0;
+    for (std::size_t i = 0; i < length; ++i) {
+        if (text[i] != ' ') continue;
+        while (i + 1 < length && text[i + 1] == ' ')
+            ++i;
+        renderer.m_wordExtents.push_back(Extent(renderer, text + start, i + 1 - start));
+        start = i + 1;
+    }
+    if (start < length) renderer.m_wordExtents.push_back(Extent(renderer, text + start, length - start + 1));
+}
+
+// Where a text of two lines is cut: in the middle of its bytes, moved back to the beginning of a character.
+std::size_t LineCut(const char* text, std::size_t length) {
+    std::size_t cut = length / 2;
+    while (cut > 0 && (static_cast<unsigned char>(text[cut]) & 0xC0u) == 0x80u)
+        --cut;
+    return cut;
+}
+
+void DrawTextLines(HDC dc, const char* text, std::size_t length, bool isTwoLines, const SIZE& line,
+                   int width) {
+    constexpr UINT format = DT_CENTER | DT_BOTTOM;
+    RECT whole = {0, 0, width, width};
+    if (!isTwoLines) {
+        DrawTextA(dc, text, static_cast<int>(length), &whole, format);
+        return;
+    }
+    const std::size_t cut = LineCut(text, length);
+    RECT first = {0, 0, width, line.cy};
+    RECT second = {0, line.cy, width, 2 * line.cy};
+    DrawTextA(dc, text, static_cast<int>(cut), &first, format);
+    DrawTextA(dc, text + cut, static_cast<int>(length - cut), &second, format);
+}
+
+// Pure white becomes transparent, everything else opaque black. source: rows of the bitmap, top row first.
+void Threshold(const unsigned char* source, std::size_t bytesPerPixel, std::size_t pixelCount,
+               unsigned char* rgba) {
+    const std::size_t channels =
+        std::min<std::size_t>(bytesPerPixel, 3); // of 32 bits the fourth byte says nothing
+    for (std::size_t i = 0; i < pixelCount; ++i, source += bytesPerPixel, rgba += 4) {
+        const bool isWhite =
+            std::all_of(source, source + channels, [](unsigned char byte) { return byte == 255; });
+        std::memset(rgba, isWhite ? 255 : 0, 3);
+        rgba[3] = isWhite ? 0 : 255;
+    }
+}
+
+void FlipRows(unsigned char* rgba, std::size_t rowBytes, int height) {
+    for (int row = 0; row < height / 2; ++row)
+        std::swap_ranges(rgba + row * rowBytes, rgba + (row + 1) * rowBytes,
+                         rgba + (height - 1 - row) * rowBytes);
+}
+
+// Draws the text on a white square and reads its top rows back, flipped, as RGBA from new[]; null without
+// memory.
+unsigned char* DrawPixels(const STextRenderer& renderer, const char* text, std::size_t length,
+                          bool isTwoLines, const SIZE& line, int width, int height) {
+    const HBITMAP bitmap = CreateCompatibleBitmap(renderer.m_windowDC, width, width);
+    if (!bitmap) return nullptr;
+    const HGDIOBJ previous = SelectObject(renderer.m_memoryDC, bitmap);
+    const HBRUSH white = CreateSolidBrush(0xFFFFFF);
+    const RECT whole = {0, 0, width, width};
+    FillRect(renderer.m_memoryDC, &whole, white);
+    DrawTextLines(renderer.m_memoryDC, text, length, isTwoLines, line, width);
+    DeleteObject(white);
+    SelectObject(renderer.m_memoryDC, previous);
+
+    BITMAP description = {};
+    GetObjectA(bitmap, sizeof(description), &description);
+    const std::size_t bytesPerPixel = std::max<std::size_t>(description.bmBitsPixel / 8u, 1);
+    const std::size_t pixelCount = static_cast<std::size_t>(width) * height;
+    std::vector<unsigned char> rows(pixelCount * bytesPerPixel, 255); // rows below the square stay white
+    GetBitmapBits(bitmap, static_cast<LONG>(rows.size()), rows.data());
+    DeleteObject(bitmap);
+
+    unsigned char* rgba = new unsigned char[pixelCount * 4];
+    Threshold(rows.data(), bytesPerPixel, pixelCount, rgba);
+    FlipRows(rgba, static_cast<std::size_t>(width) * 4, height);
+    return rgba;
+}
+
+int PowerOfTwoNotBelow(int size) {
+    int power = 1;
+    while (power < size)
+        power *= 2;
+    return power;
+}
+
+// The texture is padded to powers of two; sMax and tMax say how much of it is used.
+void UploadTexture(SKivoTexImage& image) {
+    const int paddedWidth = PowerOfTwoNotBelow(image.width);
+    const int paddedHeight = PowerOfTwoNotBelow(image.height);
+    image.sMax = static_cast<float>(image.width) / static_cast<float>(paddedWidth);
+    image.tMax = static_cast<float>(image.height) / static_cast<float>(paddedHeight);
+    glBindTexture(GL_TEXTURE_2D, image.texture);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_REPEAT);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_REPEAT);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
+    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA8, paddedWidth, paddedHeight, 0, GL_RGBA, GL_UNSIGNED_BYTE,
+                 nullptr);
+    glTexSubImage2D(GL_TEXTURE_2D, 0, 0, 0, image.width, image.height, GL_RGBA, GL_UNSIGNED_BYTE,
+                    image.pixels);
+    glBindTexture(GL_TEXTURE_2D, 0);
+}
+
+} // namespace
+
+void InitTextRenderer(STextRenderer* renderer, HDC windowDC, int fontSize) {
+    ReleaseTextRenderer(renderer);
+    renderer->m_windowDC = windowDC;
+    renderer->m_memoryDC = CreateCompatibleDC(windowDC);
+    if (!renderer->m_memoryDC) return;
+
+    LOGFONTA& description = renderer->m_fontDescription;
+    description = {};
+    description.lfHeight = -MulDiv(fontSize, GetDeviceCaps(renderer->m_memoryDC, LOGPIXELSY), 72);
+    description.lfWeight = FW_BOLD;
+    description.lfCharSet = DEFAULT_CHARSET;
+    description.lfOutPrecision = OUT_DEFAULT_PRECIS;
+    description.lfClipPrecision = CLIP_DEFAULT_PRECIS;
+    description.lfQuality = ANTIALIASED_QUALITY;
+    description.lfPitchAndFamily = FF_MODERN | DEFAULT_PITCH;
+    std::strcpy(description.lfFaceName, "MS Gothic");
+
+    renderer->m_font = CreateFontIndirectA(&description);
+    if (!renderer->m_font) return;
+    renderer->m_savedFont = static_cast<HFONT>(SelectObject(renderer->m_memoryDC, renderer->m_font));
+    GetTextMetricsA(renderer->m_memoryDC, &renderer->m_textMetrics);
+}
+
+void ReleaseTextRenderer(STextRenderer* renderer) {
+    if (renderer->m_memoryDC) {
+        if (renderer->m_savedFont) SelectObject(renderer->m_memoryDC, renderer->m_savedFont);
+        DeleteDC(renderer->m_memoryDC);
+        renderer->m_memoryDC = nullptr;
+        renderer->m_savedFont = nullptr;
+    }
+    if (renderer->m_font) {
+        DeleteObject(renderer->m_font);
+        renderer->m_font = nullptr;
+    }
+    renderer->m_windowDC = nullptr;
+}
+
+int CreateTextImage(STextRenderer* renderer, const char* text, SKivoTexImage* image) {
+    if (!renderer || !renderer->m_windowDC || !renderer->m_memoryDC || !renderer->m_font) return -1;
+    if (image->texture == 0) glGenTextures(1, &image->texture);
+    delete[] image->pixels;
+    image->pixels = nullptr;
+
+    const std::size_t length = std::strlen(text);
+    SIZE line = {};
+    GetTextExtentPoint32A(renderer->m_memoryDC, text, static_cast<int>(length), &line);
+    const bool isTwoLines = line.cx > widestLine;
+    image->width = isTwoLines ? widestLine : std::max(line.cx, line.cy);
+    image->height = isTwoLines ? 2 * line.cy : line.cy;
+    MeasureWords(*renderer, text, length);
+
+    image->pixels = DrawPixels(*renderer, text, length, isTwoLines, line, image->width, image->height);
+    if (!image->pixels) return -1;
+    UploadTexture(*image);
+    return 0;
+}
+
+std::string FormatNumber(float value, unsigned int precision) {
+    std::ostringstream stream;
+    stream.imbue(std::locale::classic());
+    stream.setf(std::ios::fixed, std::ios::floatfield);
+    stream.precision(static_cast<std::streamsize>(precision));
+    stream << value;
+    return stream.str();
+}
+
+void ReleaseTextImage(SKivoTexImage* image) {
+    if (image->texture != 0) {
+        glDeleteTextures(1, &image->texture);
+        image->texture = 0;
+    }
+    delete[] image->pixels;
+    image->pixels = nullptr;
+    image->width = 0;
+    image->height = 0;
+}
+
+} // namespace KivoDrawingTools

@@ -1,0 +1,55 @@
+// EGL displays, their configurations, and the words for EGL's errors.
+#pragma once
+
+#include "Win32Names.h"
+
+#include <EGL/egl.h>
+#include <EGL/eglext.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace KivoDrawingTools {
+
+/// An initialised EGL display that draws desktop OpenGL. Windows and contexts share it, so that either may go
+/// first.
+class EglDisplay {
+public:
+    /// The display of one native connection, terminated with the last user.
+    /// @param connection  kept until then
+    /// @return null, with the failure recorded, where EGL or the driver cannot serve it
+    static std::shared_ptr<EglDisplay> OfConnection(EGLenum platform, void* native,
+                                                    const EGLAttrib* attributes,
+                                                    std::shared_ptr<void> connection);
+    /// The display that needs no display server. There is one per process, for everybody: it stays
+    /// initialised, because terminating it would destroy the contexts that the host or another library has on
+    /// it.
+    static std::shared_ptr<EglDisplay> WithoutScreen();
+
+    EglDisplay(EGLDisplay handle, std::shared_ptr<void> connection);
+    ~EglDisplay();
+    EglDisplay(const EglDisplay&) = delete;
+    EglDisplay& operator=(const EglDisplay&) = delete;
+
+    EGLDisplay Handle() const { return m_handle; }
+    /// The configurations with RGB colours that desktop OpenGL can draw to through surfaces of these types.
+    std::vector<EGLConfig> Configs(EGLint surfaceTypes) const;
+    /// A configuration's attribute; 0 when EGL does not know it.
+    EGLint Attribute(EGLConfig config, EGLint name) const;
+
+private:
+    EGLDisplay m_handle;
+    std::shared_ptr<void> m_connection; // null for the display that everybody shares
+};
+
+/// Whether the EGL library has a client extension, that is one that needs no display.
+bool HasEglClientExtension(const char* name);
+
+/// The thread's EGL error as "EGL: <what failed>: <reason>"; takes the error.
+std::string EglFailure(const char* what);
+
+/// A surface without a screen. Returns EGL_NO_SURFACE, with the failure recorded, when it is refused.
+EGLSurface MakePbuffer(const EglDisplay& display, EGLConfig config, const SIZE& size);
+
+} // namespace KivoDrawingTools

@@ -1,0 +1,28 @@
+// OpenGL contexts and their binding to threads.
+#pragma once
+
+#include "EglDisplay.h"
+#include "Win32Names.h"
+
+#include <atomic>
+#include <memory>
+
+namespace KivoDrawingTools {
+
+/// A context; it keeps its display, so that it may outlive the window that it was made for.
+struct RenderingContext {
+    RenderingContext(std::shared_ptr<EglDisplay> owner, EGLContext context);
+    ~RenderingContext();
+    RenderingContext(const RenderingContext&) = delete;
+    RenderingContext& operator=(const RenderingContext&) = delete;
+
+    const std::shared_ptr<EglDisplay> display;
+    const EGLContext handle;
+    std::atomic<const void*> boundThread{nullptr}; // identifies the thread that has it current
+};
+
+/// Unbinds whatever context is current on the calling thread: one of ours, or a host's of GLX or EGL.
+/// @return false, with the failure recorded, when it stays bound
+bool UnbindThread();
+
+} // namespace KivoDrawingTools

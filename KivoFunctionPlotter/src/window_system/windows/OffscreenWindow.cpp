@@ -1,0 +1,95 @@
+// Windows without a screen, on Windows: hidden windows of a class of their own.
+#include "KivoWindow.h"
+
+#include <string>
+
+namespace KivoDrawingTools {
+
+namespace {
+
+constexpr char className[] = "KivoOffscreenWindow";
+constexpr int largestSize = 16384;
+constexpr DWORD windowStyle = WS_POPUP | WS_CLIPCHILDREN | WS_CLIPSIBLINGS;
+
+std::string& LastWords() {
+    thread_local std::string words;
+    return words;
+}
+
+int Refuse(DWORD code, const char* words) {
+    SetLastError(code);
+    LastWords() = words;
+    return -1;
+}
+
+HINSTANCE Module() {
+    return GetModuleHandleA(nullptr);
+}
+
+bool RegisterWindowClass() {
+    WNDCLASSA description = {};
+    description.style = CS_OWNDC;
+    description.lpfnWndProc = DefWindowProcA;
+    description.hInstance = Module();
+    description.lpszClassName = className;
+    return RegisterClassA(&description) != 0 || GetLastError() == ERROR_CLASS_ALREADY_EXISTS;
+}
+
+bool IsAccepted(int width, int height) {
+    return width >= 1 && height >= 1 && width <= largestSize && height <= largestSize;
+}
+
+bool IsOffscreenWindow(HWND window) {
+    char name[sizeof(className)] = {};
+    return IsWindow(window) && GetClassNameA(window, name, sizeof(name)) != 0 &&
+           std::string(name) == className;
+}
+
+} // namespace
+
+HWND CreateOffscreenWindow(int width, int height, int dpi) {
+    if (!IsAccepted(width, height) || dpi < 1 || dpi > 1200) {
+        Refuse(ERROR_INVALID_PARAMETER,
+               "Window: the size or the resolution is out of range; ask for 1 to 16384 "
+               "pixels a side and 1 to 1200 dots per inch.");
+        return nullptr;
+    }
+    HWND window = nullptr;
+    if (RegisterWindowClass())
+        window = CreateWindowExA(WS_EX_TOOLWINDOW, className, "", windowStyle, 0, 0, width, height, nullptr,
+                                 nullptr, Module(), nullptr);
+    if (!window)
+        Refuse(GetLastError(), "Window: the system made no hidden window; close windows or free memory.");
+    return window;
+}
+
+int ResizeOffscreenWindow(HWND window, int width, int height) {
+    if (!IsAccepted(width, height))
+        return Refuse(ERROR_INVALID_PARAMETER,
+                      "Window: the size is out of range; ask for 1 to 16384 pixels a side.");
+    if (!IsOffscreenWindow(window))
+        return Refuse(
+            ERROR_INVALID_WINDOW_HANDLE,
+            "Window: the handle is none of CreateOffscreenWindow; pass one that has not been released.");
+    if (!SetWindowPos(window, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE))
+        return Refuse(GetLastError(), "Window: the system refused the new size; ask for a smaller one.");
+    return 0;
+}
+
+int ReleaseWindow(HWND window) {
+    if (!window) return 0;
+    if (!IsOffscreenWindow(window))
+        return Refuse(
+            ERROR_INVALID_WINDOW_HANDLE,
+            "Window: the handle is none of CreateOffscreenWindow; a host destroys its own windows itself.");
+    if (!DestroyWindow(window))
+        return Refuse(GetLastError(),
+                      "Window: it was not destroyed; call ReleaseWindow on the thread that made it.");
+    return 0;
+}
+
+const char* LastWindowError() {
+    return LastWords().c_str();
+}
+
+} // namespace KivoDrawingTools

@@ -1,0 +1,416 @@
+// What only windows on an X11 display do.
+
+#include "support/X11TestWindow.h"
+#include "window_system/WindowSystem.h"
+
+#include <dlfcn.h>
+#include <EGL/egl.h>
+#include <EGL/eglext.h>
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstring>
+#include <memory>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace KivoDrawingTools {
+
+namespace {
+
+using KivoTest::X11TestWindow;
+using Pixels = std::vector<std::uint8_t>;
+
+/// A handle with a context, released with the object.
+class AttachedWindow {
+public:
+    explicit AttachedWindow(unsigned long window, const char* display = nullptr)
+        : m_handle(AttachX11Window(window, display)) {
+        if (!m_handle) return;
+        PIXELFORMATDESCRIPTOR wanted{};
+        wanted.nSize = sizeof wanted;
+        wanted.nVersion = 1;
+        wanted.cColorBits = 32;
+        wanted.cDepthBits = 32;
+        wanted.cStencilBits = 8;
+        if (SetPixelFormat(Dc(), ChoosePixelFormat(Dc(), &wanted), &wanted))
+            m_context = wglCreateContext(Dc());
+    }
+    ~AttachedWindow() {
+        if (m_context) {
+            EXPECT_TRUE(wglDeleteContext(m_context));
+        }
+        EXPECT_EQ(0, ReleaseWindow(m_handle));
+    }
+    AttachedWindow(const AttachedWindow&) = delete;
+    AttachedWindow& operator=(const AttachedWindow&) = delete;
+
+    HWND Handle() const { return m_handle; }
+    HDC Dc() const { return GetDC(m_handle); }
+    HGLRC Context() const { return m_context; }
+    bool MakeCurrent() const { return wglMakeCurrent(Dc(), m_context) != 0; }
+
+private:
+    HWND m_handle = nullptr;
+    HGLRC m_context = nullptr;
+};
+
+/// A picture whose four quarters are red, green, blue and white; drawn with the depth test on, so that a
+/// missing depth buffer shows.
+void DrawQuarters(int width, int height) {
+    glViewport(0, 0, width, height);
+    glClearColor(1, 1, 1, 1);
+    glEnable(GL_DEPTH_TEST);
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    const auto quad = [](float x, float y, float z, float r, float g, float b) {
+        glColor3f(r, g, b);
+        glBegin(GL_QUADS);
+        glVertex3f(x, y, z);
+        glVertex3f(x + 1, y, z);
+        glVertex3f(x + 1, y + 1, z);
+        glVertex3f(x, y + 1, z);
+        glEnd();
+    };
+    quad(-1, 0, -0.5F, 1, 0, 0);
+    quad(0, 0, -0.5F, 0, 1, 0);
+    quad(-1, -1, -0.5F, 0, 0, 1);
+    quad(-1, 0, 0.5F, 0, 0, 0); // behind the red one
+}
+
+bool DrawFrame(const AttachedWindow& window, int width, int height) {
+    if (!window.MakeCurrent()) return false;
+    DrawQuarters(width, height);
+    const bool shown = SwapBuffers(window.Dc()) != 0;
+    RECT answer{};
+    GetClientRect(window.Handle(), &answer); // the display has done everything that was asked before
+    return wglMakeCurrent(nullptr, nullptr) && shown;
+}
+
+std::string ColorAt(const Pixels& picture, int width, int x, int y) {
+    std::string color;
+    for (int i = 0; i < 3; ++i) {
+        const int level = picture.at(static_cast<std::size_t>((y * width + x) * 4 + i));
+        color += level > 200 ? '1' : level < 55 ? '0' : '?';
+    }
+    return color;
+}
+
+void ExpectQuarters(const Pixels& picture, int width, int height) {
+    ASSERT_EQ(static_cast<std::size_t>(width * height * 4), picture.size());
+    EXPECT_EQ("100", ColorAt(picture, width, 2, 2));
+    EXPECT_EQ("010", ColorAt(picture, width, width - 3, 2));
+    EXPECT_EQ("001", ColorAt(picture, width, 2, height - 3));
+    EXPECT_EQ("111", ColorAt(picture, width, width - 3, height - 3));
+}
+
+/// A grey window shows red, green and blue by their brightness.
+void ExpectGreyQuarters(const Pixels& picture, int width, int height) {
+    const auto level = [&](int x, int y) {
+        return picture.at(static_cast<std::size_t>((y * width + x) * 4));
+    };
+    EXPECT_LT(level(2, height - 3), level(2, 2));
+    EXPECT_LT(level(2, 2), level(width - 3, 2));
+    EXPECT_LT(level(width - 3, 2), level(width - 3, height - 3));
+}
+
+constexpr std::uint32_t ALL_INPUT = XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE |
+                                    XCB_EVENT_MASK_BUTTON_PRESS | XCB_EVENT_MASK_BUTTON_RELEASE |
+                                    XCB_EVENT_MASK_POINTER_MOTION;
+
+void ExpectInputArrives(X11TestWindow& host) {
+    xcb_generic_event_t event{};
+    host.MovePointer(10, 10);
+    host.MovePointer(33, 44);
+    host.Button(1, true);
+    ASSERT_TRUE(host.WaitForEvent(XCB_BUTTON_PRESS, event));
+    xcb_button_press_event_t press{};
+    std::memcpy(&press, &event, sizeof press);
+    EXPECT_EQ(33, press.event_x);
+    EXPECT_EQ(44, press.event_y);
+    EXPECT_EQ(host.Id(), press.event);
+    host.MovePointer(50, 60);
+    EXPECT_TRUE(host.WaitForEvent(XCB_MOTION_NOTIFY, event));
+    host.Button(1, false);
+    EXPECT_TRUE(host.WaitForEvent(XCB_BUTTON_RELEASE, event));
+    host.Key(38, true);
+    EXPECT_TRUE(host.WaitForEvent(XCB_KEY_PRESS, event));
+    host.Key(38, false);
+    EXPECT_TRUE(host.WaitForEvent(XCB_KEY_RELEASE, event));
+}
+
+/// A picture, a change of size and input in a window of the visual.
+void TryVisual(const KivoTest::XTestVisual& visual, const std::string& display) {
+    SCOPED_TRACE("class " + std::to_string(visual.visualClass) + " depth " + std::to_string(visual.depth));
+    X11TestWindow::Options options;
+    options.visual = visual.id;
+    options.eventMask = ALL_INPUT;
+    options.display = display;
+    X11TestWindow host(options);
+    ASSERT_TRUE(host.Ok());
+    const AttachedWindow window(host.Id(), display.empty() ? nullptr : display.c_str());
+    ASSERT_NE(nullptr, window.Context()) << LastWindowError();
+    const bool isGrey = visual.visualClass == XCB_VISUAL_CLASS_STATIC_GRAY ||
+                        (visual.visualClass == XCB_VISUAL_CLASS_GRAY_SCALE);
+    for (const auto& size : {SIZE{options.width, options.height}, SIZE{200, 350}, SIZE{401, 113}}) {
+        host.Resize(size.cx, size.cy);
+        ASSERT_TRUE(DrawFrame(window, size.cx, size.cy)) << LastWindowError();
+        if (isGrey)
+            ExpectGreyQuarters(host.Grab(), size.cx, size.cy);
+        else
+            ExpectQuarters(host.Grab(), size.cx, size.cy);
+    }
+    ExpectInputArrives(host);
+}
+
+void TryAllVisuals(const std::string& display) {
+    X11TestWindow::Options options;
+    options.display = display;
+    const X11TestWindow any(options);
+    ASSERT_TRUE(any.Ok());
+    for (const auto& visual : any.Visuals())
+        TryVisual(visual, display);
+}
+
+/// GLX and Xlib as a host may have them loaded; reached at run time, because the tests need not have them.
+struct HostGlxLibrary {
+    void* x11 = dlopen("libX11.so.6", RTLD_LAZY);
+    void* gl = dlopen("libGL.so.1", RTLD_LAZY);
+
+    template <typename Function>
+    static Function Find(void* library, const char* name) {
+        return reinterpret_cast<Function>(dlsym(library, name));
+    }
+};
+
+class X11WindowTest : public testing::Test {
+protected:
+    void SetUp() override {
+        if (!KivoTest::HasDisplay()) GTEST_SKIP() << "no display";
+        m_client = std::make_unique<X11TestWindow>();
+    }
+
+private:
+    // A display without clients may start anew and refuse connections meanwhile.
+    std::unique_ptr<X11TestWindow> m_client;
+};
+
+} // namespace
+
+TEST(X11Attach, SaysWhichDisplayCannotBeOpened) {
+    EXPECT_EQ(nullptr, AttachX11Window(1, ":9731"));
+    const std::string words = LastWindowError();
+    EXPECT_NE(std::string::npos, words.find("X11: cannot open display \":9731\"")) << words;
+    EXPECT_TRUE(wglMakeCurrent(nullptr, nullptr));
+    EXPECT_EQ(words, LastWindowError());
+}
+
+TEST_F(X11WindowTest, SaysThatThereIsNoSuchWindow) {
+    for (const unsigned long window : {0UL, 0xdeadUL, 0x100000001UL}) {
+        EXPECT_EQ(nullptr, AttachX11Window(window));
+        EXPECT_EQ(ERROR_INVALID_WINDOW_HANDLE, GetLastError());
+    }
+    EXPECT_EQ(nullptr, AttachX11Window(0xdead));
+    EXPECT_NE(std::string::npos, std::string(LastWindowError()).find("there is no window 0xdead"));
+    X11TestWindow::Options options;
+    options.inputOnly = true;
+    const X11TestWindow inputOnly(options);
+    EXPECT_EQ(nullptr, AttachX11Window(inputOnly.Id()));
+    EXPECT_NE(std::string::npos, std::string(LastWindowError()).find("input only"));
+}
+
+TEST_F(X11WindowTest, ShowsPicturesInEveryVisual) {
+    TryAllVisuals("");
+}
+
+// The servers of the tests below offer other visuals than most displays.
+TEST(X11Screens, ShowsPicturesAtEveryScreenDepth) {
+    for (const char* const screen :
+         {"1024x768x8", "1024x768x15", "1024x768x16", "1024x768x24", "1024x768x30"}) {
+        SCOPED_TRACE(screen);
+        const KivoTest::PrivateXServer server(screen);
+        if (server.Display().empty()) GTEST_SKIP() << "no Xvfb";
+        TryAllVisuals(server.Display());
+    }
+}
+
+TEST_F(X11WindowTest, KeepsItsOwnVisualWhereThatCanDraw) {
+    const X11TestWindow host;
+    const AttachedWindow window(host.Id());
+    ASSERT_NE(nullptr, window.Context());
+    EXPECT_TRUE(host.Children().empty());
+}
+
+TEST_F(X11WindowTest, LeavesNoChildBehind) {
+    const X11TestWindow probe;
+    for (const auto& visual : probe.Visuals()) {
+        if (visual.visualClass != XCB_VISUAL_CLASS_DIRECT_COLOR) continue;
+        X11TestWindow::Options options;
+        options.visual = visual.id;
+        const X11TestWindow host(options);
+        {
+            const AttachedWindow window(host.Id());
+            EXPECT_EQ(1U, host.Children().size());
+        }
+        // The connection is closed by now; the server may need a moment to notice.
+        for (int i = 0; i < 100 && !host.Children().empty(); ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        EXPECT_TRUE(host.Children().empty());
+    }
+}
+
+TEST_F(X11WindowTest, TellsWhereItIs) {
+    X11TestWindow::Options options;
+    options.x = 70;
+    options.y = 90;
+    const X11TestWindow host(options);
+    const AttachedWindow window(host.Id());
+    RECT rect{};
+    ASSERT_TRUE(GetWindowRect(window.Handle(), &rect));
+    EXPECT_EQ(70, rect.left);
+    EXPECT_EQ(90, rect.top);
+    EXPECT_EQ(70 + options.width, rect.right);
+    EXPECT_EQ(90 + options.height, rect.bottom);
+}
+
+TEST_F(X11WindowTest, AWindowDestroyedByTheHostFailsAndCanBeReleased) {
+    const X11TestWindow probe;
+    for (const auto& visual : probe.Visuals()) {
+        SCOPED_TRACE(visual.id);
+        X11TestWindow::Options options;
+        options.visual = visual.id;
+        X11TestWindow host(options);
+        const AttachedWindow window(host.Id());
+        ASSERT_NE(nullptr, window.Context()) << LastWindowError();
+        ASSERT_TRUE(window.MakeCurrent());
+        DrawQuarters(options.width, options.height);
+        host.Destroy();
+        EXPECT_FALSE(SwapBuffers(window.Dc()));
+        EXPECT_EQ(ERROR_INVALID_WINDOW_HANDLE, GetLastError());
+        EXPECT_FALSE(window.MakeCurrent());
+        EXPECT_EQ(ERROR_INVALID_WINDOW_HANDLE, GetLastError());
+        EXPECT_EQ(nullptr, glGetString(GL_VERSION));
+        RECT rect{};
+        EXPECT_FALSE(GetClientRect(window.Handle(), &rect));
+        EXPECT_FALSE(GetWindowRect(window.Handle(), &rect));
+    }
+}
+
+TEST_F(X11WindowTest, FollowsItsSizeBetweenDrawingAndPresenting) {
+    X11TestWindow host;
+    const AttachedWindow window(host.Id());
+    ASSERT_TRUE(window.MakeCurrent());
+    DrawQuarters(320, 240);
+    host.Resize(500, 400);
+    EXPECT_TRUE(SwapBuffers(window.Dc())) << LastWindowError();
+    EXPECT_TRUE(DrawFrame(window, 500, 400));
+    ExpectQuarters(host.Grab(), 500, 400);
+}
+
+TEST_F(X11WindowTest, TakesTheDisplaysResolution) {
+    X11TestWindow host;
+    host.SetResources("Xcursor.size:\t24\nXft.dpi:\t144\nXft.hinting:\t1\n");
+    {
+        const AttachedWindow window(host.Id());
+        EXPECT_EQ(144, GetDeviceCaps(window.Dc(), LOGPIXELSY));
+    }
+    for (const char* const useless : {"", "Xft.dpi:\n", "Xft.dpi: many", "Xft.dpi: -3", "NotXft.dpi: 144"}) {
+        host.SetResources(useless);
+        const AttachedWindow window(host.Id());
+        EXPECT_EQ(96, GetDeviceCaps(window.Dc(), LOGPIXELSY)) << useless;
+    }
+}
+
+TEST(X11Server, ItsEndIsAFailureAndEverythingCanBeReleased) {
+    KivoTest::PrivateXServer server("640x480x24");
+    if (server.Display().empty()) GTEST_SKIP() << "no Xvfb";
+    X11TestWindow::Options options;
+    options.display = server.Display();
+    X11TestWindow host(options);
+    const AttachedWindow window(host.Id(), server.Display().c_str());
+    const AttachedWindow current(host.Id(), server.Display().c_str());
+    ASSERT_NE(nullptr, window.Context()) << LastWindowError();
+    ASSERT_TRUE(DrawFrame(window, options.width, options.height));
+    ASSERT_TRUE(window.MakeCurrent());
+    server.Kill();
+    DrawQuarters(options.width, options.height);
+    EXPECT_FALSE(SwapBuffers(window.Dc()));
+    EXPECT_NE(std::string::npos, std::string(LastWindowError()).find("is lost")) << LastWindowError();
+    EXPECT_FALSE(window.MakeCurrent());
+    EXPECT_EQ(ERROR_INVALID_WINDOW_HANDLE, GetLastError());
+    EXPECT_EQ(96, GetDeviceCaps(window.Dc(), LOGPIXELSY));
+    EXPECT_TRUE(wglMakeCurrent(nullptr, nullptr));
+}
+
+TEST_F(X11WindowTest, ReplacesAndUnbindsAHostsGlxContext) {
+    const HostGlxLibrary host;
+    if (!host.x11 || !host.gl) GTEST_SKIP() << "no GLX";
+    void* const display = HostGlxLibrary::Find<void* (*)(const char*)>(host.x11, "XOpenDisplay")(nullptr);
+    ASSERT_NE(nullptr, display);
+    int attributes[] = {4 /* GLX_RGBA */, 5 /* GLX_DOUBLEBUFFER */, 0};
+    void* const visual =
+        HostGlxLibrary::Find<void* (*)(void*, int, int*)>(host.gl, "glXChooseVisual")(display, 0, attributes);
+    ASSERT_NE(nullptr, visual);
+    struct VisualInfo { // the head of Xlib's XVisualInfo
+        void* visual;
+        unsigned long id;
+    };
+    X11TestWindow::Options options;
+    options.visual = static_cast<xcb_visualid_t>(static_cast<const VisualInfo*>(visual)->id);
+    const X11TestWindow glxWindow(options);
+    void* const context = HostGlxLibrary::Find<void* (*)(void*, void*, void*, int)>(
+        host.gl, "glXCreateContext")(display, visual, nullptr, 1);
+    const auto makeCurrent =
+        HostGlxLibrary::Find<int (*)(void*, unsigned long, void*)>(host.gl, "glXMakeCurrent");
+    const auto current = HostGlxLibrary::Find<void* (*)()>(host.gl, "glXGetCurrentContext");
+
+    const X11TestWindow ours;
+    ASSERT_TRUE(makeCurrent(display, glxWindow.Id(), context));
+    {
+        const AttachedWindow window(ours.Id());
+        ASSERT_NE(nullptr, window.Context()) << LastWindowError();
+        EXPECT_EQ(context, current());
+        EXPECT_TRUE(DrawFrame(window, 320, 240)) << LastWindowError();
+        EXPECT_EQ(nullptr, current());
+    }
+    ASSERT_TRUE(makeCurrent(display, glxWindow.Id(), context));
+    EXPECT_TRUE(wglMakeCurrent(nullptr, nullptr));
+    EXPECT_EQ(nullptr, current());
+    HostGlxLibrary::Find<void (*)(void*, void*)>(host.gl, "glXDestroyContext")(display, context);
+    HostGlxLibrary::Find<int (*)(void*)>(host.x11, "XFree")(visual);
+    HostGlxLibrary::Find<int (*)(void*)>(host.x11, "XCloseDisplay")(display);
+}
+
+TEST_F(X11WindowTest, ReplacesAHostsEglContextAndKeepsItsChoiceOfClientApi) {
+    const EGLDisplay display =
+        eglGetPlatformDisplay(EGL_PLATFORM_SURFACELESS_MESA, EGL_DEFAULT_DISPLAY, nullptr);
+    ASSERT_TRUE(eglInitialize(display, nullptr, nullptr));
+    ASSERT_TRUE(eglBindAPI(EGL_OPENGL_ES_API));
+    const EGLint wanted[] = {EGL_SURFACE_TYPE, EGL_PBUFFER_BIT, EGL_RENDERABLE_TYPE, EGL_OPENGL_ES2_BIT,
+                             EGL_NONE};
+    EGLConfig config = nullptr;
+    EGLint count = 0;
+    ASSERT_TRUE(eglChooseConfig(display, wanted, &config, 1, &count));
+    const EGLint size[] = {EGL_WIDTH, 8, EGL_HEIGHT, 8, EGL_NONE};
+    const EGLSurface surface = eglCreatePbufferSurface(display, config, size);
+    const EGLint version[] = {EGL_CONTEXT_CLIENT_VERSION, 2, EGL_NONE};
+    const EGLContext context = eglCreateContext(display, config, EGL_NO_CONTEXT, version);
+    ASSERT_TRUE(eglMakeCurrent(display, surface, surface, context));
+    {
+        X11TestWindow host;
+        const AttachedWindow window(host.Id());
+        EXPECT_EQ(context, eglGetCurrentContext());
+        EXPECT_TRUE(DrawFrame(window, 320, 240)) << LastWindowError();
+        ExpectQuarters(host.Grab(), 320, 240);
+        EXPECT_EQ(EGL_NO_CONTEXT, eglGetCurrentContext());
+        EXPECT_EQ(static_cast<EGLenum>(EGL_OPENGL_ES_API), eglQueryAPI());
+    }
+    // The host's context has survived everything.
+    EXPECT_TRUE(eglMakeCurrent(display, surface, surface, context));
+    EXPECT_TRUE(wglMakeCurrent(nullptr, nullptr));
+    EXPECT_EQ(EGL_NO_CONTEXT, eglGetCurrentContext());
+    eglDestroyContext(display, context);
+    eglDestroySurface(display, surface);
+}
+
+} // namespace KivoDrawingTools
