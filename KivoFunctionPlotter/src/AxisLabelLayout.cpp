@@ -10,13 +10,13 @@ namespace {
 constexpr double labelScale = 0.8;
 constexpr double titleOffset = 2.8; // in label offsets
 constexpr double titleGap = 4.0;    // between a title and the labels of its axis
-constexpr double clearance = 2.0;   // below this the digits of two neighbours read as one number
+constexpr double clearance = 2.0;   // nearer, the digits of two neighbours read as one number
+constexpr double borderGap = 1.0;   // left by titles that move to stay inside the viewport
 constexpr double shortestEdge = 24.0;
-constexpr double smallestRise =
-    0.1; // share of a tick's length away from its edge; below, its face is edge-on
+constexpr double smallestRise = 0.2; // of a projected unit vector above its edge; lower, its face is edge-on
 constexpr double largestSlant = 1.7320508075688772; // labels leave their edge at 30 degrees or more
 constexpr double verticalRange = 0.02;              // keeps rounding from turning a vertical title over
-constexpr std::size_t mostLabels = 1000;            // bounds the number of pairs that are compared
+constexpr std::size_t mostLabels = 1000; // of an axis; bounds the number of pairs that are compared
 
 ScreenVector operator+(ScreenVector a, ScreenVector b) {
     return {a.x + b.x, a.y + b.y};
@@ -48,7 +48,7 @@ bool IsImage(TextImageSize size) {
 
 // ---- Quads
 
-// Half of the quad's length along a unit vector.
+// How far the quad reaches from its center along a unit vector; so many times as far along a longer one.
 double Reach(const PlacedImage& quad, ScreenVector direction) {
     return std::abs(Dot(quad.right, direction)) * quad.halfWidth +
            std::abs(Dot(quad.up, direction)) * quad.halfHeight;
@@ -68,10 +68,8 @@ bool IsNearSegment(const PlacedImage& quad, ScreenVector a, ScreenVector b) {
     for (const ScreenVector axis : {quad.right, quad.up})
         if (std::abs(Dot(way, axis)) >= Reach(quad, axis) + std::abs(Dot(half, axis)) + clearance)
             return false;
-    const double length = std::hypot(half.x, half.y);
-    if (!(length > 0.0)) return true;
-    const ScreenVector normal = (1.0 / length) * TurnedLeft(half);
-    return std::abs(Dot(way, normal)) < Reach(quad, normal) + clearance;
+    const ScreenVector normal = TurnedLeft(half); // as long as half the segment
+    return std::abs(Dot(way, normal)) <= Reach(quad, normal) + clearance * std::hypot(half.x, half.y);
 }
 
 bool IsInside(const PlacedImage& quad, ScreenVector viewport) {
@@ -88,7 +86,8 @@ struct EdgeFrame {
     bool isUsable = false; // finite, and long enough to tell its labels apart
     ScreenVector along;
     ScreenVector normal; // away from the middle of the box
-    double slant = 0.0;  // how far labels move along the edge on their way along the normal
+    double length = 0.0;
+    double slant = 0.0; // how far labels move along the edge on their way along the normal
 };
 
 ScreenVector MiddleOf(const AxisBoxOnScreen& box) {
@@ -110,9 +109,9 @@ double SlantOf(const AxisEdge& edge, const EdgeFrame& frame) {
 EdgeFrame FrameOf(const AxisBoxOnScreen& box, const AxisEdge& edge) {
     EdgeFrame frame;
     const ScreenVector span = edge.end - edge.begin;
-    const double length = std::hypot(span.x, span.y);
-    if (!(length >= shortestEdge) || !std::isfinite(length)) return frame;
-    frame.along = (1.0 / length) * span;
+    frame.length = std::hypot(span.x, span.y);
+    if (!(frame.length >= shortestEdge) || !std::isfinite(frame.length)) return frame;
+    frame.along = (1.0 / frame.length) * span;
     frame.normal = TurnedLeft(frame.along);
     const double side = Dot(0.5 * (edge.begin + edge.end) - MiddleOf(box), frame.normal);
     if (side < 0.0) frame.normal = -1.0 * frame.normal;
@@ -145,15 +144,17 @@ bool TouchesAtStride(const std::vector<PlacedImage>& labels, std::size_t stride)
     return false;
 }
 
-// Keeps every stride-th label, with the least stride of 1, 2, 5, 10, 20, 50, ... that sets neighbours apart.
+// The least stride of 1, 2, 5, 10, 20, 50, ... that sets neighbours apart.
+std::size_t StrideOf(const std::vector<PlacedImage>& labels) {
+    for (std::size_t decade = 1;; decade *= 10)
+        for (const std::size_t stride : {decade, 2 * decade, 5 * decade}) {
+            if (stride >= labels.size()) return stride;
+            if (labels.size() / stride <= mostLabels && !TouchesAtStride(labels, stride)) return stride;
+        }
+}
+
 void Thin(std::vector<PlacedImage>* labels) {
-    std::size_t decade = 1;
-    std::size_t stride = 1;
-    while (stride < labels->size() &&
-           (labels->size() / stride > mostLabels || TouchesAtStride(*labels, stride))) {
-        if (stride == 5 * decade) decade *= 10;
-        stride = stride < decade ? decade : stride == decade ? 2 * decade : 5 * decade;
-    }
+    const std::size_t stride = StrideOf(*labels);
     for (std::size_t i = 0; i < labels->size(); ++i)
         if (i % stride != 0) (*labels)[i].isShown = false;
 }
@@ -164,43 +165,150 @@ ScreenVector ReadingDirection(ScreenVector along) {
     return along.x < 0.0 ? -1.0 * along : along;
 }
 
+// Moves a title along its edge by as little as brings it inside the viewport, where anything does.
+void SlideInside(const EdgeFrame& frame, ScreenVector viewport, PlacedImage* title) {
+    double low = -0.5 * frame.length;
+    double high = 0.5 * frame.length;
+    const ScreenVector screenAxes[] = {{1.0, 0.0}, {0.0, 1.0}};
+    const double sizes[] = {viewport.x, viewport.y};
+    for (int i = 0; i < 2; ++i) {
+        const double reach = Reach(*title, screenAxes[i]) + borderGap;
+        const double place = Dot(title->center, screenAxes[i]);
+        const double rate = Dot(frame.along, screenAxes[i]); // 0: infinite moves, harmless
+        const double first = (reach - place) / rate;
+        const double last = (sizes[i] - reach - place) / rate;
+        low = std::max(low, std::min(first, last));
+        high = std::min(high, std::max(first, last));
+    }
+    if (low <= high) title->center = title->center + std::clamp(0.0, low, high) * frame.along;
+}
+
+bool HasSize(ScreenVector viewport) {
+    return viewport.x > 0.0 && viewport.y > 0.0;
+}
+
+// The title beyond the labels that its axis has left.
+PlacedImage TitleOf(const AxisBoxOnScreen& box, const AxisEdge& edge, const EdgeFrame& frame,
+                    const std::vector<PlacedImage>& labels) {
+    PlacedImage title;
+    if (!frame.isUsable || !IsImage(edge.title)) return title;
+    double widest = 0.0;
+    for (const PlacedImage& label : labels)
+        if (label.isShown) widest = std::max(widest, 2.0 * Reach(label, frame.normal));
+    title.right = ReadingDirection(frame.along);
+    title.up = TurnedLeft(title.right);
+    title.halfWidth = 0.5 * edge.title.width;
+    title.halfHeight = 0.5 * edge.title.height;
+    const double distance = std::max(titleOffset * box.labelOffset, box.labelOffset + widest + titleGap) +
+                            Reach(title, frame.normal);
+    title.center = 0.5 * (edge.begin + edge.end) + distance * frame.normal;
+    if (HasSize(box.viewport)) SlideInside(frame, box.viewport, &title);
+    title.isShown = IsFinite(title.center);
+    return title;
+}
+
+// ---- The box
+
+// Whether an edge belongs to the outline of the whole box: no two corners lie on different sides of it.
+bool IsSilhouette(const AxisBoxOnScreen& box, ScreenVector a, ScreenVector b) {
+    const ScreenVector normal = TurnedLeft(b - a);
+    double low = 0.0;
+    double high = 0.0;
+    for (const ScreenVector corner : box.corners) {
+        low = std::min(low, Dot(corner - a, normal));
+        high = std::max(high, Dot(corner - a, normal));
+    }
+    const double tolerance = 1e-6 * (high - low);
+    return low >= -tolerance || high <= tolerance;
+}
+
+int Bit(unsigned int corner, int axis) {
+    return static_cast<int>(corner >> axis & 1U);
+}
+
 } // namespace
 
 void ProjectAxisBox(const AxisBoxInData& box, double worldPerPixel, const double* axisScale,
                     const double* rotation, ScreenVector boxCenter, AxisBoxOnScreen* out) {
-    // From the middle of the box to its maximum along each axis; the differences of large coordinates come
-    // first.
-    ScreenVector half[3];
-    double middle[3];
+    ScreenVector unit[3];    // along each axis
+    ScreenVector outward[3]; // through the face at the maximum; scales and ranges may be negative
+    ScreenVector half[3];    // from the middle of the box to that face
     for (int axis = 0; axis < 3; ++axis) {
-        middle[axis] = 0.5 * (static_cast<double>(box.boxMin[axis]) + box.boxMax[axis]);
-        const double length = 0.5 * (static_cast<double>(box.boxMax[axis]) - box.boxMin[axis]);
+        const double length = static_cast<double>(box.boxMax[axis]) - box.boxMin[axis];
         const double pixels = length * axisScale[axis] / worldPerPixel;
-        half[axis] = pixels * ScreenVector{rotation[4 * axis], rotation[4 * axis + 1]};
+        unit[axis] = {rotation[4 * axis], rotation[4 * axis + 1]};
+        outward[axis] = (pixels < 0.0 ? -1.0 : 1.0) * unit[axis];
+        half[axis] = 0.5 * pixels * unit[axis];
     }
     for (unsigned int corner = 0; corner < 8; ++corner) {
         out->corners[corner] = boxCenter;
-        for (unsigned int axis = 0; axis < 3; ++axis)
-            out->corners[corner] = out->corners[corner] + (corner >> axis & 1 ? 1.0 : -1.0) * half[axis];
+        for (int axis = 0; axis < 3; ++axis)
+            out->corners[corner] = out->corners[corner] + (2.0 * Bit(corner, axis) - 1.0) * half[axis];
     }
     out->backCorner =
         (box.backPlane[2] ? 0U : 1U) | (box.backPlane[0] ? 0U : 2U) | (box.backPlane[1] ? 0U : 4U);
     for (int axis = 0; axis < 3; ++axis) {
         AxisEdge& edge = out->axes[axis];
         unsigned int begin = 0;
-        for (int other = 0; other < 3; ++other) {
-            if (other == axis) continue;
-            const float* base = box.tickBase[axis];
-            const bool isAtMax =
-                std::abs(base[other] - box.boxMax[other]) < std::abs(base[other] - box.boxMin[other]);
+        edge.tickDirection = {};
+        for (const int other : {(axis + 1) % 3, (axis + 2) % 3}) {
+            const float place = box.tickBase[axis][other];
+            const bool isAtMax = std::abs(place - box.boxMax[other]) < std::abs(place - box.boxMin[other]);
             if (isAtMax) begin |= 1U << other;
+            const double along = box.tickDirection[axis][other];
+            edge.tickDirection = edge.tickDirection + along * unit[other];
+            if (along == 0.0) edge.otherDirection = (isAtMax ? 1.0 : -1.0) * outward[other];
         }
         edge.begin = out->corners[begin];
         edge.end = out->corners[begin | 1U << axis];
     }
-    (void)middle;
 }
 
-void AxisLabelLayout::Place(const AxisBoxOnScreen& box) {}
+void AxisLabelLayout::Place(const AxisBoxOnScreen& box) {
+    CollectBoxLines(box);
+    m_placed.clear();
+    for (int axis = 0; axis < 3; ++axis) {
+        const AxisEdge& edge = box.axes[axis];
+        const EdgeFrame frame = FrameOf(box, edge);
+        m_labels[axis].clear();
+        for (const AxisTick& tick : edge.ticks)
+            m_labels[axis].push_back(frame.isUsable ? LabelAt(edge, frame, tick, box.labelOffset)
+                                                    : PlacedImage());
+        Thin(&m_labels[axis]);
+        m_titles[axis] = TitleOf(box, edge, frame, m_labels[axis]);
+    }
+    for (const int axis : {2, 0, 1})
+        KeepClear(box.viewport, &m_titles[axis]);
+    for (const int axis : {2, 0, 1})
+        for (PlacedImage& label : m_labels[axis])
+            KeepClear(box.viewport, &label);
+}
+
+// The outlines of the back planes and the silhouette: all edges, except those inside the silhouette that end
+// at the corner in front.
+void AxisLabelLayout::CollectBoxLines(const AxisBoxOnScreen& box) {
+    m_boxLines.clear();
+    const unsigned int frontCorner = box.backCorner ^ 7U;
+    for (unsigned int a = 0; a < 8; ++a)
+        for (int axis = 0; axis < 3; ++axis) {
+            const unsigned int b = a | 1U << axis;
+            if (b == a) continue;
+            const bool isDrawn = a != frontCorner && b != frontCorner;
+            if (isDrawn || IsSilhouette(box, box.corners[a], box.corners[b]))
+                m_boxLines.push_back({box.corners[a], box.corners[b]});
+        }
+}
+
+// Leaves an image out that would meet the box, another image or the border, where text cut off could be
+// misread.
+void AxisLabelLayout::KeepClear(ScreenVector viewport, PlacedImage* image) {
+    if (!image->isShown) return;
+    const auto isNear = [image](const PlacedImage& placed) { return AreNear(placed, *image); };
+    const auto isNearLine = [image](const Segment& line) { return IsNearSegment(*image, line.a, line.b); };
+    image->isShown = (!HasSize(viewport) || IsInside(*image, viewport)) &&
+                     std::none_of(m_boxLines.begin(), m_boxLines.end(), isNearLine) &&
+                     std::none_of(m_placed.begin(), m_placed.end(), isNear);
+    if (image->isShown) m_placed.push_back(*image);
+}
 
 } // namespace KivoDrawingTools

@@ -62,8 +62,8 @@ struct AxisBoxInData {
 void ProjectAxisBox(const AxisBoxInData& box, double worldPerPixel, const double* axisScale,
                     const double* rotation, ScreenVector boxCenter, AxisBoxOnScreen* out);
 
-/// A text image as a quad that faces the viewer; its corners are center +- right * halfWidth +- up *
-/// halfHeight.
+/// A text image as a quad that faces the viewer. Left out, it keeps the place it would have had. Its
+/// corners are center +- right * halfWidth +- up * halfHeight.
 struct PlacedImage {
     bool isShown = false;
     ScreenVector center;
@@ -73,8 +73,10 @@ struct PlacedImage {
     double halfHeight = 0.0;
 };
 
-/// Places labels and titles so that none meets the box, another one or the viewport's border; what would is
-/// left out. Keeps its memory from one frame to the next.
+/// Places labels beyond their ticks and titles beyond the labels. Where neighbours would touch, every second,
+/// fifth, tenth ... label of an axis remains, and what would meet the lines of the box, another image or the
+/// viewport's border is left out. Edges of less than 24 pixels show nothing. Keeps its memory from one frame
+/// to the next.
 class AxisLabelLayout {
 public:
     void Place(const AxisBoxOnScreen& box);
@@ -84,8 +86,8 @@ public:
     const PlacedImage& Title(int axis) const { return m_titles[axis]; }
 
 private:
-    void PlaceTitle(const AxisBoxOnScreen& box, int axis);
-    void KeepClear(const AxisBoxOnScreen& box, PlacedImage* image);
+    void CollectBoxLines(const AxisBoxOnScreen& box);
+    void KeepClear(ScreenVector viewport, PlacedImage* image);
 
     struct Segment {
         ScreenVector a;

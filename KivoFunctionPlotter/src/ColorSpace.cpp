@@ -78,4 +78,15 @@ void ColorToRgba(unsigned long color, float* rgba) {
     rgba[3] = 1.0f;
 }
 
+unsigned long RgbaToColor(const float* rgba) {
+    unsigned long color = 0;
+    for (int channel = 0; channel < 3; ++channel) {
+        // The remainder is taken before the conversion, so that no value is too large for it.
+        const float scaled = rgba[channel] * 255.0f;
+        const float byte = std::isfinite(scaled) ? std::fmod(std::trunc(scaled), 256.0f) : 0.0f;
+        color |= (static_cast<unsigned long>(static_cast<long>(byte)) & 0xFFu) << (8 * channel);
+    }
+    return color;
+}
+
 } // namespace KivoDrawingTools

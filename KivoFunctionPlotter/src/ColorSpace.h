@@ -13,4 +13,7 @@ void HsvToRgb(float h, float s, float v, float* r, float* g, float* b);
 /// Converts 0x00BBGGRR to four floats: each byte divided by 255, alpha 1.
 void ColorToRgba(unsigned long color, float* rgba);
 
+/// Converts back: each channel truncated from value * 255 to 8 bits, alpha dropped.
+unsigned long RgbaToColor(const float* rgba);
+
 } // namespace KivoDrawingTools

@@ -37,6 +37,7 @@ namespace KivoDrawingTools {
 class CKivoGradientColor;
 class CKivoGradientColorRuler;
 class CKivoGridBox;
+class CKivoMeasurePointGroup;
 class CKivoMeasurePointGroupManager;
 struct GridView;
 struct STextRenderer;
@@ -221,6 +222,22 @@ public:
     /// Scales the view volume; a factor below 1 enlarges the picture.
     void Zoom(float factor);
 
+    // Trace: the point of the surface under the pointer, in the 3-D plot.
+
+    /// Goes into trace mode or out of it, forgetting the point. In it each mouse move over the 3-D plot
+    /// traces and draws a frame. @return 0
+    int Trace(bool enable);
+    /// @return whether trace mode is on
+    bool IsTracing() const;
+    /// @param out  receives x, y, z of the traced point in data coordinates
+    /// @return whether there is one; without, out is left alone
+    bool GetTracePoint(float* const out);
+    /// Finds the nearest point of the surface under a client point, in two plane intersections for each cell.
+    /// @return 0, or 1 when there is none; the point is forgotten then
+    int Trace(POINT pt);
+    /// Forgets the traced point and finds none. @return 1
+    int Trace_New(POINT pt);
+
     // ---------------------------------------------------------------------------------------------------------
     // Surface
     // ---------------------------------------------------------------------------------------------------------
@@ -376,6 +393,51 @@ public:
     int SetXAxisFloatingPointPrecision(unsigned int precision); ///< sets the digits of X labels @return 0
     int SetYAxisFloatingPointPrecision(unsigned int precision); ///< sets the digits of Y labels @return 0
     int SetZAxisFloatingPointPrecision(unsigned int precision); ///< sets the digits of Z labels @return 0
+
+    // ---------------------------------------------------------------------------------------------------------
+    // Overlays
+    // ---------------------------------------------------------------------------------------------------------
+
+    // Curves lie over one data set: new data remove them.
+
+    /// Adds a polyline with a ball at every point: red, one pixel wide, visible. The points are copied.
+    /// @param points          pointCount * floatsPerPoint floats, the first three of a point being x, y, z
+    /// @return the curve's index, from 0; -3 for a null pointer or a count of 0
+    int AddCurveData(float* points, unsigned int pointCount, unsigned int floatsPerPoint);
+    int SetCurveColor(int index, unsigned long color); ///< 0x00BBGGRR @return 0; -2 for a bad index
+    int SetCurveVisibility(int index, bool visible);   ///< line and balls @return 0; -2 for a bad index
+    int SetCurveWidth(int index, float width);         ///< line width in pixels @return 0; -2 for a bad index
+
+    /// @return the radius of point markers in whole pixels
+    unsigned int GetPointRadiusPixelSize() const;
+    /// Sets the radius of point markers, 4 pixels at first; curves have balls of 0.7 of it. @return 0
+    int SetPointRadiusPixelSize(unsigned int pixels);
+
+    // Measure groups: named, coloured sets of points, drawn as balls in the 3-D plot. An index is the order
+    // of adding.
+
+    /// Adds a group in the next of ten colours. The array stays the host's: it is neither copied nor freed,
+    /// and it must live as long as the plotter. A changed array shows in the next frame.
+    /// @param floatsPerPoint  floats from one point to the next, the first three being x, y, z
+    /// @param name            UTF-8, not null; its image is made now, so add groups after OnCreate
+    /// @return 0; -3 for a null pointer or a count of 0
+    int AddMeasurePoints(unsigned int pointCount, unsigned int floatsPerPoint, float* points,
+                         const char* name);
+    /// The same as AddMeasurePoints.
+    int AddReferenceMeasurePoints(unsigned int pointCount, unsigned int floatsPerPoint, float* points,
+                                  const char* name);
+    unsigned int GetNumMeasureGroups();                   ///< @return the number of groups
+    unsigned int GetMeasureGroupSize(unsigned int index); ///< @return the number of points; 0 for a bad index
+    int ShowMeasureGroup(unsigned int index, bool show);  ///< @return 0; -2 for a bad index
+    bool IsShowMeasureGroup(unsigned int index); ///< @return whether it is shown; false for a bad index
+    int ShowAllMeasureGroups(bool show);         ///< @return 0
+    unsigned long
+    GetMeasureGroupColor(unsigned int index); ///< @return 0x00BBGGRR, truncated; 0 for a bad index
+    int SetMeasureGroupColor(unsigned int index, unsigned long color); ///< @return 0; -2 for a bad index
+    int GetMeasureGroupName(unsigned int index, std::string* name);    ///< @return 0; -2 for a bad index
+    int SetMeasureGroupName(unsigned int index, const char* name);     ///< @return 0; -2 for a bad index
+    /// @return the index of the first group of exactly this name; -1 when there is none
+    int GetMeasureGroupIndexByName(std::string name);
 
 protected:
     // ---------------------------------------------------------------------------------------------------------
@@ -568,6 +630,17 @@ protected:
     bool IsScreenPointInViewport(POINT pt); ///< pt in screen coordinates
     bool IsClientPointInViewport(POINT pt); ///< pt in client coordinates
 
+    /// Forgets the traced point.
+    /// @return whether the infinite line through two points meets the data box
+    bool IsIntersectWithBoundingBox(const float* const nearPt, const float* const farPt);
+    /// Does nothing. @return false
+    bool SelectTriangle(POINT pt, float* a, float* b, float* c);
+    /// Draws the marker of the traced point.
+    void RenderTracePoints();
+    /// Writes the coordinates of the traced point into the lower left corner of the plot; the image is made
+    /// anew at each call.
+    void RenderTraceLegend();
+
     // ---------------------------------------------------------------------------------------------------------
     // Surface
     // ---------------------------------------------------------------------------------------------------------
@@ -622,6 +695,18 @@ protected:
     void RenderPlotName();
     /// Bitmap text in model space; it stands at the current raster position.
     void Render3DText(float x, float y, float z, const char* text, std::size_t count);
+
+    // ---------------------------------------------------------------------------------------------------------
+    // Overlays
+    // ---------------------------------------------------------------------------------------------------------
+
+    /// Draws the visible curves; lighting is on afterwards.
+    void RenderCurves();
+    /// Draws the points of the visible groups, lit as the caller has it.
+    void RenderMeasurePoints();
+    /// Lists the groups' names and colours in the upper right corner of the plot. For derived classes: the
+    /// plotter itself does not call it. Lighting is as the caller has it afterwards.
+    void RenderLegend();
 
     // ---------------------------------------------------------------------------------------------------------
     // Fields
@@ -769,8 +854,9 @@ private:
     friend struct PictureAccess; // draws without presenting, for KivoPicture.h
 
     void InitRuler(CKivoGradientColorRuler* ruler, CKivoGradientColor* gradient);
-    void ForgetTitleTextures();
+    void ForgetNameTextures();
     void ClearFrame();
+    void RenderProjectionFrame();
     int SetInverseAxis(int axis, bool& current, bool inverse);
     void FitFlatPlot(int horizontalAxis, int verticalAxis, const bool* shifted);
     void SetViewVolume(double diagonal, double share);
@@ -794,6 +880,13 @@ private:
     template <typename Change>
     int ChangeGridBox(Change change);
     int SetAxisPrecision(int axis, unsigned int precision);
+    void FindLineOfSight(POINT pt, float* nearPt, float* farPt);
+    float MarkerSize(double factor) const;
+    template <typename Draw>
+    void ForEachVisibleCurve(Draw draw);
+    CKivoMeasurePointGroup* FindMeasureGroup(unsigned int index) const;
+    void RenderLegendRow(const CKivoMeasurePointGroup& group, const float (*corners)[3], float squareLeft,
+                         float squareRight);
     void RebuildRuler(CKivoGradientColorRuler* ruler, CKivoGradientColor* gradient);
     template <typename Change>
     void ChangeAllGradients(Change change);

@@ -5,9 +5,18 @@
 #include "TextRenderer.h"
 #include "TexturedQuad.h"
 
+#include <algorithm>
+#include <cmath>
 #include <cstddef>
 
 namespace KivoDrawingTools {
+
+namespace {
+
+constexpr double labelCentre = 0.6; // from the bar, in widths of the label
+constexpr double labelScale = 0.9;  // of the label's size in pixels
+
+} // namespace
 
 CKivoGradientColorRuler::~CKivoGradientColorRuler() {
     ReleaseLabels();
@@ -43,37 +52,54 @@ void CKivoGradientColorRuler::ReleaseLabels() {
 }
 
 void CKivoGradientColorRuler::Render(const int* viewport, const double* volume) const {
-    glPushAttrib(GL_VIEWPORT_BIT);
-    glViewport(viewport[0], viewport[1], viewport[2], viewport[3]);
-    const MatrixModeScope projection(GL_PROJECTION);
-    glPushMatrix();
-    glLoadIdentity();
-    glOrtho(volume[0], volume[1], volume[2], volume[3], volume[4], volume[5]);
-    glMatrixMode(GL_MODELVIEW);
-    glPushMatrix();
-    glLoadIdentity();
-
     const double width = volume[1] - volume[0];
     const double height = volume[3] - volume[2];
     const double worldPerPixel = width / viewport[2];
     const double left = volume[0] + 0.10 * width;
     const double right = left + 0.12 * width;
     const double bottom = volume[2] + 0.14 * height;
-    RenderBar(left, right, bottom, 0.2 * height);
 
-    constexpr float toTheRight[] = {1, 0, 0};
-    constexpr float upwards[] = {0, 1, 0};
-    const double spacing = 0.8 * height / m_divisionCount;
-    for (unsigned int i = 0; m_labels && i <= m_divisionCount; ++i) {
-        const float centre[] = {static_cast<float>(right + m_labels[i].width * worldPerPixel * 0.6),
-                                static_cast<float>(bottom + i * spacing), 0.0f};
-        DrawTexturedQuad(centre, toTheRight, upwards, worldPerPixel * 0.9, worldPerPixel * 0.9, m_labels[i]);
-    }
+    // In a narrow strip the labels reach beyond it, at the same place and size.
+    const int overhang = LabelOverhang((right - volume[0]) / worldPerPixel, viewport[2]);
+    glPushAttrib(GL_VIEWPORT_BIT);
+    glViewport(viewport[0], viewport[1], viewport[2] + overhang, viewport[3]);
+    const MatrixModeScope projection(GL_PROJECTION);
+    glPushMatrix();
+    glLoadIdentity();
+    glOrtho(volume[0], volume[1] + overhang * worldPerPixel, volume[2], volume[3], volume[4], volume[5]);
+    glMatrixMode(GL_MODELVIEW);
+    glPushMatrix();
+    glLoadIdentity();
+
+    RenderBar(left, right, bottom, 0.2 * height);
+    RenderLabels(right, bottom, 0.8 * height / m_divisionCount, worldPerPixel);
 
     glPopMatrix();
     glMatrixMode(GL_PROJECTION);
     glPopMatrix();
     glPopAttrib();
+}
+
+// Pixels by which the widest label passes the strip's right side.
+int CKivoGradientColorRuler::LabelOverhang(double barRight, int stripWidth) const {
+    int widest = 0;
+    for (unsigned int i = 0; m_labels && i <= m_divisionCount; ++i)
+        widest = std::max(widest, m_labels[i].width);
+    const double overhang = barRight + widest * (labelCentre + labelScale / 2.0) - stripWidth;
+    return overhang > 0.0 && overhang < 1e6 ? static_cast<int>(std::ceil(overhang)) : 0;
+}
+
+void CKivoGradientColorRuler::RenderLabels(double barRight, double bottom, double spacing,
+                                           double worldPerPixel) const {
+    constexpr float toTheRight[] = {1, 0, 0};
+    constexpr float upwards[] = {0, 1, 0};
+    const double scale = worldPerPixel * labelScale;
+    for (unsigned int i = 0; m_labels && i <= m_divisionCount; ++i) {
+        const float centre[] = {
+            static_cast<float>(barRight + m_labels[i].width * worldPerPixel * labelCentre),
+            static_cast<float>(bottom + i * spacing), 0.0f};
+        DrawTexturedQuad(centre, toTheRight, upwards, scale, scale, m_labels[i]);
+    }
 }
 
 // Four bands between the five colours.

@@ -33,6 +33,8 @@ public:
     SKivoTexImage* m_labels = nullptr;        ///< m_divisionCount + 1 images, bottom to top; from new[]
 
 private:
+    int LabelOverhang(double barRight, int stripWidth) const;
+    void RenderLabels(double barRight, double bottom, double spacing, double worldPerPixel) const;
     void RenderBar(double left, double right, double bottom, double bandHeight) const;
 };
 

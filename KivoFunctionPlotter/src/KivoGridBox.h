@@ -1,6 +1,7 @@
 // The axis box around the surface: ranges, ticks, labels and back planes of the three axes.
 #pragma once
 
+#include "AxisLabelLayout.h"
 #include "KivoFunctionPlotter.h"
 
 namespace KivoDrawingTools {
@@ -86,10 +87,16 @@ private:
     void RenderOutlines() const;
     void RenderGridLines() const;
     void RenderTickMarks(const float* pixelSize) const;
+    void PlaceLabels(double worldPerPixel, const double* axisScale, const double* rotation);
+    void RenderLabels() const;
     void RenderFrame(int horizontal, int vertical, bool isStaggered, double worldPerPixel,
                      const double* axisScale) const;
     float RenderHorizontalTicks(int horizontal, int vertical, bool isStaggered, const float* pixelSize) const;
     float RenderVerticalTicks(int horizontal, int vertical, const float* pixelSize) const;
+
+    // Kept from frame to frame for their memory.
+    AxisBoxOnScreen m_screenBox;
+    AxisLabelLayout m_labelLayout;
 };
 
 } // namespace KivoDrawingTools

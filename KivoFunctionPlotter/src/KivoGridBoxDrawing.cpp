@@ -1,11 +1,13 @@
 // CKivoGridBox: drawing the 3-D box and the frames of the flat plots.
 #include "KivoGridBox.h"
 
+#include "GLScopes.h"
 #include "TexturedQuad.h"
 #include "window_system/WindowSystem.h"
 
 #include <algorithm>
-#include <iterator>
+#include <cstddef>
+#include <vector>
 
 namespace KivoDrawingTools {
 
@@ -56,6 +58,20 @@ private:
     float m_point[3];
 };
 
+TextImageSize SizeOf(const SKivoTexImage& image) {
+    if (!image.pixels) return {};
+    return {static_cast<double>(image.width), static_cast<double>(image.height)};
+}
+
+void DrawPlaced(const PlacedImage& place, const SKivoTexImage& image) {
+    if (!place.isShown) return;
+    const float center[] = {static_cast<float>(place.center.x), static_cast<float>(place.center.y), 0.0f};
+    const float right[] = {static_cast<float>(place.right.x), static_cast<float>(place.right.y), 0.0f};
+    const float up[] = {static_cast<float>(place.up.x), static_cast<float>(place.up.y), 0.0f};
+    DrawTexturedQuad(center, right, up, 2.0 * place.halfWidth / image.width,
+                     2.0 * place.halfHeight / image.height, image);
+}
+
 struct UnitVector {
     explicit UnitVector(int axis, float length = 1.0f) { components[axis] = length; }
     float components[3] = {};
@@ -74,6 +90,8 @@ void CKivoGridBox::Render(double worldPerPixel, const double* axisScale, const d
     RenderOutlines();
     if (m_showGridLines) RenderGridLines();
     RenderTickMarks(pixelSize);
+    PlaceLabels(worldPerPixel, axisScale, rotation);
+    RenderLabels();
 }
 
 void CKivoGridBox::UpdatePlaneGeometry() {
@@ -136,6 +154,9 @@ void CKivoGridBox::RenderOutlines() const {
 }
 
 void CKivoGridBox::RenderGridLines() const {
+    // The first and last line of an axis run along the outline. A hair behind it, they cannot break it up.
+    glPushAttrib(GL_VIEWPORT_BIT);
+    glDepthRange(1e-5, 1.0);
     glColor4fv(gridColor);
     glBegin(GL_LINES);
     for (int axis = 0; axis < 3; ++axis) {
@@ -149,6 +170,7 @@ void CKivoGridBox::RenderGridLines() const {
         }
     }
     glEnd();
+    glPopAttrib();
 }
 
 void CKivoGridBox::RenderTickMarks(const float* pixelSize) const {
@@ -169,6 +191,61 @@ void CKivoGridBox::RenderTickMarks(const float* pixelSize) const {
         }
     }
     glEnd();
+}
+
+// Finds out where labels and titles stand, in pixels of the viewport.
+void CKivoGridBox::PlaceLabels(double worldPerPixel, const double* axisScale, const double* rotation) {
+    GLint viewport[4] = {};
+    GLdouble modelView[16] = {}, projection[16] = {};
+    glGetIntegerv(GL_VIEWPORT, viewport);
+    glGetDoublev(GL_MODELVIEW_MATRIX, modelView);
+    glGetDoublev(GL_PROJECTION_MATRIX, projection);
+    GLdouble x = 0.0, y = 0.0, depth = 0.0;
+    gluProject(0.5 * (m_boxMin[0] + m_boxMax[0]), 0.5 * (m_boxMin[1] + m_boxMax[1]),
+               0.5 * (m_boxMin[2] + m_boxMax[2]), modelView, projection, viewport, &x, &y, &depth);
+
+    const AxisBoxInData box = {m_boxMin, m_boxMax, m_backPlane, m_tickBase, m_tickDirection};
+    const ScreenVector center = {x - viewport[0], y - viewport[1]};
+    ProjectAxisBox(box, worldPerPixel, axisScale, rotation, center, &m_screenBox);
+    m_screenBox.labelOffset = static_cast<double>(m_labelOffset);
+    m_screenBox.viewport = {static_cast<double>(viewport[2]), static_cast<double>(viewport[3])};
+    for (int axis = 0; axis < 3; ++axis) {
+        AxisEdge& edge = m_screenBox.axes[axis];
+        const SKivoTexImage* labels = m_tickLabels[axis];
+        const unsigned int count = labels && m_tickPositions[axis] ? m_tickIntervals[axis] + 1 : 0;
+        const double length = static_cast<double>(m_boxMax[axis] - m_boxMin[axis]);
+        edge.ticks.resize(count);
+        for (unsigned int i = 0; i < count; ++i) {
+            edge.ticks[i].fraction = static_cast<double>(m_tickPositions[axis][i]) / length;
+            edge.ticks[i].label = SizeOf(labels[i]);
+        }
+        edge.title = SizeOf(m_axisTitleImage[axis]);
+    }
+    m_labelLayout.Place(m_screenBox);
+}
+
+// In pixels of the viewport, over everything drawn so far and without a trace in the depth buffer.
+void CKivoGridBox::RenderLabels() const {
+    if (!(m_screenBox.viewport.x > 0.0) || !(m_screenBox.viewport.y > 0.0)) return;
+    glPushAttrib(GL_ENABLE_BIT);
+    glDisable(GL_DEPTH_TEST);
+    const MatrixModeScope projection(GL_PROJECTION);
+    glPushMatrix();
+    glLoadIdentity();
+    glOrtho(0.0, m_screenBox.viewport.x, 0.0, m_screenBox.viewport.y, -1.0, 1.0);
+    glMatrixMode(GL_MODELVIEW);
+    glPushMatrix();
+    glLoadIdentity();
+    for (int axis = 0; axis < 3; ++axis) {
+        const std::vector<PlacedImage>& places = m_labelLayout.Labels(axis);
+        for (std::size_t i = 0; i < places.size(); ++i)
+            DrawPlaced(places[i], m_tickLabels[axis][i]);
+        DrawPlaced(m_labelLayout.Title(axis), m_axisTitleImage[axis]);
+    }
+    glPopMatrix();
+    glMatrixMode(GL_PROJECTION);
+    glPopMatrix();
+    glPopAttrib();
 }
 
 // ---- Frames of the flat plots ---------------------------------------------------------------------------

@@ -45,9 +45,8 @@ float* TraceLevelLines(const GridView& grid, int axis, float level, std::uint64_
     std::vector<float> found;
     for (std::size_t r = 0; r + 1 < grid.rows; ++r)
         for (std::size_t c = 0; c + 1 < grid.columns; ++c) {
-            const float* corner = grid.points + c * grid.columnStride + r * grid.rowStride;
-            const float* corners[4] = {corner, corner + grid.columnStride,
-                                       corner + grid.columnStride + grid.rowStride, corner + grid.rowStride};
+            const float* corners[4] = {grid.At(c, r), grid.At(c + 1, r), grid.At(c + 1, r + 1),
+                                       grid.At(c, r + 1)};
             unsigned int index = 0;
             for (unsigned int i = 0; i < 4; ++i)
                 if (level > corners[i][axis]) index |= 1u << i;

@@ -1,20 +1,12 @@
 // Level lines of a grid of points.
 #pragma once
 
+#include "GridView.h"
+
 #include <cstdint>
 #include <vector>
 
 namespace KivoDrawingTools {
-
-/// A regular grid of points: the point at column c and row r begins at float c * columnStride + r *
-/// rowStride, with its x, y, z first. Grids without cells are accepted.
-struct GridView {
-    const float* points;
-    unsigned int columns;
-    unsigned int rows;
-    unsigned int columnStride; ///< in floats
-    unsigned int rowStride;    ///< in floats
-};
 
 /// Traces the lines on which a coordinate has a value, by marching squares. A corner equal to the level
 /// counts as above it; saddles are resolved by fixed pairings. Cells are visited row by row.

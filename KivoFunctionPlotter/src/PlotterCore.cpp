@@ -158,7 +158,7 @@ int CKivoFunctionPlotter::Release() {
         wglMakeCurrent(m_hDC, nullptr);
         result = wglDeleteContext(m_hGLRC) ? 0 : -1;
         m_hGLRC = nullptr;
-        ForgetTitleTextures();
+        ForgetNameTextures();
     }
     // The device context stays with the window.
     if (m_hDC) {
@@ -168,11 +168,13 @@ int CKivoFunctionPlotter::Release() {
     return result;
 }
 
-// The titles' textures go with the context. Their names mean nothing in another one.
-void CKivoFunctionPlotter::ForgetTitleTextures() {
+// The textures of titles and group names go with the context. Their names mean nothing in another one.
+void CKivoFunctionPlotter::ForgetNameTextures() {
     if (m_plotTitleImage) m_plotTitleImage->texture = 0;
     for (int axis = 0; m_gridBox && axis < 3; ++axis)
         m_gridBox->m_axisTitleImage[axis].texture = 0;
+    for (unsigned int i = 0; i < GetNumMeasureGroups(); ++i)
+        FindMeasureGroup(i)->m_nameImage.texture = 0;
 }
 
 // ---- Rendering context and window hooks -----------------------------------------------------------------
@@ -275,8 +277,9 @@ int CKivoFunctionPlotter::SetDCPixelFormat(HDC hdc, bool accelerated) {
     PIXELFORMATDESCRIPTOR descriptor = {};
     descriptor.nSize = sizeof(descriptor);
     descriptor.nVersion = 1;
-    descriptor.dwFlags = PFD_DRAW_TO_WINDOW | PFD_SUPPORT_OPENGL | PFD_DOUBLEBUFFER |
-                         (accelerated ? PFD_GENERIC_ACCELERATED | PFD_STEREO_DONTCARE : PFD_GENERIC_FORMAT);
+    // Formats of the software renderer are asked for without naming OpenGL: all of them support it.
+    descriptor.dwFlags = PFD_DRAW_TO_WINDOW | PFD_DOUBLEBUFFER | PFD_STEREO_DONTCARE |
+                         (accelerated ? PFD_SUPPORT_OPENGL | PFD_GENERIC_ACCELERATED : PFD_GENERIC_FORMAT);
     descriptor.iPixelType = PFD_TYPE_RGBA;
     descriptor.cColorBits = 32;
     descriptor.cRedBits = 8;
@@ -364,8 +367,17 @@ void CKivoFunctionPlotter::UpdateLightsPosition() {
     const float* max = m_boundingBoxMax;
     const GLfloat light0[] = {max[0] * 1.2f, max[1] * 1.2f, max[2] * 1.8f, 1.0f};
     const GLfloat light1[] = {min[0] * 1.2f, min[1] * 1.2f, max[2] * 1.8f, 1.0f};
+    // Positions go through the model-view matrix, which holds no numbers while the axes have no ranges.
+    GLdouble modelView[16] = {};
+    glGetDoublev(GL_MODELVIEW_MATRIX, modelView);
+    const bool isUsable =
+        std::all_of(modelView, modelView + 16, [](double element) { return std::isfinite(element); });
+    const MatrixModeScope modelViewMode(GL_MODELVIEW);
+    glPushMatrix();
+    if (!isUsable) glLoadIdentity();
     glLightfv(GL_LIGHT0, GL_POSITION, light0);
     glLightfv(GL_LIGHT1, GL_POSITION, light1);
+    glPopMatrix();
     glDisable(GL_LIGHT1); // placed for derived classes, but kept off
 }
 
@@ -447,14 +459,27 @@ void CKivoFunctionPlotter::DrawNormalPlot() {
     ApplyModelViewMatrix();
 
     glDisable(GL_LIGHTING);
-    if (m_gridBox) m_gridBox->ChooseBackPlanes(m_rotationMatrix);
+    if (m_gridBox) m_gridBox->Render(PixelToWorld(1.0), m_axisScale, m_rotationMatrix);
     if (m_hasTracePoint != 0) RenderTraceGuideLines();
+    glEnable(GL_LIGHTING);
+    RenderTracePoints();
+    glDisable(GL_LIGHTING);
+
+    if (m_showXIsoContours) RenderFlatXIsoContour();
+    if (m_showYIsoContours) RenderFlatYIsoContour();
+    if (m_showZIsoContours) RenderFlatZIsoContour();
 
     glEnable(GL_LIGHTING);
+    RenderCurves();
     RenderSurface();
+    RenderMeasurePoints();
 
     glDisable(GL_LIGHTING);
     glDisable(GL_DEPTH_TEST);
+    RenderPlotName();
+    glDisable(GL_LIGHTING); // the title's quad leaves it on, and the bar shows the gradient's own colours
+    RenderTraceLegend();
+    if (m_zColorRuler) m_zColorRuler->Render(m_legendViewport, m_legendViewVolume);
 
     glEnable(GL_LIGHTING);
     glEnable(GL_DEPTH_TEST);
@@ -465,11 +490,41 @@ void CKivoFunctionPlotter::DrawProjectionPlot() {
     ApplyModelViewMatrix();
 
     glDisable(GL_LIGHTING);
+    RenderProjectionFrame();
+    const CKivoGradientColorRuler* ruler = m_zColorRuler;
+    if (m_plotType == xyPlot) {
+        RenderFlatZIsoContour();
+    } else if (m_plotType == yzPlot) {
+        RenderFlatXIsoContour();
+        ruler = m_xColorRuler;
+    } else {
+        RenderFlatYIsoContour();
+        ruler = m_yColorRuler;
+    }
 
     glDisable(GL_DEPTH_TEST);
+    RenderPlotName();
+    glDisable(GL_LIGHTING); // as in the 3-D plot
+    if (ruler) ruler->Render(m_legendViewport, m_legendViewVolume);
 
     glEnable(GL_DEPTH_TEST);
     glEnable(GL_LIGHTING);
+}
+
+void CKivoFunctionPlotter::RenderProjectionFrame() {
+    if (!m_gridBox) return;
+    const double pixel = PixelToWorld(1.0);
+    switch (m_plotType) {
+    case xyPlot:
+        m_gridBox->RenderXYFrame(pixel, m_axisScale);
+        break;
+    case yzPlot:
+        m_gridBox->RenderYZFrame(pixel, m_axisScale);
+        break;
+    default:
+        m_gridBox->RenderXZFrame(pixel, m_axisScale);
+        break;
+    }
 }
 
 void CKivoFunctionPlotter::RenderTraceGuideLines() {

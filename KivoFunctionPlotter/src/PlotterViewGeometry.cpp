@@ -4,6 +4,11 @@
 #include "GLScopes.h"
 #include "KivoGradientColor.h"
 #include "KivoGridBox.h"
+#include "PointMarker.h"
+#include "SurfacePicker.h"
+#include "TextRenderer.h"
+#include "TexturedQuad.h"
+#include "VectorMath.h"
 #include "window_system/WindowSystem.h"
 
 #include <algorithm>
@@ -32,22 +37,6 @@ constexpr Orientation isoView = {
 constexpr Orientation xyView = {{1, 0, 0}, {0, 1, 0}, {0, 0, 1}};
 constexpr Orientation yzView = frontView;
 constexpr Orientation xzView = rightView;
-
-void Subtract(const float* a, const float* b, float* out) {
-    for (int i = 0; i < 3; ++i)
-        out[i] = a[i] - b[i];
-}
-
-// The unit vector of u x v.
-void UnitCross(const float* u, const float* v, float* out) {
-    const float x = u[1] * v[2] - u[2] * v[1];
-    const float y = u[2] * v[0] - u[0] * v[2];
-    const float z = u[0] * v[1] - u[1] * v[0];
-    const float length = std::sqrt(x * x + y * y + z * z);
-    out[0] = x / length;
-    out[1] = y / length;
-    out[2] = z / length;
-}
 
 bool IsWithin(std::int64_t value, std::int64_t low, std::int64_t high) {
     return low <= value && value <= high;
@@ -120,10 +109,7 @@ void CKivoFunctionPlotter::VectorOffset3(float* a, const float* b) {
 }
 
 float CKivoFunctionPlotter::Distance(const float* a, const float* b) {
-    const float x = a[0] - b[0];
-    const float y = a[1] - b[1];
-    const float z = a[2] - b[2];
-    return std::sqrt(x * x + y * y + z * z);
+    return PointDistance(a, b);
 }
 
 double CKivoFunctionPlotter::Distance(const double* a, const double* b) {
@@ -148,48 +134,21 @@ double CKivoFunctionPlotter::Interpolate(double x, double x0, double x1, double 
 }
 
 void CKivoFunctionPlotter::CalNormal(const float* p0, const float* p1, const float* p2, float* out) {
-    float u[3], w[3];
-    Subtract(p1, p0, u);
-    Subtract(p2, p0, w);
-    UnitCross(u, w, out);
+    UnitNormal(p0, p1, p2, out);
 }
 
 float CKivoFunctionPlotter::IntersectPlane(const float* origin, const float* dir, const float* p0,
                                            const float* p1, const float* p2, float* hit) {
-    float n[3];
-    CalNormal(p0, p1, p2, n);
-    const float planeDistance = n[0] * p0[0] + n[1] * p0[1] + n[2] * p0[2];
-    const float originDistance = n[0] * origin[0] + n[1] * origin[1] + n[2] * origin[2];
-    const float slope = n[0] * dir[0] + n[1] * dir[1] + n[2] * dir[2];
-    const float t = (planeDistance - originDistance) / slope;
-    for (int i = 0; i < 3; ++i)
-        hit[i] = origin[i] + t * dir[i];
-    return t;
+    return MeetPlane(origin, dir, p0, p1, p2, hit);
 }
 
 float CKivoFunctionPlotter::IntersectPlane(const float* origin, const float* dir, const float* p0,
                                            const float* p1, const float* p2, float* hit, bool* inside) {
-    const float t = IntersectPlane(origin, dir, p0, p1, p2, hit);
-    *inside = false;
-
-    float n[3], c[3];
-    CalNormal(p0, p1, p2, n);
-    // Each test rejects on a value below zero only, so that one without a number does not.
-    CalNormal(p0, p1, hit, c);
-    if (DotProduct(n, c) < 0.0) return t;
-    CalNormal(p1, p2, hit, c);
-    if (DotProduct(n, c) < 0.0) return t;
-    CalNormal(p2, p0, hit, c);
-    if (DotProduct(n, c) < 0.0) return t;
-    *inside = true;
-    return t;
+    return MeetTriangle(origin, dir, p0, p1, p2, hit, inside);
 }
 
 double CKivoFunctionPlotter::DotProduct(const float* a, const float* b) {
-    double sum = 0.0;
-    for (int i = 0; i < 3; ++i)
-        sum += static_cast<double>(a[i]) * static_cast<double>(b[i]);
-    return sum;
+    return WideDotProduct(a, b);
 }
 
 // ---- View volume and camera -----------------------------------------------------------------------------
@@ -486,6 +445,8 @@ void CKivoFunctionPlotter::OnMouseMove(unsigned int flags, POINT pt) {
             Rotate(last, pt);
     } else if (!m_traceEnabled || m_plotType != 0) {
         return;
+    } else {
+        Trace(pt);
     }
     Renderscene();
 }
@@ -633,6 +594,96 @@ bool CKivoFunctionPlotter::IsScreenPointInViewport(POINT pt) {
 
 bool CKivoFunctionPlotter::IsClientPointInViewport(POINT pt) {
     return IsWithin(pt.x, 0, m_plotViewport[2]) && IsWithin(pt.y, 0, m_plotViewport[3]);
+}
+
+// ---- Trace ----------------------------------------------------------------------------------------------
+
+int CKivoFunctionPlotter::Trace(bool enable) {
+    m_traceEnabled = enable;
+    if (!enable) m_hasTracePoint = 0;
+    return 0;
+}
+
+bool CKivoFunctionPlotter::IsTracing() const {
+    return m_traceEnabled;
+}
+
+bool CKivoFunctionPlotter::GetTracePoint(float* const out) {
+    if (m_hasTracePoint == 0) return false;
+    VectorAssign3(out, m_tracePoint);
+    return true;
+}
+
+void CKivoFunctionPlotter::FindLineOfSight(POINT pt, float* nearPt, float* farPt) {
+    const ContextScope context(m_hDC, m_hGLRC);
+    UnProject(pt, nearPt, farPt);
+}
+
+int CKivoFunctionPlotter::Trace(POINT pt) {
+    float nearPt[3] = {}, farPt[3] = {};
+    FindLineOfSight(pt, nearPt, farPt);
+    if (!IsIntersectWithBoundingBox(nearPt, farPt)) return 1;
+    if (!HasReadablePoints()) return 1;
+
+    const float length = Distance(nearPt, farPt);
+    float dir[3];
+    NormalVector(nearPt, farPt, dir);
+    // With hits beyond the limit alone there is a trace point, and it is the one from before.
+    if (PickSurface(Grid(), nearPt, dir, length, m_tracePoint) == PickResult::nothing) return 1;
+    m_hasTracePoint = 1;
+    return 0;
+}
+
+int CKivoFunctionPlotter::Trace_New(POINT pt) {
+    float nearPt[3] = {}, farPt[3] = {};
+    FindLineOfSight(pt, nearPt, farPt);
+    IsIntersectWithBoundingBox(nearPt, farPt);
+    return 1;
+}
+
+bool CKivoFunctionPlotter::IsIntersectWithBoundingBox(const float* const nearPt, const float* const farPt) {
+    m_hasTracePoint = 0;
+    float dir[3];
+    NormalVector(nearPt, farPt, dir);
+    return MeetsBox(nearPt, dir, m_boundingBoxMin, m_boundingBoxMax);
+}
+
+bool CKivoFunctionPlotter::SelectTriangle(POINT, float*, float*, float*) {
+    return false;
+}
+
+void CKivoFunctionPlotter::RenderTracePoints() {
+    if (m_hasTracePoint == 0) return;
+    constexpr float magenta[] = {1.0f, 0.05f, 1.0f, 1.0f};
+    glColor4fv(magenta);
+    DrawPointMarker(m_tracePoint[0], m_tracePoint[1], m_tracePoint[2], MarkerSize(1.0), m_axisScale);
+}
+
+void CKivoFunctionPlotter::RenderTraceLegend() {
+    if (m_hasTracePoint == 0 || !m_textRenderer) return;
+    std::string text = "(";
+    for (int i = 0; i < 3; ++i)
+        text += FormatNumber(m_tracePoint[i], 3) + (i < 2 ? ", " : ")");
+    SKivoTexImage image;
+    CreateTextImage(m_textRenderer, text.c_str(), &image);
+
+    // Both margins are a hundredth of the width, and both sides are measured by the width of a pixel.
+    const float margin = static_cast<float>((m_viewRight - m_viewLeft) * 0.01);
+    const float pixel = static_cast<float>(PixelToWorld(1.0));
+    const float centre[] = {0.5f * static_cast<float>(image.width) * pixel,
+                            0.5f * static_cast<float>(image.height) * pixel, 0.0f};
+    constexpr float toTheRight[] = {1, 0, 0};
+    constexpr float upwards[] = {0, 1, 0};
+    {
+        const MatrixModeScope modelView(GL_MODELVIEW);
+        glPushMatrix();
+        glLoadIdentity();
+        glTranslatef(static_cast<float>(m_viewLeft) + margin, static_cast<float>(m_viewBottom) + margin,
+                     0.0f);
+        DrawTexturedQuad(centre, toTheRight, upwards, pixel, pixel, image);
+        glPopMatrix();
+    }
+    ReleaseTextImage(&image);
 }
 
 } // namespace KivoDrawingTools

@@ -144,7 +144,10 @@ BOOL wglDeleteContext(HGLRC context) {
     if (bound && bound != &Binding())
         return Fail(ERROR_BUSY,
                     "wglDeleteContext: the context is current in another thread; unbind it there first.");
-    if (bound) UnbindThread();
+    if (wglGetCurrentContext() == context)
+        UnbindThread();
+    else if (bound)
+        Binding().Forget(); // a host has bound another context since
     delete context;
     return 1;
 }

@@ -45,10 +45,10 @@ private:
     CairoContext m_context;
 };
 
-Smoothing SmoothingOf(const LOGFONTA& font) {
-    constexpr BYTE NONANTIALIASED = 3;
-    return font.lfQuality == NONANTIALIASED ? Smoothing::None : Smoothing::Grey;
-}
+/// Glyphs in bitmaps are drawn in one bit, as the small sizes of the face that is asked for are on Windows:
+/// partly covered pixels would close the counters of bold digits when the picture is reduced to text and
+/// ground.
+constexpr Smoothing bitmapSmoothing = Smoothing::None;
 
 /// The rectangle within the range that Cairo can count in.
 RECT Drawable(const RECT& rect) {
@@ -69,7 +69,7 @@ void DrawLine(cairo_t* canvas, const TextLine& line, const RECT& area, int y, UI
 
 int DrawSingleLine(cairo_t* canvas, const LOGFONTA& font, std::string_view text, const RECT& area,
                    UINT format) {
-    const TextLine line(font, text, SmoothingOf(font));
+    const TextLine line(font, text, bitmapSmoothing);
     const int top = (format & DT_BOTTOM) != 0 ? area.bottom - line.Height() : area.top;
     DrawLine(canvas, line, area, top, format);
     return top + line.Height() - area.top;
@@ -79,7 +79,7 @@ int DrawLines(cairo_t* canvas, const LOGFONTA& font, std::string_view text, cons
     int y = area.top;
     for (const auto part : SplitLines(text)) {
         if (y >= area.bottom) break; // a text of very many lines must not take very long
-        const TextLine line(font, part, SmoothingOf(font));
+        const TextLine line(font, part, bitmapSmoothing);
         DrawLine(canvas, line, area, y, format);
         y += line.Height();
     }
@@ -125,7 +125,7 @@ BOOL GetTextExtentPoint32A(HDC dc, const char* text, int length, SIZE* size) {
                     "pass all three.");
     const std::string_view whole(text ? text : "", static_cast<std::size_t>(length));
     const LOGFONTA& font = live->font->description;
-    const TextLine line(font, whole, SmoothingOf(font));
+    const TextLine line(font, whole, bitmapSmoothing);
     *size = {line.Width(), line.Height()};
     return 1;
 }

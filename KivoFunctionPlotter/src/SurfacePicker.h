@@ -1,0 +1,26 @@
+// Where a line of sight meets a surface.
+#pragma once
+
+#include "GridView.h"
+
+namespace KivoDrawingTools {
+
+/// Whether an infinite line meets a box, faces and edges included.
+/// @param boxMin, boxMax  three floats each
+bool MeetsBox(const float* origin, const float* dir, const float* boxMin, const float* boxMax);
+
+/// What a line of sight met.
+enum class PickResult {
+    nothing,  ///< no triangle
+    triangle, ///< the hit is the nearest one
+    beyond    ///< triangles, but none nearer than the limit: there is no hit
+};
+
+/// The nearest point on the triangles of a grid, two a cell, split from (c, r) to (c + 1, r + 1). Cells are
+/// visited row by row; of equally distant triangles the first counts. One before the origin has a negative
+/// distance and wins.
+/// @param limit  distances have to be below it, in multiples of dir
+/// @param hit    receives x, y, z with PickResult::triangle, else it is left alone
+PickResult PickSurface(const GridView& grid, const float* origin, const float* dir, float limit, float* hit);
+
+} // namespace KivoDrawingTools
