@@ -1,0 +1,145 @@
+// ESRI ASCII grids.
+#include "GridFormats.h"
+#include "Numbers.h"
+
+#include <algorithm>
+#include <limits>
+#include <optional>
+#include <utility>
+
+namespace KivoViewer {
+
+namespace {
+
+// An entry of the header, with the line that it stands in.
+struct Entry {
+    const char* name;
+    bool corner = false; // gives the corner of the first cell, not its centre
+    std::optional<double> value = std::nullopt;
+    std::size_t line = 0;
+};
+
+struct Header {
+    Entry columns{"ncols"};
+    Entry rows{"nrows"};
+    Entry x{"xllcorner"};
+    Entry y{"yllcorner"};
+    Entry cell{"cellsize"};
+    Entry noData{"nodata_value", false, -9999.0};
+};
+
+std::string LowerCase(std::string_view text) {
+    std::string result(text);
+    std::transform(result.begin(), result.end(), result.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+    return result;
+}
+
+Entry* FindEntry(Header& header, const std::string& name) {
+    for (Entry* entry : {&header.x, &header.y}) {
+        const std::string axis(entry->name, 3); // xll or yll
+        if (name != axis + "corner" && name != axis + "center") continue;
+        entry->corner = name == axis + "corner";
+        return entry;
+    }
+    for (Entry* entry : {&header.columns, &header.rows, &header.cell, &header.noData})
+        if (name == entry->name) return entry;
+    return nullptr;
+}
+
+void ReadEntry(const TextLines& lines, const std::vector<std::string_view>& fields, Header& header) {
+    Entry* const entry = FindEntry(header, LowerCase(fields[0]));
+    if (!entry) lines.Fail("unknown header entry " + Quoted(fields[0]));
+    if (entry->line != 0) lines.Fail("a second entry " + Quoted(fields[0]));
+    if (fields.size() != 2) lines.Fail("expected one value after " + Quoted(fields[0]));
+    // The mark of missing values need not fit single precision, nor be a number that compares.
+    entry->value = entry == &header.noData ? ParseNumber(fields[1]) : NumberIn(lines, fields[1]);
+    if (!entry->value) lines.Fail("not a number: " + Quoted(fields[1]));
+    entry->line = lines.Number();
+    const bool isCount = entry == &header.columns || entry == &header.rows;
+    if (isCount && ParseCount(fields[1]).value_or(0) < 2)
+        lines.Fail(std::string(entry->name) + " must be a whole number of at least 2");
+    if (entry == &header.cell && !(*entry->value > 0.0)) lines.Fail("cellsize must be positive");
+}
+
+// Leaves the first line of values as the current one.
+Header ReadHeader(TextLines& lines, std::vector<std::string_view>& fields) {
+    Header header;
+    while (true) {
+        if (!lines.Next()) lines.Fail("no values after the header");
+        SplitFields(lines.Line(), ' ', fields);
+        if (ParseNumber(fields[0])) break;
+        ReadEntry(lines, fields, header);
+    }
+    for (const Entry* entry : {&header.columns, &header.rows, &header.x, &header.y, &header.cell})
+        if (!entry->value) lines.Fail(std::string("the header lacks ") + entry->name);
+    const double points = *header.columns.value * *header.rows.value;
+    if (points > static_cast<double>(maxPointCount))
+        lines.FailAt(header.rows.line,
+                     "too many points; at most " + std::to_string(maxPointCount) + " can be shown");
+    return header;
+}
+
+// The mark is often written with more digits in the header than among the values.
+bool IsSame(double number, double noData) {
+    if (number == noData) return true;
+    return FitsSinglePrecision(number) && FitsSinglePrecision(noData) &&
+           static_cast<float>(number) == static_cast<float>(noData);
+}
+
+void ReadRow(const TextLines& lines, const std::vector<std::string_view>& fields, double noData,
+             std::vector<float>& z) {
+    constexpr float hole = std::numeric_limits<float>::quiet_NaN();
+    for (const std::string_view field : fields) {
+        const std::optional<double> number = ParseNumber(field);
+        z.push_back(number && IsSame(*number, noData) ? hole : ValueIn(lines, field));
+    }
+}
+
+// Centres of the cells along an axis.
+std::vector<double> Centres(const TextLines& lines, const Entry& start, const Entry& cell,
+                            std::size_t count) {
+    std::vector<double> centres;
+    for (std::size_t i = 0; i < count; ++i) {
+        centres.push_back(*start.value + (static_cast<double>(i) + (start.corner ? 0.5 : 0.0)) * *cell.value);
+        if (!IsLastInOrder(centres))
+            lines.FailAt(cell.line,
+                         "the cells are too small for coordinates of this size in single precision");
+    }
+    return centres;
+}
+
+} // namespace
+
+bool IsAsciiGridHeader(std::string_view line) {
+    std::vector<std::string_view> fields;
+    SplitFields(line, ' ', fields);
+    Header header;
+    return !fields.empty() && FindEntry(header, LowerCase(fields[0])) != nullptr;
+}
+
+GridData ReadAsciiGrid(TextLines& lines) {
+    std::vector<std::string_view> fields;
+    const Header header = ReadHeader(lines, fields);
+    const auto columns = static_cast<std::size_t>(*header.columns.value);
+    const auto rows = static_cast<std::size_t>(*header.rows.value);
+    const std::vector<double> x = Centres(lines, header.x, header.cell, columns);
+    std::vector<double> y = Centres(lines, header.y, header.cell, rows);
+    std::reverse(y.begin(), y.end()); // the northernmost row comes first
+
+    std::vector<float> z;
+    std::size_t row = 0;
+    do {
+        if (row == rows) lines.Fail("more than " + std::to_string(rows) + " rows");
+        SplitFields(lines.Line(), ' ', fields);
+        if (fields.size() != columns)
+            lines.Fail("expected " + std::to_string(columns) + " values, found " +
+                       std::to_string(fields.size()));
+        ReadRow(lines, fields, *header.noData.value, z);
+        ++row;
+    } while (lines.Next());
+    if (row != rows) lines.Fail("expected " + std::to_string(rows) + " rows, found " + std::to_string(row));
+    return MakeGrid(lines, x, y, std::move(z));
+}
+
+} // namespace KivoViewer

@@ -1,0 +1,101 @@
+#include "FormulaGrid.h"
+
+#include "Failure.h"
+#include "Numbers.h"
+
+#include <muParser.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <regex>
+#include <vector>
+
+namespace KivoViewer {
+
+namespace {
+
+std::vector<float> Coordinates(const Range& range) {
+    const double low = std::min(range.from, range.to);
+    const double high = std::max(range.from, range.to);
+    std::vector<float> coordinates;
+    for (std::size_t i = 0; i < range.count; ++i) {
+        const double share = static_cast<double>(i) / static_cast<double>(range.count - 1);
+        coordinates.push_back(static_cast<float>(low + (high - low) * share));
+        if (i > 0 && !(coordinates[i] > coordinates[i - 1]))
+            throw Failure("the range is too narrow for " + std::to_string(range.count) +
+                          " values in single precision");
+    }
+    return coordinates;
+}
+
+// muParser names the place in some of its messages only, and counts it from 0.
+std::string Words(const mu::ParserError& error, const std::string& formula) {
+    std::string words =
+        std::regex_replace(error.GetMsg(), std::regex("( found)? at (expression )?position [0-9]+|\\.$"), "");
+    if (error.GetPos() >= 0)
+        words += " at position " + std::to_string(std::min<std::size_t>(error.GetPos(), formula.size()) + 1);
+    return words;
+}
+
+float ValueOf(mu::Parser& parser) {
+    const double value = parser.Eval();
+    return FitsSinglePrecision(value) ? static_cast<float>(value) : std::numeric_limits<float>::quiet_NaN();
+}
+
+void Evaluate(const std::string& formula, GridData& grid) {
+    double x = 0.0;
+    double y = 0.0;
+    mu::Parser parser;
+    parser.DefineVar("x", &x);
+    parser.DefineVar("y", &y);
+    parser.DefineConst("pi", std::acos(-1.0));
+    parser.DefineConst("e", std::exp(1.0));
+    parser.EnableOptimizer(true);
+    parser.SetExpr(formula);
+    parser.Eval();
+    if (parser.GetNumResults() != 1)
+        throw Failure("formula: one value is needed, not several parted by commas");
+    for (const float row : grid.y)
+        for (const float column : grid.x) {
+            x = static_cast<double>(column); // anew each time: a formula may assign to its variables
+            y = static_cast<double>(row);
+            grid.z.push_back(ValueOf(parser));
+        }
+}
+
+} // namespace
+
+Range ParseRange(const std::string& text) {
+    const std::size_t first = text.find(':');
+    const std::size_t second = first == std::string::npos ? first : text.find(':', first + 1);
+    if (second == std::string::npos) throw Failure("expected from:to:count, found " + text);
+    const auto from = ParseNumber(text.substr(0, first));
+    const auto to = ParseNumber(text.substr(first + 1, second - first - 1));
+    const auto count = ParseCount(text.substr(second + 1));
+    if (!from || !to || !FitsSinglePrecision(*from) || !FitsSinglePrecision(*to))
+        throw Failure("expected two numbers in " + text);
+    if (*from == *to) throw Failure("the range is empty: " + text);
+    if (!count || *count < 2 || *count > maxPointCount / 2)
+        throw Failure("expected a count from 2 to " + std::to_string(maxPointCount / 2) + " in " + text);
+    return {*from, *to, *count};
+}
+
+GridData MakeFormulaGrid(const std::string& formula, const Range& x, const Range& y) {
+    if (x.count > maxPointCount / y.count)
+        throw Failure("too many points; at most " + std::to_string(maxPointCount) + " can be shown");
+    GridData grid;
+    grid.x = Coordinates(x);
+    grid.y = Coordinates(y);
+    grid.title = "z = " + formula;
+    try {
+        Evaluate(formula, grid);
+    } catch (const mu::ParserError& error) {
+        throw Failure("formula: " + Words(error, formula));
+    }
+    if (std::none_of(grid.z.begin(), grid.z.end(), [](float value) { return std::isfinite(value); }))
+        throw Failure("formula: no finite value in this range");
+    return grid;
+}
+
+} // namespace KivoViewer

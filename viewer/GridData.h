@@ -1,0 +1,25 @@
+// The grid of points that the viewer shows.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace KivoViewer {
+
+/// The most points that a grid may have: what the plot makes of them then still fits a desktop's memory.
+constexpr std::size_t maxPointCount = std::size_t{1} << 24;
+
+/// A rectangular grid; x and y rise. A value that is not a number is a hole.
+struct GridData {
+    std::vector<float> x; ///< of the columns
+    std::vector<float> y; ///< of the rows
+    std::vector<float> z; ///< row by row, x.size() values each
+    std::string title;    ///< of the plot
+    std::string axisTitles[3] = {"X", "Y", "Z"};
+
+    std::size_t ColumnCount() const { return x.size(); }
+    std::size_t RowCount() const { return y.size(); }
+};
+
+} // namespace KivoViewer

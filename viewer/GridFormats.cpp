@@ -1,0 +1,89 @@
+#include "GridFormats.h"
+
+#include "Failure.h"
+#include "Numbers.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <utility>
+
+namespace KivoViewer {
+
+namespace {
+
+std::vector<float> ToFloats(const std::vector<double>& numbers) {
+    std::vector<float> floats;
+    floats.reserve(numbers.size());
+    for (const double number : numbers)
+        floats.push_back(static_cast<float>(number));
+    return floats;
+}
+
+double AnyNumberIn(const TextLines& lines, std::string_view field) {
+    const std::optional<double> number = ParseNumber(field);
+    if (!number) lines.Fail("not a number: " + Quoted(field));
+    if (std::isfinite(*number) && !FitsSinglePrecision(*number))
+        lines.Fail("number beyond single precision: " + Quoted(field));
+    return *number;
+}
+
+} // namespace
+
+std::string Quoted(std::string_view field) {
+    constexpr std::size_t limit = 40;
+    if (field.size() <= limit) return '"' + std::string(field) + '"';
+    return '"' + std::string(field.substr(0, limit)) + "...\"";
+}
+
+double NumberIn(const TextLines& lines, std::string_view field) {
+    const double number = AnyNumberIn(lines, field);
+    if (!std::isfinite(number)) lines.Fail("a finite number is needed here: " + Quoted(field));
+    return number;
+}
+
+float ValueIn(const TextLines& lines, std::string_view field) {
+    constexpr float hole = std::numeric_limits<float>::quiet_NaN();
+    if (field.empty()) return hole;
+    const double number = AnyNumberIn(lines, field);
+    return std::isfinite(number) ? static_cast<float>(number) : hole;
+}
+
+bool IsLastInOrder(const std::vector<double>& coordinates) {
+    const std::size_t size = coordinates.size();
+    if (size < 2) return true;
+    const auto last = static_cast<float>(coordinates[size - 1]);
+    const auto previous = static_cast<float>(coordinates[size - 2]);
+    return coordinates[1] > coordinates[0] ? last > previous : last < previous;
+}
+
+GridData MakeGrid(const TextLines& lines, const std::vector<double>& x, const std::vector<double>& y,
+                  std::vector<float> z) {
+    const std::size_t columns = x.size();
+    const std::size_t rows = y.size();
+    if (columns < 2 || rows < 2)
+        throw Failure(lines.Name() + ": a surface needs at least 2 x 2 points, found " +
+                      std::to_string(columns) + " x " + std::to_string(rows));
+    if (std::none_of(z.begin(), z.end(), [](float value) { return std::isfinite(value); }))
+        throw Failure(lines.Name() + ": every value is missing");
+
+    GridData grid;
+    grid.x = ToFloats(x);
+    grid.y = ToFloats(y);
+    grid.z = std::move(z);
+    grid.title = lines.Name().substr(lines.Name().find_last_of('/') + 1);
+    const auto row = [&](std::size_t r) { return grid.z.begin() + static_cast<std::ptrdiff_t>(r * columns); };
+    if (x[1] < x[0]) {
+        std::reverse(grid.x.begin(), grid.x.end());
+        for (std::size_t r = 0; r < rows; ++r)
+            std::reverse(row(r), row(r + 1));
+    }
+    if (y[1] < y[0]) {
+        std::reverse(grid.y.begin(), grid.y.end());
+        for (std::size_t r = 0; r < rows / 2; ++r)
+            std::swap_ranges(row(r), row(r + 1), row(rows - 1 - r));
+    }
+    return grid;
+}
+
+} // namespace KivoViewer

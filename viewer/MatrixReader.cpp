@@ -1,0 +1,56 @@
+// Matrices of values.
+#include "GridFormats.h"
+
+#include <utility>
+
+namespace KivoViewer {
+
+namespace {
+
+std::vector<double> NumbersIn(const TextLines& lines, const std::vector<std::string_view>& fields,
+                              std::size_t first) {
+    std::vector<double> numbers;
+    for (std::size_t i = first; i < fields.size(); ++i) {
+        numbers.push_back(NumberIn(lines, fields[i]));
+        if (!IsLastInOrder(numbers)) lines.Fail("the x values must rise or fall from column to column");
+    }
+    return numbers;
+}
+
+std::vector<double> CountingFrom0(std::size_t count) {
+    std::vector<double> numbers(count);
+    for (std::size_t i = 0; i < count; ++i)
+        numbers[i] = static_cast<double>(i);
+    return numbers;
+}
+
+} // namespace
+
+GridData ReadMatrix(TextLines& lines) {
+    lines.Next();
+    const char separator = FieldSeparator(lines.Line());
+    std::vector<std::string_view> fields;
+    SplitFields(lines.Line(), separator, fields);
+    const std::size_t width = fields.size();
+    const bool hasCoordinates = separator != ' ' && fields[0].empty();
+    const std::size_t first = hasCoordinates ? 1 : 0; // field of the first value
+    const std::vector<double> x = hasCoordinates ? NumbersIn(lines, fields, 1) : CountingFrom0(width);
+    std::vector<double> y;
+    std::vector<float> z;
+    if (hasCoordinates && !lines.Next()) lines.Fail("no values after the x values");
+    do {
+        SplitFields(lines.Line(), separator, fields);
+        if (fields.size() != width)
+            lines.Fail("expected " + std::to_string(width - first) + " values, found " +
+                       std::to_string(fields.size() - first));
+        y.push_back(hasCoordinates ? NumberIn(lines, fields[0]) : static_cast<double>(y.size()));
+        if (!IsLastInOrder(y)) lines.Fail("the y values must rise or fall from row to row");
+        for (std::size_t i = first; i < width; ++i)
+            z.push_back(ValueIn(lines, fields[i]));
+        if (z.size() > maxPointCount)
+            lines.Fail("too many points; at most " + std::to_string(maxPointCount) + " can be shown");
+    } while (lines.Next());
+    return MakeGrid(lines, x, y, std::move(z));
+}
+
+} // namespace KivoViewer

@@ -1,0 +1,42 @@
+#include "Numbers.h"
+
+#include <charconv>
+#include <cmath>
+#include <system_error>
+
+namespace KivoViewer {
+
+namespace {
+
+template <typename Number>
+std::optional<Number> ParseWhole(std::string_view text) {
+    if (text.size() > 1 && text[0] == '+' && text[1] != '-') text.remove_prefix(1);
+    Number number = 0;
+    const char* const end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, number);
+    if (error != std::errc() || stop != end) return std::nullopt;
+    return number;
+}
+
+} // namespace
+
+std::optional<double> ParseNumber(std::string_view text) {
+    return ParseWhole<double>(text);
+}
+
+std::optional<unsigned long> ParseCount(std::string_view text) {
+    return ParseWhole<unsigned long>(text);
+}
+
+bool FitsSinglePrecision(double number) {
+    constexpr double firstTooLarge = 0x1.ffffffp127; // what lies below rounds to the largest float
+    return std::abs(number) < firstTooLarge;         // false for what is not a number
+}
+
+std::string_view Trimmed(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(" \t");
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+}
+
+} // namespace KivoViewer

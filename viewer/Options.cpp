@@ -1,0 +1,105 @@
+#include "Options.h"
+
+#include "Failure.h"
+#include "Numbers.h"
+
+#include <CLI/CLI.hpp>
+
+namespace KivoViewer {
+
+namespace {
+
+constexpr int maxSize = 16384;
+
+const char* const footer =
+    "Without data the viewer shows a sample terrain.\n"
+    "Drag with the right mouse button to turn, with Shift to move, with Ctrl to zoom; the wheel\n"
+    "zooms too; keys 0 to 3 choose the 3-D plot and the flat plots XY, YZ and XZ.";
+
+// Where the command line goes before it is checked as a whole.
+struct Words {
+    std::string x;
+    std::string y;
+    std::string size;
+};
+
+void Describe(CLI::App& app, Options& options, Words& words) {
+    app.set_version_flag("--version", std::string("kivo-viewer ") + KIVO_VERSION);
+    app.footer(footer);
+    auto* const file =
+        app.add_option("FILE", options.file, "Grid of points: ESRI ASCII grid, XYZ or CSV matrix");
+    auto* const function =
+        app.add_option("--function", options.function, "Formula such as \"sin(x)*cos(y)\"");
+    auto* const picture =
+        app.add_option("--picture", options.picture, "Write the plot to a file; needs no display");
+    auto* const dpi =
+        app.add_option("--dpi", options.dpi, "Dots per inch that the picture's text is sized for (96)");
+    file->type_name("");
+    function->type_name("FORMULA")->excludes(file);
+    app.add_option("--x", words.x, "Values of x, -3:3:61 without")
+        ->type_name("FROM:TO:COUNT")
+        ->needs(function);
+    app.add_option("--y", words.y, "Values of y, -3:3:61 without")
+        ->type_name("FROM:TO:COUNT")
+        ->needs(function);
+    picture->type_name("FILE.png");
+    app.add_option("--size", words.size,
+                   "Size of the picture or the window's plot in pixels, 1200x800 without")
+        ->type_name("WIDTHxHEIGHT");
+    app.add_option("--mode", options.mode, "0: 3-D plot, 1: XY, 2: YZ, 3: XZ")->check(CLI::Range(0, 3));
+    dpi->needs(picture)->check(CLI::Range(1, 1200));
+}
+
+int ParseLength(const std::string& text) {
+    const auto length = ParseCount(text);
+    const bool fits = length && *length >= 1 && *length <= maxSize;
+    return fits ? static_cast<int>(*length) : 0;
+}
+
+void ParseSize(const std::string& text, Options& options) {
+    const std::size_t cross = text.find('x');
+    if (cross != std::string::npos) {
+        options.width = ParseLength(text.substr(0, cross));
+        options.height = ParseLength(text.substr(cross + 1));
+    }
+    if (cross == std::string::npos || options.width == 0 || options.height == 0)
+        throw Failure("--size: expected WIDTHxHEIGHT of 1 to " + std::to_string(maxSize) + " each, found " +
+                      text);
+}
+
+Range RangeOf(const std::string& option, const std::string& text) {
+    try {
+        return ParseRange(text);
+    } catch (const Failure& failure) {
+        throw Failure(option + ": " + failure.what());
+    }
+}
+
+} // namespace
+
+Options ParseOptions(int argc, const char* const* argv) {
+    Options options;
+    Words words;
+    CLI::App app("Shows a surface z = f(x, y) as a 3-D plot.", "kivo-viewer");
+    Describe(app, options, words);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::CallForHelp&) {
+        options.information = app.help();
+    } catch (const CLI::CallForVersion& version) {
+        options.information = version.what();
+    } catch (const CLI::ParseError& error) {
+        throw Failure(std::string(error.what()) + "; kivo-viewer --help lists the options");
+    }
+    if (!options.information.empty()) return options;
+    // What is given empty was given by mistake, often an unset variable of a script.
+    for (const char* const name : {"FILE", "--function", "--picture"})
+        if (app.count(name) > 0 && app[name]->as<std::string>().empty())
+            throw Failure(std::string(name) + ": empty");
+    if (app.count("--x") > 0) options.x = RangeOf("--x", words.x);
+    if (app.count("--y") > 0) options.y = RangeOf("--y", words.y);
+    if (app.count("--size") > 0) ParseSize(words.size, options);
+    return options;
+}
+
+} // namespace KivoViewer

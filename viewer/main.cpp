@@ -1,0 +1,80 @@
+// kivo-viewer: shows a surface z = f(x, y) in a window, or draws it into a file.
+#include "Display.h"
+#include "Failure.h"
+#include "FormulaGrid.h"
+#include "GridReader.h"
+#include "MainWindow.h"
+#include "Options.h"
+#include "PictureMode.h"
+
+#include <QApplication>
+#include <QFile>
+
+#include <algorithm>
+#include <clocale>
+#include <cstdio>
+#include <exception>
+#include <iterator>
+#include <new>
+
+namespace {
+
+using namespace KivoViewer;
+
+GridData ReadSample() {
+    QFile file(":/samples/terrain.asc");
+    if (!file.open(QIODevice::ReadOnly)) throw Failure("the sample terrain is missing from the program");
+    GridData grid = ReadGrid(file.readAll().toStdString(), "terrain.asc");
+    grid.title = "Cumberland Mountains";
+    const char* const axisTitles[] = {"East [km]", "North [km]", "Elevation [m]"};
+    std::copy(std::begin(axisTitles), std::end(axisTitles), std::begin(grid.axisTitles));
+    return grid;
+}
+
+GridData LoadGrid(const Options& options) {
+    if (!options.function.empty()) return MakeFormulaGrid(options.function, options.x, options.y);
+    if (!options.file.empty()) return ReadGridFile(options.file);
+    return ReadSample();
+}
+
+int RunWindow(char* program, const GridData& grid, const Options& options) {
+    ChooseDisplay();
+    // The plot is the only window of its own inside the main window.
+    QApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
+    int count = 1;
+    char* arguments[] = {program, nullptr}; // the command line is not Qt's
+    QApplication application(count, arguments);
+    std::setlocale(LC_NUMERIC, "C"); // the plot's numbers are the same everywhere
+    MainWindow window(grid, options);
+    window.show();
+    return QApplication::exec();
+}
+
+int Run(int argc, char** argv) {
+    const Options options = ParseOptions(argc, argv);
+    if (!options.information.empty()) {
+        std::printf("%s\n", options.information.c_str());
+        return 0;
+    }
+    const GridData grid = LoadGrid(options);
+    if (options.picture.empty()) return RunWindow(argv[0], grid, options);
+    WritePicture(grid, options);
+    return 0;
+}
+
+int Complain(const char* reason) {
+    std::fprintf(stderr, "kivo-viewer: %s\n", OneLine(reason).c_str());
+    return 2;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return Run(argc, argv);
+    } catch (const std::bad_alloc&) {
+        return Complain("not enough memory");
+    } catch (const std::exception& error) {
+        return Complain(error.what());
+    }
+}
