@@ -350,7 +350,10 @@ TEST_F(X11WindowTest, ReplacesAndUnbindsAHostsGlxContext) {
     int attributes[] = {4 /* GLX_RGBA */, 5 /* GLX_DOUBLEBUFFER */, 0};
     void* const visual =
         HostGlxLibrary::Find<void* (*)(void*, int, int*)>(host.gl, "glXChooseVisual")(display, 0, attributes);
-    ASSERT_NE(nullptr, visual);
+    if (!visual) {
+        HostGlxLibrary::Find<int (*)(void*)>(host.x11, "XCloseDisplay")(display);
+        GTEST_SKIP() << "no GLX visual";
+    }
     struct VisualInfo { // the head of Xlib's XVisualInfo
         void* visual;
         unsigned long id;

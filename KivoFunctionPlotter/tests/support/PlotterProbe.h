@@ -1,0 +1,182 @@
+// A plotter whose protected half is public.
+#pragma once
+
+#include "KivoFunctionPlotter.h"
+
+namespace KivoDrawingTools {
+
+class PlotterProbe : public CKivoFunctionPlotter {
+public:
+    // Core
+    using CKivoFunctionPlotter::BeginGLOperation;
+    using CKivoFunctionPlotter::DrawScene;
+    using CKivoFunctionPlotter::EndGLOperation;
+    using CKivoFunctionPlotter::Init;
+    using CKivoFunctionPlotter::InitCustomized;
+    using CKivoFunctionPlotter::InitFont;
+    using CKivoFunctionPlotter::InitLighting;
+    using CKivoFunctionPlotter::Release;
+    using CKivoFunctionPlotter::ReleaseDataRelativeResource;
+    using CKivoFunctionPlotter::ReleaseIsoContour;
+    using CKivoFunctionPlotter::ReleaseTex;
+    using CKivoFunctionPlotter::RenderTraceGuideLines;
+    using CKivoFunctionPlotter::Reshape;
+    using CKivoFunctionPlotter::SetDCPixelFormat;
+    using CKivoFunctionPlotter::UpdateLightsPosition;
+    using CKivoFunctionPlotter::UpdateViewport;
+
+    // View geometry
+    using CKivoFunctionPlotter::CalNormal;
+    using CKivoFunctionPlotter::Distance;
+    using CKivoFunctionPlotter::DotProduct;
+    using CKivoFunctionPlotter::Interpolate;
+    using CKivoFunctionPlotter::IntersectPlane;
+    using CKivoFunctionPlotter::MatrixCopy;
+    using CKivoFunctionPlotter::MatrixMultiply;
+    using CKivoFunctionPlotter::NormalVector;
+    using CKivoFunctionPlotter::ScalarVectorMultiply3;
+    using CKivoFunctionPlotter::VectorAssign3;
+    using CKivoFunctionPlotter::VectorMatrixMultiply;
+    using CKivoFunctionPlotter::VectorMatrixMultiply3;
+    using CKivoFunctionPlotter::VectorOffset3;
+
+    using CKivoFunctionPlotter::_ApplyInverseAxisToModelViewMatrix;
+    using CKivoFunctionPlotter::ApplyBackView;
+    using CKivoFunctionPlotter::ApplyBottomView;
+    using CKivoFunctionPlotter::ApplyFrontView;
+    using CKivoFunctionPlotter::ApplyIsoView;
+    using CKivoFunctionPlotter::ApplyLeftView;
+    using CKivoFunctionPlotter::ApplyModelViewMatrix;
+    using CKivoFunctionPlotter::ApplyNormalPlotView;
+    using CKivoFunctionPlotter::ApplyRightView;
+    using CKivoFunctionPlotter::ApplyTopView;
+    using CKivoFunctionPlotter::ApplyViewVolume;
+    using CKivoFunctionPlotter::ApplyXYPlotView;
+    using CKivoFunctionPlotter::ApplyXZPlotView;
+    using CKivoFunctionPlotter::ApplyYZPlotView;
+    using CKivoFunctionPlotter::IncreaseRotation;
+    using CKivoFunctionPlotter::IncreaseScale;
+    using CKivoFunctionPlotter::IncreaseTranslation;
+    using CKivoFunctionPlotter::IncreaseZooming;
+    using CKivoFunctionPlotter::SetVolumeCenter;
+    using CKivoFunctionPlotter::UpdateBoundingBoxToViewVolume;
+    using CKivoFunctionPlotter::UpdateLegendViewVolume;
+    using CKivoFunctionPlotter::UpdateXYBoundingBoxToViewVolume;
+    using CKivoFunctionPlotter::UpdateXZBoundingBoxToViewVolume;
+    using CKivoFunctionPlotter::UpdateYZBoundingBoxToViewVolume;
+
+    using CKivoFunctionPlotter::IsClientPointInViewport;
+    using CKivoFunctionPlotter::IsClientPointInWindow;
+    using CKivoFunctionPlotter::IsScreenPointInViewport;
+    using CKivoFunctionPlotter::IsScreenPointInWindow;
+    using CKivoFunctionPlotter::PixelToUnscaledWorldX;
+    using CKivoFunctionPlotter::PixelToUnscaledWorldY;
+    using CKivoFunctionPlotter::PixelToUnscaledWorldZ;
+    using CKivoFunctionPlotter::PixelToWorld;
+    using CKivoFunctionPlotter::Project;
+    using CKivoFunctionPlotter::UnProject;
+    using CKivoFunctionPlotter::WindowToViewport;
+    using CKivoFunctionPlotter::Zoom;
+
+    // Surface
+    using CKivoFunctionPlotter::AssignColorData;
+    using CKivoFunctionPlotter::AssignFramelineIndexData;
+    using CKivoFunctionPlotter::AssignIndexData;
+    using CKivoFunctionPlotter::AssignNormalData;
+    using CKivoFunctionPlotter::AssignPositionData;
+    using CKivoFunctionPlotter::AssignTexcoordData;
+    using CKivoFunctionPlotter::CreateFramelineSKivoTexImage;
+    using CKivoFunctionPlotter::RenderSurface;
+
+    // Fields
+    using CKivoFunctionPlotter::m_axisScale;
+    using CKivoFunctionPlotter::m_backgroundColor;
+    using CKivoFunctionPlotter::m_boundingBoxMax;
+    using CKivoFunctionPlotter::m_boundingBoxMin;
+    using CKivoFunctionPlotter::m_clientHeight;
+    using CKivoFunctionPlotter::m_colorArray;
+    using CKivoFunctionPlotter::m_columnCount;
+    using CKivoFunctionPlotter::m_columnStride;
+    using CKivoFunctionPlotter::m_componentCount;
+    using CKivoFunctionPlotter::m_curveColors;
+    using CKivoFunctionPlotter::m_curveData;
+    using CKivoFunctionPlotter::m_curvePointCounts;
+    using CKivoFunctionPlotter::m_curveVisible;
+    using CKivoFunctionPlotter::m_curveWidths;
+    using CKivoFunctionPlotter::m_defaultBackgroundColor;
+    using CKivoFunctionPlotter::m_flatXIsoContours;
+    using CKivoFunctionPlotter::m_flatYIsoContours;
+    using CKivoFunctionPlotter::m_flatZIsoContours;
+    using CKivoFunctionPlotter::m_fontListBase;
+    using CKivoFunctionPlotter::m_framelineColor;
+    using CKivoFunctionPlotter::m_framelineIndexArray;
+    using CKivoFunctionPlotter::m_framelineIndexCount;
+    using CKivoFunctionPlotter::m_framelineTexels;
+    using CKivoFunctionPlotter::m_framelineTexHeight;
+    using CKivoFunctionPlotter::m_framelineTexId;
+    using CKivoFunctionPlotter::m_framelineTexWidth;
+    using CKivoFunctionPlotter::m_gridBox;
+    using CKivoFunctionPlotter::m_hasTracePoint;
+    using CKivoFunctionPlotter::m_hDC;
+    using CKivoFunctionPlotter::m_hGLRC;
+    using CKivoFunctionPlotter::m_hWnd;
+    using CKivoFunctionPlotter::m_indexArray;
+    using CKivoFunctionPlotter::m_indexCount;
+    using CKivoFunctionPlotter::m_inverseXAxis;
+    using CKivoFunctionPlotter::m_inverseYAxis;
+    using CKivoFunctionPlotter::m_inverseZAxis;
+    using CKivoFunctionPlotter::m_isDataReference;
+    using CKivoFunctionPlotter::m_isoContourCount;
+    using CKivoFunctionPlotter::m_isoContourTexels;
+    using CKivoFunctionPlotter::m_isoContourTexHeight;
+    using CKivoFunctionPlotter::m_isoContourTexId;
+    using CKivoFunctionPlotter::m_isoContourTexWidth;
+    using CKivoFunctionPlotter::m_lastMouseX;
+    using CKivoFunctionPlotter::m_lastMouseY;
+    using CKivoFunctionPlotter::m_legendViewport;
+    using CKivoFunctionPlotter::m_legendViewVolume;
+    using CKivoFunctionPlotter::m_measureGroups;
+    using CKivoFunctionPlotter::m_mouseButtonDown;
+    using CKivoFunctionPlotter::m_normalArray;
+    using CKivoFunctionPlotter::m_panFractionX;
+    using CKivoFunctionPlotter::m_panFractionY;
+    using CKivoFunctionPlotter::m_plotTitle;
+    using CKivoFunctionPlotter::m_plotTitleImage;
+    using CKivoFunctionPlotter::m_plotType;
+    using CKivoFunctionPlotter::m_plotViewport;
+    using CKivoFunctionPlotter::m_pointRadiusPixelSize;
+    using CKivoFunctionPlotter::m_points;
+    using CKivoFunctionPlotter::m_rotationMatrix;
+    using CKivoFunctionPlotter::m_rowCount;
+    using CKivoFunctionPlotter::m_rowStride;
+    using CKivoFunctionPlotter::m_showFrameLines;
+    using CKivoFunctionPlotter::m_showXIsoContours;
+    using CKivoFunctionPlotter::m_showYIsoContours;
+    using CKivoFunctionPlotter::m_showZIsoContours;
+    using CKivoFunctionPlotter::m_texcoordArray;
+    using CKivoFunctionPlotter::m_textRenderer;
+    using CKivoFunctionPlotter::m_traceEnabled;
+    using CKivoFunctionPlotter::m_tracePoint;
+    using CKivoFunctionPlotter::m_useFramelineTexture;
+    using CKivoFunctionPlotter::m_useIsoContourTexture;
+    using CKivoFunctionPlotter::m_vertexCount;
+    using CKivoFunctionPlotter::m_viewBottom;
+    using CKivoFunctionPlotter::m_viewFar;
+    using CKivoFunctionPlotter::m_viewLeft;
+    using CKivoFunctionPlotter::m_viewNear;
+    using CKivoFunctionPlotter::m_viewRight;
+    using CKivoFunctionPlotter::m_viewTop;
+    using CKivoFunctionPlotter::m_viewVolumeFactor;
+    using CKivoFunctionPlotter::m_volumeTranslate;
+    using CKivoFunctionPlotter::m_xAxisTitle;
+    using CKivoFunctionPlotter::m_xColorRuler;
+    using CKivoFunctionPlotter::m_xGradientColor;
+    using CKivoFunctionPlotter::m_yAxisTitle;
+    using CKivoFunctionPlotter::m_yColorRuler;
+    using CKivoFunctionPlotter::m_yGradientColor;
+    using CKivoFunctionPlotter::m_zAxisTitle;
+    using CKivoFunctionPlotter::m_zColorRuler;
+    using CKivoFunctionPlotter::m_zGradientColor;
+};
+
+} // namespace KivoDrawingTools

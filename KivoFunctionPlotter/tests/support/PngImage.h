@@ -1,0 +1,17 @@
+// Pictures of tests as PNG files.
+#pragma once
+
+#include "Image.h"
+
+#include <string>
+
+namespace KivoTest {
+
+/// An empty image and a test failure where the file is none.
+KivoDrawingTools::Image ReadPng(const std::string& path);
+
+/// Keeps a picture for a person to look at, as <name>.png in the folder that KIVO_TEST_OUTPUT names, else in
+/// test-output.
+void KeepPng(const KivoDrawingTools::Image& image, const std::string& name);
+
+} // namespace KivoTest

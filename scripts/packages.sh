@@ -1,0 +1,39 @@
+# The Debian packages that this project needs, and their installation. To be sourced.
+
+# What building and running the library and the viewer takes.
+kivo_run_packages=(
+    g++ cmake ninja-build pkg-config
+    libegl-dev libgl-dev libopengl-dev libglu1-mesa-dev libxcb1-dev libpango1.0-dev
+    qt6-base-dev libmuparser-dev libcli11-dev libpng-dev
+    libgl1-mesa-dri libegl1 libegl-mesa0 libgl1
+    fonts-dejavu-core fonts-liberation fonts-vlgothic)
+
+# What the tests take on top of that.
+kivo_test_packages=(
+    libgtest-dev libgmock-dev googletest clang-format git
+    libx11-dev libxcb-xtest0-dev xvfb xauth
+    wine wine64 g++-mingw-w64-x86-64)
+
+# install_packages <name>...: installs those that are missing, or says what to do.
+install_packages() {
+    local missing=() name
+    for name in "$@"; do
+        dpkg-query --show --showformat='${Status}\n' "$name" 2>/dev/null | grep -q '^install ok installed$' ||
+            missing+=("$name")
+    done
+    [ ${#missing[@]} -eq 0 ] && return 0
+
+    local as_root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        if ! sudo -n true 2>/dev/null; then
+            printf '%s\n' "Some packages are missing, and installing them needs root. Run this as root, then try again:" \
+                "  apt-get install --no-install-recommends ${missing[*]}" >&2
+            return 1
+        fi
+        as_root=(sudo -n)
+    fi
+    printf 'Installing %s\n' "${missing[*]}" >&2
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get update -qq >&2 &&
+        "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+            apt-get install -y -qq --no-install-recommends "${missing[@]}" >&2
+}

@@ -1,0 +1,3 @@
+#!/usr/bin/env bash
+# Runs a command in an X server of its own, without a screen: scripts/with-display.sh <command>...
+exec env -u WAYLAND_DISPLAY xvfb-run --auto-servernum --server-args="-screen 0 1280x1024x24 +extension GLX -nolisten tcp -noreset" "$@"

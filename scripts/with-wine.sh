@@ -1,0 +1,14 @@
+#!/usr/bin/env bash
+# Runs a Windows program under Wine, with a Windows of its own: scripts/with-wine.sh <program.exe> [arguments]
+set -euo pipefail
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+export WINEPREFIX="${WINEPREFIX:-$root/build-wine}" WINEARCH=win64 WINEDEBUG="${WINEDEBUG:--all}"
+export WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe=" # no downloads, no desktop entries
+unset XDG_RUNTIME_DIR
+if [ ! -e "$WINEPREFIX/.ready" ]; then
+    mkdir -p "$WINEPREFIX"
+    wineboot --init >/dev/null 2>&1
+    wineserver --wait
+    touch "$WINEPREFIX/.ready"
+fi
+exec wine "$@"

@@ -1,0 +1,43 @@
+#!/usr/bin/env bash
+# Runs every test: ./test.sh. Ends in one line of counts; the exit status is 0 when none has failed.
+set -uo pipefail
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+cd "$root"
+. scripts/packages.sh
+. scripts/test-report.sh
+
+install_packages "${kivo_run_packages[@]}" "${kivo_test_packages[@]}" || exit 1
+export KIVO_TEST_OUTPUT="$root/build-test-output"
+rm -rf "$KIVO_TEST_OUTPUT"
+mkdir -p "$KIVO_TEST_OUTPUT"
+
+# The builds: optimised, under sanitizers, and for Windows. Warnings are errors in all of them.
+for preset in release asan mingw; do
+    check "build ($preset)" scripts/build.sh "$preset"
+done
+
+# The library's tests: without a display, in X11 windows, both again under sanitizers, and on Windows.
+export ASAN_OPTIONS=detect_leaks=1:abort_on_error=0
+export LSAN_OPTIONS="suppressions=$root/KivoFunctionPlotter/tests/support/leaks.supp:print_suppressions=0"
+export UBSAN_OPTIONS=print_stacktrace=1
+for preset in release asan; do
+    run_tests "$preset-offscreen" env -u DISPLAY -u WAYLAND_DISPLAY "build-$preset/tests/kivo-tests"
+    run_tests "$preset-x11" scripts/with-display.sh "build-$preset/tests/kivo-tests"
+done
+run_tests viewer-command env -u DISPLAY -u WAYLAND_DISPLAY build-asan/tests/kivo-viewer-tests --gtest_filter='-*Window*'
+run_tests viewer-window scripts/with-display.sh build-release/tests/kivo-viewer-tests --gtest_filter='*Window*'
+run_tests windows scripts/with-display.sh scripts/with-wine.sh build-mingw/tests/kivo-tests.exe
+
+# What cannot be said in one program.
+check "pictures of X11, off-screen and Windows agree" scripts/with-display.sh scripts/compare-platforms.sh
+check "Windows host" scripts/with-display.sh scripts/with-wine.sh build-mingw/examples/win32_host.exe --frames 3
+check "X11 host" scripts/with-display.sh build-release/examples/x11_host --frames 3
+check "off-screen picture" env -u DISPLAY build-release/examples/offscreen_picture "$KIVO_TEST_OUTPUT/offscreen.png"
+check "installed package, shared" scripts/test-package.sh shared
+check "installed package, static" scripts/test-package.sh static
+check "README host" scripts/test-readme-host.sh
+check "exported symbols" scripts/test-exports.sh
+check "formatting" scripts/check-format.sh
+check "repository rules" scripts/check-repository.sh
+
+finish
