@@ -122,7 +122,6 @@ QAction* MainWindow::AddToggle(QMenu* menu, const QString& text, bool on,
 void MainWindow::FitTo(int plotWidth, int plotHeight) {
     const QSize plot = QSize(plotWidth, plotHeight) / devicePixelRatioF();
     resize((plot + QSize(0, menuBar()->sizeHint().height())).boundedTo(screen()->availableSize()));
-    ensurePolished();
 }
 
 void MainWindow::ShowTitle(const GridData& grid) {

@@ -8,8 +8,6 @@
 
 #include <functional>
 
-class QActionGroup;
-
 namespace KivoViewer {
 
 class PlotWidget;

@@ -106,8 +106,7 @@ void PlotWidget::mouseMoveEvent(QMouseEvent* event) {
     m_plotter.OnMouseMove(KeyState(*event), ToDevice(event->position()));
 }
 
-// One message a step, as the plotter zooms by one step a message. High-resolution wheels turn a step in many
-// small events.
+// High-resolution wheels turn a step in many small events; the plotter gets one message where a step is full.
 void PlotWidget::wheelEvent(QWheelEvent* event) {
     m_wheelAngle += event->angleDelta().y();
     const int steps = m_wheelAngle / wheelStep;

@@ -53,14 +53,12 @@ struct POINT {
     std::int32_t y;
 };
 
-/// Key-state bits of the mouse messages that a host forwards.
-enum MouseKeyState : unsigned int {
-    MK_LBUTTON = 0x0001, ///< left button down
-    MK_RBUTTON = 0x0002, ///< right button down
-    MK_SHIFT = 0x0004,   ///< a Shift key down
-    MK_CONTROL = 0x0008, ///< a Ctrl key down
-    MK_MBUTTON = 0x0010  ///< middle button down
-};
+// Key-state bits of the mouse messages that a host forwards.
+constexpr unsigned int MK_LBUTTON = 0x0001; ///< left button down
+constexpr unsigned int MK_RBUTTON = 0x0002; ///< right button down
+constexpr unsigned int MK_SHIFT = 0x0004;   ///< a Shift key down
+constexpr unsigned int MK_CONTROL = 0x0008; ///< a Ctrl key down
+constexpr unsigned int MK_MBUTTON = 0x0010; ///< middle button down
 
 #endif
 

@@ -666,6 +666,11 @@ void CKivoFunctionPlotter::RenderTraceLegend() {
         text += FormatNumber(m_tracePoint[i], 3) + (i < 2 ? ", " : ")");
     SKivoTexImage image;
     CreateTextImage(m_textRenderer, text.c_str(), &image);
+    // Drawn pixel for pixel, but not on whole ones: unfiltered, its digits stay sharp.
+    glBindTexture(GL_TEXTURE_2D, image.texture);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
+    glBindTexture(GL_TEXTURE_2D, 0);
 
     // Both margins are a hundredth of the width, and both sides are measured by the width of a pixel.
     const float margin = static_cast<float>((m_viewRight - m_viewLeft) * 0.01);

@@ -33,12 +33,16 @@ void DrawUnitSphere() {
 
 void DrawPointMarker(float x, float y, float z, float size, const double* axisScale) {
     const MatrixModeScope modelView(GL_MODELVIEW);
+    // The scale goes into the normals too; lighting wants them of unit length whatever a marker's size is.
+    glPushAttrib(GL_ENABLE_BIT);
+    glEnable(GL_NORMALIZE);
     glPushMatrix();
     glTranslatef(x, y, z);
     glScaled(static_cast<double>(size) / axisScale[0], static_cast<double>(size) / axisScale[1],
              static_cast<double>(size) / axisScale[2]);
     DrawUnitSphere();
     glPopMatrix();
+    glPopAttrib();
 }
 
 } // namespace KivoDrawingTools

@@ -4,6 +4,7 @@
 #include "support/TestSurfaces.h"
 #include "support/TestWindow.h"
 
+#include <algorithm>
 #include <cmath>
 #include <functional>
 #include <string>
@@ -295,25 +296,31 @@ TEST_P(PlotModes, FrameLinesShowUnlessHidden) {
     EXPECT_EQ(CaptureImage(plotter).Count(IsMagenta), 0) << "the flat plots have none";
 }
 
-// The side towards the viewer hides what lies behind it.
+// Wherever a point of the surface lies, the picture shows it or something nearer.
 TEST_P(PlotModes, NearerPartsHideFartherOnes) {
-    const TestSurface steep = PlaneSurface(12, 12);
-    plotter.SetData(steep.NewArray(), 12, 12, 1, 12, 3);
-    plotter.SetFrameLineColor(0x00FF00FFul);
-    const Image image = CaptureImage(plotter);
+    const TestSurface surface = HillSurface(40, 30);
+    plotter.SetData(surface.NewArray(), 40, 30, 1, 40, 3);
+    CaptureImage(plotter);
     const CurrentContext context(plotter);
-    // A second sheet far below the first would shine through without a depth test; here the first is asked.
-    GLboolean writes = GL_FALSE;
-    glGetBooleanv(GL_DEPTH_WRITEMASK, &writes);
-    EXPECT_TRUE(writes);
-    float depth = 0;
-    float window[3];
-    const float* p = steep.Point(6, 6);
-    plotter.Project(p[0], p[1], p[2], window);
-    glReadPixels(static_cast<int>(window[0]), static_cast<int>(window[1]), 1, 1, GL_DEPTH_COMPONENT, GL_FLOAT,
-                 &depth);
-    EXPECT_NEAR(depth, window[2], 0.005);
-    EXPECT_GT(image.Count(IsMagenta), 300);
+    std::vector<float> depths(400 * 300);
+    glReadPixels(0, 0, 400, 300, GL_DEPTH_COMPONENT, GL_FLOAT, depths.data());
+    int shown = 0, hidden = 0;
+    for (unsigned int r = 1; r < 29; ++r)
+        for (unsigned int c = 1; c < 39; ++c) {
+            const float* p = surface.Point(c, r);
+            float window[3];
+            plotter.Project(p[0], p[1], p[2], window);
+            // A point on the surface's rim may fall on a pixel beside it.
+            const int x = static_cast<int>(window[0]);
+            const int y = static_cast<int>(window[1]);
+            float depth = 1;
+            for (int neighbour = 0; neighbour < 9; ++neighbour)
+                depth = std::min(depth, depths[(y + neighbour / 3 - 1) * 400 + x + neighbour % 3 - 1]);
+            EXPECT_LT(depth, window[2] + 0.004f) << c << ' ' << r;
+            depths[y * 400 + x] < window[2] - 0.004f ? ++hidden : ++shown;
+        }
+    EXPECT_GT(shown, 300);
+    EXPECT_GT(hidden, 20);
 }
 
 TEST_P(PlotModes, AnUnknownPlotTypeDrawsNothingButPresents) {
