@@ -1,6 +1,8 @@
 #include "TestWindow.h"
 
+#include <cstddef>
 #include <stdexcept>
+#include <utility>
 
 #if !defined(_WIN32)
 #include "X11TestWindow.h"
@@ -18,8 +20,10 @@ struct TestWindow::HostWindow {
         description.hInstance = GetModuleHandleA(nullptr);
         description.lpszClassName = "KivoTestWindow";
         RegisterClassA(&description); // fails where an earlier window has registered it
-        handle = CreateWindowA("KivoTestWindow", "", WS_POPUP | WS_VISIBLE, 40, 30, width, height, nullptr,
-                               nullptr, description.hInstance, nullptr);
+        // Not activated: handing the activation back would take the system seconds.
+        handle = CreateWindowExA(WS_EX_NOACTIVATE | WS_EX_TOOLWINDOW, "KivoTestWindow", "", WS_POPUP, 40, 30,
+                                 width, height, nullptr, nullptr, description.hInstance, nullptr);
+        ShowWindow(handle, SW_SHOWNOACTIVATE);
     }
     ~HostWindow() { DestroyWindow(handle); }
     HostWindow(const HostWindow&) = delete;
@@ -32,6 +36,28 @@ struct TestWindow::HostWindow {
         MSG message;
         while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE))
             DispatchMessageA(&message);
+    }
+    Image Shown(int width, int height) const {
+        BITMAPINFO description = {};
+        description.bmiHeader.biSize = sizeof(description.bmiHeader);
+        description.bmiHeader.biWidth = width;
+        description.bmiHeader.biHeight = -height; // top row first
+        description.bmiHeader.biPlanes = 1;
+        description.bmiHeader.biBitCount = 32;
+        Image image(width, height);
+        const HDC screen = GetDC(handle);
+        const HDC memory = CreateCompatibleDC(screen);
+        const HBITMAP bitmap = CreateCompatibleBitmap(screen, width, height);
+        const HGDIOBJ previous = SelectObject(memory, bitmap);
+        BitBlt(memory, 0, 0, width, height, screen, 0, 0, SRCCOPY);
+        SelectObject(memory, previous);
+        GetDIBits(memory, bitmap, 0, static_cast<UINT>(height), image.rgba.data(), &description,
+                  DIB_RGB_COLORS);
+        DeleteObject(bitmap);
+        DeleteDC(memory);
+        for (std::size_t i = 0; i < image.rgba.size(); i += 4)
+            std::swap(image.rgba[i], image.rgba[i + 2]); // the system has blue first
+        return image;
     }
 
     HWND handle = nullptr;
@@ -61,6 +87,11 @@ struct TestWindow::HostWindow {
     }
     void Resize(int width, int height) { window.Resize(width, height); }
     void HandleMessages() {}
+    Image Shown(int width, int height) const {
+        Image image(width, height);
+        image.rgba = window.Grab();
+        return image;
+    }
 
     KivoTest::X11TestWindow window;
     HWND handle = nullptr;
@@ -107,21 +138,15 @@ void TestWindow::HandleMessages() {
     if (m_host) m_host->HandleMessages();
 }
 
-// A window on a screen is read from the screen. Without one, the picture stays in the buffer that was
-// presented: the only one there is, or the front one.
 Image TestWindow::Presented(PlotterProbe& plotter) const {
-#if !defined(_WIN32)
-    if (m_host) {
-        Image image(m_width, m_height);
-        image.rgba = m_host->window.Grab();
-        return image;
-    }
-    constexpr GLenum buffer = GL_BACK;
+    if (m_host) return m_host->Shown(m_width, m_height);
+#if defined(_WIN32)
+    (void)plotter;
+    return {}; // nobody can look into a hidden window
 #else
-    constexpr GLenum buffer = GL_FRONT;
-#endif
     const CurrentContext context(plotter);
-    return ReadBuffer(buffer, m_width, m_height);
+    return ReadBuffer(GL_BACK, m_width, m_height);
+#endif
 }
 
 Matrix LoadedMatrix(unsigned int which) {
@@ -133,6 +158,10 @@ Matrix LoadedMatrix(unsigned int which) {
 TestPlot::TestPlot(WindowKind kind, int width, int height) : window(kind, width, height) {
     if (plotter.OnCreate(window.Handle(), width, height, true) != 0)
         throw std::runtime_error(std::string("no plotter: ") + LastWindowError());
+    // Some systems' font routine leaves an OpenGL error behind.
+    const CurrentContext context(plotter);
+    while (glGetError() != GL_NO_ERROR) {
+    }
 }
 
 Image TestPlot::SurfaceImage() {

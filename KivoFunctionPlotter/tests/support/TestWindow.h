@@ -37,7 +37,7 @@ public:
     void Resize(int width, int height);
     /// Lets the window system take notice of what has happened to the window.
     void HandleMessages();
-    /// What the plotter has presented in the window.
+    /// What the plotter has presented in the window; empty where that cannot be seen.
     Image Presented(PlotterProbe& plotter) const;
 
 private:
