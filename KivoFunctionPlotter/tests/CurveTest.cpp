@@ -390,6 +390,28 @@ TEST_P(CurvesAlone, BallsAreLitInTheCurvesColour) {
     EXPECT_GE(shades.size(), 2u) << "one colour everywhere: not lit";
 }
 
+TEST_P(CurvesAlone, BallsKeepTheirColourWhateverTheirSize) {
+    // Ambient light and the light itself add up to 1.05 of the colour, and the highlight to 0.05.
+    constexpr int brightest = 128 * 105 / 100 + 13 + 1;
+    SetCamera(0.01, 1.0, 1.0, 1.0);
+    Add({0, 0, 0});
+    plotter.SetCurveColor(0, 0x00404080);
+    for (const unsigned int size : {5u, 20u, 60u}) {
+        plotter.SetPointRadiusPixelSize(size);
+        const Image image = Draw();
+        int drawn = 0;
+        for (int y = 0; y < height; ++y)
+            for (int x = 0; x < width; ++x) {
+                const unsigned char* rgb = image.Pixel(x, y);
+                if (IsWhite(rgb)) continue;
+                ++drawn;
+                EXPECT_LE(rgb[0], brightest) << size;
+                EXPECT_GT(rgb[0], rgb[1]) << size;
+            }
+        EXPECT_GT(drawn, 10) << size;
+    }
+}
+
 TEST_P(CurvesAlone, ABallHidesTheLinesBehindIt) {
     plotter.SetPointRadiusPixelSize(30);
     Add({-60, 0.5f, -100, 60, 0.5f, -100});
