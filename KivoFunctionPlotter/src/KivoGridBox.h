@@ -81,6 +81,10 @@ public:
     float m_labelOffset = 12.5f; ///< in pixels
     bool m_showGridLines = true;
 
+    // Labels and titles of the last 3-D frame; kept from frame to frame for their memory.
+    AxisBoxOnScreen m_screenBox;
+    AxisLabelLayout m_labelLayout;
+
 private:
     void UpdateBox(int axis);
     void UpdatePlaneGeometry();
@@ -89,14 +93,11 @@ private:
     void RenderTickMarks(const float* pixelSize) const;
     void PlaceLabels(double worldPerPixel, const double* axisScale, const double* rotation);
     void RenderLabels() const;
+    void DrawLabelQuads() const;
     void RenderFrame(int horizontal, int vertical, bool isStaggered, double worldPerPixel,
                      const double* axisScale) const;
     float RenderHorizontalTicks(int horizontal, int vertical, bool isStaggered, const float* pixelSize) const;
     float RenderVerticalTicks(int horizontal, int vertical, const float* pixelSize) const;
-
-    // Kept from frame to frame for their memory.
-    AxisBoxOnScreen m_screenBox;
-    AxisLabelLayout m_labelLayout;
 };
 
 } // namespace KivoDrawingTools

@@ -224,11 +224,11 @@ void CKivoGridBox::PlaceLabels(double worldPerPixel, const double* axisScale, co
     m_labelLayout.Place(m_screenBox);
 }
 
-// In pixels of the viewport, over everything drawn so far and without a trace in the depth buffer.
+// In pixels of the viewport. Text stands over everything: with planes that do not switch, labels may lie in
+// front of the surface, which is drawn later.
 void CKivoGridBox::RenderLabels() const {
     if (!(m_screenBox.viewport.x > 0.0) || !(m_screenBox.viewport.y > 0.0)) return;
-    glPushAttrib(GL_ENABLE_BIT);
-    glDisable(GL_DEPTH_TEST);
+    glPushAttrib(GL_ENABLE_BIT | GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT | GL_VIEWPORT_BIT);
     const MatrixModeScope projection(GL_PROJECTION);
     glPushMatrix();
     glLoadIdentity();
@@ -236,16 +236,31 @@ void CKivoGridBox::RenderLabels() const {
     glMatrixMode(GL_MODELVIEW);
     glPushMatrix();
     glLoadIdentity();
+
+    glDisable(GL_DEPTH_TEST);
+    DrawLabelQuads();
+    // Once more into the depth buffer alone: only the ink, as the nearest of all.
+    glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_FALSE);
+    glEnable(GL_ALPHA_TEST);
+    glAlphaFunc(GL_GREATER, 0.25f);
+    glEnable(GL_DEPTH_TEST);
+    glDepthFunc(GL_ALWAYS);
+    glDepthRange(0.0, 0.0);
+    DrawLabelQuads();
+
+    glPopMatrix();
+    glMatrixMode(GL_PROJECTION);
+    glPopMatrix();
+    glPopAttrib();
+}
+
+void CKivoGridBox::DrawLabelQuads() const {
     for (int axis = 0; axis < 3; ++axis) {
         const std::vector<PlacedImage>& places = m_labelLayout.Labels(axis);
         for (std::size_t i = 0; i < places.size(); ++i)
             DrawPlaced(places[i], m_tickLabels[axis][i]);
         DrawPlaced(m_labelLayout.Title(axis), m_axisTitleImage[axis]);
     }
-    glPopMatrix();
-    glMatrixMode(GL_PROJECTION);
-    glPopMatrix();
-    glPopAttrib();
 }
 
 // ---- Frames of the flat plots ---------------------------------------------------------------------------
