@@ -16,9 +16,14 @@ found=$(git grep -nE '^ *# *(if|ifdef|ifndef|elif).*(_WIN32|__linux__|__unix__)'
 $found"
 
 # Pure sources know neither OpenGL nor windows.
-for pure in ColorSpace NiceScale; do
+for pure in AxisLabelLayout ColorSpace MarchingSquares NiceScale SurfacePicker VectorMath; do
     found=$(grep -nE '#include .*(GL/|WindowSystem|KivoPlatform)' KivoFunctionPlotter/src/$pure.h KivoFunctionPlotter/src/$pure.cpp)
     [ -z "$found" ] || complain "not pure: $found"
+done
+
+# Every test is built.
+for test in KivoFunctionPlotter/tests/*.cpp; do
+    grep -q "$(basename "$test")" KivoFunctionPlotter/tests/CMakeLists.txt || complain "not built: $test"
 done
 
 # Every source of the library is listed, and every example stays short.

@@ -25,6 +25,7 @@ run_tests() {
     shift
     log="$KIVO_TEST_OUTPUT/$name.log"
     xml="$KIVO_TEST_OUTPUT/$name.xml"
+    xml=${xml#"$PWD/"} # relative, so that Windows programs find it too
     GTEST_OUTPUT="xml:$xml" timeout 900 "$@" >"$log" 2>&1 </dev/null
     status=$?
     counts=$(sed -n 's/.*<testsuites tests="\([0-9]*\)" failures="\([0-9]*\)".*/\1 \2/p' "$xml" 2>/dev/null | head -n 1)
