@@ -37,6 +37,7 @@ check "installed package, shared" scripts/test-package.sh shared
 check "installed package, static" scripts/test-package.sh static
 check "README host" scripts/test-readme-host.sh
 check "exported symbols" scripts/test-exports.sh
+check "list of members" scripts/test-members.sh
 check "formatting" scripts/check-format.sh
 check "repository rules" scripts/check-repository.sh
 
