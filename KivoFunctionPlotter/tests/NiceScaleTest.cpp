@@ -108,6 +108,11 @@ TEST(NiceScale, RandomRangesFollowTheRules) {
         ASSERT_EQ(actual.max, expected.max) << min << ' ' << max;
         ASSERT_EQ(actual.step, expected.step) << min << ' ' << max;
         ASSERT_EQ(actual.intervals, expected.intervals) << min << ' ' << max;
+        int digits = 1; // one more than the step's leading zeros
+        for (double step = expected.step; step < 0.1000001; step *= 10)
+            ++digits;
+        if (expected.step >= 10) digits = 0;
+        ASSERT_EQ(LabelPrecision(actual.step), static_cast<unsigned int>(digits)) << actual.step;
     }
 }
 
