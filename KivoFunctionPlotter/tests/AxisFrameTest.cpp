@@ -1,0 +1,216 @@
+// The axis box and the frames of the flat plots, as drawn.
+#include "KivoGridBox.h"
+#include "support/Image.h"
+#include "support/TestSurfaces.h"
+#include "support/TestWindow.h"
+
+#include <cmath>
+#include <vector>
+
+using namespace KivoDrawingTools;
+
+namespace {
+
+class AxisFrame : public WindowTest {
+protected:
+    static constexpr int width = 600;
+    static constexpr int height = 500;
+    TestPlot plot{GetParam(), width, height};
+    PlotterProbe& plotter = plot.plotter;
+
+    void SetUp() override {
+        const TestSurface surface = HillSurface(12, 10);
+        plotter.SetData(surface.NewArray(), 12, 10, 1, 12, 3);
+        plotter.ShowFrameLines(false);
+    }
+
+    const CKivoGridBox& Box() const { return *plotter.m_gridBox; }
+
+    // Where a data point stands in the picture: column and row.
+    std::vector<int> Place(float x, float y, float z) {
+        const CurrentContext context(plotter);
+        plotter.ApplyViewVolume();
+        plotter.ApplyModelViewMatrix();
+        float window[3];
+        plotter.Project(x, y, z, window);
+        return {static_cast<int>(std::floor(window[0])),
+                height - 1 - static_cast<int>(std::floor(window[1]))};
+    }
+
+    // Whether a pixel of this colour lies within two of a place.
+    bool HasColour(const Image& image, const std::vector<int>& place, const int (&rgb)[3]) const {
+        for (int dy = -2; dy <= 2; ++dy)
+            for (int dx = -2; dx <= 2; ++dx)
+                if (image.IsNear(place[0] + dx, place[1] + dy, rgb, 8)) return true;
+        return false;
+    }
+
+    // Ink of labels in a row of the picture below the horizontal axis, near a column.
+    bool HasInk(const Image& image, int column, int row) const {
+        for (int dy = -3; dy <= 3; ++dy)
+            for (int dx = -8; dx <= 8; ++dx)
+                if (image.IsNear(column + dx, row + dy, {0, 0, 0}, 90)) return true;
+        return false;
+    }
+};
+
+constexpr int black[] = {0, 0, 0};
+constexpr int grey[] = {204, 204, 204};
+
+} // namespace
+
+TEST_P(AxisFrame, PlaneGeometryFollowsTheBackPlanes) {
+    CKivoGridBox& box = *plotter.m_gridBox;
+    for (int bits = 0; bits < 8; ++bits) {
+        double rotation[16] = {};
+        rotation[6] = bits & 1 ? 1 : -1;
+        rotation[10] = bits & 2 ? 1 : -1;
+        rotation[2] = bits & 4 ? 1 : -1;
+        const double scale[] = {1, 1, 1};
+        {
+            const CurrentContext context(plotter);
+            box.Render(0.01, scale, rotation);
+        }
+        const bool backYLow = bits & 1, backZLow = bits & 2, backXLow = bits & 4;
+        const float x[] = {box.m_boxMin[0], box.m_boxMax[0]};
+        const float y[] = {box.m_boxMin[1], box.m_boxMax[1]};
+        const float z[] = {box.m_boxMin[2], box.m_boxMax[2]};
+        const float backX = x[!backXLow], frontX = x[backXLow], backY = y[!backYLow], frontY = y[backYLow];
+        const float backZ = z[!backZLow], frontZ = z[backZLow];
+        const std::vector<std::vector<float>> bases = {
+            {x[0], frontY, backZ}, {frontX, y[0], backZ}, {x[backYLow], y[!backXLow], z[0]}};
+        const std::vector<std::vector<float>> corners = {
+            {x[0], backY, backZ}, {backX, y[0], backZ}, {backX, backY, z[0]}};
+        const std::vector<std::vector<float>> ends = {
+            {x[0], backY, frontZ}, {backX, y[0], frontZ}, {x[!backYLow], y[backXLow], z[0]}};
+        const float out = backZLow ? -1.0f : 1.0f;
+        const std::vector<float> sideways = backYLow && backXLow    ? std::vector<float>{0, -1, 0}
+                                            : !backYLow && backXLow ? std::vector<float>{-1, 0, 0}
+                                            : backYLow              ? std::vector<float>{1, 0, 0}
+                                                                    : std::vector<float>{0, 1, 0};
+        const std::vector<std::vector<float>> directions = {{0, 0, out}, {0, 0, out}, sideways};
+        for (int axis = 0; axis < 3; ++axis)
+            for (int i = 0; i < 3; ++i) {
+                EXPECT_EQ(box.m_tickBase[axis][i], bases[axis][i]) << bits << axis << i;
+                EXPECT_EQ(box.m_gridCorner[axis][i], corners[axis][i]) << bits << axis << i;
+                EXPECT_EQ(box.m_gridEnd[axis][i], ends[axis][i]) << bits << axis << i;
+                EXPECT_EQ(box.m_tickDirection[axis][i], directions[axis][i]) << bits << axis << i;
+                EXPECT_EQ(box.m_oppositeTickDirection[axis][i], -directions[axis][i]) << bits << axis << i;
+            }
+    }
+}
+
+TEST_P(AxisFrame, TheBoxHasOutlinesTicksAndGridLines) {
+    const Image image = CaptureImage(plotter);
+    const float* min = Box().m_boxMin;
+    const float* max = Box().m_boxMax;
+    const float step = Box().m_tickStep[0];
+    EXPECT_TRUE(HasColour(image, Place(min[0] + 1.5f * step, max[1], min[2]), black))
+        << "outline of the floor";
+    const std::vector<int> foot = Place(min[0] + step, max[1], min[2]);
+    EXPECT_TRUE(HasColour(image, {foot[0], foot[1] + 6}, black)) << "a tick below it";
+    const std::vector<int> onFloor = Place(min[0] + step, max[1] - 0.3f, min[2]);
+    EXPECT_TRUE(HasColour(image, onFloor, grey));
+    plotter.ShowGridLines(false);
+    const Image bare = CaptureImage(plotter);
+    EXPECT_FALSE(HasColour(bare, onFloor, grey));
+    EXPECT_TRUE(HasColour(bare, {foot[0], foot[1] + 6}, black)) << "ticks stay";
+    EXPECT_EQ(bare.Count([](const unsigned char* p) { return p[0] == 204 && p[1] == 204 && p[2] == 204; }),
+              0);
+}
+
+TEST_P(AxisFrame, TicksAreTenPixelsLong) {
+    const Image image = CaptureImage(plotter);
+    const std::vector<int> foot =
+        Place(Box().m_boxMin[0] + Box().m_tickStep[0], Box().m_boxMax[1], Box().m_boxMin[2]);
+    int longest = 0;
+    for (int dx = -1; dx <= 1; ++dx) {
+        int length = 0;
+        while (image.IsNear(foot[0] + dx, foot[1] + 1 + length, black, 8))
+            ++length;
+        longest = std::max(longest, length);
+    }
+    // The Z axis leans, which shortens what points along it.
+    const double lean = plotter.m_rotationMatrix[9];
+    EXPECT_NEAR(longest, 10 * lean, 2.0);
+}
+
+TEST_P(AxisFrame, FlatFramesHaveTheirAxesColours) {
+    const int red[] = {255, 0, 0}, green[] = {0, 255, 0}, blue[] = {0, 0, 255};
+    const float* min = Box().m_boxMin;
+    const float* max = Box().m_boxMax;
+    const float middle[] = {(min[0] + max[0]) / 2 + 0.1f, (min[1] + max[1]) / 2 + 0.1f,
+                            (min[2] + max[2]) / 2 + 0.1f};
+    plotter.SwitchToXYProjectPlot();
+    Image image = CaptureImage(plotter);
+    EXPECT_TRUE(HasColour(image, Place(middle[0], min[1], min[2]), red));
+    EXPECT_TRUE(HasColour(image, Place(min[0], middle[1], min[2]), green));
+    plotter.SwitchToYZProjectPlot();
+    image = CaptureImage(plotter);
+    EXPECT_TRUE(HasColour(image, Place(min[0], middle[1], min[2]), green));
+    EXPECT_TRUE(HasColour(image, Place(min[0], min[1], middle[2]), blue));
+    plotter.SwitchToZXProjectPlot();
+    image = CaptureImage(plotter);
+    EXPECT_TRUE(HasColour(image, Place(middle[0], min[1], min[2]), red));
+    EXPECT_TRUE(HasColour(image, Place(min[0], min[1], middle[2]), blue));
+}
+
+TEST_P(AxisFrame, EveryOtherLabelStandsLowerInTheXYPlotOnly) {
+    const auto rows = [this](const Image& image, int axis, unsigned int tick) {
+        const float* min = Box().m_boxMin;
+        float point[] = {min[0], min[1], min[2]};
+        point[axis] += Box().m_tickPositions[axis][tick];
+        const std::vector<int> foot = Place(point[0], point[1], point[2]);
+        const int labelHeight = Box().m_tickLabels[axis][tick].height;
+        const int upper = foot[1] + 10 + labelHeight / 2;
+        return std::vector<bool>{HasInk(image, foot[0], upper),
+                                 HasInk(image, foot[0], upper + static_cast<int>(1.15 * labelHeight))};
+    };
+    plotter.SwitchToXYProjectPlot();
+    const Image xy = CaptureImage(plotter);
+    EXPECT_EQ(rows(xy, 0, 0), (std::vector<bool>{true, false}));
+    EXPECT_EQ(rows(xy, 0, 1), (std::vector<bool>{false, true}));
+    EXPECT_EQ(rows(xy, 0, 2), (std::vector<bool>{true, false}));
+    plotter.SwitchToZXProjectPlot();
+    const Image xz = CaptureImage(plotter);
+    EXPECT_EQ(rows(xz, 0, 0), (std::vector<bool>{true, false}));
+    EXPECT_EQ(rows(xz, 0, 1), (std::vector<bool>{true, false}));
+    plotter.SwitchToYZProjectPlot();
+    const Image yz = CaptureImage(plotter);
+    EXPECT_EQ(rows(yz, 1, 1), (std::vector<bool>{true, false}));
+}
+
+TEST_P(AxisFrame, FlatTitlesKeepTheirGaps) {
+    plotter.SwitchToXYProjectPlot();
+    plotter.SetXAxisTitle("");
+    plotter.SetYAxisTitle("");
+    const Image without = CaptureImage(plotter);
+    const float* min = Box().m_boxMin;
+    const std::vector<int> origin = Place(min[0], min[1], min[2]);
+    const auto inkBox = [&](const Image& with) {
+        std::vector<int> box = {width, height, -1, -1};
+        for (int y = 0; y < height; ++y)
+            for (int x = 0; x < width; ++x)
+                if (!std::equal(with.Pixel(x, y), with.Pixel(x, y) + 3, without.Pixel(x, y)))
+                    box = {std::min(box[0], x), std::min(box[1], y), std::max(box[2], x),
+                           std::max(box[3], y)};
+        return box;
+    };
+    plotter.SetXAxisTitle("HHHH");
+    const SKivoTexImage& horizontal = Box().m_axisTitleImage[0];
+    const double down = 10 + 2.15 * Box().m_tickLabels[0][0].height + horizontal.height;
+    std::vector<int> box = inkBox(CaptureImage(plotter));
+    EXPECT_NEAR((box[1] + box[3]) / 2.0, origin[1] + down, horizontal.height / 3.0);
+    plotter.SetXAxisTitle("");
+    plotter.SetYAxisTitle("HHHH");
+    const SKivoTexImage& vertical = Box().m_axisTitleImage[1];
+    int widest = 0;
+    for (unsigned int i = 0; i <= Box().m_tickIntervals[1]; ++i)
+        widest = std::max(widest, Box().m_tickLabels[1][i].width);
+    box = inkBox(CaptureImage(plotter));
+    EXPECT_NEAR((box[0] + box[2]) / 2.0, origin[0] - 10 - widest - 1.85 * vertical.height,
+                vertical.height / 3.0);
+    EXPECT_GT(box[3] - box[1], box[2] - box[0]) << "it reads upwards";
+}
+
+KIVO_IN_EVERY_WINDOW(AxisFrame);

@@ -1,0 +1,138 @@
+// The colour legend: colours, labels, view volume, and where its bar stands in the picture.
+#include "KivoGradientColor.h"
+#include "KivoGradientColorRuler.h"
+#include "support/Image.h"
+#include "support/TestSurfaces.h"
+#include "support/TestWindow.h"
+#include "TextRenderer.h"
+
+#include <cmath>
+#include <cstring>
+
+using namespace KivoDrawingTools;
+
+namespace {
+
+class LegendProbe : public PlotterProbe {
+public:
+    using CKivoFunctionPlotter::m_legendViewport;
+    using CKivoFunctionPlotter::m_legendViewVolume;
+    using CKivoFunctionPlotter::m_textRenderer;
+    using CKivoFunctionPlotter::UpdateLegendViewVolume;
+};
+
+class Legend : public WindowTest {
+protected:
+    static constexpr int width = 600;
+    static constexpr int height = 300;
+    TestWindow window{GetParam(), width, height};
+    LegendProbe plotter;
+
+    void SetUp() override {
+        ASSERT_EQ(plotter.OnCreate(window.Handle(), width, height, true), 0);
+        const float points[] = {-2, 10, -1, 4, 10, 1, -2, 30, 0, 4, 30, 0.5f};
+        float* owned = new float[12];
+        std::copy(points, points + 12, owned);
+        plotter.SetData(owned, 2, 2, 1, 2, 3);
+    }
+
+    void ExpectLabels(const CKivoGradientColorRuler& ruler, float min, float step, unsigned int precision) {
+        ASSERT_EQ(ruler.m_divisionCount, 10u);
+        const CurrentContext context(plotter);
+        for (int i = 0; i <= 10; ++i) {
+            SKivoTexImage expected;
+            CreateTextImage(plotter.m_textRenderer,
+                            FormatNumber(min + static_cast<float>(i) * step, precision).c_str(), &expected);
+            const SKivoTexImage& label = ruler.m_labels[i];
+            ASSERT_EQ(label.width, expected.width) << i;
+            EXPECT_EQ(std::memcmp(label.pixels, expected.pixels,
+                                  static_cast<std::size_t>(label.width) * label.height * 4),
+                      0)
+                << i;
+            PlotterProbe::ReleaseTex(&expected);
+        }
+    }
+};
+
+} // namespace
+
+TEST_P(Legend, ShowsFiveColoursFromStartToEnd) {
+    const float expected[5][3] = {{0, 0, 1}, {0, 1, 1}, {0, 1, 0}, {1, 1, 0}, {1, 0, 0}};
+    for (int stop = 0; stop < 5; ++stop) {
+        for (int i = 0; i < 3; ++i)
+            EXPECT_NEAR(plotter.m_zColorRuler->m_colors[stop][i], expected[stop][i], 0.02f) << stop;
+        EXPECT_EQ(plotter.m_zColorRuler->m_colors[stop][3], 1.0f);
+    }
+}
+
+TEST_P(Legend, LabelsAreElevenValuesFromBottomToTop) {
+    EXPECT_EQ(FormatNumber(-1.0f + 0.2f, 3), "-0.800");
+    ExpectLabels(*plotter.m_zColorRuler, -1.0f, 0.2f, 3);
+    ExpectLabels(*plotter.m_xColorRuler, -2.0f, 0.6f, 3);
+    ExpectLabels(*plotter.m_yColorRuler, 10.0f, 2.0f, 3);
+}
+
+TEST_P(Legend, PrecisionIsThreeAtFirstAndHoldsForAllLegends) {
+    LegendProbe fresh;
+    EXPECT_EQ(fresh.GetGradientColorRuleFloatingPointPrecision(), 3u);
+    EXPECT_EQ(plotter.SetGradientColorRuleFloatingPointPrecision(0), 0);
+    EXPECT_EQ(plotter.GetGradientColorRuleFloatingPointPrecision(), 0u);
+    EXPECT_EQ(wglGetCurrentContext(), nullptr);
+    ExpectLabels(*plotter.m_zColorRuler, -1.0f, 0.2f, 0);
+    ExpectLabels(*plotter.m_yColorRuler, 10.0f, 2.0f, 0);
+}
+
+TEST_P(Legend, TheViewVolumeFollowsTheStrip) {
+    const int strip[] = {0, 0, 100, 400};
+    std::copy(strip, strip + 4, plotter.m_legendViewport);
+    plotter.UpdateLegendViewVolume();
+    EXPECT_NEAR(plotter.m_legendViewVolume[1], 247.386, 1e-3);
+    EXPECT_NEAR(plotter.m_legendViewVolume[3], 989.545, 1e-2);
+    EXPECT_NEAR(plotter.m_legendViewVolume[5], 247.386, 1e-3);
+    for (int i = 0; i < 6; i += 2)
+        EXPECT_EQ(plotter.m_legendViewVolume[i], -plotter.m_legendViewVolume[i + 1]);
+    const int wide[] = {0, 0, 400, 100};
+    std::copy(wide, wide + 4, plotter.m_legendViewport);
+    plotter.UpdateLegendViewVolume();
+    EXPECT_NEAR(plotter.m_legendViewVolume[1], 989.545, 1e-2);
+    EXPECT_NEAR(plotter.m_legendViewVolume[3], 247.386, 1e-3);
+}
+
+TEST_P(Legend, TheBarStandsInItsStripWithTheGradientsOwnColours) {
+    for (const char* title : {"", "a title"}) {
+        plotter.SetPlotTitle(title);
+        const Image image = CaptureImage(plotter);
+        const double stripWidth = plotter.m_legendViewport[2];
+        const int left = static_cast<int>(std::lround(0.10 * stripWidth));
+        const int right = static_cast<int>(std::lround(0.22 * stripWidth));
+        const auto row = [](double share) { return height - 1 - static_cast<int>(share * height); };
+        for (const int column : {left + 1, right - 2}) {
+            EXPECT_TRUE(image.IsNear(column, row(0.145), {0, 0, 255}, 12)) << title;
+            EXPECT_TRUE(image.IsNear(column, row(0.34), {0, 255, 255}, 12)) << title;
+            EXPECT_TRUE(image.IsNear(column, row(0.54), {0, 255, 0}, 12)) << title;
+            EXPECT_TRUE(image.IsNear(column, row(0.74), {255, 255, 0}, 12)) << title;
+            EXPECT_TRUE(image.IsNear(column, row(0.935), {255, 0, 0}, 12)) << title;
+        }
+        const int background[] = {255, 253, 233};
+        EXPECT_TRUE(image.IsNear(left - 2, row(0.5), {background[0], background[1], background[2]}));
+        EXPECT_TRUE(image.IsNear(right + 1, row(0.51), {background[0], background[1], background[2]}));
+        EXPECT_TRUE(image.IsNear(left + 2, row(0.13), {background[0], background[1], background[2]}));
+        EXPECT_TRUE(image.IsNear(left + 2, row(0.95), {background[0], background[1], background[2]}));
+    }
+}
+
+TEST_P(Legend, EachPlotShowsItsOwnGradient) {
+    plotter.SetXGradientColor(0x000000FF, 0x000000FF); // red
+    plotter.SetYGradientColor(0x0000FF00, 0x0000FF00); // green
+    plotter.EndGLOperation();
+    const int column = static_cast<int>(0.16 * plotter.m_legendViewport[2]);
+    plotter.SwitchToYZProjectPlot();
+    EXPECT_TRUE(CaptureImage(plotter).IsNear(column, height / 2, {255, 0, 0}));
+    plotter.SwitchToZXProjectPlot();
+    EXPECT_TRUE(CaptureImage(plotter).IsNear(column, height / 2, {0, 255, 0}));
+    plotter.SwitchToXYProjectPlot();
+    EXPECT_TRUE(
+        CaptureImage(plotter).IsNear(column, height - 1 - static_cast<int>(0.145 * height), {0, 0, 255}, 12));
+}
+
+KIVO_IN_EVERY_WINDOW(Legend);

@@ -1,0 +1,277 @@
+// Iso-contours: the tracer alone, where the levels lie, and the sets on the back planes.
+#include "KivoGradientColor.h"
+#include "KivoGridBox.h"
+#include "MarchingSquares.h"
+#include "support/Image.h"
+#include "support/TestSurfaces.h"
+#include "support/TestWindow.h"
+
+#include <array>
+#include <cmath>
+#include <memory>
+#include <vector>
+
+using namespace KivoDrawingTools;
+
+namespace {
+
+using Point = std::array<double, 3>;
+
+std::vector<Point> Trace(const TestSurface& surface, int axis, float level) {
+    std::uint64_t count = 0;
+    const GridView grid = {surface.points.data(), surface.columns, surface.rows, 3, 3 * surface.columns};
+    const std::unique_ptr<float[]> points(TraceLevelLines(grid, axis, level, &count));
+    std::vector<Point> traced;
+    for (std::uint64_t i = 0; i < count; ++i)
+        traced.push_back({points[3 * i], points[3 * i + 1], points[3 * i + 2]});
+    return traced;
+}
+
+// One segment after the other as a person would draw them in a cell: from the sides that the level crosses,
+// in the order bottom, right, top, left; where all four are crossed, the corner c, r decides which of them
+// belong together.
+std::vector<Point> TraceByHand(const TestSurface& surface, int axis, double level) {
+    std::vector<Point> traced;
+    for (unsigned int r = 0; r + 1 < surface.rows; ++r)
+        for (unsigned int c = 0; c + 1 < surface.columns; ++c) {
+            const float* corners[] = {surface.Point(c, r), surface.Point(c + 1, r),
+                                      surface.Point(c + 1, r + 1), surface.Point(c, r + 1)};
+            std::vector<Point> crossings;
+            for (int side = 0; side < 4; ++side) {
+                const float* a = corners[side];
+                const float* b = corners[(side + 1) % 4];
+                const double from = a[axis], to = b[axis];
+                if ((from < level) == (to < level)) continue;
+                Point p;
+                for (std::size_t i = 0; i < 3; ++i)
+                    p[i] = a[i] + (level - from) / (to - from) * (double{b[i]} - a[i]);
+                crossings.push_back(p);
+            }
+            if (crossings.size() == 4 && corners[0][axis] < level)
+                crossings = {crossings[0], crossings[3], crossings[1], crossings[2]};
+            traced.insert(traced.end(), crossings.begin(), crossings.end());
+        }
+    return traced;
+}
+
+// A single cell whose corner i is above the level 0.5 unless bit i is set.
+TestSurface Cell(unsigned int belowBits) {
+    TestSurface cell = PlaneSurface(2, 2);
+    const unsigned int cornerOfPoint[] = {0, 1, 3, 2};
+    for (unsigned int point = 0; point < 4; ++point) {
+        cell.points[3 * point] = static_cast<float>(point % 2);
+        cell.points[3 * point + 1] = static_cast<float>(point / 2);
+        cell.points[3 * point + 2] = belowBits >> cornerOfPoint[point] & 1u ? 0.0f : 1.0f;
+    }
+    return cell;
+}
+
+} // namespace
+
+TEST(LevelLines, EveryCellCaseCrossesItsSides) {
+    // Sides: 0 bottom, 1 right, 2 top, 3 left, by the middles of which the lines go.
+    const Point middles[] = {{0.5, 0, 0.5}, {1, 0.5, 0.5}, {0.5, 1, 0.5}, {0, 0.5, 0.5}};
+    const std::vector<std::vector<int>> sides = {{},     {0, 3}, {0, 1}, {1, 3}, {1, 2},       {0, 3, 1, 2},
+                                                 {0, 2}, {2, 3}, {2, 3}, {0, 2}, {0, 1, 2, 3}, {1, 2},
+                                                 {1, 3}, {0, 1}, {0, 3}, {}};
+    for (unsigned int bits = 0; bits < 16; ++bits) {
+        const std::vector<Point> traced = Trace(Cell(bits), 2, 0.5f);
+        ASSERT_EQ(traced.size(), sides[bits].size()) << bits;
+        for (std::size_t i = 0; i < traced.size(); ++i)
+            EXPECT_EQ(traced[i], middles[sides[bits][i]]) << bits;
+    }
+}
+
+TEST(LevelLines, ACornerOnTheLevelCountsAsAbove) {
+    EXPECT_TRUE(Trace(Cell(0), 2, 1.0f).empty());
+    EXPECT_EQ(Trace(Cell(1), 2, 1.0f).size(), 2u);
+    EXPECT_TRUE(Trace(ConstantSurface(5, 4), 2, 5.0f).empty());
+}
+
+TEST(LevelLines, AgreeWithAnIndependentTracer) {
+    for (const TestSurface& surface : AllTestSurfaces())
+        for (int axis = 0; axis < 3; ++axis) {
+            const double range = double{surface.Max(axis)} - surface.Min(axis);
+            for (int k = 1; k < 12; ++k) {
+                const float level = static_cast<float>(surface.Min(axis) + range * k / 12.3);
+                const std::vector<Point> traced = Trace(surface, axis, level);
+                const std::vector<Point> expected = TraceByHand(surface, axis, level);
+                ASSERT_EQ(traced.size(), expected.size());
+                for (std::size_t i = 0; i < traced.size(); ++i) {
+                    EXPECT_LE(std::fabs(traced[i][axis] - level), 1e-6 * range);
+                    for (int coordinate = 0; coordinate < 3; ++coordinate)
+                        ASSERT_NEAR(traced[i][coordinate], expected[i][coordinate], 1e-4);
+                }
+            }
+        }
+}
+
+TEST(LevelLines, GridsWithoutCellsHaveNone) {
+    std::uint64_t count = 9;
+    const float points[] = {0, 0, 0, 1, 0, 1};
+    EXPECT_EQ(TraceLevelLines({points, 2, 1, 3, 6}, 2, 0.5f, &count), nullptr);
+    EXPECT_EQ(count, 0u);
+    EXPECT_EQ(TraceLevelLines({nullptr, 0, 0, 3, 0}, 2, 0.5f, &count), nullptr);
+}
+
+TEST(ContourLevels, OfHeightArePulledInFromTheExtremes) {
+    const std::vector<float> levels = ContourLevelsOfHeight(0, 19, 20);
+    ASSERT_EQ(levels.size(), 20u);
+    for (int k = 0; k < 20; ++k)
+        EXPECT_NEAR(levels[k], 0.2 + 18.6 / 19 * k, 1e-5);
+}
+
+TEST(ContourLevels, OfXAndYLieInside) {
+    const std::vector<float> levels = ContourLevelsInside(0, 21, 20);
+    ASSERT_EQ(levels.size(), 20u);
+    for (int k = 1; k <= 20; ++k)
+        EXPECT_NEAR(levels[k - 1], 0.2 + 20.6 / 21 * k, 1e-5);
+    const std::vector<float> even = ContourLevelsEven(0, 21, 20);
+    for (int k = 1; k <= 20; ++k)
+        EXPECT_NEAR(even[k - 1], k, 1e-5);
+}
+
+namespace {
+
+class ContourProbe : public PlotterProbe {
+public:
+    using CKivoFunctionPlotter::CreateIsoContourSKivoTexImage;
+    using CKivoFunctionPlotter::m_isoContourTexels;
+    using CKivoFunctionPlotter::m_isoContourTexHeight;
+    using CKivoFunctionPlotter::m_isoContourTexId;
+    using CKivoFunctionPlotter::m_isoContourTexWidth;
+};
+
+class Contours : public WindowTest {
+protected:
+    TestWindow window{GetParam(), 500, 420};
+    ContourProbe plotter;
+    const TestSurface surface = HillSurface(30, 24);
+
+    void SetUp() override {
+        ASSERT_EQ(plotter.OnCreate(window.Handle(), 500, 420, true), 0);
+        plotter.SetData(surface.NewArray(), 30, 24, 1, 30, 3);
+    }
+};
+
+} // namespace
+
+TEST_P(Contours, RecordsLieFlatOnThePlaneOfTheirAxis) {
+    const std::vector<SKivoIsoContour>* sets[] = {&plotter.m_flatXIsoContours, &plotter.m_flatYIsoContours,
+                                                  &plotter.m_flatZIsoContours};
+    for (int axis = 0; axis < 3; ++axis) {
+        ASSERT_EQ(sets[axis]->size(), 20u);
+        for (const SKivoIsoContour& contour : *sets[axis]) {
+            EXPECT_EQ(contour.pointCount, Trace(surface, axis, contour.level).size());
+            EXPECT_EQ(contour.pointCount % 2, 0u);
+            for (std::uint64_t i = 0; i < contour.pointCount; ++i)
+                ASSERT_EQ(contour.points[3 * i + axis], 0.0f);
+        }
+    }
+}
+
+TEST_P(Contours, TheCountIsCheckedAndRebuildsOnce) {
+    EXPECT_EQ(plotter.SetIsoContourCount(0), -3);
+    EXPECT_EQ(plotter.m_flatZIsoContours.size(), 20u);
+    const float* before = plotter.m_flatZIsoContours[0].points;
+    EXPECT_EQ(plotter.SetIsoContourCount(20), 0);
+    EXPECT_EQ(plotter.m_flatZIsoContours[0].points, before);
+    EXPECT_EQ(plotter.SetIsoContourCount(7), 0);
+    EXPECT_EQ(plotter.m_flatZIsoContours.size(), 7u);
+    EXPECT_EQ(plotter.m_flatXIsoContours.size(), 7u);
+    EXPECT_EQ(wglGetCurrentContext(), nullptr);
+    EXPECT_EQ(plotter.SetIsoContourCount(1), 0);
+    EXPECT_TRUE(plotter.m_flatZIsoContours.empty()) << "one level of height is none";
+    EXPECT_EQ(plotter.m_flatXIsoContours.size(), 1u);
+    EXPECT_EQ(plotter.SetIsoContourCount(2000), 0);
+    EXPECT_EQ(plotter.m_flatYIsoContours.size(), 2000u);
+    plotter.OnDraw();
+    plotter.ReleaseIsoContour();
+    EXPECT_TRUE(plotter.m_flatYIsoContours.empty());
+}
+
+TEST_P(Contours, AreDrawnInTheirLevelsColourOnTheBackPlane) {
+    plotter.ShowFrameLines(false);
+    plotter.SetZAxisMin(-4.0f); // the floor lies well below the surface
+    plotter.AutoAdjustAxisLengthRatio();
+    const auto isMagenta = [](const unsigned char* p) { return p[0] > 200 && p[1] < 60 && p[2] > 200; };
+    const auto rows = [&](const Image& image) { // first and last row with magenta, right of the legend
+        std::array<int, 2> found = {image.height, -1};
+        for (int y = 0; y < image.height; ++y)
+            for (int x = plotter.m_plotViewport[0] + 20; x < image.width; ++x)
+                if (isMagenta(image.Pixel(x, y))) found = {std::min(found[0], y), y};
+        return found;
+    };
+    ASSERT_EQ(rows(CaptureImage(plotter))[1], -1);
+    plotter.ShowZIsoContours(true);
+    // Drawn from the stored levels, the lines follow the gradient; the surface keeps its array of colours.
+    const float magenta[] = {1, 0, 1, 1};
+    plotter.m_zGradientColor->SetColors(magenta, magenta);
+    const Image shown = CaptureImage(plotter);
+    const std::array<int, 2> seen = rows(shown);
+    ASSERT_GE(seen[1], 0);
+
+    const CurrentContext context(plotter);
+    plotter.ApplyViewVolume();
+    plotter.ApplyModelViewMatrix();
+    const auto rowOf = [&](float x, float y, float z) {
+        float pixel[3];
+        plotter.Project(x, y, z, pixel);
+        return static_cast<float>(shown.height) - pixel[1];
+    };
+    const float* low = plotter.m_boundingBoxMin;
+    const float* high = plotter.m_boundingBoxMax;
+    const float floor = plotter.m_gridBox->m_boxMin[2];
+    float front = rowOf(low[0], low[1], floor), back = front;
+    for (const float x : {low[0], high[0]})
+        for (const float y : {low[1], high[1]}) {
+            front = std::max(front, rowOf(x, y, floor));
+            back = std::min(back, rowOf(x, y, floor));
+        }
+    EXPECT_GT(static_cast<float>(seen[0]), back - 2) << "nothing above the floor";
+    EXPECT_LT(static_cast<float>(seen[1]), front + 2) << "nothing in front of it";
+    EXPECT_GT(static_cast<float>(seen[1] - seen[0]), 0.5f * (front - back));
+}
+
+TEST_P(Contours, AFlatPlotShowsItsSetWhateverIsHidden) {
+    plotter.SetZGradientColor(0x00FF00FF, 0x00FF00FF);
+    plotter.SwitchToXYProjectPlot();
+    const auto magenta = [this](const Image& image) {
+        int count = 0;
+        for (int y = 0; y < image.height; ++y)
+            for (int x = plotter.m_plotViewport[0] + 20; x < image.width; ++x) {
+                const unsigned char* p = image.Pixel(x, y);
+                count += p[0] > 200 && p[1] < 60 && p[2] > 200 ? 1 : 0;
+            }
+        return count;
+    };
+    EXPECT_FALSE(plotter.IsShowZIsoContours());
+    EXPECT_GT(magenta(CaptureImage(plotter)), 300);
+    plotter.ReleaseIsoContour();
+    EXPECT_EQ(magenta(CaptureImage(plotter)), 0);
+}
+
+TEST_P(Contours, ThePictureFormKeepsViewportAndClearColour) {
+    const CurrentContext context(plotter);
+    plotter.ApplyViewVolume();
+    glClearColor(0.25f, 0.5f, 0.75f, 1.0f);
+    plotter.CreateIsoContourSKivoTexImage();
+    EXPECT_EQ(plotter.m_isoContourTexWidth, 400);
+    EXPECT_EQ(plotter.m_isoContourTexHeight, 400);
+    EXPECT_NE(plotter.m_isoContourTexId, 0u);
+    int white = 0, coloured = 0;
+    for (int i = 0; i < 400 * 400; ++i) {
+        const unsigned char* p = plotter.m_isoContourTexels + 4 * i;
+        (p[0] == 255 && p[1] == 255 && p[2] == 255 ? white : coloured) += 1;
+    }
+    EXPECT_GT(white, 80000);
+    EXPECT_GT(coloured, 10000);
+    GLint viewport[4] = {};
+    GLfloat clear[4] = {};
+    glGetIntegerv(GL_VIEWPORT, viewport);
+    glGetFloatv(GL_COLOR_CLEAR_VALUE, clear);
+    EXPECT_TRUE(std::equal(viewport, viewport + 4, plotter.m_plotViewport));
+    EXPECT_EQ(clear[1], 0.5f);
+}
+
+KIVO_IN_EVERY_WINDOW(Contours);
