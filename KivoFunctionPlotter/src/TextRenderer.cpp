@@ -110,6 +110,22 @@ int PowerOfTwoNotBelow(int size) {
     return power;
 }
 
+// Makes the texels beside and above the image transparent: what a driver leaves there would show at the
+// image's borders, where texels are interpolated and repeat.
+void ClearPadding(const SKivoTexImage& image, int paddedWidth, int paddedHeight) {
+    const int beside = paddedWidth - image.width;
+    const int above = paddedHeight - image.height;
+    const std::size_t texels = std::max(static_cast<std::size_t>(beside) * image.height,
+                                        static_cast<std::size_t>(above) * paddedWidth);
+    const std::vector<unsigned char> clear(texels * 4, 0);
+    if (beside > 0)
+        glTexSubImage2D(GL_TEXTURE_2D, 0, image.width, 0, beside, image.height, GL_RGBA, GL_UNSIGNED_BYTE,
+                        clear.data());
+    if (above > 0)
+        glTexSubImage2D(GL_TEXTURE_2D, 0, 0, image.height, paddedWidth, above, GL_RGBA, GL_UNSIGNED_BYTE,
+                        clear.data());
+}
+
 // The texture is padded to powers of two; sMax and tMax say how much of it is used.
 void UploadTexture(SKivoTexImage& image) {
     const int paddedWidth = PowerOfTwoNotBelow(image.width);
@@ -125,6 +141,7 @@ void UploadTexture(SKivoTexImage& image) {
                  nullptr);
     glTexSubImage2D(GL_TEXTURE_2D, 0, 0, 0, image.width, image.height, GL_RGBA, GL_UNSIGNED_BYTE,
                     image.pixels);
+    ClearPadding(image, paddedWidth, paddedHeight);
     glBindTexture(GL_TEXTURE_2D, 0);
 }
 

@@ -202,6 +202,8 @@ TEST_P(AxisFrame, FlatTitlesKeepTheirGaps) {
     std::vector<int> box = inkBox(CaptureImage(plotter));
     EXPECT_NEAR((box[1] + box[3]) / 2.0, origin[1] + down, horizontal.height / 3.0);
     plotter.SetXAxisTitle("");
+    box = inkBox(CaptureImage(plotter));
+    EXPECT_EQ(box[3], -1) << "an empty title leaves nothing of the one before";
     plotter.SetYAxisTitle("HHHH");
     const SKivoTexImage& vertical = Box().m_axisTitleImage[1];
     int widest = 0;
