@@ -109,7 +109,7 @@ TEST_P(Text, SizesAndTextureShares) {
 TEST_P(Text, AnEmptyTextIsATransparentSquare) {
     Make("");
     EXPECT_EQ(image.width, image.height);
-    EXPECT_GT(image.height, 0);
+    EXPECT_EQ(image.height, Extent("").cy); // 0 on Windows
     for (int row = 0; row < image.height; ++row)
         EXPECT_FALSE(HasInk(row));
 }
