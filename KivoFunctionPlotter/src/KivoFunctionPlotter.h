@@ -875,6 +875,7 @@ private:
                             int axis);
     GridView Grid() const;
     int ContouredAxis() const;
+    std::vector<float> EvenHeights() const;
     void SetAxisTitle(int axis, const char* title, std::string& stored);
     void CallFontLists(const char* text, std::size_t count);
     template <typename Change>

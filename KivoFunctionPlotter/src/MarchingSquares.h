@@ -4,16 +4,25 @@
 #include "GridView.h"
 
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 namespace KivoDrawingTools {
 
-/// Traces the lines on which a coordinate has a value, by marching squares. A corner equal to the level
-/// counts as above it; saddles are resolved by fixed pairings. Cells are visited row by row.
-/// @param axis        the coordinate: 0 = x, 1 = y, 2 = z
-/// @param pointCount  receives the number of points, two for each segment
-/// @return three floats a point, from new[], for the caller to delete[]; null when no cell is crossed
-float* TraceLevelLines(const GridView& grid, int axis, float level, std::uint64_t* pointCount);
+/// The lines on which a coordinate has one value, as pairs of points, one pair a segment.
+struct LevelLines {
+    std::unique_ptr<float[]> points; ///< three floats each; null when no cell is crossed
+    std::uint64_t pointCount = 0;
+};
+
+/// Traces the lines on which a coordinate has certain values, by marching squares. A corner equal to a level
+/// counts as above it; saddles are resolved by fixed pairings. The segments of a level follow each other as
+/// their cells do, row by row. The grid is walked once for all levels: the cost grows with the cells and the
+/// segments, not with their product.
+/// @param axis    the coordinate: 0 = x, 1 = y, 2 = z
+/// @param levels  in ascending order, repetitions included; one that is no number crosses nothing
+/// @return one entry for each level
+std::vector<LevelLines> TraceLevelLines(const GridView& grid, int axis, const std::vector<float>& levels);
 
 /// Level values for contours of z: count levels, the first and last pulled in from the extremes by a fifth of
 /// a spacing. With one level the spacing is no number, and nothing is crossed.

@@ -428,14 +428,13 @@ void CKivoFunctionPlotter::AssignFlatYIsoContourData() {
 void CKivoFunctionPlotter::AssignFlatContours(std::vector<SKivoIsoContour>& contours, int axis,
                                               const std::vector<float>& levels) {
     if (!HasReadablePoints()) return;
+    std::vector<LevelLines> lines = TraceLevelLines(Grid(), axis, levels);
     contours.reserve(contours.size() + levels.size());
-    for (const float level : levels) {
-        SKivoIsoContour contour = {nullptr, 0, level};
-        contour.points = TraceLevelLines(Grid(), axis, level, &contour.pointCount);
-        if (!contour.points) continue;
-        for (std::uint64_t i = 0; i < contour.pointCount; ++i)
-            contour.points[3 * i + axis] = 0.0f;
-        contours.push_back(contour);
+    for (std::size_t k = 0; k < levels.size(); ++k) {
+        if (!lines[k].points) continue;
+        for (std::uint64_t i = 0; i < lines[k].pointCount; ++i)
+            lines[k].points[3 * i + axis] = 0.0f;
+        contours.push_back({lines[k].points.release(), lines[k].pointCount, levels[k]});
     }
 }
 
@@ -481,16 +480,17 @@ void CKivoFunctionPlotter::RenderFlatContours(const std::vector<SKivoIsoContour>
 void CKivoFunctionPlotter::RenderIsoContour() {
     glDisable(GL_LIGHTING);
     if (HasReadablePoints())
-        for (const float level :
-             ContourLevelsEven(m_boundingBoxMin[2], m_boundingBoxMax[2], m_isoContourCount)) {
-            std::uint64_t count = 0;
-            const std::unique_ptr<float[]> points(TraceLevelLines(Grid(), ContouredAxis(), level, &count));
+        for (const LevelLines& lines : TraceLevelLines(Grid(), ContouredAxis(), EvenHeights())) {
             glBegin(GL_LINES);
-            for (std::uint64_t i = 0; i < count; ++i)
-                glVertex3fv(points.get() + 3 * i);
+            for (std::uint64_t i = 0; i < lines.pointCount; ++i)
+                glVertex3fv(lines.points.get() + 3 * i);
             glEnd();
         }
     glEnable(GL_LIGHTING);
+}
+
+std::vector<float> CKivoFunctionPlotter::EvenHeights() const {
+    return ContourLevelsEven(m_boundingBoxMin[2], m_boundingBoxMax[2], m_isoContourCount);
 }
 
 // The last coordinate of a point; of points with more than three floats that is z too.
@@ -503,16 +503,16 @@ void CKivoFunctionPlotter::CreateIsoContourSKivoTexImage() {
     m_isoContourTexHeight = contourTexSize;
     const auto draw = [this] {
         glLineWidth(2.0f);
-        for (const float level :
-             ContourLevelsEven(m_boundingBoxMin[2], m_boundingBoxMax[2], m_isoContourCount)) {
-            std::uint64_t count = 0;
-            const std::unique_ptr<float[]> points(TraceLevelLines(Grid(), ContouredAxis(), level, &count));
+        const std::vector<float> levels = EvenHeights();
+        const std::vector<LevelLines> traced = TraceLevelLines(Grid(), ContouredAxis(), levels);
+        for (std::size_t k = 0; k < levels.size(); ++k) {
+            const LevelLines& lines = traced[k];
             float color[4] = {0, 0, 0, 1};
-            if (m_zGradientColor) m_zGradientColor->Evaluate(level, color);
+            if (m_zGradientColor) m_zGradientColor->Evaluate(levels[k], color);
             glColor4fv(color);
             glBegin(GL_LINES);
-            for (std::uint64_t i = 0; i < count; ++i)
-                glVertex3f(points[3 * i], points[3 * i + 1], 0.5f);
+            for (std::uint64_t i = 0; i < lines.pointCount; ++i)
+                glVertex3f(lines.points[3 * i], lines.points[3 * i + 1], 0.5f);
             glEnd();
         }
         glLineWidth(1.0f);

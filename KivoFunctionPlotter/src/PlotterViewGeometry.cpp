@@ -629,7 +629,9 @@ int CKivoFunctionPlotter::Trace(POINT pt) {
     float dir[3];
     NormalVector(nearPt, farPt, dir);
     // With hits beyond the limit alone there is a trace point, and it is the one from before.
-    if (PickSurface(Grid(), nearPt, dir, length, m_tracePoint) == PickResult::nothing) return 1;
+    if (PickSurface(Grid(), m_boundingBoxMin, m_boundingBoxMax, nearPt, dir, length, m_tracePoint) ==
+        PickResult::nothing)
+        return 1;
     m_hasTracePoint = 1;
     return 0;
 }

@@ -16,11 +16,13 @@ enum class PickResult {
     beyond    ///< triangles, but none nearer than the limit: there is no hit
 };
 
-/// The nearest point on the triangles of a grid, two a cell, split from (c, r) to (c + 1, r + 1). Cells are
-/// visited row by row; of equally distant triangles the first counts. One before the origin has a negative
-/// distance and wins.
-/// @param limit  distances have to be below it, in multiples of dir
-/// @param hit    receives x, y, z with PickResult::triangle, else it is left alone
-PickResult PickSurface(const GridView& grid, const float* origin, const float* dir, float limit, float* hit);
+/// The nearest point on the triangles of a grid, two a cell, split from (c, r) to (c + 1, r + 1). Of equally
+/// distant triangles the first counts, row by row. One before the origin has a negative distance and wins.
+/// A triangle whose plane the line does not meet in a number counts as met, but is never the nearest.
+/// @param boxMin, boxMax  the bounding box of the grid's points, three floats each
+/// @param limit           distances have to be below it, in multiples of dir
+/// @param hit             receives x, y, z with PickResult::triangle, else it is left alone
+PickResult PickSurface(const GridView& grid, const float* boxMin, const float* boxMax, const float* origin,
+                       const float* dir, float limit, float* hit);
 
 } // namespace KivoDrawingTools

@@ -3,12 +3,14 @@
 #include "KivoGridBox.h"
 #include "MarchingSquares.h"
 #include "support/Image.h"
+#include "support/PlainLoops.h"
 #include "support/TestSurfaces.h"
 #include "support/TestWindow.h"
 
 #include <array>
 #include <cmath>
-#include <memory>
+#include <limits>
+#include <random>
 #include <vector>
 
 using namespace KivoDrawingTools;
@@ -18,12 +20,13 @@ namespace {
 using Point = std::array<double, 3>;
 
 std::vector<Point> Trace(const TestSurface& surface, int axis, float level) {
-    std::uint64_t count = 0;
     const GridView grid = {surface.points.data(), surface.columns, surface.rows, 3, 3 * surface.columns};
-    const std::unique_ptr<float[]> points(TraceLevelLines(grid, axis, level, &count));
+    const std::vector<LevelLines> lines = TraceLevelLines(grid, axis, {level});
     std::vector<Point> traced;
-    for (std::uint64_t i = 0; i < count; ++i)
-        traced.push_back({points[3 * i], points[3 * i + 1], points[3 * i + 2]});
+    for (std::uint64_t i = 0; i < lines.at(0).pointCount; ++i) {
+        const float* p = &lines[0].points[3 * i];
+        traced.push_back({p[0], p[1], p[2]});
+    }
     return traced;
 }
 
@@ -107,11 +110,76 @@ TEST(LevelLines, AgreeWithAnIndependentTracer) {
 }
 
 TEST(LevelLines, GridsWithoutCellsHaveNone) {
-    std::uint64_t count = 9;
     const float points[] = {0, 0, 0, 1, 0, 1};
-    EXPECT_EQ(TraceLevelLines({points, 2, 1, 3, 6}, 2, 0.5f, &count), nullptr);
-    EXPECT_EQ(count, 0u);
-    EXPECT_EQ(TraceLevelLines({nullptr, 0, 0, 3, 0}, 2, 0.5f, &count), nullptr);
+    for (const GridView& grid : {GridView{points, 2, 1, 3, 6}, GridView{nullptr, 0, 0, 3, 0}}) {
+        const std::vector<LevelLines> lines = TraceLevelLines(grid, 2, {0.5f, 0.6f});
+        ASSERT_EQ(lines.size(), 2u);
+        EXPECT_EQ(lines[0].points, nullptr);
+        EXPECT_EQ(lines[0].pointCount, 0u);
+    }
+}
+
+// Every level of a walk has the very points, in the same order, that a plain walk for it alone has.
+void ExpectPlainLines(const GridView& grid, int axis, const std::vector<float>& levels) {
+    const std::vector<LevelLines> lines = TraceLevelLines(grid, axis, levels);
+    ASSERT_EQ(lines.size(), levels.size());
+    for (std::size_t k = 0; k < levels.size(); ++k) {
+        const std::vector<float> expected = PlainLevelLines(grid, axis, levels[k]);
+        ASSERT_EQ(3 * lines[k].pointCount, expected.size()) << "level " << levels[k];
+        EXPECT_EQ(lines[k].points == nullptr, expected.empty());
+        EXPECT_TRUE(AreIdentical(lines[k].points.get(), expected.data(), expected.size()));
+    }
+}
+
+// What the plotter's own choices of levels are over the values that a grid has.
+void ExpectPlainContours(const GridView& grid, unsigned int count) {
+    float min[3], max[3];
+    PlainBounds(grid, min, max);
+    for (int axis = 0; axis < 3; ++axis) {
+        ExpectPlainLines(grid, axis, ContourLevelsOfHeight(min[axis], max[axis], count));
+        ExpectPlainLines(grid, axis, ContourLevelsInside(min[axis], max[axis], count));
+    }
+}
+
+TEST(LevelLines, AreThoseOfPlainWalks) {
+    for (const TestSurface& surface : AllTestSurfaces())
+        for (const unsigned int count : {1u, 2u, 7u, 20u, 300u})
+            ExpectPlainContours(
+                {surface.points.data(), surface.columns, surface.rows, 3, 3 * surface.columns}, count);
+}
+
+TEST(LevelLines, AreThoseOfPlainWalksWhateverTheNumbers) {
+    constexpr float inf = std::numeric_limits<float>::infinity();
+    constexpr float nan = std::numeric_limits<float>::quiet_NaN();
+    std::mt19937 random(7);
+    for (const float scale : {1.0f, 1e-38f, 1e-42f, 1e30f, 3e38f})
+        for (const float offset : {0.0f, 6e6f, -1e-3f})
+            for (const float odd : {0.0f, nan, inf, -inf}) {
+                TestSurface surface = PlaneSurface(23, 17);
+                for (float& value : surface.points) {
+                    value = offset + scale * std::uniform_real_distribution<float>(-0.5f, 0.5f)(random);
+                    if (odd != 0.0f && random() % 40 == 0) value = odd;
+                }
+                surface.points[0] = surface.points[1] = surface.points[2] = offset; // a first number
+                const GridView grid = {surface.points.data(), 23, 17, 3, 3 * 23};
+                ExpectPlainContours(grid, 20);
+                ExpectPlainLines(grid, 2,
+                                 {-inf, offset - scale / 4, offset, offset, offset + scale / 8, inf});
+                ExpectPlainLines(grid, 2, {nan, offset, nan});
+            }
+}
+
+TEST(LevelLines, FollowStrides) {
+    std::vector<float> points(4 * 40);
+    for (std::size_t i = 0; i < points.size(); ++i)
+        points[i] = static_cast<float>((i * 7919) % 101);
+    ExpectPlainContours({points.data(), 5, 6, 4, 24}, 20);
+    ExpectPlainContours({points.data(), 6, 5, 24, 4}, 20); // columns and rows exchanged
+}
+
+TEST(LevelLines, MoreLevelsThanOneWalkTakesAreTracedToo) {
+    const TestSurface surface = NoiseSurface(4, 4);
+    ExpectPlainContours({surface.points.data(), 4, 4, 3, 12}, 40000);
 }
 
 TEST(ContourLevels, OfHeightArePulledInFromTheExtremes) {

@@ -1,6 +1,9 @@
 // Lines of sight against boxes and grids of triangles, without a plotter.
 #include "SurfacePicker.h"
 
+#include "support/PlainLoops.h"
+#include "support/TestSurfaces.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -110,6 +113,52 @@ bool MeetsUnitBox(const Ray& ray) {
     return MeetsBox(ray.origin, ray.dir, low, high);
 }
 
+/// PickSurface, which has to find what the plainest walk over all triangles finds.
+PickResult Pick(const GridView& grid, const Ray& ray, float limit, float* hit) {
+    float low[3] = {}, high[3] = {};
+    if (grid.columns > 0 && grid.rows > 0) PlainBounds(grid, low, high);
+    float expected[3];
+    std::copy(hit, hit + 3, expected);
+    const PickResult plain = PlainPick(grid, ray.origin, ray.dir, limit, expected);
+    const PickResult result = PickSurface(grid, low, high, ray.origin, ray.dir, limit, hit);
+    EXPECT_EQ(result, plain);
+    EXPECT_TRUE(AreIdentical(hit, expected, 3)) << hit[0] << ' ' << hit[1] << ' ' << hit[2] << " instead of "
+                                                << expected[0] << ' ' << expected[1] << ' ' << expected[2];
+    return result;
+}
+
+/// A line through a random point of the box, stretched as the box is, from far outside.
+Ray RandomRay(const GridView& grid, std::mt19937& random) {
+    float low[3] = {}, high[3] = {};
+    PlainBounds(grid, low, high);
+    std::normal_distribution<double> normal;
+    std::uniform_real_distribution<double> share(-0.1, 1.1);
+    double dir[3], length = 0.0;
+    Ray ray = {};
+    for (int i = 0; i < 3; ++i) {
+        const double side = double{high[i]} - low[i];
+        dir[i] = normal(random) * (side > 0.0 ? side : 1.0);
+        if (random() % 12 == 0) dir[i] = 0.0; // along a plane of the box
+        length += dir[i] * dir[i];
+    }
+    for (int i = 0; i < 3; ++i) {
+        ray.origin[i] =
+            static_cast<float>(low[i] + share(random) * (double{high[i]} - low[i]) - 30.0 * dir[i]);
+        ray.dir[i] = static_cast<float>(dir[i] / std::sqrt(length));
+    }
+    return ray;
+}
+
+/// Many lines on one grid; returns how many of them met it.
+int PickAtRandom(const GridView& grid, int lines, std::mt19937& random) {
+    int met = 0;
+    for (int i = 0; i < lines; ++i) {
+        float hit[3] = {7, 7, 7};
+        met += Pick(grid, RandomRay(grid, random), 1e30f, hit) == PickResult::triangle ? 1 : 0;
+    }
+    return met;
+}
+
 } // namespace
 
 // ---- Boxes
@@ -188,7 +237,7 @@ TEST(PickSurface, FindsTheNearestTriangleOnRandomLines) {
             continue;
         }
         float hit[3] = {noNumber, noNumber, noNumber};
-        const PickResult result = PickSurface(grid.View(), ray.origin, ray.dir, 1000.0f, hit);
+        const PickResult result = Pick(grid.View(), ray, 1000.0f, hit);
         if (std::isinf(clear)) {
             EXPECT_EQ(result, PickResult::nothing);
             EXPECT_TRUE(std::isnan(hit[0])) << "nothing is written";
@@ -209,11 +258,11 @@ TEST(PickSurface, DistancesAreMultiplesOfTheDirectionAndLieBelowTheLimit) {
     const Grid grid = FlatGrid(3, 3);
     const Ray ray = {{0.75f, 0.25f, 8.0f}, {0, 0, -2.0f}}; // 4 directions away
     float hit[3] = {7, 7, 7};
-    EXPECT_EQ(PickSurface(grid.View(), ray.origin, ray.dir, 3.5f, hit), PickResult::beyond);
-    EXPECT_EQ(PickSurface(grid.View(), ray.origin, ray.dir, 4.0f, hit), PickResult::beyond);
+    EXPECT_EQ(Pick(grid.View(), ray, 3.5f, hit), PickResult::beyond);
+    EXPECT_EQ(Pick(grid.View(), ray, 4.0f, hit), PickResult::beyond);
     EXPECT_EQ(hit[0], 7.0f);
     EXPECT_EQ(hit[2], 7.0f);
-    EXPECT_EQ(PickSurface(grid.View(), ray.origin, ray.dir, 4.5f, hit), PickResult::triangle);
+    EXPECT_EQ(Pick(grid.View(), ray, 4.5f, hit), PickResult::triangle);
     EXPECT_EQ(std::vector<float>(hit, hit + 3), (std::vector<float>{0.75f, 0.25f, 0.0f}));
 }
 
@@ -225,9 +274,9 @@ TEST(PickSurface, ATriangleBeforeTheOriginIsNearerThanOneAfterIt) {
             grid.At(c, r)[1] = static_cast<float>(3 - r);
     const Ray down = {{0.75f, 0.25f, 0}, {0, 0, -1}}, up = {{0.75f, 0.25f, 0}, {0, 0, 1}};
     float hit[3] = {};
-    EXPECT_EQ(PickSurface(grid.View(), down.origin, down.dir, 100, hit), PickResult::triangle);
+    EXPECT_EQ(Pick(grid.View(), down, 100, hit), PickResult::triangle);
     EXPECT_EQ(hit[2], 4.0f);
-    EXPECT_EQ(PickSurface(grid.View(), up.origin, up.dir, 100, hit), PickResult::triangle);
+    EXPECT_EQ(Pick(grid.View(), up, 100, hit), PickResult::triangle);
     EXPECT_EQ(hit[2], -4.0f);
 }
 
@@ -238,7 +287,7 @@ TEST(PickSurface, TheDiagonalFromTheLowToTheHighCornerBelongsToBothTriangles) {
         if (spoiled == 1) grid.At(1, 0)[2] = noNumber;
         if (spoiled == 2) grid.At(0, 1)[2] = noNumber;
         float hit[3] = {};
-        EXPECT_EQ(PickSurface(grid.View(), ray.origin, ray.dir, 100, hit), PickResult::triangle);
+        EXPECT_EQ(Pick(grid.View(), ray, 100, hit), PickResult::triangle);
         EXPECT_EQ(std::vector<float>(hit, hit + 3), (std::vector<float>{0.5f, 0.5f, 0.0f}));
     }
 }
@@ -249,7 +298,7 @@ TEST(PickSurface, CellsAreSplitFromTheLowToTheHighCorner) {
     grid.At(0, 0)[2] = grid.At(1, 1)[2] = 1.0f;
     const Ray ray = {{0.5f, 0.5f, 3.0f}, {0, 0, -1}};
     float hit[3] = {};
-    EXPECT_EQ(PickSurface(grid.View(), ray.origin, ray.dir, 100, hit), PickResult::triangle);
+    EXPECT_EQ(Pick(grid.View(), ray, 100, hit), PickResult::triangle);
     EXPECT_EQ(hit[2], 1.0f);
 }
 
@@ -263,7 +312,7 @@ TEST(PickSurface, OfEquallyDistantTrianglesTheFirstStays) {
     const Ray ray = {{0.75f, 0.25f, -0.0f}, {0, 0, -1}};
     const auto isZeroNegative = [&ray](const GridView& view) {
         float hit[3] = {};
-        EXPECT_EQ(PickSurface(view, ray.origin, ray.dir, 100, hit), PickResult::triangle);
+        EXPECT_EQ(Pick(view, ray, 100, hit), PickResult::triangle);
         EXPECT_EQ(hit[2], 0.0f);
         return std::signbit(hit[2]);
     };
@@ -279,9 +328,9 @@ TEST(PickSurface, TrianglesWithoutAreaAreNeverTakenButCount) {
         std::copy_n(grid.At(1, r), 3, grid.At(2, r)); // the second cell has no width
     float hit[3] = {7, 7, 7};
     const Ray beside = {{9.0f, 9.0f, 3.0f}, {0, 0, -1}}, through = {{0.75f, 0.25f, 3.0f}, {0, 0, -1}};
-    EXPECT_EQ(PickSurface(grid.View(), beside.origin, beside.dir, 100, hit), PickResult::beyond);
+    EXPECT_EQ(Pick(grid.View(), beside, 100, hit), PickResult::beyond);
     EXPECT_EQ(hit[0], 7.0f);
-    EXPECT_EQ(PickSurface(grid.View(), through.origin, through.dir, 100, hit), PickResult::triangle);
+    EXPECT_EQ(Pick(grid.View(), through, 100, hit), PickResult::triangle);
     EXPECT_EQ(hit[0], 0.75f);
     EXPECT_EQ(hit[2], 0.0f);
 }
@@ -292,9 +341,9 @@ TEST(PickSurface, PointsWithoutNumbersAreNeverTaken) {
         grid.At(1, 1)[2] = value;
         float hit[3] = {7, 7, 7};
         const Ray there = {{1.25f, 1.125f, 3.0f}, {0, 0, -1}}, elsewhere = {{2.75f, 2.25f, 3.0f}, {0, 0, -1}};
-        EXPECT_NE(PickSurface(grid.View(), there.origin, there.dir, 100, hit), PickResult::triangle);
+        EXPECT_NE(Pick(grid.View(), there, 100, hit), PickResult::triangle);
         EXPECT_EQ(hit[0], 7.0f);
-        EXPECT_EQ(PickSurface(grid.View(), elsewhere.origin, elsewhere.dir, 100, hit), PickResult::triangle);
+        EXPECT_EQ(Pick(grid.View(), elsewhere, 100, hit), PickResult::triangle);
         EXPECT_EQ(hit[2], 0.0f);
     }
 }
@@ -306,10 +355,10 @@ TEST(PickSurface, GridsWithoutCellsHaveNothingToFind) {
     const unsigned int sizes[][2] = {{0, 0}, {0, 5}, {5, 0}, {1, 5}, {5, 1}, {1, 1}};
     for (const auto& size : sizes) {
         const GridView view = {points.data(), size[0], size[1], 3, size[0] * 3};
-        EXPECT_EQ(PickSurface(view, ray.origin, ray.dir, 100, hit), PickResult::nothing);
+        EXPECT_EQ(Pick(view, ray, 100, hit), PickResult::nothing);
     }
     const GridView none = {nullptr, 0, 0, 0, 0};
-    EXPECT_EQ(PickSurface(none, ray.origin, ray.dir, 100, hit), PickResult::nothing);
+    EXPECT_EQ(Pick(none, ray, 100, hit), PickResult::nothing);
     EXPECT_EQ(hit[2], 7.0f);
 }
 
@@ -324,6 +373,73 @@ TEST(PickSurface, StridesLeadFromPointToPoint) {
     const GridView view = {stored.data(), 4, 4, record * storedRows, record * 3};
     const Ray ray = {{2.25f, 1.125f, 60.0f}, {0, 0, -1}};
     float hit[3] = {};
-    EXPECT_EQ(PickSurface(view, ray.origin, ray.dir, 100, hit), PickResult::triangle);
+    EXPECT_EQ(Pick(view, ray, 100, hit), PickResult::triangle);
     EXPECT_NEAR(hit[2], 1.125, 1e-5);
+}
+
+// ---- Against the plainest walk
+
+TEST(PickSurface, FindsWhatAPlainWalkFindsOnSmoothAndRoughSurfaces) {
+    std::mt19937 random(3);
+    for (const TestSurface& surface : AllTestSurfaces()) {
+        const GridView view = {surface.points.data(), surface.columns, surface.rows, 3, 3 * surface.columns};
+        EXPECT_GT(PickAtRandom(view, 400, random), 50) << surface.name;
+    }
+}
+
+TEST(PickSurface, FindsWhatAPlainWalkFindsWithUnequalAxesAndOffsets) {
+    std::mt19937 random(4);
+    for (const float wide : {1.0f, 1e-3f, 1e3f, 1e6f, 1e-12f, 1e12f})
+        for (const float high : {1.0f, 1e-4f, 1e5f, 0.0f, 1e-30f, 1e30f})
+            for (const float offset : {0.0f, 6e6f, -50.0f}) {
+                TestSurface surface = TerrainSurface(25, 21);
+                for (std::size_t i = 0; i < surface.points.size(); i += 3) {
+                    surface.points[i] = surface.points[i] * wide + offset;
+                    surface.points[i + 2] = surface.points[i + 2] * high + offset;
+                }
+                PickAtRandom({surface.points.data(), 25, 21, 3, 75}, 40, random);
+            }
+}
+
+TEST(PickSurface, FindsWhatAPlainWalkFindsAmongDegenerateCells) {
+    std::mt19937 random(5);
+    std::uniform_real_distribution<float> uniform(-1.0f, 1.0f);
+    for (int round = 0; round < 60; ++round) {
+        TestSurface surface = HillSurface(19, 15);
+        for (float& value : surface.points) {
+            const unsigned int fate = static_cast<unsigned int>(random()) % 200;
+            if (fate == 0) value = noNumber;
+            if (fate == 1) value = infinity;
+            if (fate == 2) value = uniform(random) * 1e25f;
+            if (fate < 20 && round % 3 == 0) value = std::round(value); // points on each other, upright cells
+            if (round % 5 == 0) value = uniform(random);                // no surface at all
+        }
+        std::fill_n(surface.points.begin(), 3, 0.5f);
+        PickAtRandom({surface.points.data(), 19, 15, 3, 57}, 40, random);
+    }
+}
+
+TEST(PickSurface, FindsWhatAPlainWalkFindsEdgeOn) {
+    const TestSurface surface = PlaneSurface(30, 30);
+    TestSurface ridge = PlaneSurface(30, 30);
+    for (std::size_t i = 0; i < ridge.points.size(); i += 3)
+        ridge.points[i + 2] = std::sin(ridge.points[i]);
+    for (const TestSurface* s : {&surface, static_cast<const TestSurface*>(&ridge)})
+        for (const float height : {-0.3f, 0.0f, 0.5f})
+            for (const Ray& ray :
+                 {Ray{{0.3f, -100, height}, {0, 1, 0}}, Ray{{-100, 0.3f, height}, {1, 0, 0}},
+                  Ray{{0.25f, -100, height}, {1e-7f, 1, 0}}, Ray{{0, 0, height}, {0, 0, 0}}}) {
+                float hit[3] = {7, 7, 7};
+                Pick({s->points.data(), 30, 30, 3, 90}, ray, 1e30f, hit);
+            }
+}
+
+// Rows longer than what is looked at in one go.
+TEST(PickSurface, FindsWhatAPlainWalkFindsInWideGrids) {
+    std::mt19937 random(6);
+    for (const unsigned int columns : {1024u, 1025u, 1026u, 2100u}) {
+        const TestSurface surface = TerrainSurface(columns, 5);
+        EXPECT_GT(PickAtRandom({surface.points.data(), columns, 5, 3, 3 * columns}, 60, random), 5);
+        EXPECT_GT(PickAtRandom({surface.points.data(), 5, columns, 3 * columns, 3}, 60, random), 5);
+    }
 }

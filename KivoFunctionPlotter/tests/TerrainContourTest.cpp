@@ -51,9 +51,8 @@ struct Terrain {
     }
 
     std::uint64_t TraceSegments(int axis, float level) const {
-        std::uint64_t pointCount = 0;
-        delete[] TraceLevelLines({points.data(), columns, rows, 3, 3 * columns}, axis, level, &pointCount);
-        return pointCount / 2;
+        return TraceLevelLines({points.data(), columns, rows, 3, 3 * columns}, axis, {level})[0].pointCount /
+               2;
     }
 };
 
