@@ -866,7 +866,6 @@ private:
                  unsigned int components);
     bool HasReadablePoints() const;
     bool HasDrawablePoints() const;
-    void FindBoundingBox(float* min, float* max) const;
     void SetVertexPointer() const;
     void UploadFramelineTexture() const;
     void AssignFlatContours(std::vector<SKivoIsoContour>& contours, int axis,

@@ -1,6 +1,10 @@
 #include "KivoGradientColor.h"
 
 #include "ColorSpace.h"
+#include "VectorClones.h"
+
+#include <algorithm>
+#include <type_traits>
 
 namespace KivoDrawingTools {
 
@@ -11,6 +15,68 @@ void Reencode(float* hue, float* saturation, float* value) {
     float r, g, b;
     HsvToRgb(*hue, *saturation, *value, &r, &g, &b);
     RgbToHsv(r, g, b, hue, saturation, value);
+}
+
+// What a run of values needs to know of a gradient.
+struct Ramp {
+    float min, range;
+    float startHue, startSaturation, startValue;
+    float endHue, endSaturation, endValue;
+};
+
+constexpr std::size_t runLength = 256; // values
+struct HsvRun {
+    float degrees[runLength], saturation[runLength], value[runLength];
+};
+
+// Whether every hue is a number above -1 and below 1, in turns.
+template <typename Stride>
+inline bool InterpolateRun(const Ramp& ramp, const float* values, Stride stride, std::size_t count,
+                           HsvRun& run) {
+    int outside = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        const float t = (values[i * stride] - ramp.min) / ramp.range;
+        const float hue = (1.0f - t) * ramp.startHue + t * ramp.endHue;
+        run.saturation[i] = (1.0f - t) * ramp.startSaturation + t * ramp.endSaturation;
+        run.value[i] = (1.0f - t) * ramp.startValue + t * ramp.endValue;
+        const float degrees = hue * 360.0f;
+        const int isInside = (degrees > -360.0f) & (degrees < 360.0f);
+        run.degrees[i] = isInside ? degrees : 0.0f;
+        outside |= isInside ^ 1;
+    }
+    return outside == 0;
+}
+
+// HsvToRgb for hues within a turn, without branches.
+inline void ConvertRun(const HsvRun& run, std::size_t count, float* rgba) {
+    for (std::size_t i = 0; i < count; ++i) {
+        const float s = run.saturation[i], v = run.value[i];
+        const float sextant = static_cast<float>(static_cast<int>(run.degrees[i])) / 360.0f * 6.0f;
+        const int k = static_cast<int>(sextant);
+        const float part = sextant - static_cast<float>(k);
+        const float f = (k & 1) == 0 ? 1.0f - part : part;
+        const float m = (1.0f - s) * v;
+        const float n = (1.0f - s * f) * v;
+        const bool isGrey = s < 1e-5f;
+        const float r = (k == 2) | (k == 3) ? m : (k == 1) | (k == 4) ? n : v;
+        const float g = (k == 1) | (k == 2) ? v : (k == 4) | (k == 5) ? m : n;
+        const float b = (k == 3) | (k == 4) ? v : (k == 2) | (k == 5) ? n : m;
+        rgba[4 * i] = isGrey ? v : r;
+        rgba[4 * i + 1] = isGrey ? v : g;
+        rgba[4 * i + 2] = isGrey ? v : b;
+        rgba[4 * i + 3] = 1.0f;
+    }
+}
+
+// False, with nothing written, where a hue is beyond a turn or no number.
+KIVO_VECTOR_CLONES bool ColorRun(const Ramp& ramp, const float* values, std::size_t stride, std::size_t count,
+                                 float* rgba) {
+    HsvRun run;
+    const bool isInside = // a stride known to the compiler, as vectors need it
+        stride == 3 ? InterpolateRun(ramp, values, std::integral_constant<std::size_t, 3>(), count, run)
+                    : InterpolateRun(ramp, values, stride, count, run);
+    if (isInside) ConvertRun(run, count, rgba);
+    return isInside;
 }
 
 } // namespace
@@ -46,6 +112,22 @@ void CKivoGradientColor::Evaluate(float value, float* rgb) const {
     const float saturation = (1.0f - t) * m_startSaturation + t * m_endSaturation;
     const float brightness = (1.0f - t) * m_startValue + t * m_endValue;
     HsvToRgb(hue, saturation, brightness, &rgb[0], &rgb[1], &rgb[2]);
+}
+
+void CKivoGradientColor::EvaluateAll(const float* values, std::size_t stride, std::size_t count,
+                                     float* rgba) const {
+    const Ramp ramp = {m_min,        m_range,  m_startHue,      m_startSaturation,
+                       m_startValue, m_endHue, m_endSaturation, m_endValue};
+    for (std::size_t start = 0; start < count; start += runLength) {
+        const std::size_t length = std::min(runLength, count - start);
+        const float* const run = values + start * stride;
+        float* const colors = rgba + start * 4;
+        if (m_range != 0.0f && ColorRun(ramp, run, stride, length, colors)) continue;
+        for (std::size_t i = 0; i < length; ++i) {
+            Evaluate(run[i * stride], colors + 4 * i);
+            colors[4 * i + 3] = 1.0f;
+        }
+    }
 }
 
 } // namespace KivoDrawingTools

@@ -1,6 +1,8 @@
 // A colour gradient over a range of values.
 #pragma once
 
+#include <cstddef>
+
 namespace KivoDrawingTools {
 
 /// Maps a value to a colour between a start and an end colour, linearly in hue, saturation and value. The hue
@@ -21,6 +23,9 @@ public:
     /// The colour of a value; values outside the range extrapolate, a range of 0 gives the start colour.
     /// @param rgb  receives three floats
     void Evaluate(float value, float* rgb) const;
+    /// The colours of values that lie stride floats apart.
+    /// @param rgba  receives four floats a value, alpha 1
+    void EvaluateAll(const float* values, std::size_t stride, std::size_t count, float* rgba) const;
 
     float m_min = 0.0f;             ///< value of the start colour
     float m_max = 0.0f;             ///< value of the end colour

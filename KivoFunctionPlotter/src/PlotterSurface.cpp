@@ -6,6 +6,7 @@
 #include "KivoGradientColor.h"
 #include "KivoGridBox.h"
 #include "MarchingSquares.h"
+#include "MeshArrays.h"
 #include "window_system/WindowSystem.h"
 
 #include <algorithm>
@@ -31,11 +32,6 @@ void ReplaceArray(T*& array, std::size_t count) {
 // Cells along a side of so many points.
 unsigned int CellCount(unsigned int points) {
     return points == 0 ? 0 : points - 1;
-}
-
-void AppendSegment(std::vector<unsigned int>& indices, unsigned int from, unsigned int to) {
-    indices.push_back(from);
-    indices.push_back(to);
 }
 
 void DrawFramelineTexture() {
@@ -134,7 +130,7 @@ int CKivoFunctionPlotter::TakeData(float* points, bool isReference, const unsign
 
     float min[3] = {};
     float max[3] = {};
-    FindBoundingBox(min, max);
+    if (HasReadablePoints()) FindBounds(Grid(), min, max);
 
     const ContextScope context(m_hDC, m_hGLRC);
     UpdateBoundingBoxToViewVolume(min, max);
@@ -161,46 +157,19 @@ bool CKivoFunctionPlotter::HasDrawablePoints() const {
     return packed <= addressed;
 }
 
-void CKivoFunctionPlotter::FindBoundingBox(float* min, float* max) const {
-    if (!HasReadablePoints()) return;
-    VectorAssign3(min, m_points);
-    VectorAssign3(max, m_points);
-    for (std::size_t r = 0; r < m_rowCount; ++r)
-        for (std::size_t c = 0; c < m_columnCount; ++c) {
-            const float* p = m_points + c * m_columnStride + r * m_rowStride;
-            for (int i = 0; i < 3; ++i) {
-                if (min[i] > p[i])
-                    min[i] = p[i];
-                else if (p[i] > max[i])
-                    max[i] = p[i];
-            }
-        }
-}
-
 // ---- Mesh arrays ----------------------------------------------------------------------------------------
 
 void CKivoFunctionPlotter::AssignColorData() {
     if (!HasReadablePoints() || !m_zGradientColor) return;
     ReplaceArray(m_colorArray, std::size_t{m_columnCount} * m_rowCount * 4);
-    float* color = m_colorArray;
     for (std::size_t r = 0; r < m_rowCount; ++r)
-        for (std::size_t c = 0; c < m_columnCount; ++c) {
-            m_zGradientColor->Evaluate(m_points[c * m_columnStride + r * m_rowStride + 2], color);
-            color[3] = 1.0f;
-            color += 4;
-        }
+        m_zGradientColor->EvaluateAll(Grid().At(0, r) + 2, m_columnStride, m_columnCount,
+                                      m_colorArray + r * m_columnCount * 4);
 }
 
 void CKivoFunctionPlotter::AssignTexcoordData() {
     ReplaceArray(m_texcoordArray, std::size_t{m_columnCount} * m_rowCount * 2);
-    const float du = 1.0f / static_cast<float>(CellCount(m_columnCount));
-    const float dv = 1.0f / static_cast<float>(CellCount(m_rowCount));
-    float* texcoord = m_texcoordArray;
-    for (unsigned int r = 0; r < m_rowCount; ++r)
-        for (unsigned int c = 0; c < m_columnCount; ++c) {
-            *texcoord++ = static_cast<float>(c) * du;
-            *texcoord++ = static_cast<float>(r) * dv;
-        }
+    FillTexcoords(m_columnCount, m_rowCount, m_texcoordArray);
 }
 
 void CKivoFunctionPlotter::AssignIndexData() {
@@ -208,14 +177,7 @@ void CKivoFunctionPlotter::AssignIndexData() {
     const unsigned int cellRows = CellCount(m_rowCount);
     m_indexCount = 6 * cellRows * cellColumns;
     ReplaceArray(m_indexArray, std::size_t{cellRows} * cellColumns * 6);
-    const unsigned int n = m_columnCount;
-    unsigned int* index = m_indexArray;
-    for (unsigned int r = 0; r < cellRows; ++r)
-        for (unsigned int c = 0; c < cellColumns; ++c) {
-            const unsigned int a = r * n + c;
-            for (const unsigned int corner : {a, a + 1, a + n + 1, a, a + n + 1, a + n})
-                *index++ = corner;
-        }
+    FillTriangleIndices(cellColumns, cellRows, m_indexArray);
 }
 
 void CKivoFunctionPlotter::AssignNormalData() {
@@ -340,43 +302,11 @@ void CKivoFunctionPlotter::AssignFramelineIndexData(unsigned int columnStep, uns
     m_framelineIndexCount = 0;
     if (!HasReadablePoints()) return;
 
-    const unsigned int width = m_columnCount;
-    const unsigned int c = CellCount(m_columnCount);
-    const unsigned int r = CellCount(m_rowCount);
-    const unsigned int sc = std::min(c, columnStep);
-    const unsigned int sr = std::min(r, rowStep);
-    if (sc == 0 || sr == 0) return;
-    // A line right before the far border is left out where the strip between would be thinner than half a
-    // step.
-    const bool skipColumn = c % sc < sc / 2;
-    const bool skipRow = r % sr < sr / 2;
-
-    std::vector<unsigned int> indices;
-    indices.reserve((std::size_t{4} * c + 2) * r + std::size_t{2} * c);
-    const auto appendRow = [&](unsigned int row) {
-        for (unsigned int i = 0; i < c; ++i)
-            AppendSegment(indices, row * width + i, row * width + i + 1);
-    };
-    const auto appendColumn = [&](unsigned int column) {
-        for (unsigned int j = 0; j < r; ++j)
-            AppendSegment(indices, j * width + column, (j + 1) * width + column);
-    };
-    appendRow(0);
-    appendRow(r);
-    appendColumn(0);
-    appendColumn(c);
-    for (unsigned int row = sr; row < r; row += sr) {
-        if (row == r - 1 && skipRow) break;
-        appendRow(row);
-    }
-    for (unsigned int column = sc; column < c; column += sc) {
-        if (column == c - 1 && skipColumn) break;
-        appendColumn(column);
-    }
-
-    m_framelineIndexArray = new unsigned int[indices.size()];
-    std::copy(indices.begin(), indices.end(), m_framelineIndexArray);
-    m_framelineIndexCount = static_cast<int>(indices.size());
+    const FrameLines lines(CellCount(m_columnCount), CellCount(m_rowCount), columnStep, rowStep);
+    if (lines.IndexCount() == 0) return;
+    m_framelineIndexArray = new unsigned int[lines.IndexCount()];
+    lines.Fill(m_framelineIndexArray);
+    m_framelineIndexCount = static_cast<int>(lines.IndexCount());
 }
 
 void CKivoFunctionPlotter::CreateFramelineSKivoTexImage() {
