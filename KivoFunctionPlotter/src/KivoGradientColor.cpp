@@ -4,6 +4,9 @@
 #include "VectorClones.h"
 
 #include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <cstring>
 #include <type_traits>
 
 namespace KivoDrawingTools {
@@ -24,47 +27,80 @@ struct Ramp {
     float endHue, endSaturation, endValue;
 };
 
-constexpr std::size_t runLength = 256; // values
+constexpr std::size_t runLength = 64; // values; short, so that memory is written while the next are computed
 struct HsvRun {
     float degrees[runLength], saturation[runLength], value[runLength];
+    int isBeyond; // whether a hue is not within a turn, or no number
+    int hasGrey;
 };
 
-// Whether every hue is a number above -1 and below 1, in turns.
+struct RgbRun {
+    // Alpha is 1; as a constant it would keep the compiler from storing whole colours.
+    float red[runLength], green[runLength], blue[runLength], alpha[runLength];
+};
+
 template <typename Stride>
-inline bool InterpolateRun(const Ramp& ramp, const float* values, Stride stride, std::size_t count,
+inline void InterpolateRun(const Ramp& ramp, const float* values, Stride stride, std::size_t count,
                            HsvRun& run) {
-    int outside = 0;
+    int isBeyond = 0, hasGrey = 0;
     for (std::size_t i = 0; i < count; ++i) {
         const float t = (values[i * stride] - ramp.min) / ramp.range;
-        const float hue = (1.0f - t) * ramp.startHue + t * ramp.endHue;
-        run.saturation[i] = (1.0f - t) * ramp.startSaturation + t * ramp.endSaturation;
+        const float degrees = ((1.0f - t) * ramp.startHue + t * ramp.endHue) * 360.0f;
+        const float saturation = (1.0f - t) * ramp.startSaturation + t * ramp.endSaturation;
         run.value[i] = (1.0f - t) * ramp.startValue + t * ramp.endValue;
-        const float degrees = hue * 360.0f;
-        const int isInside = (degrees > -360.0f) & (degrees < 360.0f);
-        run.degrees[i] = isInside ? degrees : 0.0f;
-        outside |= isInside ^ 1;
+        run.saturation[i] = saturation;
+        run.degrees[i] = degrees;
+        isBeyond |= !(std::fabs(degrees) < 360.0f);
+        hasGrey |= saturation < 1e-5f;
     }
-    return outside == 0;
+    run.isBeyond = isBeyond;
+    run.hasGrey = hasGrey;
 }
 
-// HsvToRgb for hues within a turn, without branches.
-inline void ConvertRun(const HsvRun& run, std::size_t count, float* rgba) {
+// One of two values, without a branch that would keep compilers from making vectors.
+inline float Choose(bool isFirst, float first, float second) {
+    std::uint32_t bits[2];
+    std::memcpy(&bits[0], &first, sizeof(first));
+    std::memcpy(&bits[1], &second, sizeof(second));
+    const std::uint32_t mask = 0u - static_cast<std::uint32_t>(isFirst);
+    const std::uint32_t chosen = (bits[0] & mask) | (bits[1] & ~mask);
+    float value;
+    std::memcpy(&value, &chosen, sizeof(value));
+    return value;
+}
+
+// HsvToRgb for colours that are not grey and hues within a turn.
+inline void ConvertRun(const HsvRun& run, std::size_t count, RgbRun& rgb) {
     for (std::size_t i = 0; i < count; ++i) {
         const float s = run.saturation[i], v = run.value[i];
         const float sextant = static_cast<float>(static_cast<int>(run.degrees[i])) / 360.0f * 6.0f;
         const int k = static_cast<int>(sextant);
         const float part = sextant - static_cast<float>(k);
-        const float f = (k & 1) == 0 ? 1.0f - part : part;
+        const float f = Choose((k & 1) == 0, 1.0f - part, part);
         const float m = (1.0f - s) * v;
         const float n = (1.0f - s * f) * v;
-        const bool isGrey = s < 1e-5f;
-        const float r = (k == 2) | (k == 3) ? m : (k == 1) | (k == 4) ? n : v;
-        const float g = (k == 1) | (k == 2) ? v : (k == 4) | (k == 5) ? m : n;
-        const float b = (k == 3) | (k == 4) ? v : (k == 2) | (k == 5) ? n : m;
-        rgba[4 * i] = isGrey ? v : r;
-        rgba[4 * i + 1] = isGrey ? v : g;
-        rgba[4 * i + 2] = isGrey ? v : b;
-        rgba[4 * i + 3] = 1.0f;
+        rgb.red[i] = Choose((k == 2) | (k == 3), m, Choose((k == 1) | (k == 4), n, v));
+        rgb.green[i] = Choose((k == 1) | (k == 2), v, Choose((k == 4) | (k == 5), m, n));
+        rgb.blue[i] = Choose((k == 3) | (k == 4), v, Choose((k == 2) | (k == 5), n, m));
+        rgb.alpha[i] = 1.0f;
+    }
+}
+
+inline void OverwriteGrey(const HsvRun& run, std::size_t count, RgbRun& rgb) {
+    for (std::size_t i = 0; i < count; ++i) {
+        const bool isGrey = run.saturation[i] < 1e-5f;
+        rgb.red[i] = Choose(isGrey, run.value[i], rgb.red[i]);
+        rgb.green[i] = Choose(isGrey, run.value[i], rgb.green[i]);
+        rgb.blue[i] = Choose(isGrey, run.value[i], rgb.blue[i]);
+    }
+}
+
+inline void Interleave(const RgbRun& rgb, std::size_t count, float* rgba) {
+    for (std::size_t i = 0; i < count; ++i) {
+        rgba[4 * i] = rgb.red[i];
+        rgba[4 * i + 1] = rgb.green[i];
+        rgba[4 * i + 2] = rgb.blue[i];
+        rgba[4 * i + 3] = rgb.alpha[i];
     }
 }
 
@@ -72,11 +108,16 @@ inline void ConvertRun(const HsvRun& run, std::size_t count, float* rgba) {
 KIVO_VECTOR_CLONES bool ColorRun(const Ramp& ramp, const float* values, std::size_t stride, std::size_t count,
                                  float* rgba) {
     HsvRun run;
-    const bool isInside = // a stride known to the compiler, as vectors need it
-        stride == 3 ? InterpolateRun(ramp, values, std::integral_constant<std::size_t, 3>(), count, run)
-                    : InterpolateRun(ramp, values, stride, count, run);
-    if (isInside) ConvertRun(run, count, rgba);
-    return isInside;
+    if (stride == 3) // known to the compiler, as vectors need it
+        InterpolateRun(ramp, values, std::integral_constant<std::size_t, 3>(), count, run);
+    else
+        InterpolateRun(ramp, values, stride, count, run);
+    if (run.isBeyond) return false;
+    RgbRun rgb;
+    ConvertRun(run, count, rgb);
+    if (run.hasGrey) OverwriteGrey(run, count, rgb);
+    Interleave(rgb, count, rgba);
+    return true;
 }
 
 } // namespace
