@@ -1,13 +1,10 @@
 #include "GridReader.h"
 
 #include "Failure.h"
+#include "FileText.h"
 #include "GridFormats.h"
 #include "Numbers.h"
 
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
-#include <memory>
 #include <vector>
 
 namespace KivoViewer {
@@ -15,8 +12,6 @@ namespace KivoViewer {
 namespace {
 
 enum class Format { asciiGrid, xyz, matrix };
-
-constexpr std::size_t maxFileSize = std::size_t{1} << 30;
 
 bool EndsInCsv(const std::string& name) {
     if (name.size() < 4) return false;
@@ -42,20 +37,6 @@ Format DetectFormat(TextLines lines) {
     return AreNeighbours(first, second) ? Format::xyz : Format::matrix;
 }
 
-std::string ReadText(const std::string& path) {
-    const auto close = [](std::FILE* file) { std::fclose(file); };
-    const std::unique_ptr<std::FILE, decltype(close)> file(std::fopen(path.c_str(), "rb"), close);
-    if (!file) throw Failure(path + ": cannot open it: " + std::strerror(errno));
-    std::string text;
-    std::vector<char> block(std::size_t{1} << 16);
-    while (const std::size_t count = std::fread(block.data(), 1, block.size(), file.get())) {
-        text.append(block.data(), count);
-        if (text.size() > maxFileSize) throw Failure(path + ": larger than 1 GiB");
-    }
-    if (std::ferror(file.get())) throw Failure(path + ": cannot read it: " + std::strerror(errno));
-    return text;
-}
-
 } // namespace
 
 GridData ReadGrid(std::string_view text, const std::string& name) {
@@ -71,7 +52,7 @@ GridData ReadGrid(std::string_view text, const std::string& name) {
 }
 
 GridData ReadGridFile(const std::string& path) {
-    return ReadGrid(ReadText(path), path);
+    return ReadGrid(ReadFileText(path), path);
 }
 
 } // namespace KivoViewer

@@ -2,24 +2,33 @@
 
 #include "Failure.h"
 #include "GridReader.h"
-#include "PlotSetup.h"
 #include "PlotWidget.h"
 #include "PngWriter.h"
+#include "SettingsPanel.h"
 
 #include <KivoPicture.h>
 
 #include <QActionGroup>
-#include <QColorDialog>
+#include <QApplication>
+#include <QDockWidget>
 #include <QFileDialog>
+#include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QScreen>
+#include <QScrollArea>
+#include <QSignalBlocker>
+#include <QStatusBar>
 
+#include <functional>
+#include <utility>
 #include <vector>
 
 namespace KivoViewer {
 
 namespace {
+
+constexpr int panelWidth = 320;
 
 // Tells the user of a failure, where there is one.
 void Try(QWidget* parent, const std::function<void()>& action) {
@@ -36,15 +45,24 @@ void Try(QWidget* parent, const std::function<void()>& action) {
 
 MainWindow::MainWindow(const GridData& grid, const Options& options) : m_plot(new PlotWidget(this)) {
     setCentralWidget(m_plot);
+    MakePanel();
     FillFileMenu();
-    FillPlotMenu(options.mode);
+    FillPlotMenu();
     FillViewMenu();
+    m_tracePoint = new QLabel(this);
+    statusBar()->addPermanentWidget(m_tracePoint);
     FitTo(options.width, options.height);
     m_plot->Attach();
-    m_plot->SetGrid(grid);
-    SwitchMode(m_plot->Plotter(), options.mode);
+    Scene().Settings() = options.settings;
+    Scene().ShowGrid(grid);
+    m_plot->onTrace = [this](const float* point) { ShowTrace(point); };
     m_plot->setFocus();
     ShowTitle(grid);
+    RefreshControls();
+}
+
+PlotScene& MainWindow::Scene() {
+    return m_plot->Scene();
 }
 
 void MainWindow::FillFileMenu() {
@@ -55,73 +73,131 @@ void MainWindow::FillFileMenu() {
     menu->addAction("&Quit", this, [this] { close(); })->setShortcut(Qt::CTRL | Qt::Key_Q);
 }
 
-void MainWindow::FillPlotMenu(int mode) {
+void MainWindow::FillPlotMenu() {
     QMenu* const menu = menuBar()->addMenu("&Plot");
     auto* const modes = new QActionGroup(this);
     const char* const names[] = {"&3-D plot", "&XY projection", "&YZ projection", "X&Z projection"};
     for (int i = 0; i < 4; ++i) {
-        QAction* const action = menu->addAction(names[i], this, [this, i] {
-            SwitchMode(m_plot->Plotter(), i);
-            m_plot->Redraw();
-        });
+        QAction* const action = menu->addAction(names[i], this, [this, i] { ChangeMode(i); });
         action->setShortcut(Qt::Key_0 + i);
         action->setCheckable(true);
-        action->setChecked(i == mode);
         modes->addAction(action);
+        m_modes.push_back(action);
     }
     menu->addSeparator();
-    AddToggle(menu, "Inverse X axis", false, [this](bool on) { m_plot->Plotter().SetInverseXAxis(on); });
-    AddToggle(menu, "Inverse Y axis", false, [this](bool on) { m_plot->Plotter().SetInverseYAxis(on); });
-    AddToggle(menu, "Inverse Z axis", false, [this](bool on) { m_plot->Plotter().SetInverseZAxis(on); });
+    for (const char* const name : {"inverse-x", "inverse-y", "inverse-z"})
+        AddToggle(menu, name);
 }
 
 void MainWindow::FillViewMenu() {
     QMenu* const menu = menuBar()->addMenu("&View");
     QAction* const reset = menu->addAction("&Reset view", this, [this] {
-        m_plot->Plotter().ResetView();
+        Scene().ResetView();
         m_plot->Redraw();
     });
     reset->setShortcut(Qt::Key_Home);
     menu->addSeparator();
-    AddToggle(menu, "&Frame lines", true, [this](bool on) {
-        m_plot->Plotter().ShowFrameLines(on);
-    })->setShortcut(Qt::Key_F);
-    AddToggle(menu, "&Grid lines", true, [this](bool on) {
-        m_plot->Plotter().ShowGridLines(on);
-    })->setShortcut(Qt::Key_G);
-    AddToggle(menu, "&Trace the pointer", false, [this](bool on) {
-        m_plot->Trace(on);
-    })->setShortcut(Qt::Key_T);
-    AddToggle(menu, "Contours of equal &x", false,
-              [this](bool on) { m_plot->Plotter().ShowXIsoContours(on); });
-    AddToggle(menu, "Contours of equal &y", false,
-              [this](bool on) { m_plot->Plotter().ShowYIsoContours(on); });
-    AddToggle(menu, "Contours of equal &z", false,
-              [this](bool on) { m_plot->Plotter().ShowZIsoContours(on); });
+    for (const char* const name : {"frame-lines", "grid-lines", "switch-planes"})
+        AddToggle(menu, name);
     menu->addSeparator();
-    menu->addAction("&Background colour...", this, [this] { ChooseBackground(); });
-    menu->addAction("Background as at &first", this, [this] {
-        m_plot->Plotter().ResetBackgroundColor();
-        m_plot->Redraw();
-    });
+    for (const char* const name : {"x-contours", "y-contours", "z-contours"})
+        AddToggle(menu, name);
+    menu->addSeparator();
+    AddToggle(menu, "trace");
+    menu->addSeparator();
+    QAction* const panel = m_panelDock->toggleViewAction();
+    panel->setText("&Settings panel");
+    panel->setShortcut(Qt::Key_F9);
+    menu->addAction(panel);
+    menu->addAction("Settings as at &first", this, [this] { ResetSettings(); });
 }
 
-QAction* MainWindow::AddToggle(QMenu* menu, const QString& text, bool on,
-                               const std::function<void(bool)>& set) {
-    QAction* const action = menu->addAction(text);
+void MainWindow::MakePanel() {
+    m_panel = new SettingsPanel(
+        Scene(), [this](const Setting& setting, const PlotSettings& wanted) { Change(setting, wanted); },
+        [this](const QString& text) { ShowWarning(text); });
+    auto* const area = new QScrollArea(this);
+    area->setWidget(m_panel);
+    area->setWidgetResizable(true);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setMinimumWidth(panelWidth);
+    area->setFocusPolicy(Qt::NoFocus);
+    m_panelDock = new QDockWidget("Settings", this);
+    m_panelDock->setObjectName("settings");
+    m_panelDock->setWidget(area);
+    addDockWidget(Qt::RightDockWidgetArea, m_panelDock);
+}
+
+void MainWindow::AddToggle(QMenu* menu, const std::string& settingName) {
+    const Setting& setting = FindSetting(settingName);
+    QAction* const action = menu->addAction(QString::fromStdString(setting.label));
     action->setCheckable(true);
-    action->setChecked(on);
-    connect(action, &QAction::toggled, this, [this, set](bool checked) {
-        set(checked);
-        m_plot->Redraw();
+    if (setting.key) action->setShortcut(QKeySequence(setting.key));
+    connect(action, &QAction::toggled, this, [this, &setting](bool on) {
+        PlotSettings wanted = Scene().Settings();
+        SetFromText(setting, on ? "on" : "off", wanted);
+        Change(setting, wanted);
     });
-    return action;
+    m_toggles.push_back({&setting, action});
 }
 
-// The plot gets the size asked for in pixels of the device, as far as the screen has them.
+// What the plot cannot show is said and left as it was.
+void MainWindow::Change(const Setting& setting, const PlotSettings& wanted) {
+    const PlotSettings before = std::exchange(Scene().Settings(), wanted);
+    try {
+        (Scene().*setting.apply)();
+    } catch (const Failure& failure) {
+        Scene().Settings() = before;
+        ShowWarning(QString::fromStdString(failure.what()));
+    }
+    m_plot->Redraw();
+    RefreshControls();
+}
+
+void MainWindow::ChangeMode(int mode) {
+    Scene().Settings().mode = mode;
+    Scene().ApplyView();
+    m_plot->Redraw();
+}
+
+void MainWindow::ResetSettings() {
+    PlotSettings settings;
+    settings.mode = Scene().Settings().mode;
+    Scene().Settings() = settings;
+    Scene().ApplyAll();
+    m_plot->Redraw();
+    RefreshControls();
+}
+
+void MainWindow::RefreshControls() {
+    const PlotSettings& settings = Scene().Settings();
+    for (const ToggleAction& toggle : m_toggles) {
+        const QSignalBlocker blocker(toggle.action);
+        toggle.action->setChecked(TextOf(*toggle.setting, settings) == "on");
+    }
+    m_modes[static_cast<std::size_t>(settings.mode)]->setChecked(true);
+    m_panel->Refresh();
+}
+
+void MainWindow::ShowTrace(const float* point) {
+    QString text;
+    if (point) text = QString("x = %1   y = %2   z = %3").arg(point[0]).arg(point[1]).arg(point[2]);
+    m_tracePoint->setText(text);
+}
+
+void MainWindow::ShowWarning(const QString& text) {
+    constexpr int milliseconds = 10000;
+    statusBar()->showMessage(text, milliseconds);
+    QApplication::beep();
+}
+
+// The plot gets the size asked for in pixels of the device, as far as the screen has them. The panel stands
+// beside it at first where there is room for both.
 void MainWindow::FitTo(int plotWidth, int plotHeight) {
-    const QSize plot = QSize(plotWidth, plotHeight) / devicePixelRatioF();
-    resize((plot + QSize(0, menuBar()->sizeHint().height())).boundedTo(screen()->availableSize()));
+    const QSize room = screen()->availableSize();
+    m_plot->SetWantedSize(QSize(plotWidth, plotHeight) / devicePixelRatioF());
+    if (sizeHint().width() > room.width()) m_panelDock->hide();
+    resize(sizeHint().boundedTo(room));
 }
 
 void MainWindow::ShowTitle(const GridData& grid) {
@@ -136,9 +212,11 @@ void MainWindow::OpenFile() {
     if (path.isEmpty()) return;
     Try(this, [&] {
         const GridData grid = ReadGridFile(QFile::encodeName(path).toStdString());
-        m_plot->SetGrid(grid);
+        Scene().Settings() = WithoutDataSettings(Scene().Settings());
+        Scene().ShowGrid(grid);
         ShowTitle(grid);
         m_plot->Redraw();
+        RefreshControls();
     });
 }
 
@@ -149,18 +227,10 @@ void MainWindow::SavePicture() {
         std::vector<unsigned char> rgba;
         int width = 0;
         int height = 0;
-        if (CapturePicture(m_plot->Plotter(), rgba, width, height) != 0)
+        if (CapturePicture(Scene().Plotter(), rgba, width, height) != 0)
             throw Failure(std::string("cannot draw: ") + KivoDrawingTools::LastWindowError());
         WritePng(QFile::encodeName(path).toStdString(), rgba, width, height);
     });
-}
-
-void MainWindow::ChooseBackground() {
-    const QColor color = QColorDialog::getColor(Qt::white, this, "Background colour");
-    if (!color.isValid()) return;
-    m_plot->Plotter().SetBackgroundColor(static_cast<float>(color.redF()), static_cast<float>(color.greenF()),
-                                         static_cast<float>(color.blueF()), 1.0f);
-    m_plot->Redraw();
 }
 
 } // namespace KivoViewer

@@ -1,16 +1,22 @@
-// The viewer's window: menus and the plot.
+// The viewer's window: menus, the plot, the side panel and the status bar.
 #pragma once
 
 #include "GridData.h"
 #include "Options.h"
+#include "SettingTable.h"
 
 #include <QMainWindow>
 
-#include <functional>
+#include <vector>
+
+class QDockWidget;
+class QLabel;
 
 namespace KivoViewer {
 
+class PlotScene;
 class PlotWidget;
+class SettingsPanel;
 
 /// Throws a Failure where the plot cannot be drawn on this display.
 class MainWindow : public QMainWindow {
@@ -19,17 +25,36 @@ public:
 
 private:
     void FillFileMenu();
-    void FillPlotMenu(int mode);
+    void FillPlotMenu();
     void FillViewMenu();
+    void MakePanel();
     void FitTo(int plotWidth, int plotHeight);
 
-    QAction* AddToggle(QMenu* menu, const QString& text, bool on, const std::function<void(bool)>& set);
+    void AddToggle(QMenu* menu, const std::string& settingName);
+    void Change(const Setting& setting, const PlotSettings& wanted);
+    void ChangeMode(int mode);
+    void ResetSettings();
+    /// Shows in menus and panel what the settings are.
+    void RefreshControls();
+    void ShowTrace(const float* point);
+    void ShowWarning(const QString& text);
+
+    PlotScene& Scene();
     void ShowTitle(const GridData& grid);
     void OpenFile();
     void SavePicture();
-    void ChooseBackground();
 
-    PlotWidget* m_plot; ///< owned by the window
+    struct ToggleAction {
+        const Setting* setting;
+        QAction* action;
+    };
+
+    PlotWidget* m_plot; ///< as all widgets, owned by the window
+    SettingsPanel* m_panel = nullptr;
+    QDockWidget* m_panelDock = nullptr;
+    QLabel* m_tracePoint = nullptr;
+    std::vector<ToggleAction> m_toggles;
+    std::vector<QAction*> m_modes;
 };
 
 } // namespace KivoViewer

@@ -2,8 +2,12 @@
 
 #include "Failure.h"
 #include "Numbers.h"
+#include "SettingTable.h"
 
 #include <CLI/CLI.hpp>
+
+#include <cctype>
+#include <map>
 
 namespace KivoViewer {
 
@@ -21,7 +25,57 @@ struct Words {
     std::string x;
     std::string y;
     std::string size;
+    std::map<std::string, std::string> settings; // by their names
 };
+
+const char* ValueName(const Setting& setting) {
+    constexpr const char* names[] = {"", "COUNT", "NUMBER", "TEXT", "COLOUR"}; // as the kinds of fields
+    return names[setting.field.index()];
+}
+
+// A flag for each way; the help shows the one that is not the case by itself.
+void DescribeToggle(CLI::App& app, const Setting& setting, std::string& text) {
+    const bool isOn = TextOf(setting, PlotSettings()) == "on";
+    std::string without = "Without " + setting.help;
+    without[8] = static_cast<char>(std::tolower(static_cast<unsigned char>(without[8])));
+    const auto turn = [&text, &setting](const char* way) {
+        if (!text.empty())
+            throw Failure("--" + setting.name + " and --no-" + setting.name + " exclude each other");
+        text = way;
+    };
+    app.add_flag_callback(
+           "--" + setting.name, [turn] { turn("on"); }, setting.help)
+        ->group(isOn ? "" : setting.section);
+    app.add_flag_callback(
+           "--no-" + setting.name, [turn] { turn("off"); }, without)
+        ->group(isOn ? setting.section : "");
+}
+
+void DescribeSettings(CLI::App& app, Words& words) {
+    for (const Setting& setting : AllSettings()) {
+        std::string& text = words.settings[setting.name];
+        if (IsToggle(setting))
+            DescribeToggle(app, setting, text);
+        else
+            app.add_option("--" + setting.name, text, setting.help)
+                ->type_name(ValueName(setting))
+                ->group(setting.section);
+    }
+}
+
+void ParseSettings(const CLI::App& app, const Words& words, Options& options) {
+    for (const Setting& setting : AllSettings()) {
+        const std::string option = "--" + setting.name;
+        const std::string& text = words.settings.at(setting.name);
+        if (app.count(option) == 0 && text.empty()) continue;
+        try {
+            SetFromText(setting, text, options.settings);
+        } catch (const Failure& failure) {
+            throw Failure(option + ": " + failure.what());
+        }
+        options.settingNames.push_back(setting.name);
+    }
+}
 
 void Describe(CLI::App& app, Options& options, Words& words) {
     app.set_version_flag("--version", std::string("kivo-viewer ") + KIVO_VERSION);
@@ -46,7 +100,8 @@ void Describe(CLI::App& app, Options& options, Words& words) {
     app.add_option("--size", words.size,
                    "Size of the picture or the window's plot in pixels, 1200x800 without")
         ->type_name("WIDTHxHEIGHT");
-    app.add_option("--mode", options.mode, "0: 3-D plot, 1: XY, 2: YZ, 3: XZ")->check(CLI::Range(0, 3));
+    app.add_option("--mode", options.settings.mode, "0: 3-D plot, 1: XY, 2: YZ, 3: XZ")
+        ->check(CLI::Range(0, 3));
     dpi->needs(picture)->check(CLI::Range(1, 1200));
 }
 
@@ -82,6 +137,7 @@ Options ParseOptions(int argc, const char* const* argv) {
     Words words;
     CLI::App app("Shows a surface z = f(x, y) as a 3-D plot.", "kivo-viewer");
     Describe(app, options, words);
+    DescribeSettings(app, words);
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp&) {
@@ -99,6 +155,7 @@ Options ParseOptions(int argc, const char* const* argv) {
     if (app.count("--x") > 0) options.x = RangeOf("--x", words.x);
     if (app.count("--y") > 0) options.y = RangeOf("--y", words.y);
     if (app.count("--size") > 0) ParseSize(words.size, options);
+    ParseSettings(app, words, options);
     return options;
 }
 

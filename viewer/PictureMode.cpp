@@ -1,7 +1,7 @@
 #include "PictureMode.h"
 
 #include "Failure.h"
-#include "PlotSetup.h"
+#include "PlotScene.h"
 #include "PngWriter.h"
 
 #include <KivoPicture.h>
@@ -40,12 +40,12 @@ void WritePicture(const GridData& grid, const Options& options) {
     const std::unique_ptr<std::remove_pointer_t<HWND>, decltype(release)> window(CreateWindowFor(options),
                                                                                  release);
     if (!window) FailToDraw();
-    KivoDrawingTools::CKivoFunctionPlotter plotter; // gone before its window
-    if (plotter.OnCreate(window.get(), options.width, options.height, true) != 0) FailToDraw();
-    ShowGrid(plotter, grid);
-    SwitchMode(plotter, options.mode);
+    PlotScene scene; // gone before its window
+    if (scene.Plotter().OnCreate(window.get(), options.width, options.height, true) != 0) FailToDraw();
+    scene.Settings() = options.settings;
+    scene.ShowGrid(grid);
     std::vector<unsigned char> rgba;
-    if (CapturePicture(plotter, options.width, options.height, rgba) != 0) FailToDraw();
+    if (CapturePicture(scene.Plotter(), options.width, options.height, rgba) != 0) FailToDraw();
     WritePng(options.picture, rgba, options.width, options.height);
 }
 

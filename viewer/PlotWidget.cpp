@@ -1,7 +1,6 @@
 #include "PlotWidget.h"
 
 #include "Failure.h"
-#include "PlotSetup.h"
 
 #include <QGuiApplication>
 #include <QMouseEvent>
@@ -36,12 +35,6 @@ unsigned int KeyState(const QMouseEvent& event) {
 
 } // namespace
 
-void ViewerPlotter::ResetView() {
-    for (int element = 12; element < 15; ++element) // switching modes keeps the shift
-        m_rotationMatrix[element] = 0.0;
-    SwitchMode(*this, GetCurrentPlotType());
-}
-
 PlotWidget::PlotWidget(QWidget* parent) : QWidget(parent) {
     setAttribute(Qt::WA_NativeWindow);
     setAttribute(Qt::WA_PaintOnScreen);
@@ -53,7 +46,7 @@ PlotWidget::PlotWidget(QWidget* parent) : QWidget(parent) {
 }
 
 PlotWidget::~PlotWidget() {
-    m_plotter.OnDestroy();
+    Plotter().OnDestroy();
     KivoDrawingTools::ReleaseWindow(m_window);
 }
 
@@ -61,33 +54,39 @@ void PlotWidget::Attach() {
     const WId id = winId();
     QGuiApplication::sync(); // the plotter's own connection to the display must find the window there
     m_window = KivoDrawingTools::AttachX11Window(static_cast<unsigned long>(id));
-    if (m_plotter.OnCreate(m_window, ToDevice(width()), ToDevice(height()), true) != 0)
+    if (Plotter().OnCreate(m_window, ToDevice(width()), ToDevice(height()), true) != 0)
         throw Failure(std::string("cannot draw: ") + KivoDrawingTools::LastWindowError());
 }
 
-void PlotWidget::SetGrid(const GridData& grid) {
-    ShowGrid(m_plotter, grid);
-    m_plotter.ResetView();
+void PlotWidget::Redraw() {
+    Plotter().OnDraw();
+    setMouseTracking(Plotter().IsTracing()); // moves without a button matter to the trace only
+    ReportTrace();
 }
 
-void PlotWidget::Trace(bool enable) {
-    m_plotter.Trace(enable);
-    setMouseTracking(enable); // moves without a button matter to the trace only
+void PlotWidget::SetWantedSize(const QSize& size) {
+    m_wantedSize = size;
+    updateGeometry();
+}
+
+void PlotWidget::ReportTrace() {
+    float point[3];
+    if (onTrace) onTrace(Plotter().IsTracing() && Plotter().GetTracePoint(point) ? point : nullptr);
 }
 
 void PlotWidget::paintEvent(QPaintEvent*) {
-    m_plotter.OnDraw();
+    Plotter().OnDraw();
 }
 
 void PlotWidget::resizeEvent(QResizeEvent*) {
-    m_plotter.OnSize(0, ToDevice(width()), ToDevice(height()));
+    Plotter().OnSize(0, ToDevice(width()), ToDevice(height()));
 }
 
 void PlotWidget::mousePressEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton)
-        m_plotter.OnLButtonDown(KeyState(*event), ToDevice(event->position()));
+        Plotter().OnLButtonDown(KeyState(*event), ToDevice(event->position()));
     if (event->button() == Qt::RightButton)
-        m_plotter.OnRButtonDown(KeyState(*event), ToDevice(event->position()));
+        Plotter().OnRButtonDown(KeyState(*event), ToDevice(event->position()));
 }
 
 // The second press of a quick pair begins a drag like any other.
@@ -97,13 +96,14 @@ void PlotWidget::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void PlotWidget::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton)
-        m_plotter.OnLButtonUp(KeyState(*event), ToDevice(event->position()));
+        Plotter().OnLButtonUp(KeyState(*event), ToDevice(event->position()));
     if (event->button() == Qt::RightButton)
-        m_plotter.OnRButtonUp(KeyState(*event), ToDevice(event->position()));
+        Plotter().OnRButtonUp(KeyState(*event), ToDevice(event->position()));
 }
 
 void PlotWidget::mouseMoveEvent(QMouseEvent* event) {
-    m_plotter.OnMouseMove(KeyState(*event), ToDevice(event->position()));
+    Plotter().OnMouseMove(KeyState(*event), ToDevice(event->position()));
+    ReportTrace();
 }
 
 // High-resolution wheels turn a step in many small events; the plotter gets one message where a step is full.
@@ -112,7 +112,7 @@ void PlotWidget::wheelEvent(QWheelEvent* event) {
     const int steps = m_wheelAngle / wheelStep;
     if (steps == 0) return;
     m_wheelAngle -= steps * wheelStep;
-    m_plotter.OnMouseWheel(KeyState(event->buttons(), event->modifiers()),
+    Plotter().OnMouseWheel(KeyState(event->buttons(), event->modifiers()),
                            static_cast<short>(steps * wheelStep), ToScreen(event->globalPosition()));
 }
 

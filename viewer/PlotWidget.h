@@ -1,21 +1,15 @@
 // The plot as a Qt widget.
 #pragma once
 
-#include "GridData.h"
+#include "PlotScene.h"
 
-#include <KivoFunctionPlotter.h>
 #include <KivoWindow.h>
 
 #include <QWidget>
 
-namespace KivoViewer {
+#include <functional>
 
-/// The plotter, with what only a derived class can do.
-class ViewerPlotter : public KivoDrawingTools::CKivoFunctionPlotter {
-public:
-    /// Shows the present plot mode as it was at first: not turned, moved or zoomed.
-    void ResetView();
-};
+namespace KivoViewer {
 
 /// A native window of its own in which the plotter draws. Qt paints nothing here; it brings the events, which
 /// go to the plotter in pixels of the device.
@@ -26,14 +20,16 @@ public:
 
     /// Binds the plotter to this widget's window. Throws a Failure.
     void Attach();
-    /// Shows a grid from the start view of the present plot mode. To be called after Attach.
-    void SetGrid(const GridData& grid);
-    /// For settings and pictures. Redraw() shows what was set.
-    ViewerPlotter& Plotter() { return m_plotter; }
-    /// Shows the point of the surface under the pointer, or stops to.
-    void Trace(bool enable);
-    void Redraw() { m_plotter.OnDraw(); }
+    /// What is shown; Redraw() shows changes of it.
+    PlotScene& Scene() { return m_scene; }
+    void Redraw();
+    /// Called with the traced point after each move of the pointer, with null where there is none.
+    std::function<void(const float*)> onTrace;
 
+    /// The size that the layout should give it, as far as there is room.
+    void SetWantedSize(const QSize& size);
+
+    QSize sizeHint() const override { return m_wantedSize; }
     QPaintEngine* paintEngine() const override { return nullptr; }
 
 protected:
@@ -50,7 +46,11 @@ private:
     KivoDrawingTools::POINT ToDevice(const QPointF& position) const;
     KivoDrawingTools::POINT ToScreen(const QPointF& globalPosition) const;
 
-    ViewerPlotter m_plotter;
+    ViewerPlotter& Plotter() { return m_scene.Plotter(); }
+    void ReportTrace();
+
+    PlotScene m_scene;
+    QSize m_wantedSize;
     KivoDrawingTools::HWND m_window = nullptr;
     int m_wheelAngle = 0; ///< turned since the last step, in eighths of a degree
 };

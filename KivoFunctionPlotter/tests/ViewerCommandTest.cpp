@@ -19,6 +19,7 @@ using namespace KivoTest;
 using KivoDrawingTools::Compare;
 using KivoDrawingTools::Image;
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 namespace {
@@ -159,10 +160,46 @@ TEST_F(ViewerCommandTest, RefusesUnknownOptions) {
     ExpectFailure({"--x", "0:1:5"}, "--x requires --function; kivo-viewer --help lists the options");
 }
 
+// The settings themselves are tested in ViewerSettingsTest.
+TEST_F(ViewerCommandTest, DrawsWithSettings) {
+    const Image plain = Draw({"--size", "400x300"});
+    const std::vector<std::vector<std::string>> commands = {
+        {"--title", "Höhe über NN (m)"},
+        {"--x-title", "高さ"},
+        {"--z-contours"},
+        {"--z-contours", "--contour-count", "3"},
+        {"--no-grid-lines"},
+        {"--z-precision", "4"},
+        {"--gradient-start", "white", "--gradient-end", "#800000"},
+        {"--z-min", "-1000"},
+        {"--inverse-x"},
+    };
+    std::vector<Image> images{plain};
+    for (std::vector<std::string> command : commands) {
+        SCOPED_TRACE(command[0]);
+        command.insert(command.end(), {"--size", "400x300"});
+        images.push_back(Draw(command));
+        for (std::size_t i = 0; i + 1 < images.size(); ++i)
+            EXPECT_GT(Compare(images[i], images.back()).max, 50) << "as picture " << i;
+    }
+}
+
+TEST_F(ViewerCommandTest, RefusesSettingsThatCannotBe) {
+    ExpectFailure({"--background", "pinkish"},
+                  "--background: expected a colour such as ff8000 or red, found \"pinkish\"");
+    ExpectFailure({"--z-ticks", "1"}, "--z-ticks: expected a whole number from 2 to 200, found \"1\"");
+    ExpectFailure({"--z-min", ""}, "--z-min: expected a number, found \"\"");
+    ExpectFailure({"--z-min", "5000", "--picture", Path("a.png")},
+                  "the Z axis must rise, not go from 5000 to 1200");
+    EXPECT_EQ(FileCount(), 0U);
+}
+
 TEST_F(ViewerCommandTest, AnswersHelpAndVersion) {
     const ViewerResult help = Run({"--help"});
     EXPECT_EQ(help.exitCode, 0);
-    EXPECT_THAT(help.output, HasSubstr("--function"));
+    for (const char* const option : {"--function", "--x-title TEXT", "--no-grid-lines", "--z-contours"})
+        EXPECT_THAT(help.output, HasSubstr(option));
+    EXPECT_THAT(help.output, Not(HasSubstr("--no-z-contours")));
     EXPECT_EQ(help.errors, "");
     const ViewerResult version = Run({"--version"});
     EXPECT_EQ(version.exitCode, 0);

@@ -322,9 +322,25 @@ TEST(ViewerOptionsTest, ReadsTheCommandLine) {
     EXPECT_EQ(formula.picture, "a b.png");
     EXPECT_EQ(formula.width, 640);
     EXPECT_EQ(formula.height, 480);
-    EXPECT_EQ(formula.mode, 2);
+    EXPECT_EQ(formula.settings.mode, 2);
     EXPECT_EQ(formula.dpi, 120);
     EXPECT_EQ(Parse({"grid.asc"}).file, "grid.asc");
+}
+
+TEST(ViewerOptionsTest, ReadsSettings) {
+    const Options options = Parse({"--title", "A b", "--x-min=-5", "--z-max", "1e3", "--no-frame-lines",
+                                   "--y-contours", "--no-trace", "--contour-count", "7"});
+    EXPECT_EQ(options.settings.title, "A b");
+    EXPECT_EQ(options.settings.axes[0].min, -5.0f);
+    EXPECT_EQ(options.settings.axes[2].max, 1000.0f);
+    EXPECT_FALSE(options.settings.showsFrameLines);
+    EXPECT_TRUE(options.settings.axes[1].showsContours);
+    EXPECT_FALSE(options.settings.traces);
+    EXPECT_EQ(options.settings.contourCount, 7U);
+    EXPECT_THAT(options.settingNames, testing::UnorderedElementsAre("title", "x-min", "z-max", "frame-lines",
+                                                                    "y-contours", "trace", "contour-count"));
+    EXPECT_TRUE(Parse({}).settingNames.empty());
+    EXPECT_EQ(Parse({"--title", ""}).settings.title, "") << "no title";
 }
 
 TEST(ViewerOptionsTest, AnswersHelpAndVersion) {
@@ -355,6 +371,7 @@ TEST(ViewerOptionsTest, RefusesWhatCannotBeFollowed) {
         {{"--size", "0x10"}, "--size: expected WIDTHxHEIGHT of 1 to 16384 each, found 0x10"},
         {{"--size", "10x16385"}, "--size: expected WIDTHxHEIGHT of 1 to 16384 each, found 10x16385"},
         {{"--size", "-5x5"}, "--size: expected WIDTHxHEIGHT of 1 to 16384 each, found -5x5"},
+        {{"--trace", "--no-trace"}, "--trace and --no-trace exclude each other"},
         {{"--function", ""}, "--function: empty"},
         {{"--picture", ""}, "--picture: empty"},
         {{""}, "FILE: empty"},

@@ -37,7 +37,12 @@ constexpr int plotHeight = 600;
 // Keysyms of Latin characters are their codes.
 constexpr xcb_keysym_t controlKey = 0xFFE3;
 constexpr xcb_keysym_t shiftKey = 0xFFE1;
+constexpr xcb_keysym_t altKey = 0xFFE9;
 constexpr xcb_keysym_t homeKey = 0xFF50;
+constexpr xcb_keysym_t upKey = 0xFF52;
+constexpr xcb_keysym_t tabKey = 0xFF09;
+constexpr xcb_keysym_t returnKey = 0xFF0D;
+constexpr xcb_keysym_t f9Key = 0xFFC6;
 
 enum MouseButton { leftButton = 1, rightButton = 3, wheelUp = 4, wheelDown = 5 };
 
@@ -67,7 +72,7 @@ protected:
 
     void TearDown() override {
         if (!m_viewer) return;
-        for (const xcb_keysym_t key : {controlKey, shiftKey})
+        for (const xcb_keysym_t key : {controlKey, shiftKey, altKey})
             Key(key, false);
         for (const int button : {leftButton, rightButton})
             m_input->Button(button, false);
@@ -198,6 +203,15 @@ protected:
         return std::max({rgb[0], rgb[1], rgb[2]}) - std::min({rgb[0], rgb[1], rgb[2]}) > 60;
     }
 
+    // Pixels of the rows from first to last that differ.
+    static int DifferingPixels(const Image& a, const Image& b, int first, int last) {
+        int count = 0;
+        for (int y = first; y < last; ++y)
+            for (int x = 0; x < a.width; ++x)
+                count += std::memcmp(a.Pixel(x, y), b.Pixel(x, y), 3) != 0;
+        return count;
+    }
+
     static int CountOf(const Image& image, bool (*condition)(const unsigned char*)) {
         return image.Count(condition);
     }
@@ -317,12 +331,18 @@ protected:
     Image m_start;
 };
 
-TEST_F(ViewerWindowTest, FillsTheWindowBelowTheMenus) {
+// The panel stands on the right where the screen has room for it, the status bar below.
+TEST_F(ViewerWindowTest, GivesThePlotItsSize) {
     EXPECT_EQ(m_plotArea.width, plotWidth);
     EXPECT_EQ(m_plotArea.height, plotHeight);
     const Area window = AreaOf(m_window);
     EXPECT_EQ(m_plotArea.x, window.x);
-    EXPECT_EQ(m_plotArea.y + m_plotArea.height, window.y + window.height);
+    EXPECT_GT(m_plotArea.y, window.y);
+    EXPECT_GT(window.y + window.height, m_plotArea.y + m_plotArea.height);
+    EXPECT_GT(window.width, plotWidth + 200);
+    Start({"--size", "1200x600"});
+    EXPECT_EQ(m_plotArea.width, 1200);
+    EXPECT_EQ(AreaOf(m_window).width, 1200);
 }
 
 // What the screen shows is what the program draws without a screen.
@@ -382,8 +402,9 @@ TEST_F(ViewerWindowTest, OtherButtonsAndMovesDoNothing) {
 
 TEST_F(ViewerWindowTest, FollowsTheWindowsSize) {
     const Area before = AreaOf(m_window);
-    const int menuHeight = before.height - plotHeight;
-    Resize(600, 700 + menuHeight);
+    const int panelWidth = before.width - plotWidth;
+    const int barHeight = before.height - plotHeight; // menus and status bar
+    Resize(600 + panelWidth, 700 + barHeight);
     ASSERT_TRUE(WaitForPlotSize(600, 700));
     const Image resized = Settled();
     Keep(resized, "resized");
@@ -392,7 +413,7 @@ TEST_F(ViewerWindowTest, FollowsTheWindowsSize) {
     for (const int x : {1, 598})
         for (const int y : {1, 698})
             EXPECT_TRUE(resized.IsNear(x, y, cream, 2)) << "not drawn at " << x << ", " << y;
-    Resize(plotWidth, plotHeight + menuHeight);
+    Resize(plotWidth + panelWidth, plotHeight + barHeight);
     ASSERT_TRUE(WaitForPlotSize(plotWidth, plotHeight));
     WaitFor([this] { return Grab().rgba == m_start.rgba; });
     ExpectStart(Settled());
@@ -407,6 +428,60 @@ TEST_F(ViewerWindowTest, KeysChooseThePlot) {
                 << "plot " << key << " looks like plot " << i;
     }
     ExpectStart(After("key-0", [this] { Press('0'); }));
+}
+
+TEST_F(ViewerWindowTest, KeysSwitchContours) {
+    for (const char key : {'x', 'y', 'z'}) {
+        const std::string step(1, key);
+        After(step, [&] { Press(static_cast<xcb_keysym_t>(key)); });
+        ExpectStart(After("no-" + step, [&] { Press(static_cast<xcb_keysym_t>(key)); }));
+    }
+}
+
+// The panel's first editor is that of the title. While it has the focus, keys are text.
+TEST_F(ViewerWindowTest, PanelChangesTheTitle) {
+    Press(tabKey);
+    Press(tabKey);
+    const Image titled = After("title", [this] {
+        for (const char key : {'f', 'g', '1'})
+            Press(static_cast<xcb_keysym_t>(key));
+        Press(returnKey);
+    });
+    EXPECT_LT(DifferingPixels(titled, m_start, 40, plotHeight), 1) << "more than the title has changed";
+    EXPECT_GT(DifferingPixels(titled, m_start, 0, 40), 100);
+    After("frame-lines", [this] { Press('f'); }); // Return has given the keys back
+}
+
+TEST_F(ViewerWindowTest, KeyHidesThePanel) {
+    Press(f9Key);
+    const int width = AreaOf(m_window).width;
+    ASSERT_TRUE(WaitForPlotSize(width, plotHeight));
+    Press(f9Key);
+    ASSERT_TRUE(WaitForPlotSize(plotWidth, plotHeight));
+    ExpectStart(Settled());
+}
+
+TEST_F(ViewerWindowTest, MenuSetsAllBack) {
+    After("frame-lines", [this] { Press('f'); });
+    After("contours", [this] { Press('z'); });
+    ExpectStart(After("all-back", [this] { // the last entry of the menu View
+        Key(altKey, true);
+        Press('v');
+        Key(altKey, false);
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        Press(upKey);
+        Press(returnKey);
+    }));
+}
+
+TEST_F(ViewerWindowTest, TakesSettingsOfTheCommandLine) {
+    const Image plain = m_start;
+    Start({"--size", "800x600", "--z-contours", "--no-frame-lines", "--title", "Σ₁²"});
+    EXPECT_GT(DifferingPixels(m_start, plain, 0, 40), 100);
+    EXPECT_GT(DifferingPixels(m_start, plain, 40, plotHeight), 5000);
+    After("frame-lines", [this] { Press('f'); });
+    After("no-contours", [this] { Press('z'); });
+    EXPECT_EQ(DifferingPixels(Settled(), plain, 40, plotHeight), 0);
 }
 
 TEST_F(ViewerWindowTest, KeysSwitchLinesAndTrace) {

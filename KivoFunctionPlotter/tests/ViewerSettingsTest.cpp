@@ -1,0 +1,220 @@
+// The table of settings: texts and values, and that each setting reaches the picture.
+#include "Failure.h"
+#include "Options.h"
+#include "PlotScene.h"
+#include "SettingTable.h"
+#include "support/Image.h"
+#include "support/PlotterProbe.h"
+
+#include <KivoWindow.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <set>
+#include <string>
+#include <vector>
+
+using namespace KivoViewer;
+using KivoDrawingTools::CaptureImage;
+using KivoDrawingTools::Compare;
+using KivoDrawingTools::Image;
+
+namespace {
+
+std::string MessageOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const Failure& failure) {
+        return failure.what();
+    }
+    return {};
+}
+
+// A value that nothing has by itself.
+std::string UnusualText(const Setting& setting) {
+    if (IsToggle(setting)) return TextOf(setting, PlotSettings()) == "on" ? "off" : "on";
+    if (std::holds_alternative<Setting::Count>(setting.field)) return std::to_string(setting.least + 6);
+    if (std::holds_alternative<Setting::Tint>(setting.field)) return "#12ab90";
+    if (std::holds_alternative<Setting::Text>(setting.field)) return "Höhe 高さ";
+    return setting.name.find("min") != std::string::npos ? "-7.5" : "7.5";
+}
+
+GridData Hill() {
+    GridData grid;
+    grid.title = "Hill";
+    for (int i = 0; i <= 20; ++i) {
+        grid.x.push_back(static_cast<float>(i) * 0.2f - 2.0f);
+        grid.y.push_back(static_cast<float>(i) * 0.2f - 2.0f);
+    }
+    for (const float y : grid.y)
+        for (const float x : grid.x)
+            grid.z.push_back(1.0f / (1.0f + x * x + 2.0f * y * y));
+    return grid;
+}
+
+// A scene in a window without a screen.
+class ViewerSceneTest : public testing::Test {
+protected:
+    ViewerSceneTest() : m_window(KivoDrawingTools::CreateOffscreenWindow(480, 360)) {
+        EXPECT_EQ(m_scene.Plotter().OnCreate(m_window, 480, 360, true), 0);
+        m_scene.ShowGrid(Hill());
+    }
+    ~ViewerSceneTest() override {
+        m_scene.Plotter().OnDestroy();
+        KivoDrawingTools::ReleaseWindow(m_window);
+    }
+
+    Image Draw() { return CaptureImage(m_scene.Plotter()); }
+
+    void Set(const std::string& name, const std::string& text) {
+        const Setting& setting = FindSetting(name);
+        SetFromText(setting, text, m_scene.Settings());
+        (m_scene.*setting.apply)();
+    }
+
+    void Unset(const std::string& name) {
+        const Setting& setting = FindSetting(name);
+        Copy(setting, PlotSettings(), m_scene.Settings());
+        (m_scene.*setting.apply)();
+    }
+
+    // What has to be shown for a setting to matter.
+    void Prepare(const std::string& name) {
+        if (name == "contour-count") Set("z-contours", "on");
+        if (name == "switch-planes") m_scene.Plotter().Rotate({100, 100}, {460, 100});
+        if (name.find("x-gradient") == 0) m_scene.Settings().mode = 2;
+        if (name.find("y-gradient") == 0) m_scene.Settings().mode = 3;
+        if (m_scene.Settings().mode != 0) m_scene.ApplyView();
+        if (name == "point-size") m_scene.AddMeasureGroup({"points", {0, 0, 1.2f, 1, 1, 1}});
+    }
+
+    KivoDrawingTools::HWND m_window;
+    PlotScene m_scene;
+};
+
+TEST(ViewerSettingsTest, HasOneNameForEachSetting) {
+    std::set<std::string> names;
+    for (const Setting& setting : AllSettings()) {
+        EXPECT_TRUE(names.insert(setting.name).second) << setting.name;
+        EXPECT_EQ(&FindSetting(setting.name), &setting);
+        EXPECT_FALSE(setting.label.empty() || setting.help.empty() || setting.section.empty());
+    }
+}
+
+TEST(ViewerSettingsTest, KeepsValuesAsText) {
+    for (const Setting& setting : AllSettings()) {
+        PlotSettings settings;
+        const std::string before = TextOf(setting, settings);
+        const std::string text = UnusualText(setting);
+        SetFromText(setting, text, settings);
+        EXPECT_TRUE(IsSet(setting, settings));
+        for (const Setting& other : AllSettings()) {
+            const std::string expected = &other == &setting ? text : TextOf(other, PlotSettings());
+            EXPECT_EQ(TextOf(other, settings), expected) << setting.name << " changes " << other.name;
+        }
+        Copy(setting, PlotSettings(), settings);
+        EXPECT_EQ(TextOf(setting, settings), before) << setting.name;
+    }
+}
+
+TEST(ViewerSettingsTest, TakesColoursInSeveralForms) {
+    const Setting& background = FindSetting("background");
+    PlotSettings settings;
+    for (const char* const text : {"#ff8000", "ff8000", "FF8000", "orange"}) {
+        SetFromText(background, text, settings);
+        EXPECT_EQ(TextOf(background, settings), std::string(text) == "orange" ? "#ffa500" : "#ff8000");
+    }
+    EXPECT_EQ(settings.background->Packed(), 0x00A5FFUL);
+    EXPECT_EQ(FormatColor(UnpackColor(0x00A5FF)), "#ffa500");
+}
+
+TEST(ViewerSettingsTest, SaysWhatIsWrongWithAText) {
+    const struct {
+        const char* name;
+        const char* text;
+        const char* message;
+    } cases[] = {
+        {"background", "pinkish", "expected a colour such as ff8000 or red, found \"pinkish\""},
+        {"background", "#12345", "expected a colour such as ff8000 or red, found \"#12345\""},
+        {"background", "-12345", "expected a colour such as ff8000 or red, found \"-12345\""},
+        {"background", "", "expected a colour such as ff8000 or red, found \"\""},
+        {"x-ticks", "1", "expected a whole number from 2 to 200, found \"1\""},
+        {"x-ticks", "201", "expected a whole number from 2 to 200, found \"201\""},
+        {"x-ticks", "2.5", "expected a whole number from 2 to 200, found \"2.5\""},
+        {"contour-count", "0", "expected a whole number from 1 to 500, found \"0\""},
+        {"z-precision", "-1", "expected a whole number from 0 to 9, found \"-1\""},
+        {"x-min", "a", "expected a number, found \"a\""},
+        {"x-min", "nan", "expected a number, found \"nan\""},
+        {"x-min", "1e40", "expected a number, found \"1e40\""},
+        {"grid-lines", "yes", "expected on or off, found \"yes\""},
+    };
+    for (const auto& bad : cases) {
+        PlotSettings settings;
+        EXPECT_EQ(MessageOf([&] { SetFromText(FindSetting(bad.name), bad.text, settings); }), bad.message);
+        EXPECT_EQ(TextOf(FindSetting(bad.name), settings), TextOf(FindSetting(bad.name), PlotSettings()));
+    }
+}
+
+TEST(ViewerSettingsTest, ForgetsWhatSpeaksOfOneDataSet) {
+    PlotSettings settings;
+    for (const Setting& setting : AllSettings())
+        SetFromText(setting, UnusualText(setting), settings);
+    const PlotSettings kept = WithoutDataSettings(settings);
+    for (const char* const name :
+         {"title", "x-title", "y-min", "z-max", "x-ticks", "y-precision", "x-line-step"})
+        EXPECT_FALSE(IsSet(FindSetting(name), kept)) << name;
+    for (const char* const name : {"background", "gradient-end", "contour-count", "point-size"})
+        EXPECT_TRUE(IsSet(FindSetting(name), kept)) << name;
+}
+
+// Every setting is seen, and taking it back gives the picture from before.
+TEST_F(ViewerSceneTest, ShowsEverySetting) {
+    for (const Setting& setting : AllSettings()) {
+        SCOPED_TRACE(setting.name);
+        m_scene.Settings() = PlotSettings();
+        m_scene.ShowGrid(Hill());
+        Prepare(setting.name);
+        const Image before = Draw();
+        Set(setting.name, UnusualText(setting));
+        if (setting.name == "trace") m_scene.Plotter().Trace(KivoDrawingTools::POINT{278, 190});
+        const Image after = Draw();
+        EXPECT_GT(Compare(before, after).max, 50);
+        EXPECT_EQ(TextOf(setting, m_scene.Effective()), UnusualText(setting));
+        Unset(setting.name);
+        EXPECT_EQ(Compare(before, Draw()).max, 0) << "not as before";
+    }
+}
+
+TEST_F(ViewerSceneTest, TellsWhatHoldsByItself) {
+    const PlotSettings effective = m_scene.Effective();
+    for (const Setting& setting : AllSettings())
+        EXPECT_TRUE(IsSet(setting, effective)) << setting.name;
+    EXPECT_EQ(effective.title, "Hill");
+    EXPECT_EQ(*effective.axes[0].min, m_scene.Plotter().GetXAxisMin());
+    EXPECT_EQ(*effective.axes[2].tickCount, m_scene.Plotter().GetZAxisTickMarkNumber());
+    EXPECT_EQ(TextOf(FindSetting("x-gradient-start"), effective), "#0000ff");
+}
+
+TEST_F(ViewerSceneTest, RefusesAxesThatDoNotRise) {
+    const Image before = Draw();
+    m_scene.Settings().axes[1].min = 5.0f;
+    EXPECT_EQ(MessageOf([this] { m_scene.ApplyAxes(); }), "the Y axis must rise, not go from 5 to 3.5");
+    EXPECT_EQ(Compare(before, Draw()).max, 0);
+}
+
+TEST_F(ViewerSceneTest, PutsColoursWhereTheyBelong) {
+    Set("background", "#203040");
+    Set("gradient-start", "#ff00ff");
+    const Image image = Draw();
+    const int background[] = {0x20, 0x30, 0x40};
+    EXPECT_TRUE(image.IsNear(2, 2, background));
+    EXPECT_TRUE(image.IsNear(image.width - 3, image.height - 3, background));
+    const auto isMagenta = [](const unsigned char* rgb) {
+        return rgb[0] > 240 && rgb[1] < 20 && rgb[2] > 240;
+    };
+    EXPECT_GT(image.Count(isMagenta), 20) << "the legend's lower end";
+}
+
+} // namespace

@@ -1,0 +1,273 @@
+#include "PlotScene.h"
+
+#include "Failure.h"
+#include "SettingTable.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace KivoViewer {
+
+using Plotter = KivoDrawingTools::CKivoFunctionPlotter;
+
+namespace {
+
+constexpr unsigned int maxFrameLines = 25; // in each direction, so that the colours stay visible
+constexpr Color curveColors[] = {{255, 0, 0}, {0, 0, 0},     {255, 0, 255},
+                                 {0, 96, 0},  {255, 128, 0}, {0, 0, 160}};
+constexpr float curveWidth = 2.0f;
+
+// The members of one axis.
+struct AxisMembers {
+    void (Plotter::*setTitle)(const char*);
+    float (Plotter::*min)() const;
+    int (Plotter::*setMin)(float);
+    float (Plotter::*max)() const;
+    int (Plotter::*setMax)(float);
+    unsigned int (Plotter::*tickCount)() const;
+    int (Plotter::*setTickCount)(unsigned int);
+    unsigned int (Plotter::*precision)() const;
+    int (Plotter::*setPrecision)(unsigned int);
+    int (Plotter::*setInverse)(bool);
+    int (Plotter::*showContours)(bool);
+    void (Plotter::*setGradient)(unsigned long, unsigned long);
+};
+
+constexpr AxisMembers axisMembers[] = {
+    {&Plotter::SetXAxisTitle, &Plotter::GetXAxisMin, &Plotter::SetXAxisMin, &Plotter::GetXAxisMax,
+     &Plotter::SetXAxisMax, &Plotter::GetXAxisTickMarkNumber, &Plotter::SetXAxisTickMarkNumber,
+     &Plotter::GetXAxisFloatingPointPrecision, &Plotter::SetXAxisFloatingPointPrecision,
+     &Plotter::SetInverseXAxis, &Plotter::ShowXIsoContours, &Plotter::SetXGradientColor},
+    {&Plotter::SetYAxisTitle, &Plotter::GetYAxisMin, &Plotter::SetYAxisMin, &Plotter::GetYAxisMax,
+     &Plotter::SetYAxisMax, &Plotter::GetYAxisTickMarkNumber, &Plotter::SetYAxisTickMarkNumber,
+     &Plotter::GetYAxisFloatingPointPrecision, &Plotter::SetYAxisFloatingPointPrecision,
+     &Plotter::SetInverseYAxis, &Plotter::ShowYIsoContours, &Plotter::SetYGradientColor},
+    {&Plotter::SetZAxisTitle, &Plotter::GetZAxisMin, &Plotter::SetZAxisMin, &Plotter::GetZAxisMax,
+     &Plotter::SetZAxisMax, &Plotter::GetZAxisTickMarkNumber, &Plotter::SetZAxisTickMarkNumber,
+     &Plotter::GetZAxisFloatingPointPrecision, &Plotter::SetZAxisFloatingPointPrecision,
+     &Plotter::SetInverseZAxis, &Plotter::ShowZIsoContours, &Plotter::SetZGradientColor},
+};
+
+unsigned int FrameLineStep(std::size_t points) {
+    return static_cast<unsigned int>((points + maxFrameLines - 1) / maxFrameLines);
+}
+
+float* AppendPoint(float* end, float x, float y, float z) {
+    end[0] = x;
+    end[1] = y;
+    end[2] = z;
+    return end + 3;
+}
+
+// The plotter looks for the smallest and largest values from the first point on, which must therefore not be
+// a hole. Where it is one, a row comes before the grid that is all holes but for the first point: with holes
+// on every side of it, nothing of that row is seen.
+float* AppendFirstRow(float* end, const GridData& grid) {
+    const auto value = std::find_if(grid.z.begin(), grid.z.end(), [](float z) { return std::isfinite(z); });
+    end = AppendPoint(end, grid.x[0], grid.y[0], *value);
+    for (std::size_t c = 1; c < grid.ColumnCount(); ++c)
+        end = AppendPoint(end, grid.x[c], grid.y[0], std::numeric_limits<float>::quiet_NaN());
+    return end;
+}
+
+void HandOver(Plotter& plotter, const GridData& grid) {
+    const bool startsWithHole = !std::isfinite(grid.z[0]);
+    const std::size_t columns = grid.ColumnCount();
+    const std::size_t rows = grid.RowCount() + (startsWithHole ? 1 : 0);
+    auto* const points = new float[columns * rows * 3]; // the plotter frees it
+    float* end = startsWithHole ? AppendFirstRow(points, grid) : points;
+    for (std::size_t r = 0; r < grid.RowCount(); ++r)
+        for (std::size_t c = 0; c < columns; ++c)
+            end = AppendPoint(end, grid.x[c], grid.y[r], grid.z[r * columns + c]);
+    const auto columnCount = static_cast<unsigned int>(columns);
+    plotter.SetData(points, columnCount, static_cast<unsigned int>(rows), 1, columnCount, 3);
+}
+
+void SwitchMode(Plotter& plotter, int mode) {
+    switch (mode) {
+    case 1:
+        plotter.SwitchToXYProjectPlot();
+        break;
+    case 2:
+        plotter.SwitchToYZProjectPlot();
+        break;
+    case 3:
+        plotter.SwitchToZXProjectPlot();
+        break;
+    default:
+        plotter.SwitchToNormalPlot();
+    }
+}
+
+// Calls the setter where the value is a new one: labels are made anew each time.
+template <typename T>
+bool Change(Plotter& plotter, T (Plotter::*get)() const, int (Plotter::*set)(T), T value) {
+    if ((plotter.*get)() == value) return false;
+    (plotter.*set)(value);
+    return true;
+}
+
+} // namespace
+
+void ViewerPlotter::ForgetShift() {
+    for (int element = 12; element < 15; ++element)
+        m_rotationMatrix[element] = 0.0;
+}
+
+void PlotScene::ShowGrid(const GridData& grid) {
+    HandOver(m_plotter, grid);
+    m_curves.clear();
+    ReadAutomaticSettings(grid);
+    m_plotter.ForgetShift();
+    ApplyAll();
+}
+
+PlotSettings PlotScene::Effective() const {
+    PlotSettings effective = Completed(m_settings, m_automatic);
+    for (AxisSettings& axis : effective.axes) {
+        if (!axis.gradientStart) axis.gradientStart = effective.gradientStart;
+        if (!axis.gradientEnd) axis.gradientEnd = effective.gradientEnd;
+    }
+    return effective;
+}
+
+// To be called while the axes are as the data have them.
+void PlotScene::ReadAutomaticSettings(const GridData& grid) {
+    m_automatic.title = grid.title;
+    for (int i = 0; i < 3; ++i) {
+        AxisSettings& axis = m_automatic.axes[i];
+        axis.title = grid.axisTitles[i];
+        axis.min = (m_plotter.*axisMembers[i].min)();
+        axis.max = (m_plotter.*axisMembers[i].max)();
+        axis.tickCount = (m_plotter.*axisMembers[i].tickCount)();
+        axis.precision = (m_plotter.*axisMembers[i].precision)();
+    }
+    m_automatic.axes[0].lineStep = FrameLineStep(grid.ColumnCount());
+    m_automatic.axes[1].lineStep = FrameLineStep(grid.RowCount());
+    m_automatic.contourCount = 20;
+    m_automatic.frameLineColor = Color{0, 0, 0};
+    m_automatic.background = Color{255, 253, 233};
+    m_automatic.gradientStart = Color{0, 0, 255};
+    m_automatic.gradientEnd = Color{255, 0, 0};
+    m_automatic.legendPrecision = 3;
+    m_automatic.pointSize = 4;
+}
+
+void PlotScene::ApplyAll() {
+    ApplyTitles();
+    ApplySwitches();
+    ApplyLineSteps();
+    ApplyContourCount();
+    ApplyGradients();
+    ApplyLegend();
+    ApplyTrace();
+    ApplyView();
+    ApplyAxes();
+}
+
+void PlotScene::ApplyTitles() {
+    const PlotSettings settings = Effective();
+    m_plotter.SetPlotTitle(settings.title->c_str());
+    for (int i = 0; i < 3; ++i)
+        (m_plotter.*axisMembers[i].setTitle)(settings.axes[i].title->c_str());
+}
+
+void PlotScene::ApplyAxes() {
+    const PlotSettings settings = Effective();
+    for (int i = 0; i < 3; ++i)
+        if (!(*settings.axes[i].min < *settings.axes[i].max))
+            throw Failure(std::string("the ") + "XYZ"[i] + " axis must rise, not go from " +
+                          TextOf(FindSetting(std::string(1, "xyz"[i]) + "-min"), settings) + " to " +
+                          TextOf(FindSetting(std::string(1, "xyz"[i]) + "-max"), settings));
+    bool isNewRange = false;
+    for (int i = 0; i < 3; ++i) {
+        const AxisSettings& axis = settings.axes[i];
+        const AxisMembers& members = axisMembers[i];
+        isNewRange |= Change(m_plotter, members.min, members.setMin, *axis.min);
+        isNewRange |= Change(m_plotter, members.max, members.setMax, *axis.max);
+        Change(m_plotter, members.tickCount, members.setTickCount, *axis.tickCount);
+        Change(m_plotter, members.precision, members.setPrecision, *axis.precision);
+    }
+    if (!isNewRange) return;
+    m_plotter.AutoAdjustAxisLengthRatio();
+    if (m_settings.mode != 0) ApplyView(); // that was the 3-D plot's view
+}
+
+// The flat plots stay as the plotter enters them, unmirrored.
+void PlotScene::ApplyView() {
+    const bool isFlat = m_settings.mode != 0;
+    for (int i = 0; i < 3 && !isFlat; ++i)
+        (m_plotter.*axisMembers[i].setInverse)(m_settings.axes[i].isInverse);
+    SwitchMode(m_plotter, m_settings.mode);
+}
+
+void PlotScene::ResetView() {
+    m_plotter.ForgetShift();
+    ApplyView();
+}
+
+void PlotScene::ApplySwitches() {
+    const PlotSettings settings = Effective();
+    m_plotter.ShowGridLines(settings.showsGridLines);
+    m_plotter.ShowFrameLines(settings.showsFrameLines);
+    m_plotter.SetAutoSwitchFramePlanes(settings.switchesPlanes);
+    for (int i = 0; i < 3; ++i)
+        (m_plotter.*axisMembers[i].showContours)(settings.axes[i].showsContours);
+    m_plotter.SetFrameLineColor(settings.frameLineColor->Packed());
+    m_plotter.SetBackgroundColor(settings.background->Packed());
+    m_plotter.SetPointRadiusPixelSize(*settings.pointSize);
+}
+
+void PlotScene::ApplyLineSteps() {
+    const PlotSettings settings = Effective();
+    m_plotter.SetFrameLineStep(*settings.axes[0].lineStep, *settings.axes[1].lineStep);
+}
+
+void PlotScene::ApplyContourCount() {
+    m_plotter.SetIsoContourCount(*Effective().contourCount);
+}
+
+void PlotScene::ApplyGradients() {
+    const PlotSettings settings = Effective();
+    for (int i = 0; i < 3; ++i) // Z last: the others leave the context current
+        (m_plotter.*axisMembers[i].setGradient)(settings.axes[i].gradientStart->Packed(),
+                                                settings.axes[i].gradientEnd->Packed());
+}
+
+void PlotScene::ApplyLegend() {
+    m_plotter.SetGradientColorRuleFloatingPointPrecision(*Effective().legendPrecision);
+}
+
+void PlotScene::ApplyTrace() {
+    m_plotter.Trace(m_settings.traces);
+}
+
+// ---- Curves and measure points --------------------------------------------------------------------------
+
+void PlotScene::AddCurve(const PointFile& file) {
+    std::vector<float> points = file.points; // the plotter takes them as changeable, and copies them
+    const int index = m_plotter.AddCurveData(points.data(), static_cast<unsigned int>(file.Count()), 3);
+    const Color& color = curveColors[m_curves.size() % std::size(curveColors)];
+    m_curves.push_back({file.name, color});
+    m_plotter.SetCurveColor(index, color.Packed());
+    m_plotter.SetCurveWidth(index, curveWidth);
+}
+
+void PlotScene::ShowCurve(std::size_t index, bool show) {
+    m_curves[index].isShown = show;
+    m_plotter.SetCurveVisibility(static_cast<int>(index), show);
+}
+
+void PlotScene::SetCurveColor(std::size_t index, const Color& color) {
+    m_curves[index].color = color;
+    m_plotter.SetCurveColor(static_cast<int>(index), color.Packed());
+}
+
+void PlotScene::AddMeasureGroup(const PointFile& file) {
+    m_groupPoints.push_back(file.points);
+    std::vector<float>& points = m_groupPoints.back();
+    m_plotter.AddMeasurePoints(static_cast<unsigned int>(file.Count()), 3, points.data(), file.name.c_str());
+}
+
+} // namespace KivoViewer

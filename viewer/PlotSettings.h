@@ -1,0 +1,44 @@
+// How the plot looks.
+#pragma once
+
+#include "Color.h"
+
+#include <optional>
+#include <string>
+
+namespace KivoViewer {
+
+/// What belongs to one axis. What is not given follows from the data.
+struct AxisSettings {
+    std::optional<std::string> title;
+    std::optional<float> min;           ///< first tick value
+    std::optional<float> max;           ///< last tick value
+    std::optional<unsigned> tickCount;  ///< at least 2
+    std::optional<unsigned> precision;  ///< digits after the decimal point
+    bool isInverse = false;             ///< mirrored, in the 3-D plot
+    bool showsContours = false;         ///< lines where this coordinate is constant
+    std::optional<unsigned> lineStep;   ///< cells from one frame line to the next; of X and Y
+    std::optional<Color> gradientStart; ///< in place of the colour for all axes
+    std::optional<Color> gradientEnd;   ///< in place of the colour for all axes
+};
+
+/// What the user has set. What is not given is as the plotter and the data have it. SettingTable.h says what
+/// each is called.
+struct PlotSettings {
+    int mode = 0; ///< 0: 3-D plot, 1: XY, 2: YZ, 3: XZ
+    std::optional<std::string> title;
+    AxisSettings axes[3];
+    bool showsGridLines = true;
+    bool showsFrameLines = true;
+    bool switchesPlanes = true; ///< the grid stands behind the surface from every side
+    bool traces = false;        ///< the point under the pointer is shown
+    std::optional<unsigned> contourCount;
+    std::optional<Color> frameLineColor;
+    std::optional<Color> background;
+    std::optional<Color> gradientStart;
+    std::optional<Color> gradientEnd;
+    std::optional<unsigned> legendPrecision; ///< digits after the decimal point
+    std::optional<unsigned> pointSize;       ///< radius of measure points in pixels
+};
+
+} // namespace KivoViewer

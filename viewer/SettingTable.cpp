@@ -1,0 +1,258 @@
+#include "SettingTable.h"
+
+#include "Failure.h"
+#include "Numbers.h"
+#include "PlotScene.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace KivoViewer {
+
+namespace {
+
+using Table = std::vector<Setting>;
+using Axis = AxisSettings;
+using Plot = PlotSettings;
+
+constexpr unsigned maxPrecision = 9;
+constexpr unsigned maxTicks = 200;
+constexpr unsigned maxContours = 500;
+constexpr unsigned maxLineStep = 100000;
+constexpr unsigned maxPointSize = 100;
+
+void AddAxis(Table& table, int axis) {
+    const std::string upper(1, "XYZ"[axis]);
+    const std::string lower(1, "xyz"[axis]);
+    const std::string section = upper + " axis";
+    table.push_back({section, lower + "-min", "From", "First tick value of the " + section,
+                     SettingField(axis, &Axis::min), &PlotScene::ApplyAxes, true});
+    table.push_back({section, lower + "-max", "To", "Last tick value of the " + section,
+                     SettingField(axis, &Axis::max), &PlotScene::ApplyAxes, true});
+    table.push_back({section, lower + "-ticks", "Ticks", "Number of ticks of the " + section,
+                     SettingField(axis, &Axis::tickCount), &PlotScene::ApplyAxes, true, 2, maxTicks});
+    table.push_back({section, lower + "-precision", "Decimals", "Decimals of the labels of the " + section,
+                     SettingField(axis, &Axis::precision), &PlotScene::ApplyAxes, true, 0, maxPrecision});
+    table.push_back({section, "inverse-" + lower, "Inverse " + upper + " axis",
+                     "Mirror the " + section + " of the 3-D plot", SettingField(axis, &Axis::isInverse),
+                     &PlotScene::ApplyView});
+}
+
+void AddContours(Table& table, int axis, const char* key) {
+    const std::string lower(1, "xyz"[axis]);
+    Setting setting = {"Contours",
+                       lower + "-contours",
+                       "Contours of equal " + lower,
+                       "Contours of equal " + lower + " in the 3-D plot",
+                       SettingField(axis, &Axis::showsContours),
+                       &PlotScene::ApplySwitches};
+    setting.key = key;
+    table.push_back(setting);
+}
+
+void AddGradient(Table& table, int axis) {
+    const std::string upper(1, "XYZ"[axis]);
+    const std::string lower(1, "xyz"[axis]);
+    const std::string place = axis == 2 ? "surface and its legend" : "legend of the flat plot along " + upper;
+    table.push_back({"Colours", lower + "-gradient-start", upper + ": lowest value",
+                     "Colour of the smallest value, for the " + place,
+                     SettingField(axis, &Axis::gradientStart), &PlotScene::ApplyGradients});
+    table.push_back({"Colours", lower + "-gradient-end", upper + ": highest value",
+                     "Colour of the largest value, for the " + place, SettingField(axis, &Axis::gradientEnd),
+                     &PlotScene::ApplyGradients});
+}
+
+void AddLines(Table& table) {
+    Setting gridLines = {"Lines",
+                         "grid-lines",
+                         "Grid lines",
+                         "Lines from the ticks across the back planes",
+                         SettingField(&Plot::showsGridLines),
+                         &PlotScene::ApplySwitches};
+    gridLines.key = "G";
+    Setting frameLines = {"Lines",
+                          "frame-lines",
+                          "Frame lines",
+                          "Lines on the surface",
+                          SettingField(&Plot::showsFrameLines),
+                          &PlotScene::ApplySwitches};
+    frameLines.key = "F";
+    table.insert(table.end(), {gridLines, frameLines});
+    table.push_back({"Lines", "x-line-step", "Columns a frame line",
+                     "Columns from one frame line to the next", SettingField(0, &Axis::lineStep),
+                     &PlotScene::ApplyLineSteps, true, 1, maxLineStep});
+    table.push_back({"Lines", "y-line-step", "Rows a frame line", "Rows from one frame line to the next",
+                     SettingField(1, &Axis::lineStep), &PlotScene::ApplyLineSteps, true, 1, maxLineStep});
+    table.push_back({"Lines", "frame-line-color", "Frame line colour", "Colour of the lines on the surface",
+                     SettingField(&Plot::frameLineColor), &PlotScene::ApplySwitches});
+}
+
+void AddColors(Table& table) {
+    table.push_back({"Colours", "background", "Background", "Colour behind the plot",
+                     SettingField(&Plot::background), &PlotScene::ApplySwitches});
+    table.push_back({"Colours", "gradient-start", "Lowest value", "Colour of the smallest value",
+                     SettingField(&Plot::gradientStart), &PlotScene::ApplyGradients});
+    table.push_back({"Colours", "gradient-end", "Highest value", "Colour of the largest value",
+                     SettingField(&Plot::gradientEnd), &PlotScene::ApplyGradients});
+    AddGradient(table, 0);
+    AddGradient(table, 1);
+    AddGradient(table, 2);
+    table.push_back({"Colours", "legend-precision", "Legend decimals", "Decimals of the legend's labels",
+                     SettingField(&Plot::legendPrecision), &PlotScene::ApplyLegend, false, 0, maxPrecision});
+}
+
+void AddView(Table& table) {
+    table.push_back({"View", "switch-planes", "Grid always behind",
+                     "A grid that changes sides as the plot turns, so that it stands behind the surface",
+                     SettingField(&Plot::switchesPlanes), &PlotScene::ApplySwitches});
+    Setting trace = {"View",
+                     "trace",
+                     "Trace the pointer",
+                     "Show the point of the surface under the pointer",
+                     SettingField(&Plot::traces),
+                     &PlotScene::ApplyTrace};
+    trace.key = "T";
+    table.push_back(trace);
+    table.push_back({"View", "point-size", "Point size", "Radius of measure points in pixels",
+                     SettingField(&Plot::pointSize), &PlotScene::ApplySwitches, false, 1, maxPointSize});
+}
+
+Table MakeTable() {
+    Table table;
+    table.push_back({"Titles", "title", "Plot", "Title of the plot", SettingField(&Plot::title),
+                     &PlotScene::ApplyTitles, true});
+    for (int axis = 0; axis < 3; ++axis)
+        table.push_back({"Titles", std::string(1, "xyz"[axis]) + "-title",
+                         std::string(1, "XYZ"[axis]) + " axis",
+                         std::string("Title of the ") + "XYZ"[axis] + " axis",
+                         SettingField(axis, &Axis::title), &PlotScene::ApplyTitles, true});
+    AddAxis(table, 0);
+    AddAxis(table, 1);
+    AddAxis(table, 2);
+    AddContours(table, 0, "X");
+    AddContours(table, 1, "Y");
+    AddContours(table, 2, "Z");
+    table.push_back({"Contours", "contour-count", "Levels", "Number of contour levels of each axis",
+                     SettingField(&Plot::contourCount), &PlotScene::ApplyContourCount, false, 1,
+                     maxContours});
+    AddLines(table);
+    AddColors(table);
+    AddView(table);
+    return table;
+}
+
+// ---- Values and their texts -----------------------------------------------------------------------------
+
+std::string Format(bool on) {
+    return on ? "on" : "off";
+}
+
+std::string Format(const std::optional<unsigned>& count) {
+    return count ? std::to_string(*count) : std::string();
+}
+
+std::string Format(const std::optional<float>& number) {
+    if (!number) return {};
+    char text[64];
+    const auto result = std::to_chars(text, text + sizeof text, *number);
+    return {text, result.ptr};
+}
+
+std::string Format(const std::optional<std::string>& text) {
+    return text.value_or(std::string());
+}
+
+std::string Format(const std::optional<Color>& color) {
+    return color ? FormatColor(*color) : std::string();
+}
+
+void Parse(const Setting&, const std::string& text, bool& value) {
+    if (text != "on" && text != "off") throw Failure("expected on or off, found \"" + text + '"');
+    value = text == "on";
+}
+
+void Parse(const Setting& setting, const std::string& text, std::optional<unsigned>& value) {
+    const auto count = ParseCount(text);
+    if (!count || *count < setting.least || *count > setting.most)
+        throw Failure("expected a whole number from " + std::to_string(setting.least) + " to " +
+                      std::to_string(setting.most) + ", found \"" + text + '"');
+    value = static_cast<unsigned>(*count);
+}
+
+void Parse(const Setting&, const std::string& text, std::optional<float>& value) {
+    const auto number = ParseNumber(text);
+    if (!number || !FitsSinglePrecision(*number)) throw Failure("expected a number, found \"" + text + '"');
+    value = static_cast<float>(*number);
+}
+
+void Parse(const Setting&, const std::string& text, std::optional<std::string>& value) {
+    value = OneLine(text);
+}
+
+void Parse(const Setting&, const std::string& text, std::optional<Color>& value) {
+    value = ParseColor(text);
+}
+
+bool HasValue(bool) {
+    return true;
+}
+
+template <typename T>
+bool HasValue(const std::optional<T>& value) {
+    return value.has_value();
+}
+
+// Calls the action with the setting's value.
+template <typename Settings, typename Action>
+auto WithValue(const Setting& setting, Settings& settings, Action action) {
+    return std::visit([&](const auto& field) { return action(field.In(settings)); }, setting.field);
+}
+
+} // namespace
+
+const std::vector<Setting>& AllSettings() {
+    static const Table table = MakeTable();
+    return table;
+}
+
+const Setting& FindSetting(const std::string& name) {
+    const Table& table = AllSettings();
+    return *std::find_if(table.begin(), table.end(),
+                         [&](const Setting& setting) { return setting.name == name; });
+}
+
+bool IsToggle(const Setting& setting) {
+    return std::holds_alternative<Setting::Toggle>(setting.field);
+}
+
+bool IsSet(const Setting& setting, const PlotSettings& settings) {
+    return WithValue(setting, settings, [](const auto& value) { return HasValue(value); });
+}
+
+std::string TextOf(const Setting& setting, const PlotSettings& settings) {
+    return WithValue(setting, settings, [](const auto& value) { return Format(value); });
+}
+
+void SetFromText(const Setting& setting, const std::string& text, PlotSettings& settings) {
+    WithValue(setting, settings, [&](auto& value) { Parse(setting, text, value); });
+}
+
+void Copy(const Setting& setting, const PlotSettings& from, PlotSettings& to) {
+    std::visit([&](const auto& field) { field.In(to) = field.In(from); }, setting.field);
+}
+
+PlotSettings Completed(const PlotSettings& settings, const PlotSettings& others) {
+    PlotSettings completed = settings;
+    for (const Setting& setting : AllSettings())
+        if (!IsSet(setting, settings)) Copy(setting, others, completed);
+    return completed;
+}
+
+PlotSettings WithoutDataSettings(const PlotSettings& settings) {
+    PlotSettings result = settings;
+    for (const Setting& setting : AllSettings())
+        if (setting.isOfData) Copy(setting, PlotSettings(), result);
+    return result;
+}
+
+} // namespace KivoViewer

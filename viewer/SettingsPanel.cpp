@@ -1,0 +1,181 @@
+#include "SettingsPanel.h"
+
+#include "Failure.h"
+#include "PlotScene.h"
+
+#include <QCheckBox>
+#include <QColorDialog>
+#include <QFormLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QSpinBox>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace KivoViewer {
+
+namespace {
+
+QString Words(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+} // namespace
+
+SettingsPanel::SettingsPanel(PlotScene& scene, ChangeRequest change, Complaint complain)
+    : m_scene(scene), m_change(std::move(change)), m_complain(std::move(complain)) {
+    auto* const layout = new QVBoxLayout(this);
+    layout->setSpacing(2);
+    std::string section;
+    for (const Setting& setting : AllSettings()) {
+        if (setting.section == section) continue;
+        section = setting.section;
+        AddSection(section, section == "Titles" || section == "Contours" || section == "Lines");
+    }
+    layout->addStretch();
+}
+
+void SettingsPanel::Refresh() {
+    m_shown = m_scene.Effective();
+    for (const auto& refresh : m_refreshers)
+        refresh();
+}
+
+// A heading that opens and closes what is below it.
+void SettingsPanel::AddSection(const std::string& name, bool isOpen) {
+    auto* const heading = new QToolButton(this);
+    heading->setText(Words(name));
+    heading->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    heading->setAutoRaise(true);
+    heading->setCheckable(true);
+    heading->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    auto* const rows = new QWidget(this);
+    auto* const form = new QFormLayout(rows);
+    form->setContentsMargins(16, 0, 0, 6);
+    form->setVerticalSpacing(3);
+    for (const Setting& setting : AllSettings())
+        if (setting.section == name) AddRow(form, setting);
+    const auto open = [heading, rows](bool on) {
+        heading->setArrowType(on ? Qt::DownArrow : Qt::RightArrow);
+        rows->setVisible(on);
+    };
+    connect(heading, &QToolButton::toggled, rows, open);
+    heading->setChecked(isOpen);
+    open(isOpen);
+    layout()->addWidget(heading);
+    layout()->addWidget(rows);
+}
+
+void SettingsPanel::AddRow(QFormLayout* form, const Setting& setting) {
+    QWidget* const editor = MakeEditor(setting);
+    editor->setObjectName(Words(setting.name));
+    editor->setToolTip(Words(setting.help));
+    if (IsToggle(setting))
+        form->addRow(editor);
+    else
+        form->addRow(Words(setting.label), WithResetButton(editor, setting));
+}
+
+QWidget* SettingsPanel::MakeEditor(const Setting& setting) {
+    if (IsToggle(setting)) return MakeToggle(setting);
+    if (std::holds_alternative<Setting::Count>(setting.field)) return MakeCount(setting);
+    if (std::holds_alternative<Setting::Tint>(setting.field)) return MakeColorButton(setting);
+    return MakeLine(setting);
+}
+
+QWidget* SettingsPanel::MakeToggle(const Setting& setting) {
+    auto* const box = new QCheckBox(Words(setting.label), this);
+    connect(box, &QCheckBox::toggled, this,
+            [this, &setting](bool on) { Request(setting, on ? "on" : "off"); });
+    m_refreshers.emplace_back([this, box, &setting] {
+        const QSignalBlocker blocker(box);
+        box->setChecked(TextOf(setting, m_shown) == "on");
+    });
+    return box;
+}
+
+QWidget* SettingsPanel::MakeCount(const Setting& setting) {
+    auto* const box = new QSpinBox(this);
+    box->setRange(static_cast<int>(setting.least), static_cast<int>(setting.most));
+    box->setKeyboardTracking(false);
+    connect(box, &QSpinBox::valueChanged, this,
+            [this, &setting](int value) { Request(setting, std::to_string(value)); });
+    connect(box, &QSpinBox::editingFinished, box, &QWidget::clearFocus); // the keys are the plot's again
+    m_refreshers.emplace_back([this, box, &setting] {
+        const QSignalBlocker blocker(box);
+        box->setValue(QString::fromStdString(TextOf(setting, m_shown)).toInt());
+    });
+    return box;
+}
+
+QWidget* SettingsPanel::MakeLine(const Setting& setting) {
+    auto* const line = new QLineEdit(this);
+    connect(line, &QLineEdit::editingFinished, this, [this, line, &setting] {
+        const std::string text = line->text().toStdString();
+        if (text != TextOf(setting, m_shown)) Request(setting, text);
+    });
+    connect(line, &QLineEdit::returnPressed, line, &QWidget::clearFocus); // the keys are the plot's again
+    m_refreshers.emplace_back([this, line, &setting] {
+        line->setText(Words(TextOf(setting, m_shown)));
+        line->setCursorPosition(0);
+    });
+    return line;
+}
+
+QWidget* SettingsPanel::MakeColorButton(const Setting& setting) {
+    auto* const button = new QPushButton(this);
+    connect(button, &QPushButton::clicked, this, [this, &setting] {
+        const QColor before(Words(TextOf(setting, m_shown)));
+        const QColor color = QColorDialog::getColor(before, this, Words(setting.help));
+        if (color.isValid()) Request(setting, color.name().toStdString());
+    });
+    m_refreshers.emplace_back([this, button, &setting] {
+        QPixmap sample(32, 14);
+        sample.fill(QColor(Words(TextOf(setting, m_shown))));
+        button->setIconSize(sample.size());
+        button->setIcon(sample);
+        button->setText(Words(TextOf(setting, m_shown)));
+    });
+    return button;
+}
+
+// Beside the editor a button that takes back what the user has set.
+QWidget* SettingsPanel::WithResetButton(QWidget* editor, const Setting& setting) {
+    auto* const pair = new QWidget(this);
+    auto* const layout = new QHBoxLayout(pair);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(2);
+    auto* const reset = new QToolButton(pair);
+    reset->setText(QString::fromUtf8("↺"));
+    reset->setToolTip("Back to what it was by itself");
+    reset->setAutoRaise(true);
+    connect(reset, &QToolButton::clicked, this, [this, &setting] { RequestReset(setting); });
+    m_refreshers.emplace_back(
+        [this, reset, &setting] { reset->setEnabled(IsSet(setting, m_scene.Settings())); });
+    layout->addWidget(editor, 1);
+    layout->addWidget(reset);
+    return pair;
+}
+
+void SettingsPanel::Request(const Setting& setting, const std::string& text) {
+    try {
+        PlotSettings wanted = m_scene.Settings();
+        SetFromText(setting, text, wanted);
+        m_change(setting, wanted);
+    } catch (const Failure& failure) {
+        m_complain(Words(setting.help + ": " + failure.what()));
+        Refresh();
+    }
+}
+
+void SettingsPanel::RequestReset(const Setting& setting) {
+    PlotSettings wanted = m_scene.Settings();
+    Copy(setting, PlotSettings(), wanted);
+    m_change(setting, wanted);
+}
+
+} // namespace KivoViewer

@@ -1,0 +1,49 @@
+// The side panel: an editor for each setting of the table.
+#pragma once
+
+#include "SettingTable.h"
+
+#include <QWidget>
+
+#include <functional>
+#include <vector>
+
+class QFormLayout;
+
+namespace KivoViewer {
+
+class PlotScene;
+
+/// Shows the scene's settings and asks for changes of them.
+class SettingsPanel : public QWidget {
+public:
+    /// Asked to change a setting: takes it, and all settings as they should be then. Refresh() must follow.
+    using ChangeRequest = std::function<void(const Setting&, const PlotSettings&)>;
+    /// Told what is wrong with an input.
+    using Complaint = std::function<void(const QString&)>;
+
+    SettingsPanel(PlotScene& scene, ChangeRequest change, Complaint complain);
+
+    /// Shows the settings as they are now.
+    void Refresh();
+
+private:
+    void AddSection(const std::string& name, bool isOpen);
+    void AddRow(QFormLayout* form, const Setting& setting);
+    QWidget* MakeEditor(const Setting& setting);
+    QWidget* MakeToggle(const Setting& setting);
+    QWidget* MakeCount(const Setting& setting);
+    QWidget* MakeLine(const Setting& setting);
+    QWidget* MakeColorButton(const Setting& setting);
+    QWidget* WithResetButton(QWidget* editor, const Setting& setting);
+    void Request(const Setting& setting, const std::string& text);
+    void RequestReset(const Setting& setting);
+
+    PlotScene& m_scene;
+    ChangeRequest m_change;
+    Complaint m_complain;
+    PlotSettings m_shown; ///< all values, as the editors show them
+    std::vector<std::function<void()>> m_refreshers;
+};
+
+} // namespace KivoViewer
