@@ -4,6 +4,7 @@
 #include "GridReader.h"
 #include "PlotWidget.h"
 #include "PngWriter.h"
+#include "PointsPanel.h"
 #include "SettingsPanel.h"
 
 #include <KivoPicture.h>
@@ -43,21 +44,21 @@ void Try(QWidget* parent, const std::function<void()>& action) {
 
 } // namespace
 
-MainWindow::MainWindow(const GridData& grid, const Options& options) : m_plot(new PlotWidget(this)) {
+MainWindow::MainWindow(const Content& content, const Options& options) : m_plot(new PlotWidget(this)) {
     setCentralWidget(m_plot);
-    MakePanel();
+    MakePanels();
     FillFileMenu();
     FillPlotMenu();
     FillViewMenu();
     m_tracePoint = new QLabel(this);
     statusBar()->addPermanentWidget(m_tracePoint);
+    m_pointsDock->setVisible(!content.measureGroups.empty() || !content.curves.empty());
     FitTo(options.width, options.height);
     m_plot->Attach();
-    Scene().Settings() = options.settings;
-    Scene().ShowGrid(grid);
+    ShowContent(Scene(), content, options);
     m_plot->onTrace = [this](const float* point) { ShowTrace(point); };
     m_plot->setFocus();
-    ShowTitle(grid);
+    ShowTitle(content.grid);
     RefreshControls();
 }
 
@@ -69,6 +70,9 @@ void MainWindow::FillFileMenu() {
     QMenu* const menu = menuBar()->addMenu("&File");
     menu->addAction("&Open...", this, [this] { OpenFile(); })->setShortcut(QKeySequence::Open);
     menu->addAction("&Save picture...", this, [this] { SavePicture(); })->setShortcut(QKeySequence::Save);
+    menu->addSeparator();
+    menu->addAction("Add measure &points...", this, [this] { AddPointFiles(PointSet::Kind::measureGroup); });
+    menu->addAction("Add &curves...", this, [this] { AddPointFiles(PointSet::Kind::curve); });
     menu->addSeparator();
     menu->addAction("&Quit", this, [this] { close(); })->setShortcut(Qt::CTRL | Qt::Key_Q);
 }
@@ -109,10 +113,14 @@ void MainWindow::FillViewMenu() {
     panel->setText("&Settings panel");
     panel->setShortcut(Qt::Key_F9);
     menu->addAction(panel);
+    QAction* const points = m_pointsDock->toggleViewAction();
+    points->setText("&Points and curves");
+    points->setShortcut(Qt::Key_F10);
+    menu->addAction(points);
     menu->addAction("Settings as at &first", this, [this] { ResetSettings(); });
 }
 
-void MainWindow::MakePanel() {
+void MainWindow::MakePanels() {
     m_panel = new SettingsPanel(
         Scene(), [this](const Setting& setting, const PlotSettings& wanted) { Change(setting, wanted); },
         [this](const QString& text) { ShowWarning(text); });
@@ -120,12 +128,19 @@ void MainWindow::MakePanel() {
     area->setWidget(m_panel);
     area->setWidgetResizable(true);
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    area->setMinimumWidth(panelWidth);
     area->setFocusPolicy(Qt::NoFocus);
-    m_panelDock = new QDockWidget("Settings", this);
-    m_panelDock->setObjectName("settings");
-    m_panelDock->setWidget(area);
-    addDockWidget(Qt::RightDockWidgetArea, m_panelDock);
+    m_panelDock = MakeDock("settings", "Settings", area);
+    m_points = new PointsPanel(Scene(), [this] { m_plot->Redraw(); });
+    m_pointsDock = MakeDock("points", "Points and curves", m_points);
+}
+
+QDockWidget* MainWindow::MakeDock(const char* name, const QString& title, QWidget* content) {
+    content->setMinimumWidth(panelWidth);
+    auto* const dock = new QDockWidget(title, this);
+    dock->setObjectName(name);
+    dock->setWidget(content);
+    addDockWidget(Qt::RightDockWidgetArea, dock);
+    return dock;
 }
 
 void MainWindow::AddToggle(QMenu* menu, const std::string& settingName) {
@@ -177,6 +192,7 @@ void MainWindow::RefreshControls() {
     }
     m_modes[static_cast<std::size_t>(settings.mode)]->setChecked(true);
     m_panel->Refresh();
+    m_points->Refresh();
 }
 
 void MainWindow::ShowTrace(const float* point) {
@@ -196,8 +212,12 @@ void MainWindow::ShowWarning(const QString& text) {
 void MainWindow::FitTo(int plotWidth, int plotHeight) {
     const QSize room = screen()->availableSize();
     m_plot->SetWantedSize(QSize(plotWidth, plotHeight) / devicePixelRatioF());
-    if (sizeHint().width() > room.width()) m_panelDock->hide();
+    if (sizeHint().width() > room.width()) {
+        m_panelDock->hide();
+        m_pointsDock->hide();
+    }
     resize(sizeHint().boundedTo(room));
+    resizeDocks({m_panelDock, m_pointsDock}, {3, 1}, Qt::Vertical);
 }
 
 void MainWindow::ShowTitle(const GridData& grid) {
@@ -218,6 +238,18 @@ void MainWindow::OpenFile() {
         m_plot->Redraw();
         RefreshControls();
     });
+}
+
+void MainWindow::AddPointFiles(PointSet::Kind kind) {
+    const QStringList paths = QFileDialog::getOpenFileNames(
+        this, kind == PointSet::Kind::curve ? "Add curves" : "Add measure points", QString(),
+        "Points x, y, z (*.csv *.xyz *.txt *.dat);;All files (*)");
+    for (const QString& path : paths)
+        Try(this, [&] { Scene().AddPoints(kind, ReadPointFile(QFile::encodeName(path).toStdString())); });
+    if (paths.isEmpty()) return;
+    m_points->Refresh();
+    m_pointsDock->show();
+    m_plot->Redraw();
 }
 
 void MainWindow::SavePicture() {

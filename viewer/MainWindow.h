@@ -1,8 +1,9 @@
 // The viewer's window: menus, the plot, the side panel and the status bar.
 #pragma once
 
-#include "GridData.h"
+#include "Content.h"
 #include "Options.h"
+#include "PlotScene.h"
 #include "SettingTable.h"
 
 #include <QMainWindow>
@@ -14,20 +15,21 @@ class QLabel;
 
 namespace KivoViewer {
 
-class PlotScene;
 class PlotWidget;
+class PointsPanel;
 class SettingsPanel;
 
 /// Throws a Failure where the plot cannot be drawn on this display.
 class MainWindow : public QMainWindow {
 public:
-    MainWindow(const GridData& grid, const Options& options);
+    MainWindow(const Content& content, const Options& options);
 
 private:
     void FillFileMenu();
     void FillPlotMenu();
     void FillViewMenu();
-    void MakePanel();
+    void MakePanels();
+    QDockWidget* MakeDock(const char* name, const QString& title, QWidget* content);
     void FitTo(int plotWidth, int plotHeight);
 
     void AddToggle(QMenu* menu, const std::string& settingName);
@@ -43,6 +45,7 @@ private:
     void ShowTitle(const GridData& grid);
     void OpenFile();
     void SavePicture();
+    void AddPointFiles(PointSet::Kind kind);
 
     struct ToggleAction {
         const Setting* setting;
@@ -52,6 +55,8 @@ private:
     PlotWidget* m_plot; ///< as all widgets, owned by the window
     SettingsPanel* m_panel = nullptr;
     QDockWidget* m_panelDock = nullptr;
+    PointsPanel* m_points = nullptr;
+    QDockWidget* m_pointsDock = nullptr;
     QLabel* m_tracePoint = nullptr;
     std::vector<ToggleAction> m_toggles;
     std::vector<QAction*> m_modes;

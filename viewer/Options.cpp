@@ -25,6 +25,7 @@ struct Words {
     std::string x;
     std::string y;
     std::string size;
+    std::string traceAt;
     std::map<std::string, std::string> settings; // by their names
 };
 
@@ -102,6 +103,16 @@ void Describe(CLI::App& app, Options& options, Words& words) {
         ->type_name("WIDTHxHEIGHT");
     app.add_option("--mode", options.settings.mode, "0: 3-D plot, 1: XY, 2: YZ, 3: XZ")
         ->check(CLI::Range(0, 3));
+    app.add_option("--points", options.pointFiles,
+                   "Measure points, x y z in each line; a group for each file, named by it")
+        ->type_name("FILE")
+        ->allow_extra_args(false);
+    app.add_option("--curve", options.curveFiles, "Points of a curve, x y z in each line; may be repeated")
+        ->type_name("FILE")
+        ->allow_extra_args(false);
+    app.add_option("--trace-at", words.traceAt, "Trace the surface at this pixel of the picture")
+        ->type_name("X,Y")
+        ->needs(picture);
     dpi->needs(picture)->check(CLI::Range(1, 1200));
 }
 
@@ -120,6 +131,15 @@ void ParseSize(const std::string& text, Options& options) {
     if (cross == std::string::npos || options.width == 0 || options.height == 0)
         throw Failure("--size: expected WIDTHxHEIGHT of 1 to " + std::to_string(maxSize) + " each, found " +
                       text);
+}
+
+PixelPosition ParsePosition(const std::string& text) {
+    const std::size_t comma = text.find(',');
+    const auto x = ParseCount(text.substr(0, comma));
+    const auto y = comma == std::string::npos ? std::nullopt : ParseCount(text.substr(comma + 1));
+    if (!x || !y || *x >= maxSize || *y >= maxSize)
+        throw Failure("--trace-at: expected X,Y in pixels, found " + text);
+    return {static_cast<int>(*x), static_cast<int>(*y)};
 }
 
 Range RangeOf(const std::string& option, const std::string& text) {
@@ -155,6 +175,7 @@ Options ParseOptions(int argc, const char* const* argv) {
     if (app.count("--x") > 0) options.x = RangeOf("--x", words.x);
     if (app.count("--y") > 0) options.y = RangeOf("--y", words.y);
     if (app.count("--size") > 0) ParseSize(words.size, options);
+    if (app.count("--trace-at") > 0) options.traceAt = ParsePosition(words.traceAt);
     ParseSettings(app, words, options);
     return options;
 }

@@ -10,6 +10,12 @@
 
 namespace KivoViewer {
 
+/// A place in a picture, from the upper left corner.
+struct PixelPosition {
+    int x = 0;
+    int y = 0;
+};
+
 /// What the command line asks for.
 struct Options {
     std::string information;               ///< text to print instead of all else: the help or the version
@@ -25,6 +31,7 @@ struct Options {
     std::vector<std::string> settingNames; ///< of those that the command line sets, by their names
     std::vector<std::string> pointFiles;   ///< measure points, a group for each
     std::vector<std::string> curveFiles;   ///< a curve for each
+    std::optional<PixelPosition> traceAt;  ///< of the picture
 };
 
 /// Throws a Failure for a command line that cannot be followed.

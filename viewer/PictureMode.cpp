@@ -34,7 +34,7 @@ KivoDrawingTools::HWND CreateWindowFor(const Options& options) {
 
 } // namespace
 
-void WritePicture(const GridData& grid, const Options& options) {
+void WritePicture(const Content& content, const Options& options) {
     using KivoDrawingTools::HWND;
     const auto release = [](HWND window) { KivoDrawingTools::ReleaseWindow(window); };
     const std::unique_ptr<std::remove_pointer_t<HWND>, decltype(release)> window(CreateWindowFor(options),
@@ -42,8 +42,8 @@ void WritePicture(const GridData& grid, const Options& options) {
     if (!window) FailToDraw();
     PlotScene scene; // gone before its window
     if (scene.Plotter().OnCreate(window.get(), options.width, options.height, true) != 0) FailToDraw();
-    scene.Settings() = options.settings;
-    scene.ShowGrid(grid);
+    ShowContent(scene, content, options);
+    if (options.traceAt) scene.TraceAt(options.traceAt->x, options.traceAt->y);
     std::vector<unsigned char> rgba;
     if (CapturePicture(scene.Plotter(), options.width, options.height, rgba) != 0) FailToDraw();
     WritePng(options.picture, rgba, options.width, options.height);

@@ -245,29 +245,70 @@ void PlotScene::ApplyTrace() {
 
 // ---- Curves and measure points --------------------------------------------------------------------------
 
+void PlotScene::AddPoints(PointSet::Kind kind, const PointFile& file) {
+    if (kind == PointSet::Kind::curve)
+        AddCurve(file);
+    else
+        AddMeasureGroup(file);
+}
+
 void PlotScene::AddCurve(const PointFile& file) {
     std::vector<float> points = file.points; // the plotter takes them as changeable, and copies them
     const int index = m_plotter.AddCurveData(points.data(), static_cast<unsigned int>(file.Count()), 3);
-    const Color& color = curveColors[m_curves.size() % std::size(curveColors)];
-    m_curves.push_back({file.name, color});
-    m_plotter.SetCurveColor(index, color.Packed());
+    PointSet curve;
+    curve.kind = PointSet::Kind::curve;
+    curve.index = m_curves.size();
+    curve.name = file.name;
+    curve.color = curveColors[m_curves.size() % std::size(curveColors)];
+    m_curves.push_back(curve);
+    m_plotter.SetCurveColor(index, curve.color.Packed());
     m_plotter.SetCurveWidth(index, curveWidth);
-}
-
-void PlotScene::ShowCurve(std::size_t index, bool show) {
-    m_curves[index].isShown = show;
-    m_plotter.SetCurveVisibility(static_cast<int>(index), show);
-}
-
-void PlotScene::SetCurveColor(std::size_t index, const Color& color) {
-    m_curves[index].color = color;
-    m_plotter.SetCurveColor(static_cast<int>(index), color.Packed());
 }
 
 void PlotScene::AddMeasureGroup(const PointFile& file) {
     m_groupPoints.push_back(file.points);
-    std::vector<float>& points = m_groupPoints.back();
-    m_plotter.AddMeasurePoints(static_cast<unsigned int>(file.Count()), 3, points.data(), file.name.c_str());
+    m_plotter.AddMeasurePoints(static_cast<unsigned int>(file.Count()), 3, m_groupPoints.back().data(),
+                               file.name.c_str());
+}
+
+std::vector<PointSet> PlotScene::PointSets() {
+    std::vector<PointSet> sets;
+    for (unsigned int i = 0; i < m_plotter.GetNumMeasureGroups(); ++i)
+        sets.push_back(MeasureGroup(i));
+    sets.insert(sets.end(), m_curves.begin(), m_curves.end());
+    return sets;
+}
+
+PointSet PlotScene::MeasureGroup(std::size_t index) {
+    const auto number = static_cast<unsigned int>(index);
+    PointSet group;
+    group.index = index;
+    m_plotter.GetMeasureGroupName(number, &group.name);
+    group.color = UnpackColor(m_plotter.GetMeasureGroupColor(number));
+    group.isShown = m_plotter.IsShowMeasureGroup(number);
+    return group;
+}
+
+void PlotScene::ChangePoints(const PointSet& set) {
+    if (set.kind == PointSet::Kind::measureGroup) return ChangeMeasureGroup(set);
+    m_curves[set.index] = set;
+    const int index = static_cast<int>(set.index);
+    m_plotter.SetCurveVisibility(index, set.isShown);
+    m_plotter.SetCurveColor(index, set.color.Packed());
+}
+
+void PlotScene::ChangeMeasureGroup(const PointSet& group) {
+    const auto number = static_cast<unsigned int>(group.index);
+    const PointSet before = MeasureGroup(group.index);
+    m_plotter.ShowMeasureGroup(number, group.isShown);
+    if (group.name != before.name) m_plotter.SetMeasureGroupName(number, group.name.c_str());
+    // The colours of the plotter's own palette lie between those of a display.
+    if (group.color.Packed() != before.color.Packed())
+        m_plotter.SetMeasureGroupColor(number, group.color.Packed());
+}
+
+void PlotScene::TraceAt(int x, int y) {
+    m_plotter.Trace(KivoDrawingTools::POINT{x, y});
 }
 
 } // namespace KivoViewer

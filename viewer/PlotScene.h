@@ -13,8 +13,12 @@
 
 namespace KivoViewer {
 
-/// A curve as the viewer lists it.
-struct CurveEntry {
+/// A curve or a group of measure points, as the viewer lists it.
+struct PointSet {
+    enum class Kind { measureGroup, curve };
+
+    Kind kind = Kind::measureGroup;
+    std::size_t index = 0; ///< among those of its kind, in the order of adding
     std::string name;
     Color color;
     bool isShown = true;
@@ -64,21 +68,27 @@ public:
     void ApplyLegend();
     void ApplyTrace();
 
-    /// Draws a line through the points, in the next of a few colours. Titled by the file's name.
-    void AddCurve(const PointFile& file);
-    const std::vector<CurveEntry>& Curves() const { return m_curves; }
-    void ShowCurve(std::size_t index, bool show);
-    void SetCurveColor(std::size_t index, const Color& color);
+    /// Adds the points of a file, named by it: as a line in the next of a few colours, or as a measure group.
+    void AddPoints(PointSet::Kind kind, const PointFile& file);
+    /// Measure groups, then curves.
+    std::vector<PointSet> PointSets();
+    /// Names, colours and shows or hides the set of this kind and index.
+    void ChangePoints(const PointSet& set);
 
-    /// Shows the points as a measure group named like the file. The plotter itself lists the groups.
-    void AddMeasureGroup(const PointFile& file);
+    /// Shows the point of the surface at a place of the window, as far as there is one.
+    /// @param x, y  in pixels from the upper left corner
+    void TraceAt(int x, int y);
 
 private:
+    void AddCurve(const PointFile& file);
+    void AddMeasureGroup(const PointFile& file);
+    PointSet MeasureGroup(std::size_t index);
+    void ChangeMeasureGroup(const PointSet& group);
     void ReadAutomaticSettings(const GridData& grid);
 
     PlotSettings m_settings;
-    PlotSettings m_automatic; ///< what holds where nothing is set
-    std::vector<CurveEntry> m_curves;
+    PlotSettings m_automatic;                    ///< what holds where nothing is set
+    std::vector<PointSet> m_curves;              ///< the plotter does not tell what it has
     std::list<std::vector<float>> m_groupPoints; ///< the plotter reads them at each frame
     ViewerPlotter m_plotter;                     ///< gone before the points
 };

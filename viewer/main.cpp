@@ -1,7 +1,7 @@
 // kivo-viewer: shows a surface z = f(x, y) in a window, or draws it into a file.
+#include "Content.h"
 #include "Display.h"
 #include "Failure.h"
-#include "FormulaGrid.h"
 #include "GridReader.h"
 #include "MainWindow.h"
 #include "Options.h"
@@ -31,13 +31,7 @@ GridData ReadSample() {
     return grid;
 }
 
-GridData LoadGrid(const Options& options) {
-    if (!options.function.empty()) return MakeFormulaGrid(options.function, options.x, options.y);
-    if (!options.file.empty()) return ReadGridFile(options.file);
-    return ReadSample();
-}
-
-int RunWindow(char* program, const GridData& grid, const Options& options) {
+int RunWindow(char* program, const Content& content, const Options& options) {
     ChooseDisplay();
     // The plot is the only window of its own inside the main window.
     QApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
@@ -45,7 +39,7 @@ int RunWindow(char* program, const GridData& grid, const Options& options) {
     char* arguments[] = {program, nullptr}; // the command line is not Qt's
     QApplication application(count, arguments);
     std::setlocale(LC_NUMERIC, "C"); // the plot's numbers are the same everywhere
-    MainWindow window(grid, options);
+    MainWindow window(content, options);
     window.show();
     return QApplication::exec();
 }
@@ -56,9 +50,9 @@ int Run(int argc, char** argv) {
         std::printf("%s\n", options.information.c_str());
         return 0;
     }
-    const GridData grid = LoadGrid(options);
-    if (options.picture.empty()) return RunWindow(argv[0], grid, options);
-    WritePicture(grid, options);
+    const Content content = LoadContent(options, ReadSample);
+    if (options.picture.empty()) return RunWindow(argv[0], content, options);
+    WritePicture(content, options);
     return 0;
 }
 

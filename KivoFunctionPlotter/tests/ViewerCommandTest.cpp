@@ -184,6 +184,33 @@ TEST_F(ViewerCommandTest, DrawsWithSettings) {
     }
 }
 
+TEST_F(ViewerCommandTest, DrawsPointsCurvesAndTheTracedPoint) {
+    const std::vector<std::vector<std::string>> commands = {
+        {},
+        {"--points", dataFolder + "wells.csv"},
+        {"--points", dataFolder + "wells.csv", "--point-size", "9"},
+        {"--points", dataFolder + "wells.csv", "--points", dataFolder + "flight.csv"},
+        {"--curve", dataFolder + "flight.csv"},
+        {"--trace-at", "210,170"},
+    };
+    std::vector<Image> images;
+    for (std::vector<std::string> command : commands) {
+        command.insert(command.end(), {"--size", "400x300"});
+        images.push_back(Draw(command));
+        for (std::size_t i = 0; i + 1 < images.size(); ++i)
+            EXPECT_GT(Compare(images[i], images.back()).max, 50)
+                << "command " << images.size() << " draws what " << i + 1 << " draws";
+    }
+}
+
+TEST_F(ViewerCommandTest, NamesWhatIsWrongWithPoints) {
+    const std::string hill = dataFolder + "hill.csv";
+    ExpectFailure({"--points", hill}, hill + ":2: expected x, y and z, found 6 values");
+    ExpectFailure({"--curve", "/nowhere.csv", "--picture", Path("a.png")},
+                  "/nowhere.csv: cannot open it: No such file or directory");
+    EXPECT_EQ(FileCount(), 0U);
+}
+
 TEST_F(ViewerCommandTest, RefusesSettingsThatCannotBe) {
     ExpectFailure({"--background", "pinkish"},
                   "--background: expected a colour such as ff8000 or red, found \"pinkish\"");

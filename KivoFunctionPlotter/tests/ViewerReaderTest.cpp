@@ -3,6 +3,7 @@
 #include "FormulaGrid.h"
 #include "GridReader.h"
 #include "Options.h"
+#include "PointFile.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -240,6 +241,47 @@ TEST(ViewerReaderTest, ReadsFilesAndNamesThoseThatCannotBeRead) {
     EXPECT_EQ(MessageOf([] { ReadGridFile("/"); }), "/: cannot read it: Is a directory");
 }
 
+TEST(ViewerPointsTest, ReadsPoints) {
+    const char* const texts[] = {"1,2,3\n-4,5.5,6e1\n", "1;2;3\n-4;5.5;60",
+                                 "# well\nx y z\n1 2 3\n\n -4\t5.5 60\n",
+                                 "\xEF\xBB\xBF"
+                                 "east,north,up\r\n1,2,3\r\n-4,5.5,60\r\n"};
+    for (const char* const text : texts) {
+        const PointFile file = ReadPoints(text, "/data/wells.csv");
+        EXPECT_EQ(file.name, "wells.csv");
+        EXPECT_EQ(file.Count(), 2U);
+        EXPECT_THAT(file.points, ElementsAre(1, 2, 3, -4, 5.5f, 60)) << text;
+    }
+    EXPECT_EQ(ReadPointFile(KIVO_TEST_DATA "/wells.csv").Count(), 4U);
+}
+
+TEST(ViewerPointsTest, NamesFileLineAndReason) {
+    const struct {
+        const char* text;
+        const char* message;
+    } cases[] = {
+        {"", "p.csv: no points"},
+        {"# x\n", "p.csv: no points"},
+        {"x,y,z\n", "p.csv:1: no points after the column names"},
+        {"1,2,3\n1,2\n", "p.csv:2: expected x, y and z, found 2 values"},
+        {"1\n", "p.csv:1: expected x, y and z, found 1 value"},
+        {"1,2,3,4\n", "p.csv:1: expected x, y and z, found 4 values"},
+        {"1,2,\n", "p.csv:1: not a number: \"\""},
+        {"1,2,3\n1,b,3\n", "p.csv:2: not a number: \"b\""},
+        {"1,2,nan\n", "p.csv:1: a finite number is needed here: \"nan\""},
+        {"1,2,1e39\n", "p.csv:1: number beyond single precision: \"1e39\""},
+    };
+    for (const auto& bad : cases)
+        EXPECT_EQ(MessageOf([&] { ReadPoints(bad.text, "p.csv"); }), bad.message);
+    std::string many;
+    for (int i = 0; i <= 100000; ++i)
+        many += "1,2,3\n";
+    EXPECT_EQ(MessageOf([&] { ReadPoints(many, "p.csv"); }),
+              "p.csv:100001: too many points; at most 100000 can be shown");
+    EXPECT_EQ(MessageOf([] { ReadPointFile("/nowhere/p.csv"); }),
+              "/nowhere/p.csv: cannot open it: No such file or directory");
+}
+
 struct DecimalComma : std::numpunct<char> {
     char do_decimal_point() const override { return ','; }
     char do_thousands_sep() const override { return '.'; }
@@ -343,6 +385,17 @@ TEST(ViewerOptionsTest, ReadsSettings) {
     EXPECT_EQ(Parse({"--title", ""}).settings.title, "") << "no title";
 }
 
+TEST(ViewerOptionsTest, ReadsFilesOfPoints) {
+    const Options options = Parse({"--points", "a.csv", "grid.asc", "--points", "b.csv", "--curve", "c.csv",
+                                   "--picture", "p.png", "--trace-at", "30,40"});
+    EXPECT_EQ(options.file, "grid.asc");
+    EXPECT_THAT(options.pointFiles, ElementsAre("a.csv", "b.csv"));
+    EXPECT_THAT(options.curveFiles, ElementsAre("c.csv"));
+    ASSERT_TRUE(options.traceAt);
+    EXPECT_EQ(options.traceAt->x, 30);
+    EXPECT_EQ(options.traceAt->y, 40);
+}
+
 TEST(ViewerOptionsTest, AnswersHelpAndVersion) {
     EXPECT_THAT(Parse({"--help"}).information, HasSubstr("--picture"));
     EXPECT_THAT(Parse({"--version"}).information,
@@ -371,6 +424,9 @@ TEST(ViewerOptionsTest, RefusesWhatCannotBeFollowed) {
         {{"--size", "0x10"}, "--size: expected WIDTHxHEIGHT of 1 to 16384 each, found 0x10"},
         {{"--size", "10x16385"}, "--size: expected WIDTHxHEIGHT of 1 to 16384 each, found 10x16385"},
         {{"--size", "-5x5"}, "--size: expected WIDTHxHEIGHT of 1 to 16384 each, found -5x5"},
+        {{"--picture", "p.png", "--trace-at", "3"}, "--trace-at: expected X,Y in pixels, found 3"},
+        {{"--picture", "p.png", "--trace-at", "3,-4"}, "--trace-at: expected X,Y in pixels, found 3,-4"},
+        {{"--trace-at", "3,4"}, "--trace-at requires --picture; kivo-viewer --help lists the options"},
         {{"--trace", "--no-trace"}, "--trace and --no-trace exclude each other"},
         {{"--function", ""}, "--function: empty"},
         {{"--picture", ""}, "--picture: empty"},

@@ -87,7 +87,8 @@ protected:
         if (name.find("x-gradient") == 0) m_scene.Settings().mode = 2;
         if (name.find("y-gradient") == 0) m_scene.Settings().mode = 3;
         if (m_scene.Settings().mode != 0) m_scene.ApplyView();
-        if (name == "point-size") m_scene.AddMeasureGroup({"points", {0, 0, 1.2f, 1, 1, 1}});
+        if (name == "point-size")
+            m_scene.AddPoints(PointSet::Kind::measureGroup, {"points", {0, 0, 1.2f, 1, 1, 1}});
     }
 
     KivoDrawingTools::HWND m_window;
@@ -215,6 +216,72 @@ TEST_F(ViewerSceneTest, PutsColoursWhereTheyBelong) {
         return rgb[0] > 240 && rgb[1] < 20 && rgb[2] > 240;
     };
     EXPECT_GT(image.Count(isMagenta), 20) << "the legend's lower end";
+}
+
+// Each kind of point set as the list handles it.
+class ViewerPointSetTest : public ViewerSceneTest, public testing::WithParamInterface<PointSet::Kind> {
+protected:
+    ViewerPointSetTest() {
+        m_scene.AddPoints(GetParam(), {"a.csv", {-1, 0, 0.9f, 1, 0, 0.9f}});
+        m_scene.AddPoints(GetParam(), {"b.csv", {0, -1, 1.1f, 0, 1, 1.1f}});
+    }
+
+    static bool IsCyan(const unsigned char* rgb) { return rgb[0] < 60 && rgb[1] > 150 && rgb[2] > 150; }
+};
+
+INSTANTIATE_TEST_SUITE_P(Kinds, ViewerPointSetTest,
+                         testing::Values(PointSet::Kind::measureGroup, PointSet::Kind::curve));
+
+TEST_P(ViewerPointSetTest, IsListed) {
+    const std::vector<PointSet> sets = m_scene.PointSets();
+    ASSERT_EQ(sets.size(), 2U);
+    EXPECT_EQ(sets[0].name, "a.csv");
+    EXPECT_EQ(sets[1].name, "b.csv");
+    EXPECT_TRUE(sets[0].isShown && sets[1].isShown);
+    EXPECT_NE(sets[0].color.Packed(), sets[1].color.Packed());
+}
+
+TEST_P(ViewerPointSetTest, IsShownAndHidden) {
+    const Image both = Draw();
+    std::vector<PointSet> sets = m_scene.PointSets();
+    for (PointSet& set : sets)
+        set.isShown = false;
+    m_scene.ChangePoints(sets[0]);
+    const Image one = Draw();
+    EXPECT_GT(Compare(both, one).max, 50);
+    m_scene.ChangePoints(sets[1]);
+    const Image none = Draw();
+    EXPECT_GT(Compare(one, none).max, 50);
+    EXPECT_FALSE(m_scene.PointSets()[0].isShown);
+    for (PointSet& set : sets) {
+        set.isShown = true;
+        m_scene.ChangePoints(set);
+    }
+    EXPECT_EQ(Compare(both, Draw()).max, 0);
+}
+
+TEST_P(ViewerPointSetTest, TakesColourAndName) {
+    Set("gradient-start", "red"); // nothing else is cyan
+    Set("gradient-end", "red");
+    EXPECT_EQ(Draw().Count(IsCyan), 0);
+    PointSet set = m_scene.PointSets()[1];
+    set.color = {0, 255, 255};
+    set.name = "Brunnen ü";
+    m_scene.ChangePoints(set);
+    EXPECT_GT(Draw().Count(IsCyan), 20);
+    const PointSet changed = m_scene.PointSets()[1];
+    EXPECT_EQ(changed.name, set.name);
+    EXPECT_EQ(changed.color.Packed(), set.color.Packed());
+}
+
+// Groups outlive the grid, curves lie over one.
+TEST_P(ViewerPointSetTest, FollowsTheGrid) {
+    m_scene.ShowGrid(Hill());
+    const bool isCurve = GetParam() == PointSet::Kind::curve;
+    EXPECT_EQ(m_scene.PointSets().size(), isCurve ? 0U : 2U);
+    m_scene.AddPoints(GetParam(), {"c.csv", {0, 0, 2, 1, 1, 2}});
+    EXPECT_EQ(m_scene.PointSets().back().index, isCurve ? 0U : 2U);
+    Draw();
 }
 
 } // namespace

@@ -42,6 +42,8 @@ constexpr xcb_keysym_t homeKey = 0xFF50;
 constexpr xcb_keysym_t upKey = 0xFF52;
 constexpr xcb_keysym_t tabKey = 0xFF09;
 constexpr xcb_keysym_t returnKey = 0xFF0D;
+constexpr xcb_keysym_t downKey = 0xFF54;
+constexpr xcb_keysym_t f2Key = 0xFFBF;
 constexpr xcb_keysym_t f9Key = 0xFFC6;
 
 enum MouseButton { leftButton = 1, rightButton = 3, wheelUp = 4, wheelDown = 5 };
@@ -161,12 +163,14 @@ protected:
     // ---- Pictures
 
     // What the screen shows of the plot.
-    Image Grab() const {
-        Image image(m_plotArea.width, m_plotArea.height);
+    Image Grab() const { return Grab(m_plotArea); }
+
+    Image Grab(const Area& area) const {
+        Image image(area.width, area.height);
         const auto cookie = xcb_get_image(
             Connection(), XCB_IMAGE_FORMAT_Z_PIXMAP, m_input->Screen().root,
-            static_cast<std::int16_t>(m_plotArea.x), static_cast<std::int16_t>(m_plotArea.y),
-            static_cast<std::uint16_t>(m_plotArea.width), static_cast<std::uint16_t>(m_plotArea.height), ~0U);
+            static_cast<std::int16_t>(area.x), static_cast<std::int16_t>(area.y),
+            static_cast<std::uint16_t>(area.width), static_cast<std::uint16_t>(area.height), ~0U);
         const Reply<xcb_get_image_reply_t> reply(xcb_get_image_reply(Connection(), cookie, nullptr));
         if (!reply || static_cast<std::size_t>(xcb_get_image_data_length(reply.get())) != image.rgba.size()) {
             ADD_FAILURE() << "the screen cannot be read";
@@ -217,14 +221,14 @@ protected:
     }
 
     // Does something and returns the picture afterwards, which must differ from the one before.
-    Image After(const std::string& step, const std::function<void()>& action) {
+    Image After(const std::string& step, const std::function<void()>& action, double leastMean = 0.2) {
         const Image before = Settled();
         action();
         WaitFor([&] { return Grab().rgba != before.rgba; });
         const Image after = Settled();
         Keep(before, step + "-before");
         Keep(after, step + "-after");
-        EXPECT_GT(Compare(before, after).mean, 0.2) << step << " changes nothing";
+        EXPECT_GT(Compare(before, after).mean, leastMean) << step << " changes nothing";
         return after;
     }
 
@@ -482,6 +486,61 @@ TEST_F(ViewerWindowTest, TakesSettingsOfTheCommandLine) {
     After("frame-lines", [this] { Press('f'); });
     After("no-contours", [this] { Press('z'); });
     EXPECT_EQ(DifferingPixels(Settled(), plain, 40, plotHeight), 0);
+}
+
+TEST_F(ViewerWindowTest, StatusBarTellsTheTracedPoint) {
+    const Area window = AreaOf(m_window);
+    const int bottom = m_plotArea.y + m_plotArea.height;
+    const Area bar = {window.x, bottom, window.width, window.y + window.height - bottom};
+    const Image empty = Grab(bar);
+    Press('t');
+    After("trace", [this] { MoveBy(40, 30); });
+    const Image first = Grab(bar);
+    Keep(first, "bar");
+    EXPECT_GT(DifferingPixels(first, empty, 0, bar.height), 50);
+    MoveBy(90, 10);
+    Settled();
+    EXPECT_GT(DifferingPixels(Grab(bar), first, 0, bar.height), 10) << "another point, the same numbers";
+    MoveBy(-380, -280); // beside the surface
+    Settled();
+    EXPECT_EQ(DifferingPixels(Grab(bar), empty, 0, bar.height), 0);
+    Press('t');
+    ExpectStart(Settled());
+}
+
+// From the plot the list is the last before all others in the order of the Tab key.
+TEST_F(ViewerWindowTest, ListHidesAndNamesPoints) {
+    const std::string data = KIVO_TEST_DATA "/";
+    Start({"--size", "800x600", "--points", data + "wells.csv", "--curve", data + "flight.csv"});
+    Key(shiftKey, true);
+    Press(tabKey);
+    Key(shiftKey, false);
+    const double balls = 0.02; // least mean difference
+    const Image without = After(
+        "without-points",
+        [this] {
+            Press(downKey);
+            Press(' ');
+        },
+        balls);
+    After(
+        "without-curve",
+        [this] {
+            Press(downKey);
+            Press(' ');
+        },
+        balls);
+    const Image list = Grab(AreaOf(m_window));
+    Press(f2Key);
+    Press('q');
+    Press(returnKey);
+    ExpectNoChange("curve-name", [] {});
+    const Image renamed = Grab(AreaOf(m_window));
+    Keep(renamed, "renamed");
+    EXPECT_GT(DifferingPixels(renamed, list, 0, list.height), 20);
+    After(
+        "with-curve", [this] { Press(' '); }, balls);
+    EXPECT_EQ(Compare(Settled(), without).max, 0);
 }
 
 TEST_F(ViewerWindowTest, KeysSwitchLinesAndTrace) {

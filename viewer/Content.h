@@ -1,0 +1,28 @@
+// What the command line asks to show.
+#pragma once
+
+#include "GridData.h"
+#include "Options.h"
+#include "PointFile.h"
+
+#include <vector>
+
+namespace KivoViewer {
+
+class PlotScene;
+
+/// A grid and what lies over it.
+struct Content {
+    GridData grid;
+    std::vector<PointFile> measureGroups;
+    std::vector<PointFile> curves;
+};
+
+/// Reads the files that the options name. Throws a Failure.
+/// @param sample  the grid where they name none
+Content LoadContent(const Options& options, GridData (*sample)());
+
+/// Shows it all as the options say. Throws as PlotScene::ShowGrid does.
+void ShowContent(PlotScene& scene, const Content& content, const Options& options);
+
+} // namespace KivoViewer
