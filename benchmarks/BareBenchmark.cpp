@@ -1,0 +1,86 @@
+// Frames of the plotter's surface by bare OpenGL 1.1 client arrays: the same arrays in the same state, with
+// nothing around them.
+#include "support/BareSurface.h"
+#include "support/BenchmarkGrid.h"
+#include "support/BenchmarkPlot.h"
+#include "support/OffscreenContext.h"
+#include "support/Registration.h"
+
+#include <benchmark/benchmark.h>
+
+#include <cstddef>
+#include <vector>
+
+namespace KivoBenchmark {
+
+namespace {
+
+std::vector<unsigned char> ReadWindow() {
+    std::vector<unsigned char> pixels(std::size_t{4} * windowWidth * windowHeight);
+    glReadPixels(0, 0, windowWidth, windowHeight, GL_RGBA, GL_UNSIGNED_BYTE, pixels.data());
+    return pixels;
+}
+
+// The plotter's surface without box, titles and legend.
+std::vector<unsigned char> PlotterSurface(KivoDrawingTools::PlotterProbe& plotter) {
+    plotter.BeginGLOperation();
+    const float* background = plotter.m_backgroundColor;
+    glClearColor(background[0], background[1], background[2], background[3]);
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    plotter.RenderSurface();
+    std::vector<unsigned char> pixels = ReadWindow();
+    plotter.EndGLOperation();
+    return pixels;
+}
+
+struct Scene {
+    BareSurface surface;
+    std::vector<unsigned char> expected;
+};
+
+// The plotter is gone when this returns; its arrays and its state remain.
+Scene MakeScene(unsigned int n) {
+    std::vector<float> points = GridPoints(n, n);
+    BenchmarkPlot plot;
+    plot.SetPoints(points, n, n);
+    plot.plotter.Renderscene();
+    return {BareSurface(plot.plotter), PlotterSurface(plot.plotter)};
+}
+
+void MeasureFrames(benchmark::State& state, bool withFrameLines) {
+    const Scene scene = MakeScene(static_cast<unsigned int>(state.range(0)));
+    const OffscreenContext context;
+    scene.surface.SetUp();
+    scene.surface.Draw(true);
+    if (ReadWindow() != scene.expected) state.SkipWithError("the picture is not the plotter's");
+    for (auto _ : state) {
+        scene.surface.Draw(withFrameLines);
+        glFinish();
+    }
+}
+
+void Frame(benchmark::State& state) {
+    MeasureFrames(state, false);
+}
+
+void FrameWithLines(benchmark::State& state) {
+    MeasureFrames(state, true);
+}
+
+void EmptyFrame(benchmark::State& state) {
+    const OffscreenContext context;
+    for (auto _ : state) {
+        glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+        glFinish();
+    }
+}
+
+BENCHMARK(Frame)->Apply(PeerSizes);
+BENCHMARK(FrameWithLines)->Apply(PeerSizes);
+BENCHMARK(EmptyFrame)->Apply(Defaults);
+
+} // namespace
+
+} // namespace KivoBenchmark
+
+BENCHMARK_MAIN();

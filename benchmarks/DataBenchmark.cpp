@@ -1,0 +1,107 @@
+// New data: everything that follows from them, the mesh arrays alone, the colours alone; beside the time that
+// it takes to fill as many bytes.
+#include "support/BenchmarkGrid.h"
+#include "support/BenchmarkPlot.h"
+#include "support/Registration.h"
+
+#include <benchmark/benchmark.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <vector>
+
+namespace KivoBenchmark {
+
+namespace {
+
+using KivoDrawingTools::PlotterProbe;
+
+// A plot that holds a grid of n x n points.
+struct LoadedPlot {
+    explicit LoadedPlot(const benchmark::State& state)
+        : n(static_cast<unsigned int>(state.range(0))), points(GridPoints(n, n)) {
+        SetPoints();
+    }
+    void SetPoints() { plot.SetPoints(points, n, n); }
+
+    unsigned int n;
+    std::vector<float> points;
+    BenchmarkPlot plot;
+};
+
+std::size_t ColorBytes(const PlotterProbe& plotter) {
+    return 4 * sizeof(float) * plotter.m_vertexCount;
+}
+
+struct Bytes {
+    void* start;
+    std::size_t count;
+};
+
+void MeasureFilling(benchmark::State& state, const std::vector<Bytes>& arrays) {
+    for (auto _ : state) {
+        for (const Bytes& array : arrays)
+            std::memset(array.start, 1, array.count);
+        benchmark::ClobberMemory();
+    }
+    std::size_t bytes = 0;
+    for (const Bytes& array : arrays)
+        bytes += array.count;
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(bytes));
+}
+
+void SetData(benchmark::State& state) {
+    LoadedPlot loaded(state);
+    for (auto _ : state)
+        loaded.SetPoints();
+}
+
+void MeshArrays(benchmark::State& state) {
+    LoadedPlot loaded(state);
+    PlotterProbe& plotter = loaded.plot.plotter;
+    for (auto _ : state) {
+        plotter.AssignColorData();
+        plotter.AssignTexcoordData();
+        plotter.AssignIndexData();
+        plotter.AssignFramelineIndexData(1, 1);
+    }
+}
+
+// As many bytes, in the arrays that are there.
+void FillMeshArrays(benchmark::State& state) {
+    LoadedPlot loaded(state);
+    const PlotterProbe& plotter = loaded.plot.plotter;
+    const auto lineIndices = static_cast<std::size_t>(plotter.m_framelineIndexCount);
+    const std::vector<Bytes> arrays = {{plotter.m_colorArray, ColorBytes(plotter)},
+                                       {plotter.m_texcoordArray, 2 * sizeof(float) * plotter.m_vertexCount},
+                                       {plotter.m_indexArray, sizeof(unsigned int) * plotter.m_indexCount},
+                                       {plotter.m_framelineIndexArray, sizeof(unsigned int) * lineIndices}};
+    MeasureFilling(state, arrays);
+}
+
+void Recolor(benchmark::State& state) {
+    LoadedPlot loaded(state);
+    constexpr unsigned long ends[] = {0x0000FF, 0xFF0000};
+    std::size_t turn = 0;
+    for (auto _ : state) {
+        loaded.plot.plotter.SetZGradientColor(ends[turn], ends[1 - turn]);
+        turn = 1 - turn;
+    }
+}
+
+void FillColors(benchmark::State& state) {
+    LoadedPlot loaded(state);
+    const PlotterProbe& plotter = loaded.plot.plotter;
+    MeasureFilling(state, {{plotter.m_colorArray, ColorBytes(plotter)}});
+}
+
+BENCHMARK(SetData)->Apply(AllSizes);
+BENCHMARK(MeshArrays)->Apply(AllSizes);
+BENCHMARK(FillMeshArrays)->Apply(AllSizes);
+BENCHMARK(Recolor)->Apply(AllSizes);
+BENCHMARK(FillColors)->Apply(AllSizes);
+
+} // namespace
+
+} // namespace KivoBenchmark

@@ -1,0 +1,17 @@
+// The surface that all benchmarks take.
+#pragma once
+
+#include <vector>
+
+namespace KivoBenchmark {
+
+/// z = sin(6x) cos(5y) exp(-(x^2 + y^2)) on [-1, 1] x [-1, 1]: packed x, y, z triples, row by row.
+std::vector<float> GridPoints(unsigned int columns, unsigned int rows);
+
+/// One coordinate of all points: 0 = x, 1 = y, 2 = z.
+std::vector<float> Coordinates(const std::vector<float>& points, int coordinate);
+
+/// Levels that divide the range from the least to the greatest value evenly, strictly inside it.
+std::vector<float> EvenLevels(const std::vector<float>& values, unsigned int count);
+
+} // namespace KivoBenchmark
