@@ -46,7 +46,7 @@ std::uint64_t TraceAxis(const GridView& grid, int axis, const std::vector<float>
 
 void MeasureTracing(benchmark::State& state, unsigned int levelCount) {
     const auto n = static_cast<unsigned int>(state.range(0));
-    const std::vector<float> points = GridPoints(n, n);
+    const std::vector<float>& points = SquareGrid(n);
     const GridView grid = {points.data(), n, n, 3, 3 * n};
     const AxisLevels levels = EvenLevelsOfAxes(points, levelCount);
     std::uint64_t segments[3] = {};
@@ -61,13 +61,22 @@ void Contours(benchmark::State& state) {
     MeasureTracing(state, usualLevelCount);
 }
 
+void ZContours(benchmark::State& state) {
+    const auto n = static_cast<unsigned int>(state.range(0));
+    const std::vector<float>& points = SquareGrid(n);
+    const GridView grid = {points.data(), n, n, 3, 3 * n};
+    const std::vector<float> levels = EvenLevels(Coordinates(points, 2), usualLevelCount);
+    for (auto _ : state)
+        TraceAxis(grid, 2, levels);
+}
+
 void ContoursByLevels(benchmark::State& state) {
     MeasureTracing(state, static_cast<unsigned int>(state.range(1)));
 }
 
 void SetContourCount(benchmark::State& state) {
     const auto n = static_cast<unsigned int>(state.range(0));
-    std::vector<float> points = GridPoints(n, n);
+    std::vector<float>& points = SquareGrid(n);
     BenchmarkPlot plot;
     plot.SetPoints(points, n, n);
     for (auto _ : state) {
@@ -79,6 +88,7 @@ void SetContourCount(benchmark::State& state) {
 }
 
 BENCHMARK(Contours)->Apply(AllSizes);
+BENCHMARK(ZContours)->Apply(PeerSizes);
 BENCHMARK(SetContourCount)->Apply(AllSizes);
 BENCHMARK(ContoursByLevels)->Apply(Defaults)->ArgsProduct({{1000}, {1, 5, 20, 80, 320}});
 

@@ -20,13 +20,13 @@ using KivoDrawingTools::PlotterProbe;
 // A plot that holds a grid of n x n points.
 struct LoadedPlot {
     explicit LoadedPlot(const benchmark::State& state)
-        : n(static_cast<unsigned int>(state.range(0))), points(GridPoints(n, n)) {
+        : n(static_cast<unsigned int>(state.range(0))), points(SquareGrid(n)) {
         SetPoints();
     }
     void SetPoints() { plot.SetPoints(points, n, n); }
 
     unsigned int n;
-    std::vector<float> points;
+    std::vector<float>& points;
     BenchmarkPlot plot;
 };
 

@@ -3,6 +3,7 @@
 #include "support/BenchmarkGrid.h"
 #include "support/BenchmarkPlot.h"
 #include "support/Registration.h"
+#include "support/ResidentMemory.h"
 
 #include <benchmark/benchmark.h>
 
@@ -16,7 +17,7 @@ using KivoDrawingTools::PlotterProbe;
 
 void MeasureFrames(benchmark::State& state, bool withFrameLines) {
     const auto n = static_cast<unsigned int>(state.range(0));
-    std::vector<float> points = GridPoints(n, n);
+    std::vector<float>& points = SquareGrid(n);
     BenchmarkPlot plot;
     plot.SetPoints(points, n, n);
     plot.plotter.ShowFrameLines(withFrameLines);
@@ -31,6 +32,19 @@ void Frame(benchmark::State& state) {
 
 void FrameWithLines(benchmark::State& state) {
     MeasureFrames(state, true);
+}
+
+void PeakMemory(benchmark::State& state) {
+    const auto n = static_cast<unsigned int>(state.range(0));
+    std::vector<float>& points = SquareGrid(n);
+    BenchmarkPlot plot;
+    plot.plotter.Renderscene();
+    const double before = ResidentBytes();
+    for (auto _ : state) {
+        plot.SetPoints(points, n, n);
+        plot.plotter.Renderscene();
+    }
+    ReportPeak(state, before);
 }
 
 // Everything that a plot can show at once.
@@ -67,6 +81,7 @@ void FrameWithEverything(benchmark::State& state) {
 BENCHMARK(Frame)->Apply(AllSizes);
 BENCHMARK(FrameWithLines)->Apply(AllSizes);
 BENCHMARK(FrameWithEverything)->Apply(Defaults);
+BENCHMARK(PeakMemory)->Apply(PeerSizes)->Iterations(1);
 
 } // namespace
 

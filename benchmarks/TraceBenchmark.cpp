@@ -25,7 +25,7 @@ std::vector<POINT> Pointers(BenchmarkPlot& plot) {
 
 void Trace(benchmark::State& state) {
     const auto n = static_cast<unsigned int>(state.range(0));
-    std::vector<float> points = GridPoints(n, n);
+    std::vector<float>& points = SquareGrid(n);
     BenchmarkPlot plot;
     plot.SetPoints(points, n, n);
     plot.plotter.Renderscene();
@@ -42,7 +42,7 @@ void Trace(benchmark::State& state) {
 
 void ReadPoints(benchmark::State& state) {
     const auto n = static_cast<unsigned int>(state.range(0));
-    const std::vector<float> points = GridPoints(n, n);
+    const std::vector<float>& points = SquareGrid(n);
     std::vector<std::uint32_t> words(points.size());
     std::memcpy(words.data(), points.data(), points.size() * sizeof(float));
     for (auto _ : state) {

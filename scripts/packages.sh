@@ -14,6 +14,9 @@ kivo_test_packages=(
     libx11-dev libxcb-xtest0-dev xvfb xauth
     wine wine64 g++-mingw-w64-x86-64)
 
+# What the benchmarks take on top of what the library takes; other libraries to compare with are optional.
+kivo_benchmark_packages=(libbenchmark-dev python3-matplotlib xvfb xauth)
+
 # install_packages <name>...: installs those that are missing, or says what to do.
 install_packages() {
     local missing=() name

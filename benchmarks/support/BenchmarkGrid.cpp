@@ -21,6 +21,12 @@ std::vector<float> GridPoints(unsigned int columns, unsigned int rows) {
     return points;
 }
 
+std::vector<float>& SquareGrid(unsigned int n) {
+    static std::vector<float> points;
+    if (points.size() != std::size_t{3} * n * n) points = GridPoints(n, n);
+    return points;
+}
+
 std::vector<float> Coordinates(const std::vector<float>& points, int coordinate) {
     std::vector<float> values(points.size() / 3);
     for (std::size_t i = 0; i < values.size(); ++i)
