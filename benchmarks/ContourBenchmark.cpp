@@ -12,7 +12,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <vector>
 
 namespace KivoBenchmark {
@@ -34,14 +33,10 @@ AxisLevels EvenLevelsOfAxes(const std::vector<float>& points, unsigned int count
 }
 
 std::uint64_t TraceAxis(const GridView& grid, int axis, const std::vector<float>& levels) {
-    std::uint64_t segments = 0;
-    for (const float level : levels) {
-        std::uint64_t pointCount = 0;
-        const std::unique_ptr<float[]> lines(TraceLevelLines(grid, axis, level, &pointCount));
-        benchmark::DoNotOptimize(lines.get());
-        segments += pointCount / 2;
-    }
-    return segments;
+    std::uint64_t points = 0;
+    for (const LevelLines& lines : TraceLevelLines(grid, axis, levels))
+        points += lines.pointCount;
+    return points / 2;
 }
 
 void MeasureTracing(benchmark::State& state, unsigned int levelCount) {
