@@ -345,6 +345,14 @@ public:
     void SetYAxisTitle(const char* title); ///< sets the title along the Y axis
     void SetZAxisTitle(const char* title); ///< sets the title along the Z axis
 
+    /// Makes a text image; the OpenGL context must be current, as it is between BeginGLOperation and
+    /// EndGLOperation. What the image held before is freed. Free the image with ReleaseTex.
+    /// @param renderer  m_textRenderer
+    /// @param text      UTF-8; wider than 512 pixels it takes two lines
+    /// @param image     a new image or one made before
+    /// @return 0, or -1 when the renderer is null or not initialised, or without memory for the picture
+    static int CreateTextImage(STextRenderer* renderer, const char* text, SKivoTexImage* image);
+
     // Bitmap text, in the plot's 10-point font, one glyph for each byte; for derived classes and hosts
     // between BeginGLOperation and EndGLOperation. The position goes through the matrices now loaded.
 

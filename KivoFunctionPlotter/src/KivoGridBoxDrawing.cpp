@@ -59,7 +59,7 @@ private:
 };
 
 TextImageSize SizeOf(const SKivoTexImage& image) {
-    if (!image.pixels) return {};
+    if (image.texture == 0 || !image.pixels) return {}; // nothing is drawn of it
     return {static_cast<double>(image.width), static_cast<double>(image.height)};
 }
 

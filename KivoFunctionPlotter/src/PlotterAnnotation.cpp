@@ -61,6 +61,10 @@ void CKivoFunctionPlotter::SetZAxisTitle(const char* title) {
 
 // ---- Text images ----------------------------------------------------------------------------------------
 
+int CKivoFunctionPlotter::CreateTextImage(STextRenderer* renderer, const char* text, SKivoTexImage* image) {
+    return KivoDrawingTools::CreateTextImage(renderer, text, image);
+}
+
 void CKivoFunctionPlotter::RenderTextTex(const float* p0, const float* p1, const float* p2, const float* p3,
                                          const SKivoTexImage* image) {
     if (!image || image->texture == 0 || !image->pixels) return;
@@ -102,10 +106,12 @@ void CKivoFunctionPlotter::RenderPlotName() {
     const float top = static_cast<float>(m_viewTop);
     const float bottom = static_cast<float>(m_viewTop - worldHeight);
     const float half = static_cast<float>(worldWidth * 0.5);
-    const float p0[] = {-half, bottom, 1.0f};
-    const float p1[] = {half, bottom, 1.0f};
-    const float p2[] = {half, top, 1.0f};
-    const float p3[] = {-half, top, 1.0f};
+    // At depth 1; of data with small values the view volume ends before that.
+    const float depth = m_viewFar < 1.0 ? static_cast<float>(m_viewFar * 0.5) : 1.0f;
+    const float p0[] = {-half, bottom, depth};
+    const float p1[] = {half, bottom, depth};
+    const float p2[] = {half, top, depth};
+    const float p3[] = {-half, top, depth};
 
     const MatrixModeScope modelView(GL_MODELVIEW);
     glPushMatrix();

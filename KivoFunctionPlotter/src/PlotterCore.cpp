@@ -431,7 +431,9 @@ void CKivoFunctionPlotter::UpdateViewport(int x, int y, int width, int height) {
 int CKivoFunctionPlotter::Renderscene() {
     const ContextScope context(m_hDC, m_hGLRC);
     DrawScene();
-    return SwapBuffers(m_hDC) ? 0 : static_cast<int>(GetLastError());
+    if (SwapBuffers(m_hDC)) return 0;
+    const int error = static_cast<int>(GetLastError());
+    return error != 0 ? error : -1; // a failure that the platform does not explain is one all the same
 }
 
 void CKivoFunctionPlotter::DrawScene() {

@@ -667,7 +667,10 @@ void CKivoFunctionPlotter::RenderTraceLegend() {
     for (int i = 0; i < 3; ++i)
         text += FormatNumber(m_tracePoint[i], 3) + (i < 2 ? ", " : ")");
     SKivoTexImage image;
-    CreateTextImage(m_textRenderer, text.c_str(), &image);
+    if (CreateTextImage(m_textRenderer, text.c_str(), &image) != 0) {
+        ReleaseTextImage(&image);
+        return;
+    }
     // Drawn pixel for pixel, but not on whole ones: unfiltered, its digits stay sharp.
     glBindTexture(GL_TEXTURE_2D, image.texture);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);

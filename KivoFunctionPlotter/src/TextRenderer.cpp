@@ -33,12 +33,23 @@ void MeasureWords(STextRenderer& renderer, const char* text, std::size_t length)
     if (start < length) renderer.m_wordExtents.push_back(Extent(renderer, text + start, length - start + 1));
 }
 
-// Where a text of two lines is cut: in the middle of its bytes, moved back to the beginning of a character.
+// Length in bytes of the character that begins with a byte of UTF-8; 0 for a byte that begins none.
+std::size_t CharacterLength(char first) {
+    const unsigned int byte = static_cast<unsigned char>(first);
+    if (byte < 0x80u) return 1;
+    if (byte >= 0xC2u && byte < 0xE0u) return 2;
+    if (byte >= 0xE0u && byte < 0xF0u) return 3;
+    return byte >= 0xF0u && byte < 0xF5u ? 4 : 0;
+}
+
+// Where a text of two lines is cut: in the middle of its bytes, or before the character of UTF-8 that lies
+// across the middle.
 std::size_t LineCut(const char* text, std::size_t length) {
-    std::size_t cut = length / 2;
-    while (cut > 0 && (static_cast<unsigned char>(text[cut]) & 0xC0u) == 0x80u)
+    const std::size_t middle = length / 2;
+    std::size_t cut = middle;
+    while (cut > 0 && middle - cut < 3 && (static_cast<unsigned char>(text[cut]) & 0xC0u) == 0x80u)
         --cut;
-    return cut;
+    return cut + CharacterLength(text[cut]) > middle ? cut : middle;
 }
 
 void DrawTextLines(HDC dc, const char* text, std::size_t length, bool isTwoLines, const SIZE& line,

@@ -129,6 +129,28 @@ TEST_P(Text, WiderTextsTakeTwoLines) {
     EXPECT_TRUE(upper && lower);
 }
 
+// The middle of the bytes falls between the two of the letter, which then stands whole in the second line; in
+// other encodings the same bytes may be no such letter, and the middle is the middle.
+TEST_P(Text, TwoLinesAreNotCutThroughACharacter) {
+    const auto inkWidth = [this](bool isUpper) {
+        int first = image.width, last = -1;
+        for (int row = 0; row < image.height; ++row)
+            for (int column = 0; column < image.width; ++column)
+                if ((row >= image.height / 2) == isUpper &&
+                    image.pixels[4 * (static_cast<std::size_t>(row) * image.width + column) + 3] != 0) {
+                    first = std::min(first, column);
+                    last = std::max(last, column);
+                }
+        return last - first + 1;
+    };
+    const std::string wide(39, 'W'), dots(39, '.');
+    Make(wide + "\xc3\xb6" + dots);
+    ASSERT_EQ(image.width, 512);
+    EXPECT_NEAR(inkWidth(true), Extent(wide).cx, 4);
+    Make(wide + "W\xb6" + dots); // a sign of its own where bytes are characters
+    EXPECT_NEAR(inkWidth(true), Extent(wide + "W").cx, 4);
+}
+
 TEST_P(Text, WordsAreMeasuredWithTheirSpaces) {
     Make("one  two three");
     EXPECT_EQ(Renderer().m_wordExtents,
@@ -221,6 +243,20 @@ TEST_P(Text, TheTitleHangsFromTheMiddleOfTheTopPixelForPixel) {
         return p[0] < 128 && p[1] < 128 && p[2] < 128;
     }) - without.Count([](const unsigned char* p) { return p[0] < 128 && p[1] < 128 && p[2] < 128; });
     EXPECT_NEAR(dark, ink, ink / 4.0);
+}
+
+TEST_P(Text, TheTitleShowsAboveDataOfAnySize) {
+    for (const float scale : {1e-6f, 1e-2f, 1.0f, 1e6f}) {
+        TestSurface surface = HillSurface(4, 3);
+        for (float& value : surface.points)
+            value *= scale;
+        plotter.SetData(surface.NewArray(), 4, 3, 1, 4, 3);
+        plotter.SetPlotTitle("");
+        const Image without = CaptureImage(plotter);
+        plotter.SetPlotTitle("HHHHHHHHHH");
+        const std::vector<int> box = Differing(without, CaptureImage(plotter));
+        EXPECT_GT(box[2] - box[0], plotter.m_plotTitleImage->width - 8) << scale;
+    }
 }
 
 TEST_P(Text, ATextQuadLeavesLightingOnAndBlendingAndTexturingOff) {
