@@ -27,7 +27,7 @@ std::size_t ContourBytes(const PlotterProbe& plotter) {
 
 void Memory(benchmark::State& state) {
     const auto n = static_cast<unsigned int>(state.range(0));
-    std::vector<float> points = GridPoints(n, n);
+    std::vector<float>& points = SquareGrid(n);
     const double pointCount = static_cast<double>(n) * n;
     BenchmarkPlot plot;
     plot.plotter.Renderscene();
@@ -46,7 +46,22 @@ void Memory(benchmark::State& state) {
     state.counters["growth_bytes"] = static_cast<double>(use.bytes) - static_cast<double>(afterFirst);
 }
 
+void TraceAllocations(benchmark::State& state) {
+    const auto n = static_cast<unsigned int>(state.range(0));
+    BenchmarkPlot plot;
+    plot.SetPoints(SquareGrid(n), n, n);
+    plot.plotter.Renderscene();
+    const std::vector<POINT> pointers = plot.Pointers();
+    const std::size_t before = CurrentHeapUse().count;
+    for (auto _ : state)
+        for (const POINT& pointer : pointers)
+            plot.plotter.Trace(pointer);
+    const auto traces = static_cast<double>(static_cast<std::size_t>(state.iterations()) * pointers.size());
+    state.counters["allocations"] = static_cast<double>(CurrentHeapUse().count - before) / traces;
+}
+
 BENCHMARK(Memory)->Apply(PeerSizes)->Iterations(3);
+BENCHMARK(TraceAllocations)->Apply(PeerSizes)->Iterations(3);
 
 } // namespace
 

@@ -1,7 +1,6 @@
 // The point of the surface under the pointer, beside reading all points once.
 #include "support/BenchmarkGrid.h"
 #include "support/BenchmarkPlot.h"
-#include "support/HeapMeter.h"
 #include "support/Registration.h"
 
 #include <benchmark/benchmark.h>
@@ -17,27 +16,19 @@ namespace {
 
 using KivoDrawingTools::POINT;
 
-// Over the middle of the surface and over its four quarters.
-std::vector<POINT> Pointers(BenchmarkPlot& plot) {
-    return {plot.PointerAt(0.5, 0.5), plot.PointerAt(0.25, 0.25), plot.PointerAt(0.75, 0.25),
-            plot.PointerAt(0.25, 0.75), plot.PointerAt(0.75, 0.75)};
-}
-
 void Trace(benchmark::State& state) {
     const auto n = static_cast<unsigned int>(state.range(0));
     std::vector<float>& points = SquareGrid(n);
     BenchmarkPlot plot;
     plot.SetPoints(points, n, n);
     plot.plotter.Renderscene();
-    const std::vector<POINT> pointers = Pointers(plot);
+    const std::vector<POINT> pointers = plot.Pointers();
     for (const POINT& pointer : pointers)
         if (plot.plotter.Trace(pointer) != 0) state.SkipWithError("nothing lies under a pointer");
 
     std::size_t turn = 0;
-    const std::size_t allocationsBefore = CurrentHeapUse().count;
     for (auto _ : state)
         plot.plotter.Trace(pointers[turn++ % pointers.size()]);
-    state.counters["allocations"] = static_cast<double>(CurrentHeapUse().count - allocationsBefore);
 }
 
 void ReadPoints(benchmark::State& state) {

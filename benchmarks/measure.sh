@@ -3,7 +3,6 @@
 set -euo pipefail
 programs=$1
 results=$2
-rounds=3
 
 # The same heap for every program: freed memory is kept, so that no frame waits for the kernel to clear pages.
 export MALLOC_TRIM_THRESHOLD_=$((1 << 30)) MALLOC_MMAP_THRESHOLD_=$((32 << 20))
@@ -17,26 +16,30 @@ run() {
     "$program" --benchmark_out="$results/$name.json" --benchmark_out_format=json --benchmark_min_time=0.1 "$@" >/dev/null 2>&1
 }
 
-# Programs in turn, in several rounds: what slows the machine down for a while meets all of them.
-for round in $(seq "$rounds"); do
-    run "kivo-$round" benchmarks --benchmark_repetitions=3 \
+# Programs in turn, in several rounds: what slows the machine down for a while meets all of them. What takes longest is in
+# the first rounds only.
+for round in 1 2 3 4 5; do
+    run "kivo-$round" benchmarks \
         --benchmark_filter='^(SetData|MeshArrays|FillMeshArrays|Recolor|FillColors|Contours|ZContours|SetContourCount|Trace|ReadPoints)/[12]000/'
-    run "start-$round" benchmarks --benchmark_repetitions=5 --benchmark_filter='^First|^FrameWithEverything'
-    for n in 1000 2000; do # next to each other, since the limit is narrow
-        run "kivo-frames-$n-$round" benchmarks --benchmark_repetitions=3 --benchmark_filter="^Frame.*/$n/"
-        run "bare-frames-$n-$round" bare-benchmarks --benchmark_repetitions=3 --benchmark_filter="^Frame.*/$n/|^EmptyFrame"
-    done
+    run "start-$round" benchmarks --benchmark_filter='^First|^FrameWithEverything'
+    run "kivo-frames-1000-$round" benchmarks --benchmark_repetitions=3 --benchmark_filter='^Frame.*/1000/'
+    run "bare-frames-1000-$round" bare-benchmarks --benchmark_repetitions=3 --benchmark_filter='^Frame.*/1000/|^EmptyFrame'
+    [ "$round" -le 3 ] || continue
+    run "kivo-frames-2000-$round" benchmarks --benchmark_filter='^Frame.*/2000/'
+    run "bare-frames-2000-$round" bare-benchmarks --benchmark_filter='^Frame.*/2000/'
     run "vtk-$round" vtk-benchmarks --benchmark_filter='-PeakMemory'
-    run "qwtplot3d-$round" qwtplot3d-benchmarks --benchmark_filter='-PeakMemory'
+    run "qwtplot3d-$round" qwtplot3d-benchmarks --benchmark_filter='^Frame.*/1000'
     if /usr/bin/python3 -c 'import contourpy' 2>/dev/null; then
         /usr/bin/python3 "$(dirname "$0")/contourpy_benchmark.py" 1000 2000 >"$results/contourpy-$round.json"
     fi
 done
 
-# How cost grows; memory, for other libraries in processes that do nothing else; frames with the heap as glibc has it.
+# How cost grows; memory, by processes that do nothing else; frames with the heap as glibc has it.
 run growth benchmarks --benchmark_repetitions=3 \
-    --benchmark_filter='^(SetData|MeshArrays|Recolor|Contours|Trace|Frame|FrameWithLines)/[0-9]*/|^ContoursByLevels'
-run memory benchmarks --benchmark_filter='^Memory'
+    --benchmark_filter='^(SetData|MeshArrays|Recolor|Contours|Trace)/[0-9]*/|^ContoursByLevels'
+run growth-frames benchmarks --benchmark_filter='^(Frame|FrameWithLines)/[0-9]*/'
+run qwtplot3d-large qwtplot3d-benchmarks --benchmark_filter='^Frame.*/2000'
+run memory memory-benchmarks
 for n in 1000 2000; do
     run "kivo-memory-$n" benchmarks --benchmark_filter="^PeakMemory/$n"
     run "vtk-memory-$n" vtk-benchmarks --benchmark_filter="^PeakMemory/$n"

@@ -9,6 +9,7 @@ import collections
 import json
 import math
 import pathlib
+import platform
 import re
 import statistics
 import sys
@@ -54,8 +55,8 @@ class Results:
         self.counters = {}
         samples = collections.defaultdict(list)
         for path in sorted(folder.glob("*.json")):
-            stem, _, last = path.stem.rpartition("-")
-            measured_once = not stem or "memory" in path.stem
+            last = path.stem.rpartition("-")[2]
+            turn = int(last) if last.isdigit() and "memory" not in path.stem else None
             program = PROGRAMS.get(path.stem.split("-")[0], "kivo")
             content = json.loads(path.read_text())
             self.context.update(content.get("context", {}))
@@ -65,8 +66,7 @@ class Results:
                 name = re.sub(r"/(process_time|real_time|manual_time|iterations:\d+|repeats:\d+)", "", entry["name"])
                 if entry.get("error_occurred"):
                     sys.exit(f"{path.name}: {name}: {entry['error_message']}")
-                samples[program, name, None if measured_once else int(last)].append(
-                    (entry["real_time"], entry["cpu_time"]))
+                samples[program, name, turn].append((entry["real_time"], entry["cpu_time"]))
                 self.counters[program, name] = entry
         self.medians = collections.defaultdict(dict)
         for (program, name, turn), times in samples.items():
@@ -86,12 +86,12 @@ class Results:
 
 def ratio_of(results, ours, theirs):
     """(wall, CPU) of ours / theirs as medians over the rounds."""
-    own = results.rounds(ours)
+    peers = [results.rounds(peer) for peer in theirs]
     ratios = []
-    for turn in own:
-        peers = [results.rounds(peer) for peer in theirs]
+    for turn, own in results.rounds(ours).items():
         parts = [peer.get(turn, peer.get(None)) for peer in peers]
-        ratios.append([own[turn][i] / sum(part[i] for part in parts) for i in range(2)])
+        if all(parts):
+            ratios.append([own[i] / sum(part[i] for part in parts) for i in range(2)])
     return tuple(statistics.median(column) for column in zip(*ratios))
 
 
@@ -174,9 +174,14 @@ def check_segments(results):
                 sys.exit(f"The programs find different contours: {found}")
 
 
+def processor_name():
+    found = re.search(r"model name\s*: (.*)", pathlib.Path("/proc/cpuinfo").read_text())
+    return found[1] if found else platform.machine()
+
+
 def report(results):
     context = results.context
-    lines = [f"{context['date'][:10]}, {context['processor']}, {context['num_cpus']} cores, "
+    lines = [f"{context['date'][:10]}, {processor_name()}, {context['num_cpus']} cores at {context['mhz_per_cpu']} MHz, "
              f"{context['renderer']}, window of 800 x 600 pixels. Times in milliseconds.", ""]
     lines += table(["Job", "n", "plotter", "CPU", "beside", "time", "CPU", "ratio", "of CPU", "limit"],
                    comparison_rows(results))

@@ -35,4 +35,9 @@ POINT BenchmarkPlot::PointerAt(double u, double v) {
     return {static_cast<int>(seen[0]), windowHeight - 1 - static_cast<int>(seen[1])};
 }
 
+std::vector<POINT> BenchmarkPlot::Pointers() {
+    return {PointerAt(0.5, 0.5), PointerAt(0.25, 0.25), PointerAt(0.75, 0.25), PointerAt(0.25, 0.75),
+            PointerAt(0.75, 0.75)};
+}
+
 } // namespace KivoBenchmark

@@ -24,6 +24,8 @@ public:
     /// The client point at which a point of the surface is seen; after SetPoints.
     /// @param u, v  where in the grid: 0 to 1 along rows and columns
     KivoDrawingTools::POINT PointerAt(double u, double v);
+    /// Client points over the middle of the surface and over its four quarters; after SetPoints.
+    std::vector<KivoDrawingTools::POINT> Pointers();
 
     KivoDrawingTools::PlotterProbe plotter;
 
