@@ -39,16 +39,20 @@ struct Scene {
 };
 
 // The plotter is gone when this returns; its arrays and its state remain.
-Scene MakeScene(unsigned int n) {
-    std::vector<float>& points = SquareGrid(n);
+Scene MakeScene(unsigned int columns, unsigned int rows) {
+    std::vector<float> points = GridPoints(columns, rows);
     BenchmarkPlot plot;
-    plot.SetPoints(points, n, n);
+    plot.SetPoints(points, columns, rows);
     plot.plotter.Renderscene();
     return {BareSurface(plot.plotter), PlotterSurface(plot.plotter)};
 }
 
-void MeasureFrames(benchmark::State& state, bool withFrameLines) {
-    const Scene scene = MakeScene(static_cast<unsigned int>(state.range(0)));
+Scene SquareScene(const benchmark::State& state) {
+    const auto n = static_cast<unsigned int>(state.range(0));
+    return MakeScene(n, n);
+}
+
+void MeasureFrames(benchmark::State& state, const Scene& scene, bool withFrameLines) {
     const OffscreenContext context;
     scene.surface.SetUp();
     scene.surface.Draw(true);
@@ -60,11 +64,15 @@ void MeasureFrames(benchmark::State& state, bool withFrameLines) {
 }
 
 void Frame(benchmark::State& state) {
-    MeasureFrames(state, false);
+    MeasureFrames(state, SquareScene(state), false);
 }
 
 void FrameWithLines(benchmark::State& state) {
-    MeasureFrames(state, true);
+    MeasureFrames(state, SquareScene(state), true);
+}
+
+void SmallFrame(benchmark::State& state) {
+    MeasureFrames(state, MakeScene(50, 40), true);
 }
 
 void EmptyFrame(benchmark::State& state) {
@@ -77,6 +85,7 @@ void EmptyFrame(benchmark::State& state) {
 
 BENCHMARK(Frame)->Apply(PeerSizes);
 BENCHMARK(FrameWithLines)->Apply(PeerSizes);
+BENCHMARK(SmallFrame)->Apply(Defaults);
 BENCHMARK(EmptyFrame)->Apply(Defaults);
 
 } // namespace

@@ -63,7 +63,7 @@ void ShowEverything(BenchmarkPlot& plot, std::vector<float>& curve, std::vector<
     plotter.Trace(plot.PointerAt(0.5, 0.5));
 }
 
-void FrameWithEverything(benchmark::State& state) {
+void SmallFrame(benchmark::State& state) {
     constexpr unsigned int columns = 50, rows = 40;
     std::vector<float> points = GridPoints(columns, rows);
     std::vector<float> curve(points.begin(), points.begin() + 3 * columns);
@@ -80,7 +80,7 @@ void FrameWithEverything(benchmark::State& state) {
 
 BENCHMARK(Frame)->Apply(AllSizes);
 BENCHMARK(FrameWithLines)->Apply(AllSizes);
-BENCHMARK(FrameWithEverything)->Apply(Defaults);
+BENCHMARK(SmallFrame)->Apply(Defaults);
 BENCHMARK(PeakMemory)->Apply(PeerSizes)->Iterations(1);
 
 } // namespace

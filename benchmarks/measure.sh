@@ -21,9 +21,9 @@ run() {
 for round in 1 2 3 4 5; do
     run "kivo-$round" benchmarks \
         --benchmark_filter='^(SetData|MeshArrays|FillMeshArrays|Recolor|FillColors|Contours|ZContours|SetContourCount|Trace|ReadPoints)/[12]000/'
-    run "start-$round" benchmarks --benchmark_filter='^First|^FrameWithEverything'
+    run "start-$round" benchmarks --benchmark_filter='^First|^SmallFrame'
     run "kivo-frames-1000-$round" benchmarks --benchmark_repetitions=3 --benchmark_filter='^Frame.*/1000/'
-    run "bare-frames-1000-$round" bare-benchmarks --benchmark_repetitions=3 --benchmark_filter='^Frame.*/1000/|^EmptyFrame'
+    run "bare-frames-1000-$round" bare-benchmarks --benchmark_repetitions=3 --benchmark_filter='^Frame.*/1000/|^SmallFrame|^EmptyFrame'
     [ "$round" -le 3 ] || continue
     run "kivo-frames-2000-$round" benchmarks --benchmark_filter='^Frame.*/2000/'
     run "bare-frames-2000-$round" bare-benchmarks --benchmark_filter='^Frame.*/2000/'
@@ -36,7 +36,7 @@ done
 
 # How cost grows; memory, by processes that do nothing else; frames with the heap as glibc has it.
 run growth benchmarks --benchmark_repetitions=3 \
-    --benchmark_filter='^(SetData|MeshArrays|Recolor|Contours|Trace)/[0-9]*/|^ContoursByLevels'
+    --benchmark_filter='^(SetData|MeshArrays|FillMeshArrays|Recolor|FillColors|Contours|Trace|ReadPoints)/[0-9]*/|^ContoursByLevels'
 run growth-frames benchmarks --benchmark_filter='^(Frame|FrameWithLines)/[0-9]*/'
 run qwtplot3d-large qwtplot3d-benchmarks --benchmark_filter='^Frame.*/2000'
 run memory memory-benchmarks

@@ -45,6 +45,8 @@ COMPARISONS = [
 SIZES = (1000, 2000)
 GROWTH = {"SetData": "new data", "MeshArrays": "mesh arrays", "Recolor": "recolour", "Contours": "60 contours",
           "Trace": "trace", "Frame": "frame", "FrameWithLines": "frame with lines"}
+GROWTH_OF_BOUNDS = {"FillMeshArrays": "filling the mesh arrays", "FillColors": "filling the colours",
+                    "ReadPoints": "reading the points"}
 
 
 class Results:
@@ -106,6 +108,10 @@ def time_text(milliseconds):
     return f"{milliseconds:,.{digits}f}"
 
 
+def verdict(value, limit, text):
+    return "" if limit is None else f"{text(limit)} {'met' if value <= limit else 'missed'}"
+
+
 def table(header, rows):
     lines = ["| " + " | ".join(header) + " |", "|---" * len(header) + "|"]
     return lines + ["| " + " | ".join(row) + " |" for row in rows]
@@ -124,17 +130,18 @@ def comparison_rows(results):
             limit = comparison.limit if n == SIZES[0] else None
             yield [comparison.job, str(n), time_text(own[0]), time_text(own[1]), comparison.peer, time_text(peer[0]),
                    time_text(peer[1]), ratio_text(wall), ratio_text(cpu),
-                   "" if limit is None else f"{ratio_text(limit)} {'met' if wall <= limit else 'missed'}"]
+                   verdict(wall, limit, ratio_text)]
 
 
 def difference_rows(results):
     for job, ours, beside, peer, limit in (
-            ("50 x 40 points, everything shown", "kivo:FrameWithEverything", "an empty frame", "bare:EmptyFrame", 3),
+            ("Frame of 50 x 40 points, everything shown", "kivo:SmallFrame", "an empty frame", "bare:EmptyFrame", 3),
+            ("the same", "kivo:SmallFrame", "its surface and lines by bare arrays", "bare:SmallFrame", None),
             ("First picture from process start", "kivo:FirstPicture", "first OpenGL context", "kivo:FirstContext", 100)):
         own, other = results.rounds(ours), results.rounds(peer)
         difference = statistics.median(own[turn][0] - other[turn][0] for turn in own)
         yield [job, time_text(results.median(ours)[0]), beside, time_text(results.median(peer)[0]),
-               time_text(difference), f"{limit} {'met' if difference <= limit else 'missed'}"]
+               time_text(difference), verdict(difference, limit, str)]
 
 
 def memory_rows(results):
@@ -156,12 +163,13 @@ def level_rows(results):
         yield [str(3 * int(name.split("/")[2])), f"{segments:,.0f}", time_text(wall), f"{1e6 * wall / segments:,.0f}"]
 
 
-def growth_series(results):
-    """For each job: sizes n and nanoseconds per point."""
-    for job, label in GROWTH.items():
+def growth_series(results, jobs):
+    """For each job: its label, sizes n and nanoseconds per point."""
+    for job, label in jobs.items():
         sizes = sorted(int(name.split("/")[1]) for program, name in results.medians
                        if program == "growth" and name.startswith(job + "/"))
-        yield label, sizes, [1e6 * results.median(f"growth:{job}/{n}")[0] / n**2 for n in sizes]
+        if sizes:
+            yield label, sizes, [1e6 * results.median(f"growth:{job}/{n}")[0] / n**2 for n in sizes]
 
 
 def check_segments(results):
@@ -191,8 +199,9 @@ def report(results):
                     "resident with a frame", "VTK", "QwtPlot3D"], memory_rows(results))
     lines += ["", "Contours at n = 1000 by the number of levels of all axes together.", ""]
     lines += table(["levels", "segments", "ms", "ns a segment"], level_rows(results))
-    rows = [[label, *(f"{cost:.3g}" for cost in costs)] for label, _, costs in growth_series(results)]
-    sizes = next(growth_series(results))[1]
+    series = list(growth_series(results, {**GROWTH, **GROWTH_OF_BOUNDS}))
+    rows = [[label, *(f"{cost:.3g}" for cost in costs)] for label, _, costs in series]
+    sizes = series[0][1]
     lines += ["", "Nanoseconds for each point of n x n.", ""]
     return lines + table(["Job", *(f"n = {n}" for n in sizes)], rows)
 
@@ -204,9 +213,10 @@ def draw_growth(results, path):
     from matplotlib import pyplot
 
     figure, axes = pyplot.subplots(figsize=(8, 5), layout="constrained")
-    for label, sizes, costs in growth_series(results):
-        reference = costs[sizes.index(1000)]
-        axes.plot(sizes, [cost / reference for cost in costs], marker="o", label=label)
+    for jobs, style in ((GROWTH, "-"), (GROWTH_OF_BOUNDS, ":")):
+        for label, sizes, costs in growth_series(results, jobs):
+            reference = costs[sizes.index(1000)]
+            axes.plot(sizes, [cost / reference for cost in costs], style, marker=".", label=label)
     axes.axhspan(0.75, 1.25, color="0.92")
     axes.set_xscale("log", base=2)
     axes.set_xticks(sizes, [str(n) for n in sizes])
