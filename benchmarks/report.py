@@ -54,6 +54,7 @@ class Results:
 
     def __init__(self, folder):
         self.context = {}
+        self.load_at_start = 0.0
         self.counters = {}
         samples = collections.defaultdict(list)
         for path in sorted(folder.glob("*.json")):
@@ -62,6 +63,8 @@ class Results:
             program = PROGRAMS.get(path.stem.split("-")[0], "kivo")
             content = json.loads(path.read_text())
             self.context.update(content.get("context", {}))
+            if path.stem == "kivo-1":
+                self.load_at_start = content["context"]["load_avg"][0]
             for entry in content["benchmarks"]:
                 if entry.get("run_type") != "iteration":
                     continue
@@ -108,8 +111,11 @@ def time_text(milliseconds):
     return f"{milliseconds:,.{digits}f}"
 
 
-def verdict(value, limit, text):
-    return "" if limit is None else f"{text(limit)} {'met' if value <= limit else 'missed'}"
+def verdict(value, limit):
+    if limit is None:
+        return ""
+    text = f"1/{1 / limit:.0f}" if limit < 1 else f"{limit:g}"
+    return f"{text} {'met' if value <= limit else 'missed'}"
 
 
 def table(header, rows):
@@ -130,7 +136,7 @@ def comparison_rows(results):
             limit = comparison.limit if n == SIZES[0] else None
             yield [comparison.job, str(n), time_text(own[0]), time_text(own[1]), comparison.peer, time_text(peer[0]),
                    time_text(peer[1]), ratio_text(wall), ratio_text(cpu),
-                   verdict(wall, limit, ratio_text)]
+                   verdict(wall, limit)]
 
 
 def difference_rows(results):
@@ -141,7 +147,7 @@ def difference_rows(results):
         own, other = results.rounds(ours), results.rounds(peer)
         difference = statistics.median(own[turn][0] - other[turn][0] for turn in own)
         yield [job, time_text(results.median(ours)[0]), beside, time_text(results.median(peer)[0]),
-               time_text(difference), verdict(difference, limit, str)]
+               time_text(difference), verdict(difference, limit)]
 
 
 def memory_rows(results):
@@ -151,7 +157,8 @@ def memory_rows(results):
         peaks = [results.counter(f"{program}:PeakMemory/{n}", "resident_bytes")
                  for program in ("kivo", "vtk", "qwtplot3d")]
         yield [str(n), f"{heap['retained']:.1f}", f"{heap['peak']:.1f}", f"{heap['contour']:.1f}",
-               f"{heap['growth']:.0f}", *("" if peak is None else f"{peak:.0f}" for peak in peaks)]
+               f"{heap['growth']:.0f}", f"{results.counter(f'kivo:TraceAllocations/{n}', 'allocations'):.0f}",
+               *("" if peak is None else f"{peak:.0f}" for peak in peaks)]
 
 
 def level_rows(results):
@@ -177,7 +184,7 @@ def check_segments(results):
     for n in SIZES:
         for counter in ("z_segments", "segments"):
             found = {f"{program}:{name}": entry[counter] for (program, name), entry in results.counters.items()
-                     if counter in entry and name.endswith(f"ours/{n}")}
+                     if counter in entry and name.endswith(f"/{n}")}
             if len(set(found.values())) > 1:
                 sys.exit(f"The programs find different contours: {found}")
 
@@ -190,13 +197,15 @@ def processor_name():
 def report(results):
     context = results.context
     lines = [f"{context['date'][:10]}, {processor_name()}, {context['num_cpus']} cores at {context['mhz_per_cpu']} MHz, "
-             f"{context['renderer']}, window of 800 x 600 pixels. Times in milliseconds.", ""]
+             f"load average {results.load_at_start:.1f} at the start, {context['renderer']}, window of 800 x 600 pixels. "
+             "Times in milliseconds.", ""]
     lines += table(["Job", "n", "plotter", "CPU", "beside", "time", "CPU", "ratio", "of CPU", "limit"],
                    comparison_rows(results))
     lines += ["", *table(["Job", "plotter", "beside", "time", "difference", "limit"], difference_rows(results))]
-    lines += ["", "Bytes for each point on top of the host's array; contours apart in the first two columns.", ""]
+    lines += ["", "Bytes for each point on top of the host's array, by the heap's own count; contours apart in the first two "
+              "columns. The last columns are the growth of the whole process, renderer included, to its peak.", ""]
     lines += table(["n", "retained", "at most during new data", "contours", "growth in all over 3 data changes",
-                    "resident with a frame", "VTK", "QwtPlot3D"], memory_rows(results))
+                    "allocations by a trace", "resident with a frame", "VTK", "QwtPlot3D"], memory_rows(results))
     lines += ["", "Contours at n = 1000 by the number of levels of all axes together.", ""]
     lines += table(["levels", "segments", "ms", "ns a segment"], level_rows(results))
     series = list(growth_series(results, {**GROWTH, **GROWTH_OF_BOUNDS}))
@@ -212,18 +221,22 @@ def draw_growth(results, path):
     matplotlib.rcParams["svg.hashsalt"] = "kivo"  # the same names in every file
     from matplotlib import pyplot
 
-    figure, axes = pyplot.subplots(figsize=(8, 5), layout="constrained")
+    figure, (times, costs) = pyplot.subplots(1, 2, figsize=(11, 5), layout="constrained")
     for jobs, style in ((GROWTH, "-"), (GROWTH_OF_BOUNDS, ":")):
-        for label, sizes, costs in growth_series(results, jobs):
-            reference = costs[sizes.index(1000)]
-            axes.plot(sizes, [cost / reference for cost in costs], style, marker=".", label=label)
-    axes.axhspan(0.75, 1.25, color="0.92")
-    axes.set_xscale("log", base=2)
-    axes.set_xticks(sizes, [str(n) for n in sizes])
-    axes.set_ylim(bottom=0)
-    axes.set_xlabel("n, for grids of n x n points")
-    axes.set_ylabel("time for each point, relative to n = 1000")
-    axes.legend()
+        for label, sizes, per_point in growth_series(results, jobs):
+            times.plot(sizes, [1e-6 * cost * n**2 for n, cost in zip(sizes, per_point)], style, marker=".", label=label)
+            reference = per_point[sizes.index(1000)]
+            costs.plot(sizes, [cost / reference for cost in per_point], style, marker=".")
+    for axes in times, costs:
+        axes.set_xscale("log", base=2)
+        axes.set_xticks(sizes, [str(n) for n in sizes])
+        axes.set_xlabel("n, for grids of n x n points")
+    times.set_yscale("log")
+    times.set_ylabel("milliseconds")
+    times.legend(fontsize="small")
+    costs.axhspan(0.75, 1.25, color="0.92")
+    costs.set_ylim(bottom=0)
+    costs.set_ylabel("time for each point, relative to n = 1000")
     figure.savefig(path, metadata={"Date": None})
 
 
