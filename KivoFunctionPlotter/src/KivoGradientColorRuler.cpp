@@ -34,16 +34,28 @@ void CKivoGradientColorRuler::SetGradient(CKivoGradientColor* gradient) {
 
 void CKivoGradientColorRuler::BuildLabels() {
     if (m_divisionCount == 0 || !m_gradient) return;
+    const LabelSource source = {m_textRenderer, m_gradient->m_min, m_gradient->m_max, m_divisionCount,
+                                m_precision};
+    if (m_labels && m_textRenderer && source == m_labelSource) return;
     ReleaseLabels();
     m_labels = new SKivoTexImage[std::size_t{m_divisionCount} + 1];
+    bool areMade = true;
     const float step = (m_gradient->m_max - m_gradient->m_min) / static_cast<float>(m_divisionCount);
     for (unsigned int i = 0; i <= m_divisionCount; ++i) {
         const float value = m_gradient->m_min + static_cast<float>(i) * step;
-        CreateTextImage(m_textRenderer, FormatNumber(value, m_precision).c_str(), &m_labels[i]);
+        areMade &=
+            CreateTextImage(m_textRenderer, FormatNumber(value, m_precision).c_str(), &m_labels[i]) == 0;
     }
+    if (areMade) m_labelSource = source;
+}
+
+bool CKivoGradientColorRuler::LabelSource::operator==(const LabelSource& other) const {
+    return renderer == other.renderer && min == other.min && max == other.max &&
+           divisionCount == other.divisionCount && precision == other.precision;
 }
 
 void CKivoGradientColorRuler::ReleaseLabels() {
+    m_labelSource = {};
     if (!m_labels) return;
     for (unsigned int i = 0; i <= m_divisionCount; ++i)
         ReleaseTextImage(&m_labels[i]);

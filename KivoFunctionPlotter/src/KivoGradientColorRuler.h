@@ -16,8 +16,8 @@ public:
 
     /// Takes the gradient and its colours at 0, 1/4, 1/2, 3/4 and 1 of its range.
     void SetGradient(CKivoGradientColor* gradient);
-    /// Makes the labels anew from range, division count and precision; with 0 divisions they stay as they
-    /// are.
+    /// Makes the labels from range, division count and precision. They stay as they are with 0 divisions, and
+    /// where they show these numbers already.
     void BuildLabels();
     void ReleaseLabels();
     /// Draws bar and labels.
@@ -33,6 +33,18 @@ public:
     SKivoTexImage* m_labels = nullptr;        ///< m_divisionCount + 1 images, bottom to top; from new[]
 
 private:
+    // What the labels were made from.
+    struct LabelSource {
+        const STextRenderer* renderer = nullptr; // null: not all could be made
+        float min = 0.0f;
+        float max = 0.0f;
+        unsigned int divisionCount = 0;
+        unsigned int precision = 0;
+
+        bool operator==(const LabelSource& other) const;
+    };
+    LabelSource m_labelSource;
+
     int LabelOverhang(double barRight, int stripWidth) const;
     void RenderLabels(double barRight, double bottom, double spacing, double worldPerPixel) const;
     void RenderBar(double left, double right, double bottom, double bandHeight) const;

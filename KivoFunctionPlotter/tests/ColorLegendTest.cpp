@@ -82,6 +82,25 @@ TEST_P(Legend, PrecisionIsThreeAtFirstAndHoldsForAllLegends) {
     ExpectLabels(*plotter.m_yColorRuler, 10.0f, 2.0f, 0);
 }
 
+TEST_P(Legend, LabelsFollowRangePrecisionAndNewContextsButNotColours) {
+    CKivoGradientColorRuler& ruler = *plotter.m_zColorRuler;
+    const SKivoTexImage* const labels = ruler.m_labels;
+    plotter.SetZGradientColor(0x00FF0000, 0x0000FF00);
+    EXPECT_EQ(ruler.m_labels, labels) << "the numbers are the same";
+    ExpectLabels(ruler, -1.0f, 0.2f, 3);
+    {
+        const CurrentContext context(plotter);
+        ruler.m_gradient->SetRange(0.0f, 5.0f);
+        ruler.BuildLabels();
+    }
+    ExpectLabels(ruler, 0.0f, 0.5f, 3);
+    plotter.SetGradientColorRuleFloatingPointPrecision(1);
+    ExpectLabels(ruler, 0.0f, 0.5f, 1);
+    plotter.OnDestroy();
+    ASSERT_EQ(plotter.OnCreate(window.Handle(), width, height, true), 0);
+    ExpectLabels(ruler, 0.0f, 0.5f, 1);
+}
+
 TEST_P(Legend, TheViewVolumeFollowsTheStrip) {
     const int strip[] = {0, 0, 100, 400};
     std::copy(strip, strip + 4, plotter.m_legendViewport);
