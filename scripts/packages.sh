@@ -11,7 +11,7 @@ kivo_run_packages=(
 # What the tests take on top of that.
 kivo_test_packages=(
     libgtest-dev libgmock-dev googletest clang-format git
-    libx11-dev libxcb-xtest0-dev xvfb xauth
+    libx11-dev libxcb-xtest0-dev xvfb xauth libgdal-dev
     wine wine64 g++-mingw-w64-x86-64)
 
 # What the benchmarks take on top of what the library takes; other libraries to compare with are optional.

@@ -139,7 +139,7 @@ GridData ReadAsciiGrid(TextLines& lines) {
         ++row;
     } while (lines.Next());
     if (row != rows) lines.Fail("expected " + std::to_string(rows) + " rows, found " + std::to_string(row));
-    return MakeGrid(lines, x, y, std::move(z));
+    return MakeGrid(lines.Name(), x, y, std::move(z));
 }
 
 } // namespace KivoViewer

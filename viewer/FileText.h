@@ -1,11 +1,17 @@
 // Whole files in memory.
 #pragma once
 
+#include "Progress.h"
+
+#include <cstddef>
 #include <string>
 
 namespace KivoViewer {
 
-/// The bytes of a file of at most 1 GiB. Throws a Failure that names the file.
-std::string ReadFileText(const std::string& path);
+/// The bytes of a file of at most 1 GiB. Throws a Failure that names the file, or Cancelled.
+std::string ReadFileText(const std::string& path, const Progress& progress = {});
+
+/// The first bytes of a file, at most this many. Throws a Failure that names the file.
+std::string ReadFileStart(const std::string& path, std::size_t count);
 
 } // namespace KivoViewer

@@ -57,21 +57,37 @@ bool IsLastInOrder(const std::vector<double>& coordinates) {
     return coordinates[1] > coordinates[0] ? last > previous : last < previous;
 }
 
-GridData MakeGrid(const TextLines& lines, const std::vector<double>& x, const std::vector<double>& y,
+std::vector<double> EvenCoordinates(const std::string& name, double first, double step, std::size_t count) {
+    std::vector<double> coordinates;
+    for (std::size_t i = 0; i < count; ++i) {
+        coordinates.push_back(first + static_cast<double>(i) * step);
+        if (!FitsSinglePrecision(coordinates.back()) || !IsLastInOrder(coordinates))
+            throw Failure(name +
+                          ": the cells are too small for coordinates of this size in single precision");
+    }
+    return coordinates;
+}
+
+void CheckSize(const std::string& name, double columns, double rows) {
+    if (!(columns * rows <= static_cast<double>(maxPointCount)))
+        throw Failure(name + ": too many points; at most " + std::to_string(maxPointCount) + " can be shown");
+}
+
+GridData MakeGrid(const std::string& name, const std::vector<double>& x, const std::vector<double>& y,
                   std::vector<float> z) {
     const std::size_t columns = x.size();
     const std::size_t rows = y.size();
     if (columns < 2 || rows < 2)
-        throw Failure(lines.Name() + ": a surface needs at least 2 x 2 points, found " +
-                      std::to_string(columns) + " x " + std::to_string(rows));
+        throw Failure(name + ": a surface needs at least 2 x 2 points, found " + std::to_string(columns) +
+                      " x " + std::to_string(rows));
     if (std::none_of(z.begin(), z.end(), [](float value) { return std::isfinite(value); }))
-        throw Failure(lines.Name() + ": every value is missing");
+        throw Failure(name + ": every value is missing");
 
     GridData grid;
     grid.x = ToFloats(x);
     grid.y = ToFloats(y);
     grid.z = std::move(z);
-    grid.title = lines.Name().substr(lines.Name().find_last_of('/') + 1);
+    grid.title = name.substr(name.find_last_of('/') + 1);
     const auto row = [&](std::size_t r) { return grid.z.begin() + static_cast<std::ptrdiff_t>(r * columns); };
     if (x[1] < x[0]) {
         std::reverse(grid.x.begin(), grid.x.end());

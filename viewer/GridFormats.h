@@ -2,6 +2,7 @@
 #pragma once
 
 #include "GridData.h"
+#include "Progress.h"
 #include "TextLines.h"
 
 #include <string>
@@ -33,9 +34,21 @@ float ValueIn(const TextLines& lines, std::string_view field);
 /// precision.
 bool IsLastInOrder(const std::vector<double>& coordinates);
 
-/// Makes a grid, titled by the file's name without folders, of coordinates in order, turned so that x and y
-/// rise. Fails for fewer than 2 x 2 points and where every value is a hole.
-GridData MakeGrid(const TextLines& lines, const std::vector<double>& x, const std::vector<double>& y,
+/// Whether a text opens a Surfer grid, binary or as text.
+bool IsSurferGrid(std::string_view text);
+/// Reads a Surfer grid: version 6 as text (DSAA) or binary (DSBB), or version 7 (DSRB).
+GridData ReadSurferGrid(std::string_view text, const std::string& name, const Progress& progress);
+
+/// Evenly spaced coordinates. Throws a Failure where single precision cannot tell neighbours apart.
+std::vector<double> EvenCoordinates(const std::string& name, double first, double step, std::size_t count);
+
+/// Throws a Failure where a grid of this size cannot be shown.
+void CheckSize(const std::string& name, double columns, double rows);
+
+/// Makes a grid of coordinates in order, turned so that x and y rise. Fails for fewer than 2 x 2 points and
+/// where every value is a hole.
+/// @param name  of the file, for messages and, without folders, as the title
+GridData MakeGrid(const std::string& name, const std::vector<double>& x, const std::vector<double>& y,
                   std::vector<float> z);
 
 } // namespace KivoViewer

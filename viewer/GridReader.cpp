@@ -2,14 +2,20 @@
 
 #include "Failure.h"
 #include "FileText.h"
+#include "GdalReader.h"
 #include "GridFormats.h"
 #include "Numbers.h"
 
+#include <filesystem>
+#include <system_error>
+#include <utility>
 #include <vector>
 
 namespace KivoViewer {
 
 namespace {
+
+constexpr std::size_t startSize = 4096; // what tells the formats apart
 
 enum class Format { asciiGrid, xyz, matrix };
 
@@ -23,6 +29,18 @@ bool EndsInCsv(const std::string& name) {
 bool AreNeighbours(const std::vector<std::string_view>& a, const std::vector<std::string_view>& b) {
     return b.size() == 3 &&
            (ParseNumber(a[0]) == ParseNumber(b[0])) != (ParseNumber(a[1]) == ParseNumber(b[1]));
+}
+
+// Whether a file begins like none of our formats: binary, or with a word that is no header of a grid.
+bool IsForeign(std::string_view start) {
+    if (IsSurferGrid(start)) return false;
+    if (start.find('\0') != std::string_view::npos) return true;
+    TextLines lines(start, "");
+    if (!lines.Next() || IsAsciiGridHeader(lines.Line())) return false;
+    std::vector<std::string_view> fields;
+    SplitPoint(lines.Line(), fields);
+    if (AreColumnNames(fields) && lines.Next()) SplitPoint(lines.Line(), fields);
+    return !fields[0].empty() && !ParseNumber(fields[0]);
 }
 
 Format DetectFormat(TextLines lines) {
@@ -39,9 +57,10 @@ Format DetectFormat(TextLines lines) {
 
 } // namespace
 
-GridData ReadGrid(std::string_view text, const std::string& name) {
-    TextLines lines(text, name);
-    switch (DetectFormat(lines)) {
+GridData ReadGrid(std::string_view text, const std::string& name, const Progress& progress) {
+    if (IsSurferGrid(text)) return ReadSurferGrid(text, name, progress);
+    TextLines lines(text, name, progress);
+    switch (DetectFormat(TextLines(text, name))) {
     case Format::asciiGrid:
         return ReadAsciiGrid(lines);
     case Format::xyz:
@@ -51,8 +70,14 @@ GridData ReadGrid(std::string_view text, const std::string& name) {
     }
 }
 
-GridData ReadGridFile(const std::string& path) {
-    return ReadGrid(ReadFileText(path), path);
+GridData ReadGridFile(const std::string& path, const Progress& progress) {
+    std::error_code error; // of a pipe the start is not there a second time
+    if (std::filesystem::is_regular_file(path, error) && IsForeign(ReadFileStart(path, startSize)))
+        if (auto grid = ReadWithGdal(path, progress)) return std::move(*grid);
+    const auto half = [&](double from) -> Progress {
+        return [&progress, from](double share) { return !progress || progress(from + share / 2.0); };
+    };
+    return ReadGrid(ReadFileText(path, half(0.0)), path, half(0.5));
 }
 
 } // namespace KivoViewer

@@ -50,7 +50,7 @@ GridData ReadMatrix(TextLines& lines) {
         if (z.size() > maxPointCount)
             lines.Fail("too many points; at most " + std::to_string(maxPointCount) + " can be shown");
     } while (lines.Next());
-    return MakeGrid(lines, x, y, std::move(z));
+    return MakeGrid(lines.Name(), x, y, std::move(z));
 }
 
 } // namespace KivoViewer

@@ -8,7 +8,14 @@
 
 namespace KivoViewer {
 
-TextLines::TextLines(std::string_view text, std::string name) : m_text(text), m_name(std::move(name)) {
+namespace {
+
+constexpr std::size_t linesBetweenReports = 256;
+
+} // namespace
+
+TextLines::TextLines(std::string_view text, std::string name, Progress progress)
+    : m_text(text), m_name(std::move(name)), m_progress(std::move(progress)) {
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     if (m_text.substr(0, byteOrderMark.size()) == byteOrderMark) m_text.remove_prefix(byteOrderMark.size());
 }
@@ -18,7 +25,8 @@ bool TextLines::Next() {
         const std::size_t end = std::min(m_text.find('\n', m_position), m_text.size());
         std::string_view line = m_text.substr(m_position, end - m_position);
         m_position = end + 1;
-        ++m_linesPassed;
+        if (++m_linesPassed % linesBetweenReports == 0)
+            Report(m_progress, static_cast<double>(m_position) / static_cast<double>(m_text.size()));
         if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
         const std::string_view content = Trimmed(line);
         if (content.empty() || content.front() == '#') continue;

@@ -1,6 +1,8 @@
 // A data file's text, line by line.
 #pragma once
 
+#include "Progress.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -12,9 +14,10 @@ namespace KivoViewer {
 /// the carriage returns of line ends are left out.
 class TextLines {
 public:
-    /// @param text  must outlive this object
-    /// @param name  of the file, for messages
-    TextLines(std::string_view text, std::string name);
+    /// @param text      must outlive this object
+    /// @param name      of the file, for messages
+    /// @param progress  told how much has been read
+    TextLines(std::string_view text, std::string name, Progress progress = {});
 
     /// Goes to the next line with data. @return false at the end; the last line then stays the current one
     bool Next();
@@ -35,6 +38,7 @@ private:
     std::size_t m_position = 0;
     std::size_t m_number = 0;
     std::size_t m_linesPassed = 0;
+    Progress m_progress;
 };
 
 /// The separator of a line's fields: a semicolon, a comma or a tab, where the line has one, else a space,

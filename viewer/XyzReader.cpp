@@ -87,8 +87,8 @@ std::vector<float> Transposed(const std::vector<float>& values, std::size_t colu
 }
 
 GridData MakeRows(const TextLines& lines, PointRuns& runs, bool xIsFast) {
-    if (xIsFast) return MakeGrid(lines, runs.Fast(), runs.Slow(), runs.TakeValues());
-    return MakeGrid(lines, runs.Slow(), runs.Fast(),
+    if (xIsFast) return MakeGrid(lines.Name(), runs.Fast(), runs.Slow(), runs.TakeValues());
+    return MakeGrid(lines.Name(), runs.Slow(), runs.Fast(),
                     Transposed(runs.TakeValues(), runs.Slow().size(), runs.Fast().size()));
 }
 
