@@ -1,18 +1,14 @@
 #include "MainWindow.h"
 
 #include "Failure.h"
-#include "GridReader.h"
 #include "PlotWidget.h"
-#include "PngWriter.h"
 #include "PointsPanel.h"
+#include "Preferences.h"
 #include "SettingsPanel.h"
-
-#include <KivoPicture.h>
 
 #include <QActionGroup>
 #include <QApplication>
 #include <QDockWidget>
-#include <QFileDialog>
 #include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -21,7 +17,6 @@
 #include <QSignalBlocker>
 #include <QStatusBar>
 
-#include <functional>
 #include <utility>
 #include <vector>
 
@@ -31,29 +26,17 @@ namespace {
 
 constexpr int panelWidth = 320;
 
-// Tells the user of a failure, where there is one.
-void Try(QWidget* parent, const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const Failure& failure) {
-        QMessageBox::warning(parent, "Kivo Viewer", QString::fromStdString(OneLine(failure.what())));
-    } catch (const std::bad_alloc&) {
-        QMessageBox::warning(parent, "Kivo Viewer", "There is not enough memory.");
-    }
-}
-
 } // namespace
 
 MainWindow::MainWindow(const Content& content, const Options& options) : m_plot(new PlotWidget(this)) {
     setCentralWidget(m_plot);
+    setAcceptDrops(true);
     MakePanels();
-    FillFileMenu();
-    FillPlotMenu();
-    FillViewMenu();
+    FillMenus();
     m_tracePoint = new QLabel(this);
     statusBar()->addPermanentWidget(m_tracePoint);
     m_pointsDock->setVisible(!content.measureGroups.empty() || !content.curves.empty());
-    FitTo(options.width, options.height);
+    Place(options);
     m_plot->Attach();
     ShowContent(Scene(), content, options);
     m_plot->onTrace = [this](const float* point) { ShowTrace(point); };
@@ -66,58 +49,95 @@ PlotScene& MainWindow::Scene() {
     return m_plot->Scene();
 }
 
-void MainWindow::FillFileMenu() {
-    QMenu* const menu = menuBar()->addMenu("&File");
-    menu->addAction("&Open...", this, [this] { OpenFile(); })->setShortcut(QKeySequence::Open);
-    menu->addAction("&Save picture...", this, [this] { SavePicture(); })->setShortcut(QKeySequence::Save);
-    menu->addSeparator();
-    menu->addAction("Add measure &points...", this, [this] { AddPointFiles(PointSet::Kind::measureGroup); });
-    menu->addAction("Add &curves...", this, [this] { AddPointFiles(PointSet::Kind::curve); });
-    menu->addSeparator();
-    menu->addAction("&Quit", this, [this] { close(); })->setShortcut(Qt::CTRL | Qt::Key_Q);
-}
+// ---- Menus and panels -----------------------------------------------------------------------------------
 
-void MainWindow::FillPlotMenu() {
-    QMenu* const menu = menuBar()->addMenu("&Plot");
+void MainWindow::FillMenus() {
+    QMenu* menu = nullptr;
     auto* const modes = new QActionGroup(this);
-    const char* const names[] = {"&3-D plot", "&XY projection", "&YZ projection", "X&Z projection"};
-    for (int i = 0; i < 4; ++i) {
-        QAction* const action = menu->addAction(names[i], this, [this, i] { ChangeMode(i); });
-        action->setShortcut(Qt::Key_0 + i);
-        action->setCheckable(true);
-        modes->addAction(action);
-        m_modes.push_back(action);
+    for (const MenuEntry& entry : AllMenuEntries()) {
+        const QString title = QString::fromStdString(entry.menu);
+        if (!menu || menu->title() != title) menu = menuBar()->addMenu(title);
+        if (entry.label.empty()) {
+            menu->addSeparator();
+        } else if (entry.command == Command::openRecent) {
+            QMenu* const recent = menu->addMenu(QString::fromStdString(entry.label));
+            connect(recent, &QMenu::aboutToShow, this, [this, recent] { ListRecentFiles(recent); });
+        } else {
+            QAction* const action = MakeAction(entry);
+            menu->addAction(action);
+            if (entry.command >= Command::normalPlot && entry.command <= Command::xzPlot) {
+                action->setCheckable(true);
+                modes->addAction(action);
+                m_modes.push_back(action);
+            }
+        }
     }
-    menu->addSeparator();
-    for (const char* const name : {"inverse-x", "inverse-y", "inverse-z"})
-        AddToggle(menu, name);
 }
 
-void MainWindow::FillViewMenu() {
-    QMenu* const menu = menuBar()->addMenu("&View");
-    QAction* const reset = menu->addAction("&Reset view", this, [this] {
-        Scene().ResetView();
-        m_plot->Redraw();
+QAction* MainWindow::MakeAction(const MenuEntry& entry) {
+    QAction* action = nullptr;
+    if (entry.command == Command::settingsPanel)
+        action = m_panelDock->toggleViewAction();
+    else if (entry.command == Command::pointsPanel)
+        action = m_pointsDock->toggleViewAction();
+    else
+        action = new QAction(this);
+    action->setText(QString::fromStdString(entry.label));
+    action->setStatusTip(QString::fromStdString(entry.help));
+    if (!entry.key.empty()) action->setShortcut(QKeySequence(QString::fromStdString(entry.key)));
+    if (!entry.setting.empty())
+        ConnectToggle(action, FindSetting(entry.setting));
+    else
+        connect(action, &QAction::triggered, this, [this, &entry] { Do(entry.command); });
+    return action;
+}
+
+void MainWindow::ConnectToggle(QAction* action, const Setting& setting) {
+    action->setCheckable(true);
+    connect(action, &QAction::toggled, this, [this, &setting](bool on) {
+        PlotSettings wanted = Scene().Settings();
+        SetFromText(setting, on ? "on" : "off", wanted);
+        Change(setting, wanted);
     });
-    reset->setShortcut(Qt::Key_Home);
-    menu->addSeparator();
-    for (const char* const name : {"frame-lines", "grid-lines", "switch-planes"})
-        AddToggle(menu, name);
-    menu->addSeparator();
-    for (const char* const name : {"x-contours", "y-contours", "z-contours"})
-        AddToggle(menu, name);
-    menu->addSeparator();
-    AddToggle(menu, "trace");
-    menu->addSeparator();
-    QAction* const panel = m_panelDock->toggleViewAction();
-    panel->setText("&Settings panel");
-    panel->setShortcut(Qt::Key_F9);
-    menu->addAction(panel);
-    QAction* const points = m_pointsDock->toggleViewAction();
-    points->setText("&Points and curves");
-    points->setShortcut(Qt::Key_F10);
-    menu->addAction(points);
-    menu->addAction("Settings as at &first", this, [this] { ResetSettings(); });
+    m_toggles.push_back({&setting, action});
+}
+
+void MainWindow::Do(Command command) {
+    switch (command) {
+    case Command::open:
+        return OpenFile();
+    case Command::addPoints:
+        return AddPointFiles(PointSet::Kind::measureGroup);
+    case Command::addCurves:
+        return AddPointFiles(PointSet::Kind::curve);
+    case Command::savePicture:
+        return SavePicture();
+    case Command::copyPicture:
+        return CopyPicture();
+    case Command::print:
+        return Print();
+    case Command::quit:
+        close();
+        return;
+    case Command::normalPlot:
+    case Command::xyPlot:
+    case Command::yzPlot:
+    case Command::xzPlot:
+        return ChangeMode(static_cast<int>(command) - static_cast<int>(Command::normalPlot));
+    case Command::resetView:
+        return ResetView();
+    case Command::resetSettings:
+        return ResetSettings();
+    case Command::showKeys:
+        return ShowKeys();
+    case Command::about:
+        return ShowAbout();
+    case Command::none:
+    case Command::openRecent: // a menu
+    case Command::settingsPanel:
+    case Command::pointsPanel: // the panels' own actions do that
+        return;
+    }
 }
 
 void MainWindow::MakePanels() {
@@ -143,18 +163,7 @@ QDockWidget* MainWindow::MakeDock(const char* name, const QString& title, QWidge
     return dock;
 }
 
-void MainWindow::AddToggle(QMenu* menu, const std::string& settingName) {
-    const Setting& setting = FindSetting(settingName);
-    QAction* const action = menu->addAction(QString::fromStdString(setting.label));
-    action->setCheckable(true);
-    if (setting.key) action->setShortcut(QKeySequence(setting.key));
-    connect(action, &QAction::toggled, this, [this, &setting](bool on) {
-        PlotSettings wanted = Scene().Settings();
-        SetFromText(setting, on ? "on" : "off", wanted);
-        Change(setting, wanted);
-    });
-    m_toggles.push_back({&setting, action});
-}
+// ---- Settings and view ------------------------------------------------------------------------------------
 
 // What the plot cannot show is said and left as it was.
 void MainWindow::Change(const Setting& setting, const PlotSettings& wanted) {
@@ -172,6 +181,11 @@ void MainWindow::Change(const Setting& setting, const PlotSettings& wanted) {
 void MainWindow::ChangeMode(int mode) {
     Scene().Settings().mode = mode;
     Scene().ApplyView();
+    m_plot->Redraw();
+}
+
+void MainWindow::ResetView() {
+    Scene().ResetView();
     m_plot->Redraw();
 }
 
@@ -207,6 +221,18 @@ void MainWindow::ShowWarning(const QString& text) {
     QApplication::beep();
 }
 
+// ---- The window -------------------------------------------------------------------------------------------
+
+// As last time, unless the command line says what size the plot should have.
+void MainWindow::Place(const Options& options) {
+    const WindowState last = RememberedWindow();
+    if (options.hasSize || last.geometry.isEmpty()) return FitTo(options.width, options.height);
+    restoreGeometry(last.geometry);
+    const bool hasPoints = !m_pointsDock->isHidden();
+    restoreState(last.panels);
+    m_pointsDock->setVisible(hasPoints);
+}
+
 // The plot gets the size asked for in pixels of the device, as far as the screen has them. The panel stands
 // beside it at first where there is room for both.
 void MainWindow::FitTo(int plotWidth, int plotHeight) {
@@ -220,49 +246,38 @@ void MainWindow::FitTo(int plotWidth, int plotHeight) {
     resizeDocks({m_panelDock, m_pointsDock}, {3, 1}, Qt::Vertical);
 }
 
+void MainWindow::closeEvent(QCloseEvent* event) {
+    RememberSettings(Scene().Settings());
+    RememberWindow({saveGeometry(), saveState()});
+    QMainWindow::closeEvent(event);
+}
+
 void MainWindow::ShowTitle(const GridData& grid) {
     const QString title = QString::fromStdString(OneLine(grid.title));
     setWindowTitle(title + " - Kivo Viewer");
 }
 
-void MainWindow::OpenFile() {
-    const QString path =
-        QFileDialog::getOpenFileName(this, "Open a grid of points", QString(),
-                                     "Grids of points (*.asc *.xyz *.csv *.txt *.dat);;All files (*)");
-    if (path.isEmpty()) return;
-    Try(this, [&] {
-        const GridData grid = ReadGridFile(QFile::encodeName(path).toStdString());
-        Scene().Settings() = WithoutDataSettings(Scene().Settings());
-        Scene().ShowGrid(grid);
-        ShowTitle(grid);
-        m_plot->Redraw();
-        RefreshControls();
-    });
+void MainWindow::ShowKeys() {
+    QString text;
+    const auto list = [&text](const char* heading, const std::vector<InputUse>& uses) {
+        text += QString("<h3>%1</h3><table cellpadding=\"2\">").arg(heading);
+        for (const InputUse& use : uses)
+            text += QString("<tr><td><b>%1</b>&nbsp;&nbsp;</td><td>%2</td></tr>")
+                        .arg(QString::fromStdString(use.input).toHtmlEscaped(),
+                             QString::fromStdString(use.effect).toHtmlEscaped());
+        text += "</table>";
+    };
+    list("Mouse", MouseUses());
+    list("Keys", KeyUses());
+    QMessageBox box(QMessageBox::NoIcon, "Keys and mouse", text, QMessageBox::Close, this);
+    box.exec();
 }
 
-void MainWindow::AddPointFiles(PointSet::Kind kind) {
-    const QStringList paths = QFileDialog::getOpenFileNames(
-        this, kind == PointSet::Kind::curve ? "Add curves" : "Add measure points", QString(),
-        "Points x, y, z (*.csv *.xyz *.txt *.dat);;All files (*)");
-    for (const QString& path : paths)
-        Try(this, [&] { Scene().AddPoints(kind, ReadPointFile(QFile::encodeName(path).toStdString())); });
-    if (paths.isEmpty()) return;
-    m_points->Refresh();
-    m_pointsDock->show();
-    m_plot->Redraw();
-}
-
-void MainWindow::SavePicture() {
-    QString path = QFileDialog::getSaveFileName(this, "Save the picture", "plot.png", "PNG pictures (*.png)");
-    if (path.isEmpty()) return;
-    Try(this, [&] {
-        std::vector<unsigned char> rgba;
-        int width = 0;
-        int height = 0;
-        if (CapturePicture(Scene().Plotter(), rgba, width, height) != 0)
-            throw Failure(std::string("cannot draw: ") + KivoDrawingTools::LastWindowError());
-        WritePng(QFile::encodeName(path).toStdString(), rgba, width, height);
-    });
+void MainWindow::ShowAbout() {
+    QMessageBox::about(this, "About Kivo Viewer",
+                       "<h3>Kivo Viewer " KIVO_VERSION "</h3>"
+                       "<p>Shows surfaces z = f(x, y), drawn by the library KivoFunctionPlotter.</p>"
+                       "<p>MIT licence.</p>");
 }
 
 } // namespace KivoViewer

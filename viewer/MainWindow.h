@@ -1,6 +1,7 @@
 // The viewer's window: menus, the plot, the side panel and the status bar.
 #pragma once
 
+#include "CommandTable.h"
 #include "Content.h"
 #include "Options.h"
 #include "PlotScene.h"
@@ -24,19 +25,29 @@ class MainWindow : public QMainWindow {
 public:
     MainWindow(const Content& content, const Options& options);
 
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
 private:
-    void FillFileMenu();
-    void FillPlotMenu();
-    void FillViewMenu();
     void MakePanels();
     QDockWidget* MakeDock(const char* name, const QString& title, QWidget* content);
+    void FillMenus();
+    QAction* MakeAction(const MenuEntry& entry);
+    void ConnectToggle(QAction* action, const Setting& setting);
+    void ListRecentFiles(QMenu* menu);
     void FitTo(int plotWidth, int plotHeight);
+    void Place(const Options& options);
 
-    void AddToggle(QMenu* menu, const std::string& settingName);
+    void Do(Command command);
     void Change(const Setting& setting, const PlotSettings& wanted);
     void ChangeMode(int mode);
+    void ResetView();
     void ResetSettings();
-    /// Shows in menus and panel what the settings are.
+    void ShowKeys();
+    void ShowAbout();
+    /// Shows in menus and panels what the settings are.
     void RefreshControls();
     void ShowTrace(const float* point);
     void ShowWarning(const QString& text);
@@ -44,8 +55,13 @@ private:
     PlotScene& Scene();
     void ShowTitle(const GridData& grid);
     void OpenFile();
-    void SavePicture();
+    void OpenPath(const QString& path);
     void AddPointFiles(PointSet::Kind kind);
+    void SavePicture();
+    void CopyPicture();
+    void Print();
+    /// The plot as it stands, RGBA, top row first. Throws a Failure.
+    std::vector<unsigned char> Capture(const QSize& size);
 
     struct ToggleAction {
         const Setting* setting;

@@ -1,6 +1,9 @@
 #include "Options.h"
 
+#include "CommandTable.h"
 #include "Failure.h"
+#include "GdalReader.h"
+#include "ManualPage.h"
 #include "Numbers.h"
 #include "SettingTable.h"
 
@@ -15,10 +18,19 @@ namespace {
 
 constexpr int maxSize = 16384;
 
-const char* const footer =
-    "Without data the viewer shows a sample terrain.\n"
-    "Drag with the right mouse button to turn, with Shift to move, with Ctrl to zoom; the wheel\n"
-    "zooms too; keys 0 to 3 choose the 3-D plot and the flat plots XY, YZ and XZ.";
+// What stands below the options.
+std::string Footer() {
+    std::string text = "Without data the viewer shows a sample terrain.\n\nMouse:\n";
+    const auto list = [&text](const std::vector<InputUse>& uses) {
+        constexpr std::size_t width = 28;
+        for (const InputUse& use : uses)
+            text += "  " + use.input + std::string(width - use.input.size(), ' ') + use.effect + '\n';
+    };
+    list(MouseUses());
+    text += "\nKeys:\n";
+    list(KeyUses());
+    return text + "\nExit status: 0 for success, 2 with one line that says what is wrong.";
+}
 
 // Where the command line goes before it is checked as a whole.
 struct Words {
@@ -26,6 +38,7 @@ struct Words {
     std::string y;
     std::string size;
     std::string traceAt;
+    bool wantsManualPage = false;
     std::map<std::string, std::string> settings; // by their names
 };
 
@@ -80,9 +93,10 @@ void ParseSettings(const CLI::App& app, const Words& words, Options& options) {
 
 void Describe(CLI::App& app, Options& options, Words& words) {
     app.set_version_flag("--version", std::string("kivo-viewer ") + KIVO_VERSION);
-    app.footer(footer);
-    auto* const file =
-        app.add_option("FILE", options.file, "Grid of points: ESRI ASCII grid, XYZ or CSV matrix");
+    app.footer(Footer());
+    auto* const file = app.add_option("FILE", options.file,
+                                      "Grid of points: ESRI ASCII grid, Surfer grid, XYZ, CSV matrix" +
+                                          std::string(HasGdal() ? ", or what GDAL reads" : ""));
     auto* const function =
         app.add_option("--function", options.function, "Formula such as \"sin(x)*cos(y)\"");
     auto* const picture =
@@ -98,11 +112,13 @@ void Describe(CLI::App& app, Options& options, Words& words) {
         ->type_name("FROM:TO:COUNT")
         ->needs(function);
     picture->type_name("FILE.png");
+    app.add_flag("--manual-page", words.wantsManualPage)->group(""); // for the installation
     app.add_option("--size", words.size,
                    "Size of the picture or the window's plot in pixels, 1200x800 without")
         ->type_name("WIDTHxHEIGHT");
     app.add_option("--mode", options.settings.mode, "0: 3-D plot, 1: XY, 2: YZ, 3: XZ")
-        ->check(CLI::Range(0, 3));
+        ->type_name("MODE")
+        ->check(CLI::Range(0, 3).description(""));
     app.add_option("--points", options.pointFiles,
                    "Measure points, x y z in each line; a group for each file, named by it")
         ->type_name("FILE")
@@ -113,7 +129,7 @@ void Describe(CLI::App& app, Options& options, Words& words) {
     app.add_option("--trace-at", words.traceAt, "Trace the surface at this pixel of the picture")
         ->type_name("X,Y")
         ->needs(picture);
-    dpi->needs(picture)->check(CLI::Range(1, 1200));
+    dpi->type_name("DPI")->needs(picture)->check(CLI::Range(1, 1200).description(""));
 }
 
 int ParseLength(const std::string& text) {
@@ -167,6 +183,7 @@ Options ParseOptions(int argc, const char* const* argv) {
     } catch (const CLI::ParseError& error) {
         throw Failure(std::string(error.what()) + "; kivo-viewer --help lists the options");
     }
+    if (words.wantsManualPage) options.information = ManualPage(app);
     if (!options.information.empty()) return options;
     // What is given empty was given by mistake, often an unset variable of a script.
     for (const char* const name : {"FILE", "--function", "--picture"})
@@ -174,7 +191,8 @@ Options ParseOptions(int argc, const char* const* argv) {
             throw Failure(std::string(name) + ": empty");
     if (app.count("--x") > 0) options.x = RangeOf("--x", words.x);
     if (app.count("--y") > 0) options.y = RangeOf("--y", words.y);
-    if (app.count("--size") > 0) ParseSize(words.size, options);
+    options.hasSize = app.count("--size") > 0;
+    if (options.hasSize) ParseSize(words.size, options);
     if (app.count("--trace-at") > 0) options.traceAt = ParsePosition(words.traceAt);
     ParseSettings(app, words, options);
     return options;

@@ -26,6 +26,7 @@ struct Options {
     std::string picture;                   ///< PNG file to write, or empty
     int width = 1200;                      ///< of the picture, or of the plot in the window, in pixels
     int height = 800;                      ///< as above
+    bool hasSize = false;                  ///< whether the command line gives it
     int dpi = 96;                          ///< of the picture
     PlotSettings settings;                 ///< how the plot looks
     std::vector<std::string> settingNames; ///< of those that the command line sets, by their names

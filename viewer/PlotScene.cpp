@@ -5,7 +5,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
+#include <utility>
 
 namespace KivoViewer {
 
@@ -115,11 +117,25 @@ void ViewerPlotter::ForgetShift() {
         m_rotationMatrix[element] = 0.0;
 }
 
+void ViewerPlotter::ForgetView() {
+    const double panX = std::exchange(m_panFractionX, 0.0);
+    const double panY = std::exchange(m_panFractionY, 0.0);
+    for (int element = 0; element < 16; ++element)
+        m_rotationMatrix[element] = element % 5 == 0 ? 1.0 : 0.0;
+    std::fill(std::begin(m_axisScale), std::end(m_axisScale), 1.0);
+    std::fill(std::begin(m_volumeTranslate), std::end(m_volumeTranslate), 0.0);
+    BeginGLOperation();
+    ApplyModelViewMatrix();
+    EndGLOperation();
+    m_panFractionX = panX;
+    m_panFractionY = panY;
+}
+
 void PlotScene::ShowGrid(const GridData& grid) {
+    m_plotter.ForgetView();
     HandOver(m_plotter, grid);
     m_curves.clear();
     ReadAutomaticSettings(grid);
-    m_plotter.ForgetShift();
     ApplyAll();
 }
 

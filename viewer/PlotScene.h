@@ -29,6 +29,9 @@ class ViewerPlotter : public KivoDrawingTools::CKivoFunctionPlotter {
 public:
     /// Puts the plot back to where it stood at first; switching modes keeps the shift.
     void ForgetShift();
+    /// Makes the plot as one that has had no data. The plotter places its lights by the view that is there
+    /// when data come: without this the same grid would be lit differently after another one.
+    void ForgetView();
 };
 
 /// A plotter with the viewer's data and settings. To be used after the plotter's OnCreate. Nothing here draws

@@ -29,6 +29,9 @@ public:
     /// The size that the layout should give it, as far as there is room.
     void SetWantedSize(const QSize& size);
 
+    /// The present size in pixels of the device.
+    QSize DeviceSize() const { return {ToDevice(width()), ToDevice(height())}; }
+
     QSize sizeHint() const override { return m_wantedSize; }
     QPaintEngine* paintEngine() const override { return nullptr; }
 

@@ -6,6 +6,8 @@
 #include "MainWindow.h"
 #include "Options.h"
 #include "PictureMode.h"
+#include "Preferences.h"
+#include "SettingTable.h"
 
 #include <QApplication>
 #include <QFile>
@@ -31,6 +33,16 @@ GridData ReadSample() {
     return grid;
 }
 
+// What the command line does not set is as it was in the last window.
+Options WithRememberedSettings(Options options) {
+    PlotSettings settings = RememberedSettings();
+    settings.mode = options.settings.mode;
+    for (const std::string& name : options.settingNames)
+        Copy(FindSetting(name), options.settings, settings);
+    options.settings = settings;
+    return options;
+}
+
 int RunWindow(char* program, const Content& content, const Options& options) {
     ChooseDisplay();
     // The plot is the only window of its own inside the main window.
@@ -39,7 +51,8 @@ int RunWindow(char* program, const Content& content, const Options& options) {
     char* arguments[] = {program, nullptr}; // the command line is not Qt's
     QApplication application(count, arguments);
     std::setlocale(LC_NUMERIC, "C"); // the plot's numbers are the same everywhere
-    MainWindow window(content, options);
+    if (!options.file.empty()) RememberFile(QFile::decodeName(options.file.c_str()));
+    MainWindow window(content, WithRememberedSettings(options));
     window.show();
     return QApplication::exec();
 }

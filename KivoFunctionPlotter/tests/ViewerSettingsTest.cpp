@@ -1,4 +1,5 @@
 // The table of settings: texts and values, and that each setting reaches the picture.
+#include "CommandTable.h"
 #include "Failure.h"
 #include "Options.h"
 #include "PlotScene.h"
@@ -20,6 +21,7 @@ using namespace KivoViewer;
 using KivoDrawingTools::CaptureImage;
 using KivoDrawingTools::Compare;
 using KivoDrawingTools::Image;
+using testing::HasSubstr;
 
 namespace {
 
@@ -170,6 +172,49 @@ TEST(ViewerSettingsTest, ForgetsWhatSpeaksOfOneDataSet) {
         EXPECT_TRUE(IsSet(FindSetting(name), kept)) << name;
 }
 
+TEST(ViewerCommandTableTest, HasOneUseForEachKey) {
+    std::set<std::string> keys;
+    for (const InputUse& use : KeyUses())
+        EXPECT_TRUE(keys.insert(use.input).second) << use.input;
+    EXPECT_GT(keys.size(), 20U);
+}
+
+// Whatever has a key or is switched by itself in the 3-D plot is in a menu.
+TEST(ViewerCommandTableTest, HasTogglesInMenus) {
+    for (const Setting& setting : AllSettings()) {
+        if (!IsToggle(setting)) continue;
+        int entries = 0;
+        for (const MenuEntry& entry : AllMenuEntries())
+            entries += entry.setting == setting.name;
+        EXPECT_EQ(entries, 1) << setting.name;
+    }
+}
+
+// Man reads a plain dash as a hyphen and a line that begins with a point as a request.
+TEST(ViewerManualPageTest, TellsOptionsKeysAndMouse) {
+    const char* const arguments[] = {"kivo-viewer", "--manual-page"};
+    const std::string page = ParseOptions(2, arguments).information;
+    const auto escaped = [](std::string text) {
+        for (std::size_t i = text.find('-'); i != std::string::npos; i = text.find('-', i + 2))
+            text.insert(i, 1, '\\');
+        return text;
+    };
+    for (const Setting& setting : AllSettings()) {
+        const bool isOn = TextOf(setting, PlotSettings()) == "on";
+        EXPECT_THAT(page, HasSubstr(".B " + escaped((isOn ? "--no-" : "--") + setting.name)));
+        EXPECT_THAT(page, HasSubstr(escaped(setting.help).substr(1)));
+    }
+    for (const char* const option :
+         {"--function", "--picture", "--points", "--curve", "--trace-at", "--size"})
+        EXPECT_THAT(page, HasSubstr(".B " + escaped(option)));
+    for (const std::vector<InputUse>& uses : {KeyUses(), MouseUses()})
+        for (const InputUse& use : uses)
+            EXPECT_THAT(page, HasSubstr(".B " + escaped(use.input) + '\n' + escaped(use.effect)));
+    for (const char* const section : {"NAME", "SYNOPSIS", "EXIT STATUS", "EXAMPLES"})
+        EXPECT_THAT(page, HasSubstr(std::string(".SH ") + section + '\n'));
+    EXPECT_EQ(page.find("manual-page"), std::string::npos);
+}
+
 // Every setting is seen, and taking it back gives the picture from before.
 TEST_F(ViewerSceneTest, ShowsEverySetting) {
     for (const Setting& setting : AllSettings()) {
@@ -186,6 +231,20 @@ TEST_F(ViewerSceneTest, ShowsEverySetting) {
         Unset(setting.name);
         EXPECT_EQ(Compare(before, Draw()).max, 0) << "not as before";
     }
+}
+
+// The grid's picture does not depend on what was there before.
+TEST_F(ViewerSceneTest, ShowsTheSameGridAlike) {
+    const Image first = Draw();
+    GridData other = Hill();
+    for (float& x : other.x)
+        x *= 50.0f;
+    m_scene.ShowGrid(other);
+    m_scene.Plotter().Rotate({100, 100}, {300, 200});
+    m_scene.Plotter().Translate({100, 100}, {150, 80});
+    Draw();
+    m_scene.ShowGrid(Hill());
+    EXPECT_EQ(Compare(first, Draw()).max, 0);
 }
 
 TEST_F(ViewerSceneTest, TellsWhatHoldsByItself) {

@@ -1,0 +1,169 @@
+// The viewer as a user has it: the real program on a real display, driven by injected input and judged by
+// what the screen shows. Pictures of each step go to the folder in KIVO_TEST_OUTPUT, else to test-output.
+#pragma once
+
+#include "Image.h"
+#include "ViewerProcess.h"
+#include "X11TestWindow.h"
+
+#include <gtest/gtest.h>
+
+#include <xcb/xcb.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace KivoTest {
+
+using KivoDrawingTools::Image;
+
+/// A reply of the X server.
+struct FreeReply {
+    void operator()(void* reply) const { std::free(reply); }
+};
+template <typename T>
+using Reply = std::unique_ptr<T, FreeReply>;
+
+constexpr int plotWidth = 800;
+constexpr int plotHeight = 600;
+// Keysyms of Latin characters are their codes.
+constexpr xcb_keysym_t controlKey = 0xFFE3;
+constexpr xcb_keysym_t shiftKey = 0xFFE1;
+constexpr xcb_keysym_t altKey = 0xFFE9;
+constexpr xcb_keysym_t homeKey = 0xFF50;
+constexpr xcb_keysym_t upKey = 0xFF52;
+constexpr xcb_keysym_t tabKey = 0xFF09;
+constexpr xcb_keysym_t returnKey = 0xFF0D;
+constexpr xcb_keysym_t downKey = 0xFF54;
+constexpr xcb_keysym_t f2Key = 0xFFBF;
+constexpr xcb_keysym_t escapeKey = 0xFF1B;
+constexpr xcb_keysym_t rightKey = 0xFF53;
+constexpr xcb_keysym_t f1Key = 0xFFBE;
+constexpr xcb_keysym_t f9Key = 0xFFC6;
+
+enum MouseButton { leftButton = 1, rightButton = 3, wheelUp = 4, wheelDown = 5 };
+
+/// A rectangle of the screen.
+struct Area {
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+};
+
+/// Starts the viewer for each test, with a home of its own: nothing is remembered from before. Skips where
+/// there is no display.
+class ViewerWindow : public testing::Test {
+protected:
+    // An X server starts anew when the last of its clients leaves; one stays from test to test.
+    static void SetUpTestSuite();
+    static void TearDownTestSuite();
+
+    void SetUp() override;
+
+    void TearDown() override;
+
+    /// Starts the viewer, in place of the one before, and waits for its picture.
+    void Start(const std::vector<std::string>& arguments, Environment environment = {});
+
+    xcb_connection_t* Connection() const { return m_input->Connection(); }
+
+    /// Waits up to 20 seconds. @return whether the condition has come true
+    static bool WaitFor(const std::function<bool()>& condition);
+
+    // ---- Windows
+
+    std::vector<xcb_window_t> ChildrenOf(xcb_window_t window) const;
+
+    xcb_atom_t Atom(const char* name) const;
+
+    bool BelongsToViewer(xcb_window_t window) const;
+
+    bool IsShown(xcb_window_t window) const;
+
+    Area AreaOf(xcb_window_t window) const;
+
+    /// The viewer's shown window and, inside it, the plot's: the largest.
+    bool FindWindows();
+
+    // ---- Pictures
+
+    /// What the screen shows of the plot.
+    Image Grab() const { return Grab(m_plotArea); }
+
+    Image Grab(const Area& area) const;
+
+    /// The picture once it has stayed the same for a while.
+    Image Settled() const;
+
+    /// Keeps a picture for a person to look at.
+    static void Keep(const Image& image, const std::string& step);
+
+    static bool IsColorful(const unsigned char* rgb);
+
+    /// Pixels of the rows from first to last that differ.
+    static int DifferingPixels(const Image& a, const Image& b, int first, int last);
+
+    static int CountOf(const Image& image, bool (*condition)(const unsigned char*));
+
+    /// Does something and returns the picture afterwards, which must differ from the one before.
+    Image After(const std::string& step, const std::function<void()>& action, double leastMean = 0.2);
+
+    /// Does something that must leave the picture alone.
+    void ExpectNoChange(const std::string& step, const std::function<void()>& action);
+
+    /// Fails where the picture is not that of the start.
+    void ExpectStart(const Image& image);
+
+    // ---- Input
+
+    xcb_keycode_t CodeOf(xcb_keysym_t symbol) const;
+
+    void Key(xcb_keysym_t symbol, bool down);
+
+    void Press(xcb_keysym_t symbol);
+
+    /// To a place in the plot, in steps as a hand makes them.
+    void MoveBy(int dx, int dy);
+
+    /// A drag from the middle of the plot.
+    void Drag(MouseButton button, int dx, int dy, xcb_keysym_t modifier = 0);
+
+    void Wheel(MouseButton direction);
+
+    void Resize(int width, int height);
+
+    /// Waits until the plot's window has changed its size.
+    bool WaitForPlotSize(int width, int height);
+
+    /// Asks the viewer to close, as the window's frame does, and waits for its end. @return its exit code
+    int Close();
+
+    // ---- Dialogs
+
+    /// Waits for a window of the viewer beside its main one, and gives it the keys.
+    xcb_window_t WaitForDialog();
+    /// Waits until there is none but the main window, and gives that the keys.
+    void WaitForNoDialog();
+    /// Presses the keys of a text of small letters, digits, points, dashes and slashes.
+    void Type(const std::string& text);
+    /// Presses a key while another is down.
+    void PressWith(xcb_keysym_t modifier, xcb_keysym_t symbol);
+
+    /// A path in this test's folder.
+    std::string Path(const std::string& name) const { return (m_folder / name).string(); }
+
+    inline static xcb_connection_t* lastingConnection = nullptr;
+    std::filesystem::path m_folder;         ///< removed afterwards
+    std::unique_ptr<X11TestWindow> m_input; ///< a source of input that lies over nothing
+    std::unique_ptr<ViewerProcess> m_viewer;
+    xcb_window_t m_window = XCB_NONE;
+    Area m_plotArea;
+    Image m_start; ///< the first picture
+};
+
+} // namespace KivoTest

@@ -1,0 +1,114 @@
+#include "CommandTable.h"
+
+#include "SettingTable.h"
+
+namespace KivoViewer {
+
+namespace {
+
+using Table = std::vector<MenuEntry>;
+
+void AddLine(Table& table) {
+    table.push_back({table.back().menu, {}, {}, {}, Command::none, {}});
+}
+
+void AddToggles(Table& table, const std::string& menu, const std::vector<std::string>& names) {
+    for (const std::string& name : names) {
+        const Setting& setting = FindSetting(name);
+        table.push_back({menu, setting.label, setting.key ? setting.key : "", setting.help + ", or not",
+                         Command::none, name});
+    }
+}
+
+void AddFileMenu(Table& table) {
+    const std::string menu = "&File";
+    table.push_back({menu, "&Open...", "Ctrl+O", "Open a grid of points", Command::open, {}});
+    table.push_back({menu, "Open &recent", {}, "Open a grid from before", Command::openRecent, {}});
+    AddLine(table);
+    table.push_back({menu, "Add measure &points...", "Ctrl+M", "Add measure points", Command::addPoints, {}});
+    table.push_back({menu, "Add &curves...", "Ctrl+U", "Add curves", Command::addCurves, {}});
+    AddLine(table);
+    table.push_back({menu,
+                     "&Save picture...",
+                     "Ctrl+S",
+                     "Save the plot as a PNG file of any size",
+                     Command::savePicture,
+                     {}});
+    table.push_back(
+        {menu, "Cop&y picture", "Ctrl+C", "Copy the plot to the clipboard", Command::copyPicture, {}});
+    table.push_back({menu, "Pr&int...", "Ctrl+P", "Print the plot", Command::print, {}});
+    AddLine(table);
+    table.push_back({menu, "&Quit", "Ctrl+Q", "End the program", Command::quit, {}});
+}
+
+void AddPlotMenu(Table& table) {
+    const std::string menu = "&Plot";
+    table.push_back({menu, "&3-D plot", "0", "Show the 3-D plot", Command::normalPlot, {}});
+    table.push_back({menu, "&XY projection", "1", "Show the flat plot of XY", Command::xyPlot, {}});
+    table.push_back({menu, "&YZ projection", "2", "Show the flat plot of YZ", Command::yzPlot, {}});
+    table.push_back({menu, "X&Z projection", "3", "Show the flat plot of XZ", Command::xzPlot, {}});
+    AddLine(table);
+    AddToggles(table, menu, {"inverse-x", "inverse-y", "inverse-z"});
+}
+
+void AddViewMenu(Table& table) {
+    const std::string menu = "&View";
+    table.push_back(
+        {menu, "&Reset view", "Home", "Undo turning, moving and zooming", Command::resetView, {}});
+    AddLine(table);
+    AddToggles(table, menu, {"frame-lines", "grid-lines", "switch-planes"});
+    AddLine(table);
+    AddToggles(table, menu, {"x-contours", "y-contours", "z-contours"});
+    AddLine(table);
+    AddToggles(table, menu, {"trace"});
+    AddLine(table);
+    table.push_back({menu, "&Settings panel", "F9", "Show or hide the settings", Command::settingsPanel, {}});
+    table.push_back({menu,
+                     "&Points and curves",
+                     "F10",
+                     "Show or hide the list of points and curves",
+                     Command::pointsPanel,
+                     {}});
+    table.push_back(
+        {menu, "Settings as at &first", {}, "Take all settings back", Command::resetSettings, {}});
+}
+
+void AddHelpMenu(Table& table) {
+    const std::string menu = "&Help";
+    table.push_back({menu, "&Keys and mouse", "F1", "Tell what keys and mouse do", Command::showKeys, {}});
+    table.push_back({menu, "&About", {}, "Tell what this program is", Command::about, {}});
+}
+
+Table MakeTable() {
+    Table table;
+    AddFileMenu(table);
+    AddPlotMenu(table);
+    AddViewMenu(table);
+    AddHelpMenu(table);
+    return table;
+}
+
+} // namespace
+
+const std::vector<MenuEntry>& AllMenuEntries() {
+    static const Table table = MakeTable();
+    return table;
+}
+
+std::vector<InputUse> KeyUses() {
+    std::vector<InputUse> uses;
+    for (const MenuEntry& entry : AllMenuEntries())
+        if (!entry.key.empty()) uses.push_back({entry.key, entry.help});
+    return uses;
+}
+
+std::vector<InputUse> MouseUses() {
+    return {{"Right button", "Turn the 3-D plot"},
+            {"Shift + right button", "Move the plot"},
+            {"Ctrl + right button", "Zoom: down enlarges, up shrinks"},
+            {"Wheel", "Zoom"},
+            {"Move, while tracing", "Show the point of the surface under the pointer"},
+            {"Drop a file", "Open a grid of points"}};
+}
+
+} // namespace KivoViewer

@@ -1,0 +1,211 @@
+// MainWindow: opening files and giving the picture away.
+#include "Failure.h"
+#include "GridReader.h"
+#include "MainWindow.h"
+#include "PlotWidget.h"
+#include "PngWriter.h"
+#include "PointsPanel.h"
+#include "Preferences.h"
+
+#include <KivoPicture.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDialogButtonBox>
+#include <QDockWidget>
+#include <QDragEnterEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFormLayout>
+#include <QMenu>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPainter>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QProgressDialog>
+#include <QSpinBox>
+#include <QStatusBar>
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <new>
+#include <vector>
+
+namespace KivoViewer {
+
+namespace {
+
+constexpr int maxPictureSize = 16384;
+
+std::string NameOf(const QString& path) {
+    return QFile::encodeName(path).toStdString();
+}
+
+// Tells the user of a failure, where there is one. Whatever it was has no effect then.
+void Try(QWidget* parent, const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const Cancelled&) {
+        return;
+    } catch (const Failure& failure) {
+        QMessageBox::warning(parent, "Kivo Viewer", QString::fromStdString(OneLine(failure.what())));
+    } catch (const std::bad_alloc&) {
+        QMessageBox::warning(parent, "Kivo Viewer", "There is not enough memory.");
+    }
+}
+
+// Reads a grid, with a dialog that can end it where that takes long.
+GridData ReadWithDialog(QWidget* parent, const QString& path) {
+    constexpr int steps = 1000;
+    QProgressDialog dialog("Reading " + QFileInfo(path).fileName() + "...", "Cancel", 0, steps, parent);
+    dialog.setWindowTitle("Kivo Viewer");
+    dialog.setWindowModality(Qt::WindowModal);
+    dialog.setMinimumDuration(400);
+    return ReadGridFile(NameOf(path), [&dialog](double share) {
+        dialog.setValue(std::min(static_cast<int>(share * steps), steps - 1)); // handles the user's input too
+        return !dialog.wasCanceled();
+    });
+}
+
+QSpinBox* AddLength(QFormLayout* form, const QString& label, int value) {
+    auto* const box = new QSpinBox;
+    box->setRange(1, maxPictureSize);
+    box->setSuffix(" pixels");
+    box->setValue(value);
+    form->addRow(label, box);
+    return box;
+}
+
+// Asks for the size of a picture. @return whether to go on
+bool AskForSize(QWidget* parent, QSize& size) {
+    QDialog dialog(parent);
+    dialog.setWindowTitle("Save picture");
+    auto* const form = new QFormLayout(&dialog);
+    QSpinBox* const width = AddLength(form, "&Width", size.width());
+    QSpinBox* const height = AddLength(form, "&Height", size.height());
+    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Save | QDialogButtonBox::Cancel);
+    form->addRow(buttons);
+    QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+    if (dialog.exec() != QDialog::Accepted) return false;
+    size = QSize(width->value(), height->value());
+    return true;
+}
+
+// A copy of the pixels, which go with their array.
+QImage ImageOf(const std::vector<unsigned char>& rgba, const QSize& size) {
+    return QImage(rgba.data(), size.width(), size.height(), QImage::Format_RGBA8888).copy();
+}
+
+QString LocalFileIn(const QMimeData& data) {
+    const QList<QUrl> urls = data.urls();
+    return urls.isEmpty() ? QString() : urls.first().toLocalFile();
+}
+
+} // namespace
+
+// ---- Files in -------------------------------------------------------------------------------------------
+
+void MainWindow::OpenFile() {
+    const QString path = QFileDialog::getOpenFileName(
+        this, "Open a grid of points", QString(),
+        "Grids of points (*.asc *.grd *.xyz *.csv *.txt *.dat *.tif *.tiff *.hgt *.dem *.nc *.vrt);;"
+        "All files (*)");
+    if (!path.isEmpty()) OpenPath(path);
+}
+
+void MainWindow::OpenPath(const QString& path) {
+    Try(this, [&] {
+        const GridData grid = ReadWithDialog(this, path);
+        Scene().Settings() = WithoutDataSettings(Scene().Settings());
+        Scene().ShowGrid(grid);
+        ShowTitle(grid);
+        RememberFile(path);
+        m_plot->Redraw();
+        RefreshControls();
+    });
+}
+
+void MainWindow::ListRecentFiles(QMenu* menu) {
+    menu->clear();
+    for (const QString& path : RecentFiles()) {
+        QAction* const action = menu->addAction(QFileInfo(path).fileName().replace('&', "&&"));
+        action->setStatusTip(path);
+        connect(action, &QAction::triggered, this, [this, path] { OpenPath(path); });
+    }
+    if (menu->isEmpty()) menu->addAction("None yet")->setEnabled(false);
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (!LocalFileIn(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    event->acceptProposedAction();
+    OpenPath(LocalFileIn(*event->mimeData()));
+}
+
+void MainWindow::AddPointFiles(PointSet::Kind kind) {
+    const QStringList paths = QFileDialog::getOpenFileNames(
+        this, kind == PointSet::Kind::curve ? "Add curves" : "Add measure points", QString(),
+        "Points x, y, z (*.csv *.xyz *.txt *.dat);;All files (*)");
+    for (const QString& path : paths)
+        Try(this, [&] { Scene().AddPoints(kind, ReadPointFile(NameOf(path))); });
+    if (paths.isEmpty()) return;
+    m_points->Refresh();
+    m_pointsDock->show();
+    m_plot->Redraw();
+}
+
+// ---- The picture out ------------------------------------------------------------------------------------
+
+std::vector<unsigned char> MainWindow::Capture(const QSize& size) {
+    std::vector<unsigned char> rgba;
+    if (CapturePicture(Scene().Plotter(), size.width(), size.height(), rgba) != 0)
+        throw Failure(std::string("cannot draw: ") + KivoDrawingTools::LastWindowError());
+    return rgba;
+}
+
+void MainWindow::SavePicture() {
+    QSize size = m_plot->DeviceSize();
+    if (!AskForSize(this, size)) return;
+    QString path = QFileDialog::getSaveFileName(this, "Save the picture", "plot.png", "PNG pictures (*.png)");
+    if (path.isEmpty()) return;
+    if (QFileInfo(path).suffix().isEmpty()) path += ".png";
+    Try(this, [&] {
+        WritePng(NameOf(path), Capture(size), size.width(), size.height());
+        statusBar()->showMessage("Saved " + path);
+    });
+}
+
+void MainWindow::CopyPicture() {
+    Try(this, [this] {
+        const QSize size = m_plot->DeviceSize();
+        QApplication::clipboard()->setImage(ImageOf(Capture(size), size));
+        statusBar()->showMessage("Copied the picture");
+    });
+}
+
+// The plot takes the page's proportions. Its pixels are as large as on a usual screen, so that text is too.
+void MainWindow::Print() {
+    constexpr double pixelsPerInch = 120.0;
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setPageOrientation(QPageLayout::Landscape);
+    QPrintDialog dialog(&printer, this);
+    if (dialog.exec() != QDialog::Accepted) return;
+    Try(this, [&] {
+        const QSizeF page = printer.pageRect(QPrinter::Inch).size();
+        const auto pixels = [](double inches) {
+            return std::clamp(static_cast<int>(std::lround(inches * pixelsPerInch)), 1, maxPictureSize);
+        };
+        const QSize size(pixels(page.width()), pixels(page.height()));
+        const QImage image = ImageOf(Capture(size), size);
+        QPainter painter;
+        if (!painter.begin(&printer)) throw Failure("the printer cannot be used");
+        painter.drawImage(painter.viewport(), image);
+    });
+}
+
+} // namespace KivoViewer

@@ -1,0 +1,115 @@
+#include "ManualPage.h"
+
+#include "CommandTable.h"
+
+#include <CLI/CLI.hpp>
+
+#include <vector>
+
+namespace KivoViewer {
+
+namespace {
+
+const char* const head =
+    R"man(.TH KIVO-VIEWER 1 "" "KivoFunctionPlotter )man" KIVO_VERSION R"man(" "User Commands"
+.SH NAME
+kivo\-viewer \- show surfaces z = f(x, y) as 3-D plots
+.SH SYNOPSIS
+.B kivo\-viewer
+.RI [ option ]...
+.RI [ FILE ]
+.br
+.B kivo\-viewer \-\-function
+.I FORMULA
+.RI [ option ]...
+.SH DESCRIPTION
+Shows a grid of points in a window, or writes its picture to a PNG file, which needs no display.
+Without data it shows a sample terrain.
+.PP
+The format of a file follows from its content.
+.TP
+.B ESRI ASCII grid
+A header of ncols, nrows, xllcorner or xllcenter, yllcorner or yllcenter, cellsize and, where values are missing,
+NODATA_value; then the values, the northernmost row first.
+.TP
+.B Surfer grid
+Version 6 as text (DSAA) or binary (DSBB), and version 7 (DSRB).
+.TP
+.B XYZ
+Three numbers in a line, in the order of a grid, separated by blanks, commas or semicolons. Column names may come first.
+.TP
+.B CSV matrix
+Rows of values. Where the first cell is empty, the first row has the values of x and the first column those of y.
+.TP
+.B Others
+What GDAL reads, where the program was built with it: the first band of a raster.
+.PP
+Missing values become holes in the surface. At most 16777216 points are shown.
+.PP
+Files of measure points and curves have x, y and z in each line, like XYZ, in any order.
+.SH OPTIONS
+A colour is six hexadecimal digits, with or without #, or a name such as red.
+What is not given follows from the data or is as it was in the last window; pictures do not depend on that.
+)man";
+
+const char* const tail = R"man(.SH EXIT STATUS
+.TP
+.B 0
+Success.
+.TP
+.B 2
+Failure. One line on standard error says what is wrong, for a text file with the number of the line.
+.SH ENVIRONMENT
+.TP
+.B DISPLAY
+The X11 display of the window. On Wayland the window needs Xwayland.
+.SH FILES
+.TP
+.I ~/.config/KivoFunctionPlotter/kivo\-viewer.conf
+What the window remembers: settings, recent files, size and panels.
+.SH EXAMPLES
+.nf
+kivo\-viewer heights.asc \-\-z\-contours \-\-points wells.csv
+kivo\-viewer \-\-function "sin(x)*cos(y)" \-\-x \-3:3:50 \-\-y \-2:2:40
+kivo\-viewer heights.csv \-\-picture heights.png \-\-size 2400x1600 \-\-dpi 192
+.fi
+)man";
+
+// Text as man's source: a dash would become a hyphen.
+std::string Escaped(const std::string& text) {
+    std::string result;
+    for (const char c : text) {
+        if (c == '-' || c == '\\') result += '\\';
+        result += c;
+    }
+    return result;
+}
+
+void AppendOption(const CLI::Option& option, std::string& page) {
+    page += ".TP\n.B " + Escaped(option.get_name(false, true));
+    if (!option.get_type_name().empty()) page += " \\fI" + Escaped(option.get_type_name()) + "\\fR";
+    page += '\n' + Escaped(option.get_description()) + ".\n";
+}
+
+void AppendUses(const char* heading, const std::vector<InputUse>& uses, std::string& page) {
+    page += std::string(".SH ") + heading + '\n';
+    for (const InputUse& use : uses)
+        page += ".TP\n.B " + Escaped(use.input) + '\n' + Escaped(use.effect) + ".\n";
+}
+
+} // namespace
+
+std::string ManualPage(const CLI::App& app) {
+    std::string page = head;
+    std::string group;
+    for (const CLI::Option* option : app.get_options()) {
+        if (option->get_group().empty() || option->get_positional()) continue;
+        if (option->get_group() != group) page += ".SS " + (group = option->get_group()) + '\n';
+        AppendOption(*option, page);
+    }
+    AppendUses("MOUSE", MouseUses(), page);
+    AppendUses("KEYS", KeyUses(), page);
+    return page + tail;
+}
+
+} // namespace KivoViewer
