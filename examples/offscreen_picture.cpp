@@ -1,6 +1,6 @@
 // A plot without any window system: an off-screen window, one frame, a PNG file.
 // `offscreen_picture FILE.png [WIDTH HEIGHT]` needs no display.
-#include "HillData.h"
+#include "Hill.h"
 
 #include <KivoFunctionPlotter.h>
 #include <KivoPicture.h>

@@ -1,93 +1,94 @@
 // A host in plain Win32: its window procedure forwards the messages to the plotter as they come. A drag with
 // the right button turns the plot, with Shift it pans, with Ctrl it zooms; the wheel zooms too; the keys 0 to
-// 3 choose the plot. `win32_host --frames N` ends after N frames.
-#include "HillData.h"
-
-#include <KivoFunctionPlotter.h>
+// 3 choose the plot.
+#include "Hill.h"
 
 #include <windowsx.h>
 
 #include <cstdio>
-#include <cstdlib>
-#include <cstring>
-#include <vector>
 
 using KivoDrawingTools::CKivoFunctionPlotter;
 
 namespace {
 
-int framesLeft = -1;
+struct Host {
+    SIZE size = {};
+    CKivoFunctionPlotter plotter;
+    std::vector<float> points = HillPoints();
+};
 
+// [docs: forward]
 void OnPaint(CKivoFunctionPlotter& plotter, HWND window) {
     PAINTSTRUCT paint;
     BeginPaint(window, &paint);
     plotter.OnDraw();
     EndPaint(window, &paint);
-    if (framesLeft > 0 && --framesLeft == 0) DestroyWindow(window);
-    if (framesLeft > 0) InvalidateRect(window, nullptr, FALSE);
 }
 
-void OnKey(CKivoFunctionPlotter& plotter, HWND window, WPARAM key) {
-    switch (key) {
-    case '0':
-        plotter.SwitchToNormalPlot();
-        break;
-    case '1':
-        plotter.SwitchToXYProjectPlot();
-        break;
-    case '2':
-        plotter.SwitchToYZProjectPlot();
-        break;
-    case '3':
-        plotter.SwitchToZXProjectPlot();
-        break;
-    default:
-        return;
-    }
-    InvalidateRect(window, nullptr, FALSE);
+// A minimised window has no size, and the same one again afterwards, but only a new size may fit the view
+// anew.
+void OnSize(Host& host, WPARAM type, SIZE size) {
+    if (type == SIZE_MINIMIZED || (size.cx == host.size.cx && size.cy == host.size.cy)) return;
+    host.size = size;
+    host.plotter.OnSize(static_cast<unsigned int>(type), size.cx, size.cy);
+}
+
+// Keeps the messages of a drag coming while the pointer is outside, until the last button is up.
+void Capture(HWND window, UINT message, unsigned int state) {
+    if (message == WM_RBUTTONDOWN || message == WM_LBUTTONDOWN) SetCapture(window);
+    if ((state & (MK_LBUTTON | MK_RBUTTON)) == 0 && GetCapture() == window) ReleaseCapture();
 }
 
 LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    auto* plotter = reinterpret_cast<CKivoFunctionPlotter*>(GetWindowLongPtrA(window, GWLP_USERDATA));
-    if (!plotter) return DefWindowProcA(window, message, wParam, lParam);
+    auto* const host = reinterpret_cast<Host*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+    if (!host) return DefWindowProcA(window, message, wParam, lParam);
 
-    const unsigned int flags = GET_KEYSTATE_WPARAM(wParam);
-    const POINT point = {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+    const unsigned int state = GET_KEYSTATE_WPARAM(wParam);
+    const POINT point = {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}; // the wheel's is on the screen
     switch (message) {
     case WM_SIZE:
-        plotter->OnSize(static_cast<unsigned int>(wParam), LOWORD(lParam), HIWORD(lParam));
+        OnSize(*host, wParam, {LOWORD(lParam), HIWORD(lParam)});
         return 0;
     case WM_PAINT:
-        OnPaint(*plotter, window);
+        OnPaint(host->plotter, window);
         return 0;
     case WM_ERASEBKGND:
         return 1; // the plot covers the whole client area
+    case WM_LBUTTONDOWN:
+        host->plotter.OnLButtonDown(state, point);
+        Capture(window, message, state);
+        return 0;
+    case WM_LBUTTONUP:
+        host->plotter.OnLButtonUp(state, point);
+        Capture(window, message, state);
+        return 0;
     case WM_RBUTTONDOWN:
-        SetCapture(window);
-        plotter->OnRButtonDown(flags, point);
+        host->plotter.OnRButtonDown(state, point);
+        Capture(window, message, state);
         return 0;
     case WM_RBUTTONUP:
-        ReleaseCapture();
-        plotter->OnRButtonUp(flags, point);
+        host->plotter.OnRButtonUp(state, point);
+        Capture(window, message, state);
         return 0;
     case WM_MOUSEMOVE:
-        plotter->OnMouseMove(flags, point);
+        host->plotter.OnMouseMove(state, point);
         return 0;
     case WM_MOUSEWHEEL:
-        plotter->OnMouseWheel(flags, GET_WHEEL_DELTA_WPARAM(wParam), point);
+        host->plotter.OnMouseWheel(state, GET_WHEEL_DELTA_WPARAM(wParam), point);
         return 0;
     case WM_KEYDOWN:
-        OnKey(*plotter, window, wParam);
+        if (ChoosePlot(host->plotter, static_cast<int>(wParam))) InvalidateRect(window, nullptr, FALSE);
         return 0;
     case WM_DESTROY:
         SetWindowLongPtrA(window, GWLP_USERDATA, 0);
-        plotter->OnDestroy();
+        host->plotter.OnDestroy();
         PostQuitMessage(0);
         return 0;
     default:
         return DefWindowProcA(window, message, wParam, lParam);
     }
 }
+// [docs: end]
 
 HWND MakeWindow(HINSTANCE instance) {
     WNDCLASSA description = {};
@@ -97,25 +98,35 @@ HWND MakeWindow(HINSTANCE instance) {
     description.hCursor = LoadCursor(nullptr, IDC_ARROW);
     description.lpszClassName = "HillPlot";
     RegisterClassA(&description);
-    return CreateWindowA("HillPlot", "sin(x) cos(y)", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT, CW_USEDEFAULT, 900,
-                         600, nullptr, nullptr, instance, nullptr);
+    RECT frame = {0, 0, 900, 600};
+    AdjustWindowRect(&frame, WS_OVERLAPPEDWINDOW, FALSE);
+    return CreateWindowA("HillPlot", hillTitle, WS_OVERLAPPEDWINDOW, CW_USEDEFAULT, CW_USEDEFAULT,
+                         frame.right - frame.left, frame.bottom - frame.top, nullptr, nullptr, instance,
+                         nullptr);
 }
+
+// [docs: attach]
+bool Attach(Host& host, HWND window) {
+    RECT client = {};
+    GetClientRect(window, &client);
+    host.size = {client.right, client.bottom};
+    if (host.plotter.OnCreate(window, client.right, client.bottom, true) != 0) return false;
+    host.plotter.SetDataReference(host.points.data(), hillColumns, hillRows, 1, hillColumns, 3);
+    SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&host));
+    return true;
+}
+// [docs: end]
 
 } // namespace
 
-int main(int argc, char** argv) {
-    if (argc == 3 && std::strcmp(argv[1], "--frames") == 0) framesLeft = std::atoi(argv[2]);
-    std::vector<float> points = HillPoints();
-    CKivoFunctionPlotter plotter;
+int main() {
+    SetProcessDPIAware(); // pixels are the screen's own, and text is sized for its density
+    Host host;
     const HWND window = MakeWindow(GetModuleHandleA(nullptr));
-    RECT client = {};
-    GetClientRect(window, &client);
-    if (plotter.OnCreate(window, client.right, client.bottom, true) != 0) {
+    if (!Attach(host, window)) {
         std::fprintf(stderr, "win32_host: the window cannot draw OpenGL; install a graphics driver\n");
         return 1;
     }
-    plotter.SetDataReference(points.data(), hillColumns, hillRows, 1, hillColumns, 3);
-    SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&plotter));
     ShowWindow(window, SW_SHOW);
 
     MSG message;

@@ -1,128 +1,139 @@
 // A host in plain Xlib: it makes a window of whatever visual the display offers by default, hands the
 // window's XID to the plotter and forwards its events. A drag with the right button turns the plot, with
-// Shift it pans, with Ctrl it zooms; the wheel zooms too; the keys 0 to 3 choose the plot. `x11_host --frames
-// N` ends after N frames.
-#include "HillData.h"
+// Shift it pans, with Ctrl it zooms; the wheel zooms too; the keys 0 to 3 choose the plot.
+#include "Hill.h"
 
-#include <KivoFunctionPlotter.h>
+#include <KivoHost.h>
 #include <KivoWindow.h>
 
-#include <X11/keysym.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 
 #include <cstdio>
-#include <cstdlib>
-#include <cstring>
-#include <vector>
 
 using namespace KivoDrawingTools;
 
 namespace {
 
-unsigned int KeyState(unsigned int state) {
-    unsigned int flags = 0;
-    if (state & Button3Mask) flags |= MK_RBUTTON;
-    if (state & ShiftMask) flags |= MK_SHIFT;
-    if (state & ControlMask) flags |= MK_CONTROL;
-    return flags;
-}
-
-void OnButton(CKivoFunctionPlotter& plotter, const XButtonEvent& event) {
-    const bool isPress = event.type == ButtonPress;
-    const unsigned int flags = KeyState(event.state);
-    const POINT client = {event.x, event.y};
-    const POINT screen = {event.x_root, event.y_root};
-    if (event.button == Button3 && isPress)
-        plotter.OnRButtonDown(flags | MK_RBUTTON, client);
-    else if (event.button == Button3)
-        plotter.OnRButtonUp(flags, client);
-    else if (isPress && event.button == Button4) // the wheel, away from the user
-        plotter.OnMouseWheel(flags, 120, screen);
-    else if (isPress && event.button == Button5)
-        plotter.OnMouseWheel(flags, -120, screen);
-}
-
-void OnKey(CKivoFunctionPlotter& plotter, XKeyEvent& event) {
-    switch (XLookupKeysym(&event, 0)) {
-    case XK_0:
-        plotter.SwitchToNormalPlot();
-        break;
-    case XK_1:
-        plotter.SwitchToXYProjectPlot();
-        break;
-    case XK_2:
-        plotter.SwitchToYZProjectPlot();
-        break;
-    case XK_3:
-        plotter.SwitchToZXProjectPlot();
-        break;
-    default:
-        return;
+// X counts events in pixels on every screen, so that there is no scale factor.
+class Host {
+public:
+    explicit Host(Display* display) : m_display(display) {
+        m_window = XCreateSimpleWindow(display, DefaultRootWindow(display), 0, 0, m_width, m_height, 0, 0,
+                                       WhitePixel(display, DefaultScreen(display)));
+        XSelectInput(display, m_window,
+                     ExposureMask | StructureNotifyMask | ButtonPressMask | ButtonReleaseMask |
+                         PointerMotionMask | KeyPressMask);
+        XStoreName(display, m_window, hillTitle);
+        m_close = XInternAtom(display, "WM_DELETE_WINDOW", False);
+        XSetWMProtocols(display, m_window, &m_close, 1);
+        XMapWindow(display, m_window);
     }
-    plotter.OnDraw();
-}
 
-} // namespace
-
-int main(int argc, char** argv) {
-    int framesLeft = argc == 3 && std::strcmp(argv[1], "--frames") == 0 ? std::atoi(argv[2]) : -1;
-    Display* display = XOpenDisplay(nullptr);
-    if (!display) {
-        std::fprintf(stderr, "x11_host: there is no display; set DISPLAY\n");
-        return 1;
+    ~Host() {
+        m_plotter.OnDestroy();
+        ReleaseWindow(m_handle);
     }
-    const Window window = XCreateSimpleWindow(display, DefaultRootWindow(display), 0, 0, 900, 600, 0, 0,
-                                              WhitePixel(display, 0));
-    XSelectInput(display, window,
-                 ExposureMask | StructureNotifyMask | ButtonPressMask | ButtonReleaseMask |
-                     PointerMotionMask | KeyPressMask);
-    XStoreName(display, window, "sin(x) cos(y)");
-    Atom closeMessage = XInternAtom(display, "WM_DELETE_WINDOW", False);
-    XSetWMProtocols(display, window, &closeMessage, 1);
-    XMapWindow(display, window);
-    XSync(display, False); // the plotter has a connection of its own, which must find the window
 
-    CKivoFunctionPlotter plotter;
-    const HWND handle = AttachX11Window(window);
-    if (plotter.OnCreate(handle, 900, 600, true) != 0) {
-        std::fprintf(stderr, "x11_host: %s\n", LastWindowError());
-        return 1;
+    // [docs: attach]
+    bool Attach() {
+        XSync(m_display, False); // the plotter has a connection of its own, which must find the window
+        m_handle = AttachX11Window(m_window);
+        if (m_plotter.OnCreate(m_handle, m_width, m_height, true) != 0) return false;
+        m_plotter.SetDataReference(m_points.data(), hillColumns, hillRows, 1, hillColumns, 3);
+        return true;
     }
-    std::vector<float> points = HillPoints();
-    plotter.SetDataReference(points.data(), hillColumns, hillRows, 1, hillColumns, 3);
+    // [docs: end]
 
-    for (bool isOpen = true; isOpen && framesLeft != 0;) {
-        XEvent event;
-        XNextEvent(display, &event);
+    // [docs: forward]
+    // @return whether the host goes on
+    bool OnEvent(XEvent& event) {
         switch (event.type) {
         case Expose:
-            if (event.xexpose.count == 0) plotter.OnDraw();
-            if (framesLeft > 0 && --framesLeft > 0) XClearArea(display, window, 0, 0, 0, 0, True);
+            if (event.xexpose.count == 0) m_plotter.OnDraw();
             break;
         case ConfigureNotify:
-            plotter.OnSize(0, event.xconfigure.width, event.xconfigure.height);
+            OnConfigure(event.xconfigure);
             break;
         case ButtonPress:
         case ButtonRelease:
-            OnButton(plotter, event.xbutton);
+            OnButton(event.xbutton);
             break;
         case MotionNotify:
-            plotter.OnMouseMove(KeyState(event.xmotion.state), {event.xmotion.x, event.xmotion.y});
+            m_plotter.OnMouseMove(State(event.xmotion.state), {event.xmotion.x, event.xmotion.y});
             break;
         case KeyPress:
-            OnKey(plotter, event.xkey);
+            if (ChoosePlot(m_plotter, static_cast<int>(XLookupKeysym(&event.xkey, 0)))) m_plotter.OnDraw();
             break;
         case ClientMessage:
-            isOpen = static_cast<Atom>(event.xclient.data.l[0]) != closeMessage;
-            break;
+            return static_cast<Atom>(event.xclient.data.l[0]) != m_close;
+        case DestroyNotify:
+            return false;
         default:
             break;
         }
+        return true;
     }
-    plotter.OnDestroy();
-    ReleaseWindow(handle);
-    XDestroyWindow(display, window);
+    // [docs: end]
+
+private:
+    // The buttons and keys as they were before the event.
+    static unsigned int State(unsigned int state) {
+        return KeyState(state & Button1Mask, state & Button2Mask, state & Button3Mask, state & ShiftMask,
+                        state & ControlMask);
+    }
+
+    // Windows are configured when they move, too, but only a new size may fit the view anew.
+    void OnConfigure(const XConfigureEvent& event) {
+        if (event.width == m_width && event.height == m_height) return;
+        m_width = event.width;
+        m_height = event.height;
+        m_plotter.OnSize(0, m_width, m_height);
+    }
+
+    // The server sends all motion to the window while a button is down: the drag is captured by itself.
+    void OnButton(const XButtonEvent& event) {
+        const bool isPress = event.type == ButtonPress;
+        const unsigned int state = State(event.state);
+        const POINT client = {event.x, event.y};
+        const POINT screen = {event.x_root, event.y_root};
+        if (event.button == Button1 && isPress) m_plotter.OnLButtonDown(state | MK_LBUTTON, client);
+        if (event.button == Button1 && !isPress) m_plotter.OnLButtonUp(state & ~MK_LBUTTON, client);
+        if (event.button == Button3 && isPress) m_plotter.OnRButtonDown(state | MK_RBUTTON, client);
+        if (event.button == Button3 && !isPress) m_plotter.OnRButtonUp(state & ~MK_RBUTTON, client);
+        // The wheel is two buttons: 4 away from the user, 5 towards the user.
+        if (event.button == Button4 && isPress) m_plotter.OnMouseWheel(state, 120, screen);
+        if (event.button == Button5 && isPress) m_plotter.OnMouseWheel(state, -120, screen);
+    }
+
+    Display* m_display;
+    Window m_window = 0;
+    Atom m_close = 0;
+    int m_width = 900;
+    int m_height = 600;
+    HWND m_handle = nullptr;
+    CKivoFunctionPlotter m_plotter;
+    std::vector<float> m_points = HillPoints();
+};
+
+} // namespace
+
+int main() {
+    Display* const display = XOpenDisplay(nullptr);
+    if (!display) {
+        std::fprintf(stderr, "x11_host: %s\n", noDisplay);
+        return 1;
+    }
+    bool isOpen = true;
+    {
+        Host host(display);
+        if (!host.Attach()) {
+            std::fprintf(stderr, "x11_host: %s\n", LastWindowError());
+            return 1;
+        }
+        for (XEvent event; isOpen && XNextEvent(display, &event) == 0;)
+            isOpen = host.OnEvent(event);
+    }
     XCloseDisplay(display);
     return 0;
 }

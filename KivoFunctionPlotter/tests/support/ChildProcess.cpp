@@ -1,0 +1,92 @@
+#include "ChildProcess.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <thread>
+
+namespace KivoTest {
+
+namespace {
+
+std::string Content(std::FILE* file) {
+    std::string text;
+    char block[4096];
+    for (off_t offset = 0;;) {
+        const ssize_t count =
+            pread(fileno(file), block, sizeof block, offset); // leaves the writer's position
+        if (count <= 0) return text;
+        text.append(block, static_cast<std::size_t>(count));
+        offset += count;
+    }
+}
+
+void Apply(const Environment& environment) {
+    for (const auto& [name, value] : environment) {
+        if (value)
+            setenv(name.c_str(), value->c_str(), 1);
+        else
+            unsetenv(name.c_str());
+    }
+}
+
+} // namespace
+
+Environment WithoutDisplay() {
+    return {{"DISPLAY", std::nullopt}, {"WAYLAND_DISPLAY", std::nullopt}, {"QT_QPA_PLATFORM", std::nullopt}};
+}
+
+ChildProcess::ChildProcess(const std::string& program, const std::vector<std::string>& arguments,
+                           const Environment& environment)
+    : m_output(std::tmpfile()), m_errors(std::tmpfile()) {
+    std::vector<std::string> texts{program};
+    texts.insert(texts.end(), arguments.begin(), arguments.end());
+    std::vector<char*> words;
+    for (std::string& text : texts)
+        words.push_back(text.data());
+    words.push_back(nullptr);
+    m_id = fork();
+    if (m_id != 0) return;
+    Apply(environment);
+    dup2(fileno(m_output.get()), STDOUT_FILENO);
+    dup2(fileno(m_errors.get()), STDERR_FILENO);
+    execvp(program.c_str(), words.data());
+    _exit(127);
+}
+
+ChildProcess::~ChildProcess() {
+    if (m_id <= 0 || m_exitCode) return;
+    kill(m_id, SIGKILL);
+    waitpid(m_id, nullptr, 0);
+}
+
+void ChildProcess::Terminate() {
+    if (m_id > 0 && !m_exitCode) kill(m_id, SIGTERM);
+}
+
+std::optional<int> ChildProcess::WaitForExit(int milliseconds) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
+    while (!m_exitCode) {
+        int status = 0;
+        if (waitpid(m_id, &status, WNOHANG) == m_id)
+            m_exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+        else if (std::chrono::steady_clock::now() > end)
+            break;
+        else
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    return m_exitCode;
+}
+
+std::string ChildProcess::Output() const {
+    return Content(m_output.get());
+}
+
+std::string ChildProcess::Errors() const {
+    return Content(m_errors.get());
+}
+
+} // namespace KivoTest

@@ -1,0 +1,48 @@
+// A program as a child process.
+#pragma once
+
+#include <cstdio>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace KivoTest {
+
+/// Variables to set, or to take away where there is no value.
+using Environment = std::map<std::string, std::optional<std::string>>;
+
+/// The environment without any display server.
+Environment WithoutDisplay();
+
+/// A running program. It is killed with the object.
+class ChildProcess {
+public:
+    /// @param program  its path, or a name to look up in PATH
+    ChildProcess(const std::string& program, const std::vector<std::string>& arguments,
+                 const Environment& environment = {});
+    ~ChildProcess();
+    ChildProcess(const ChildProcess&) = delete;
+    ChildProcess& operator=(const ChildProcess&) = delete;
+
+    int Id() const { return m_id; }
+    /// Asks it to end.
+    void Terminate();
+    /// Waits for its end. @return the exit code, 128 + the signal that ended it, or nothing after the time
+    std::optional<int> WaitForExit(int milliseconds);
+    std::string Output() const; ///< what it has written to standard output
+    std::string Errors() const; ///< what it has written to standard error
+
+private:
+    struct CloseFile {
+        void operator()(std::FILE* file) const { std::fclose(file); }
+    };
+
+    int m_id = -1;
+    std::optional<int> m_exitCode;
+    std::unique_ptr<std::FILE, CloseFile> m_output;
+    std::unique_ptr<std::FILE, CloseFile> m_errors;
+};
+
+} // namespace KivoTest

@@ -1,0 +1,88 @@
+// The X11 display as a user has it: the windows that programs show there, read from the screen and driven by
+// injected input.
+#pragma once
+
+#include "Image.h"
+
+#include <xcb/xcb.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace KivoTest {
+
+/// A rectangle of the screen, in pixels.
+struct ScreenArea {
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+};
+
+enum PointerButton { leftButton = 1, rightButton = 3, wheelUp = 4, wheelDown = 5 };
+
+// Keysyms of Latin characters are their codes.
+constexpr xcb_keysym_t shiftKey = 0xFFE1;
+constexpr xcb_keysym_t controlKey = 0xFFE3;
+
+/// Asks for a condition again and again. @return whether it came true within the time
+bool WaitFor(const std::function<bool()>& condition, int milliseconds = 5000);
+
+/// A connection to a display. Positions are those of the screen.
+class Desktop {
+public:
+    /// @param display  its name; empty: the one that the environment names
+    explicit Desktop(const std::string& display = {});
+    ~Desktop();
+    Desktop(const Desktop&) = delete;
+    Desktop& operator=(const Desktop&) = delete;
+
+    /// Whether there is the display.
+    bool Ok() const { return m_screen != nullptr; }
+
+    // ---- Windows
+
+    xcb_window_t Root() const { return m_screen->root; } ///< the whole screen
+    /// The shown window of this title; XCB_NONE where there is none.
+    xcb_window_t FindWindow(const std::string& title) const;
+    /// The part of a program's window that shows the plot: the largest shown window inside it, or the window
+    /// itself where none takes up half of it.
+    xcb_window_t PlotIn(xcb_window_t window) const;
+    bool IsShown(xcb_window_t window) const;
+    ScreenArea AreaOf(xcb_window_t window) const; ///< all 0 where there is no such window
+    void MoveWindow(xcb_window_t window, int x, int y);
+    void ResizeWindow(xcb_window_t window, int width, int height);
+    void HideWindow(xcb_window_t window);
+    void ShowWindow(xcb_window_t window);
+    /// What a window manager sends when the user closes a window.
+    void AskToClose(xcb_window_t window);
+    /// Gives the keys to a window.
+    void Focus(xcb_window_t window);
+    /// Sets the resources of the root window, from which desktop settings such as Xft.dpi are read.
+    void SetResources(const std::string& text);
+
+    /// What a window within the screen shows; an empty image where it cannot be read.
+    KivoDrawingTools::Image Grab(xcb_window_t window) const;
+
+    // ---- Input
+
+    void MovePointer(int x, int y);
+    void Button(PointerButton button, bool down);
+    void Click(PointerButton button); ///< press and release
+    void Key(xcb_keysym_t symbol, bool down);
+    void Press(xcb_keysym_t symbol); ///< and release
+
+private:
+    std::vector<xcb_window_t> ChildrenOf(xcb_window_t window) const;
+    xcb_window_t FindShown(xcb_window_t root, const std::string& title) const;
+    std::string TitleOf(xcb_window_t window) const;
+    xcb_atom_t Atom(const char* name) const;
+    void FakeInput(std::uint8_t type, std::uint8_t detail, int x, int y);
+    xcb_keycode_t CodeOf(xcb_keysym_t symbol) const;
+
+    xcb_connection_t* m_connection = nullptr;
+    const xcb_screen_t* m_screen = nullptr;
+};
+
+} // namespace KivoTest

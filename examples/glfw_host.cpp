@@ -1,0 +1,132 @@
+// A host in GLFW, whose window has no OpenGL of its own: the plotter brings it. It hands the window's XID to
+// the plotter and forwards the callbacks in pixels of the device. A drag with the right button turns the
+// plot, with Shift it pans, with Ctrl it zooms; the wheel zooms too; the keys 0 to 3 choose the plot.
+#include "Hill.h"
+
+#include <KivoHost.h>
+#include <KivoWindow.h>
+
+#define GLFW_EXPOSE_NATIVE_X11
+#define GLFW_INCLUDE_NONE
+#include <GLFW/glfw3.h>
+#include <GLFW/glfw3native.h>
+
+#include <cstdio>
+
+using namespace KivoDrawingTools;
+
+namespace {
+
+struct Plot {
+    CKivoFunctionPlotter plotter;
+    std::vector<float> points = HillPoints();
+    POINT pointer = {}; // where the last event saw it; glfwGetCursorPos says where it is by now
+};
+
+Plot& PlotOf(GLFWwindow* window) {
+    return *static_cast<Plot*>(glfwGetWindowUserPointer(window));
+}
+
+// [docs: forward]
+bool IsDown(GLFWwindow* window, int button) {
+    return glfwGetMouseButton(window, button) == GLFW_PRESS;
+}
+
+bool IsKeyDown(GLFWwindow* window, int left, int right) {
+    return glfwGetKey(window, left) == GLFW_PRESS || glfwGetKey(window, right) == GLFW_PRESS;
+}
+
+unsigned int State(GLFWwindow* window) {
+    return KeyState(IsDown(window, GLFW_MOUSE_BUTTON_LEFT), IsDown(window, GLFW_MOUSE_BUTTON_MIDDLE),
+                    IsDown(window, GLFW_MOUSE_BUTTON_RIGHT),
+                    IsKeyDown(window, GLFW_KEY_LEFT_SHIFT, GLFW_KEY_RIGHT_SHIFT),
+                    IsKeyDown(window, GLFW_KEY_LEFT_CONTROL, GLFW_KEY_RIGHT_CONTROL));
+}
+
+// Pixels of the framebuffer in one unit of positions.
+double Scale(GLFWwindow* window) {
+    int width = 0, pixels = 0;
+    glfwGetWindowSize(window, &width, nullptr);
+    glfwGetFramebufferSize(window, &pixels, nullptr);
+    return width > 0 ? static_cast<double>(pixels) / width : 1.0;
+}
+
+void OnSize(GLFWwindow* window, int width, int height) {
+    PlotOf(window).plotter.OnSize(0, width, height);
+}
+
+void OnRefresh(GLFWwindow* window) {
+    PlotOf(window).plotter.OnDraw();
+}
+
+// The window keeps the pointer while a button is down.
+void OnButton(GLFWwindow* window, int button, int action, int) {
+    CKivoFunctionPlotter& plotter = PlotOf(window).plotter;
+    const POINT client = PlotOf(window).pointer;
+    const bool isPress = action == GLFW_PRESS;
+    const bool isLeft = button == GLFW_MOUSE_BUTTON_LEFT;
+    const bool isRight = button == GLFW_MOUSE_BUTTON_RIGHT;
+    if (isLeft && isPress) plotter.OnLButtonDown(State(window), client);
+    if (isLeft && !isPress) plotter.OnLButtonUp(State(window), client);
+    if (isRight && isPress) plotter.OnRButtonDown(State(window), client);
+    if (isRight && !isPress) plotter.OnRButtonUp(State(window), client);
+}
+
+void OnMove(GLFWwindow* window, double x, double y) {
+    PlotOf(window).pointer = ToPixels(x, y, Scale(window));
+    PlotOf(window).plotter.OnMouseMove(State(window), PlotOf(window).pointer);
+}
+
+void OnScroll(GLFWwindow* window, double, double offset) {
+    const POINT client = PlotOf(window).pointer;
+    int left = 0, top = 0;
+    glfwGetWindowPos(window, &left, &top);
+    const POINT screen = {left + client.x, top + client.y};
+    if (offset != 0) PlotOf(window).plotter.OnMouseWheel(State(window), offset > 0 ? 120 : -120, screen);
+}
+// [docs: end]
+
+void OnKey(GLFWwindow* window, int key, int, int action, int) {
+    // A key's constant is the ASCII code of its character.
+    if (action == GLFW_PRESS && ChoosePlot(PlotOf(window).plotter, key)) PlotOf(window).plotter.OnDraw();
+}
+
+} // namespace
+
+int main() {
+    if (!glfwInit()) {
+        std::fprintf(stderr, "glfw_host: %s\n", noDisplay);
+        return 1;
+    }
+    // [docs: attach]
+    glfwWindowHint(GLFW_CLIENT_API, GLFW_NO_API);
+    GLFWwindow* const window = glfwCreateWindow(900, 600, hillTitle, nullptr, nullptr);
+    if (!window) return 1;
+    XSync(glfwGetX11Display(), False); // the plotter has a connection of its own, which must find the window
+    const HWND handle = AttachX11Window(glfwGetX11Window(window));
+    int width = 0, height = 0;
+    glfwGetFramebufferSize(window, &width, &height);
+    Plot plot;
+    if (plot.plotter.OnCreate(handle, width, height, true) != 0) {
+        std::fprintf(stderr, "glfw_host: %s\n", LastWindowError());
+        return 1;
+    }
+    plot.plotter.SetDataReference(plot.points.data(), hillColumns, hillRows, 1, hillColumns, 3);
+    // [docs: end]
+
+    glfwSetWindowUserPointer(window, &plot);
+    glfwSetFramebufferSizeCallback(window, OnSize);
+    glfwSetWindowRefreshCallback(window, OnRefresh);
+    glfwSetMouseButtonCallback(window, OnButton);
+    glfwSetCursorPosCallback(window, OnMove);
+    glfwSetScrollCallback(window, OnScroll);
+    glfwSetKeyCallback(window, OnKey);
+    plot.plotter.OnDraw();
+    while (!glfwWindowShouldClose(window))
+        glfwWaitEvents();
+
+    plot.plotter.OnDestroy();
+    ReleaseWindow(handle);
+    glfwTerminate();
+    return 0;
+}
