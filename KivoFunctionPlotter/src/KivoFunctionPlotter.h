@@ -321,7 +321,7 @@ public:
     void SetZGradientEndColor(unsigned long color);                           ///< end, 0x00BBGGRR
 
     /// Sets the digits after the decimal point in the labels of all colour legends, 3 at first; no limit is
-    /// applied.
+    /// applied. Labels have at most 1000 of them.
     /// @return 0
     int SetGradientColorRuleFloatingPointPrecision(unsigned int precision);
     /// @return the digits after the decimal point in the legends' labels
@@ -365,7 +365,8 @@ public:
     void RenderNearText(float x, float y, const char* text);                    ///< at z = 0, the whole text
 
     // Axis settings. New data choose range, tick count and precision anew. The view is not fitted again by
-    // these: AutoAdjustAxisLengthRatio does that.
+    // these: AutoAdjustAxisLengthRatio does that. Precisions have no limit, but labels have at most 1000 digits
+    // after the point.
 
     float GetXAxisMin() const; ///< @return the first tick value of the X axis
     float GetYAxisMin() const; ///< @return the first tick value of the Y axis

@@ -11,6 +11,9 @@ namespace KivoDrawingTools {
 namespace {
 
 constexpr int widestLine = 512; // pixels
+// A float has at most 149 digits after the point. The standard library formats on the stack, which the zeros of
+// a precision of millions would overrun.
+constexpr unsigned int mostDigits = 1000;
 
 int Extent(const STextRenderer& renderer, const char* text, std::size_t length) {
     SIZE size = {};
@@ -219,7 +222,7 @@ std::string FormatNumber(float value, unsigned int precision) {
     std::ostringstream stream;
     stream.imbue(std::locale::classic());
     stream.setf(std::ios::fixed, std::ios::floatfield);
-    stream.precision(static_cast<std::streamsize>(precision));
+    stream.precision(static_cast<std::streamsize>(std::min(precision, mostDigits)));
     stream << value;
     return stream.str();
 }

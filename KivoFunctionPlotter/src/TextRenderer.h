@@ -36,7 +36,8 @@ void ReleaseTextRenderer(STextRenderer* renderer);
 ///         memory for the picture, then the image has no pixels
 int CreateTextImage(STextRenderer* renderer, const char* text, SKivoTexImage* image);
 
-/// A number as labels show it: fixed notation, so many digits after the decimal point, in the classic locale.
+/// A number as labels show it: fixed notation, in the classic locale.
+/// @param precision  digits after the decimal point, of which at most 1000 are written: the others are zeros
 std::string FormatNumber(float value, unsigned int precision);
 
 /// Frees an image's texture and pixels and sets its sizes to 0; the OpenGL context must be current.

@@ -94,6 +94,14 @@ TEST(TextImage, NumbersAreFixed) {
     EXPECT_EQ(FormatNumber(1e-7f, 2), "0.00");
 }
 
+TEST(TextImage, NumbersHaveAtMostAThousandDigits) {
+    const std::string smallest = FormatNumber(std::numeric_limits<float>::denorm_min(), 1000);
+    EXPECT_EQ(smallest.size(), 1002u);
+    EXPECT_EQ(smallest.find_last_not_of('0'), 1u + 149u) << "no float has more digits that are not zeros";
+    for (const unsigned int precision : {1001u, 8000000u, 0x7fffffffu, 0x80000000u, 0xffffffffu})
+        EXPECT_EQ(FormatNumber(std::numeric_limits<float>::denorm_min(), precision), smallest) << precision;
+}
+
 TEST_P(Text, SizesAndTextureShares) {
     for (const char* text : {"1.0", "Elevation (m)", "i"}) {
         Make(text);
