@@ -1,0 +1,45 @@
+// The viewer's file readers: whatever a file holds, they give a grid that keeps its promises or a Failure.
+#include "Failure.h"
+#include "GridReader.h"
+
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+void Require(bool holds) {
+    if (!holds) std::abort();
+}
+
+bool IsRising(const std::vector<float>& values) {
+    for (std::size_t i = 0; i < values.size(); ++i)
+        if (!std::isfinite(values[i]) || (i > 0 && !(values[i] > values[i - 1]))) return false;
+    return true;
+}
+
+void Check(const KivoViewer::GridData& grid) {
+    Require(grid.ColumnCount() >= 2 && grid.RowCount() >= 2);
+    Require(grid.z.size() == grid.ColumnCount() * grid.RowCount());
+    Require(grid.z.size() <= KivoViewer::maxPointCount);
+    Require(IsRising(grid.x) && IsRising(grid.y));
+    for (const float value : grid.z)
+        Require(!std::isinf(value));
+}
+
+} // namespace
+
+/// The first byte chooses the file's name, the rest is its text.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    if (size == 0) return 0;
+    const std::string_view text(reinterpret_cast<const char*>(data) + 1, size - 1);
+    try {
+        Check(KivoViewer::ReadGrid(text, (data[0] & 1) != 0 ? "grid.csv" : "grid.txt"));
+    } catch (const KivoViewer::Failure& failure) {
+        Require(!KivoViewer::OneLine(failure.what()).empty());
+    }
+    return 0;
+}
