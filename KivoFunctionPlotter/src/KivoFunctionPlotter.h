@@ -215,9 +215,10 @@ public:
     void OnMouseWheel(unsigned int flags, short delta, POINT pt);
 
     /// Turns the plot about the screen axis across the way from one client point to the other, by 160 degrees
-    /// for the width of the viewport.
+    /// for the width of the viewport. Without a width it does nothing.
     void Rotate(POINT from, POINT to);
-    /// Shifts the plot along the way from one client point to the other, at 0.8 of its length.
+    /// Shifts the plot along the way from one client point to the other, at 0.8 of its length. While the
+    /// viewport has no width or the view volume no finite one, it does nothing.
     void Translate(POINT from, POINT to);
     /// Scales the view volume; a factor below 1 enlarges the picture.
     void Zoom(float factor);

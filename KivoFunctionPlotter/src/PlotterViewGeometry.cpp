@@ -463,6 +463,7 @@ void CKivoFunctionPlotter::Rotate(POINT from, POINT to) {
     const float dx = static_cast<float>(way.x);
     const float dy = static_cast<float>(way.y);
     const float angle = std::sqrt(dx * dx + dy * dy) * (160.0f / static_cast<float>(m_plotViewport[2]));
+    if (!std::isfinite(angle)) return; // nothing would bring a rotation without numbers back
     IncreaseRotation(angle, dy, dx, 0.0f);
 }
 
@@ -471,8 +472,11 @@ void CKivoFunctionPlotter::Translate(POINT from, POINT to) {
     const Way way = WayBetween(from, to);
     const double k =
         static_cast<double>(static_cast<float>(m_viewRight - m_viewLeft)) * 0.8 / m_plotViewport[2];
-    m_rotationMatrix[12] += way.x * k;
-    m_rotationMatrix[13] += -way.y * k;
+    const double x = m_rotationMatrix[12] + way.x * k;
+    const double y = m_rotationMatrix[13] - way.y * k;
+    if (!std::isfinite(x) || !std::isfinite(y)) return; // nothing would bring such a pan back
+    m_rotationMatrix[12] = x;
+    m_rotationMatrix[13] = y;
     ApplyModelViewMatrix();
 }
 
