@@ -16,7 +16,7 @@ constexpr double shortestEdge = 24.0;
 constexpr double smallestRise = 0.2; // of a projected unit vector above its edge; lower, its face is edge-on
 constexpr double largestSlant = 1.7320508075688772; // labels leave their edge at 30 degrees or more
 constexpr double verticalRange = 0.02;              // keeps rounding from turning a vertical title over
-constexpr std::size_t mostLabels = 1000; // of an axis; bounds the number of pairs that are compared
+constexpr std::size_t mostLabels = 1000; // of an axis
 
 ScreenVector operator+(ScreenVector a, ScreenVector b) {
     return {a.x + b.x, a.y + b.y};
@@ -144,13 +144,20 @@ bool TouchesAtStride(const std::vector<PlacedImage>& labels, std::size_t stride)
     return false;
 }
 
-// The least stride of 1, 2, 5, 10, 20, 50, ... that sets neighbours apart.
+// The next of 1, 2, 5, 10, 20, 50, ...
+std::size_t NextStride(std::size_t stride) {
+    std::size_t firstDigit = stride;
+    while (firstDigit >= 10)
+        firstDigit /= 10;
+    return firstDigit == 2 ? stride / 2 * 5 : stride * 2;
+}
+
+// The least stride that sets neighbours apart.
 std::size_t StrideOf(const std::vector<PlacedImage>& labels) {
-    for (std::size_t decade = 1;; decade *= 10)
-        for (const std::size_t stride : {decade, 2 * decade, 5 * decade}) {
-            if (stride >= labels.size()) return stride;
-            if (labels.size() / stride <= mostLabels && !TouchesAtStride(labels, stride)) return stride;
-        }
+    std::size_t stride = LeastLabelStride(labels.size());
+    while (stride < labels.size() && TouchesAtStride(labels, stride))
+        stride = NextStride(stride);
+    return stride;
 }
 
 void Thin(std::vector<PlacedImage>* labels) {
@@ -227,6 +234,13 @@ int Bit(unsigned int corner, int axis) {
 }
 
 } // namespace
+
+std::size_t LeastLabelStride(std::size_t tickCount) {
+    std::size_t stride = 1;
+    while (tickCount / stride > mostLabels)
+        stride = NextStride(stride);
+    return stride;
+}
 
 void ProjectAxisBox(const AxisBoxInData& box, double worldPerPixel, const double* axisScale,
                     const double* rotation, ScreenVector boxCenter, AxisBoxOnScreen* out) {

@@ -73,6 +73,10 @@ struct PlacedImage {
     double halfHeight = 0.0;
 };
 
+/// The stride of 1, 2, 5, 10, 20, 50, ... that leaves a thousand of an axis's labels; the layout never shows
+/// one between. Bounds the number of pairs that are compared, and of labels that need images.
+std::size_t LeastLabelStride(std::size_t tickCount);
+
 /// Places labels beyond their ticks and titles beyond the labels. Where neighbours would touch, every second,
 /// fifth, tenth ... label of an axis remains, and what would meet the lines of the box, another image or the
 /// viewport's border is left out. Edges of less than 24 pixels show nothing. Keeps its memory from one frame

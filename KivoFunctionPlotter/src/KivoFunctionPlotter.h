@@ -390,7 +390,7 @@ public:
     unsigned int GetZAxisTickMarkNumber() const; ///< @return the number of ticks of the Z axis
 
     /// Divides the axis range evenly. Counts below 2 make no axis: with 1 the step is infinite, 0 takes all
-    /// ticks away.
+    /// ticks away. Of more than 1000 ticks only every second, fifth, tenth, ... has a label.
     /// @param count  at least 2
     /// @return 0
     int SetXAxisTickMarkNumber(unsigned int count);

@@ -79,9 +79,12 @@ void CKivoGridBox::BuildTickLabels(int axis) {
     const unsigned int count = m_tickIntervals[axis] + 1;
     m_tickLabels[axis] = new (std::nothrow) SKivoTexImage[count];
     if (!m_tickLabels[axis] || !m_tickPositions[axis]) return;
+    const std::size_t stride = LeastLabelStride(count);
     for (unsigned int i = 0; i < count; ++i) {
         const float value = m_tickPositions[axis][i] + m_axisMin[axis] - m_tickOffset[axis];
-        CreateTextImage(m_textMaker, FormatNumber(value, m_precision[axis]).c_str(), &m_tickLabels[axis][i]);
+        if (i % stride == 0)
+            CreateTextImage(m_textMaker, FormatNumber(value, m_precision[axis]).c_str(),
+                            &m_tickLabels[axis][i]);
         m_tickPositions[axis][i] = static_cast<float>(i) * m_tickStep[axis] + m_tickOffset[axis];
     }
 }

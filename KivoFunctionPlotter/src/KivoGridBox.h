@@ -33,7 +33,8 @@ public:
 
     /// Places the ticks of an axis, from the box's low face.
     void BuildTickPositions(int axis);
-    /// Makes the label images of an axis; without a text renderer the old ones stay.
+    /// Makes the label images of an axis, of every LeastLabelStride()-th tick; without a text renderer the
+    /// old ones stay.
     void BuildTickLabels(int axis);
     /// Frees the labels; walks the present number of intervals, so it comes before a change of that.
     void ReleaseTickLabels(int axis);

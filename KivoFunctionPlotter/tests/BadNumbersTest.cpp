@@ -330,6 +330,37 @@ TEST_F(BadNumbers, PointsOfFewerThanThreeFloatsAreNotRead) {
 
 // ---- Counts
 
+TEST_F(BadNumbers, TickCountsOfNoneOneAndAHundredThousand) {
+    using Setter = int (PlotterProbe::*)(unsigned int);
+    const Setter setters[] = {&PlotterProbe::SetXAxisTickMarkNumber, &PlotterProbe::SetYAxisTickMarkNumber,
+                              &PlotterProbe::SetZAxisTickMarkNumber};
+    for (const unsigned int count : {0u, 1u, 100000u})
+        for (const int axis : {0, 1, 2}) {
+            SCOPED_TRACE(testing::Message() << count << " ticks on axis " << axis);
+            ExpectWithinASecond("ticks", [&] { EXPECT_EQ((plotter.*setters[axis])(count), 0); });
+            EXPECT_EQ(plotter.m_gridBox->m_tickIntervals[axis] + 1, count);
+            if (count < 2) UseEverything();
+            ExpectWithinASecond("frame", [&] { EXPECT_GT(SurfacePixels(CaptureImage(plotter)), 1000); });
+            axis == 0 ? plotter.SwitchToXYProjectPlot() : plotter.SwitchToYZProjectPlot();
+            ExpectWithinASecond("flat frame", [&] { EXPECT_EQ(plotter.Renderscene(), 0); });
+            plotter.SwitchToNormalPlot();
+            ExpectWithinASecond("away again", [&] { (plotter.*setters[axis])(5); });
+            ExpectStillGood("ticks");
+        }
+}
+
+TEST_F(BadNumbers, OfManyTicksAThousandHaveLabels) {
+    plotter.SetXAxisTickMarkNumber(1000);
+    for (unsigned int i = 0; i < 1000; ++i)
+        EXPECT_NE(plotter.m_gridBox->m_tickLabels[0][i].pixels, nullptr) << i;
+    plotter.SetXAxisTickMarkNumber(100000);
+    for (unsigned int i = 0; i < 100000; ++i) {
+        const SKivoTexImage& label = plotter.m_gridBox->m_tickLabels[0][i];
+        ASSERT_EQ(label.pixels != nullptr, i % 100 == 0) << i;
+        ASSERT_EQ(label.texture != 0, i % 100 == 0) << i;
+    }
+}
+
 TEST_F(BadNumbers, PrecisionsOfAThousandAndMore) {
     for (const unsigned int precision : {1000u, 1000000u, 0x7fffffffu, 0x80000000u, 0xffffffffu}) {
         SCOPED_TRACE(precision);
