@@ -10,9 +10,10 @@ namespace KivoDrawingTools {
 
 namespace {
 
-constexpr int widestLine = 512; // pixels
-// A float has at most 149 digits after the point. The standard library formats on the stack, which the zeros of
-// a precision of millions would overrun.
+constexpr int widestLine = 512;         // pixels
+constexpr std::size_t mostWords = 1000; // measured one by one
+// A float has at most 149 digits after the point. The standard library formats on the stack, which the zeros
+// of a precision of millions would overrun.
 constexpr unsigned int mostDigits = 1000;
 
 int Extent(const STextRenderer& renderer, const char* text, std::size_t length) {
@@ -22,11 +23,12 @@ int Extent(const STextRenderer& renderer, const char* text, std::size_t length) 
 }
 
 // A leading 0, then the width of each word with the spaces after it. The last word is measured with the
-// terminating zero, one byte more than it has. In UTF-8 no byte of a longer character is a space.
+// terminating zero, one byte more than it has. In UTF-8 no byte of a longer character is a space. What
+// follows the words that are measured one by one counts as one more.
 void MeasureWords(STextRenderer& renderer, const char* text, std::size_t length) {
     renderer.m_wordExtents.assign(1, 0);
     std::size_t start = 0;
-    for (std::size_t i = 0; i < length; ++i) {
+    for (std::size_t i = 0; i < length && renderer.m_wordExtents.size() <= mostWords; ++i) {
         if (text[i] != ' ') continue;
         while (i + 1 < length && text[i + 1] == ' ')
             ++i;

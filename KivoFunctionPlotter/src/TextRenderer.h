@@ -18,7 +18,8 @@ struct STextRenderer {
     HFONT m_font = nullptr;
     LOGFONTA m_fontDescription = {};
     TEXTMETRICA m_textMetrics = {};
-    std::vector<int> m_wordExtents; ///< pixel extents of the last string's words, after a leading 0
+    /// Pixel extents of the last string's words, after a leading 0; from the 1001st word on all in one.
+    std::vector<int> m_wordExtents;
     std::vector<int> m_reserved;
 };
 

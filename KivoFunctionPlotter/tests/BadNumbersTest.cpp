@@ -560,4 +560,43 @@ std::string Repeated(const std::string& piece, std::size_t size) {
 
 } // namespace
 
+TEST_F(BadNumbers, TextsOfAnyLengthAndBytes) {
+    for (const auto& [name, piece] : TextPieces())
+        for (const std::size_t size : {std::size_t{1}, std::size_t{1000}, std::size_t{1000000}}) {
+            SCOPED_TRACE(testing::Message() << size << " bytes of " << name);
+            const std::string text = Repeated(piece, size);
+            ExpectWithinASecond("plot title", [&] { plotter.SetPlotTitle(text.c_str()); });
+            ExpectWithinASecond("axis title", [&] { plotter.SetXAxisTitle(text.c_str()); });
+            EXPECT_EQ(plotter.GetPlotTitle(), text);
+            EXPECT_EQ(plotter.GetXAxisTitle(), text);
+            ExpectWithinASecond("frame", [&] { EXPECT_EQ(plotter.Renderscene(), 0); });
+        }
+    plotter.SetPlotTitle("Title");
+    plotter.SetXAxisTitle("X");
+    ExpectStillGood("texts");
+}
+
+TEST_F(BadNumbers, NamesAndBitmapTextsOfAnyLength) {
+    float point[] = {0, 0, 0};
+    for (const std::size_t size : {std::size_t{0}, std::size_t{1}, std::size_t{1000000}}) {
+        const std::string text = Repeated("\xFF\xC3 a", size);
+        ExpectWithinASecond("group", [&] {
+            EXPECT_EQ(plotter.AddMeasurePoints(1, 3, point, text.c_str()), 0);
+            EXPECT_EQ(plotter.SetMeasureGroupName(0, text.c_str()), 0);
+        });
+        EXPECT_EQ(plotter.GetMeasureGroupIndexByName(text), 0);
+        // The driver takes a second for a million glyphs.
+        const CurrentContext context(plotter);
+        ExpectWithinASecond("text", [&] { plotter.RenderText(0.0f, 0.0f, 0.0f, text.c_str(), size / 2); });
+        ExpectWithinASecond("text nowhere",
+                            [&] { plotter.RenderFarText(notANumber, infinity, text.c_str(), size / 2); });
+    }
+    plotter.ShowAllMeasureGroups(false);
+    plotter.SetPlotTitle("");
+    EXPECT_STREQ(plotter.GetPlotTitle(), "");
+    EXPECT_EQ(plotter.Renderscene(), 0);
+    plotter.SetPlotTitle("Title");
+    ExpectStillGood("names");
+}
+
 // ---- Legend

@@ -12,6 +12,8 @@ constexpr int DEFAULT_EM = 12;
 constexpr int LARGEST_EM = 2048;
 // Pango counts in 1/1024 pixel in 32 bits: wider lines would overflow.
 constexpr int WIDEST_LINE = 1000000;
+// Shaping takes a microsecond for a letter, and a hundred where the script changes from one to the next.
+constexpr int LONGEST_LINE = 4096;
 
 struct DescriptionFree {
     void operator()(PangoFontDescription* description) const { pango_font_description_free(description); }
@@ -97,7 +99,8 @@ FontMeasures MeasureFont(const LOGFONTA& font) {
 
 TextLine::TextLine(const LOGFONTA& font, std::string_view text, Smoothing smoothing) {
     const int em = EmHeight(font);
-    const std::string cleaned = Clean(text, static_cast<std::size_t>(WIDEST_LINE / em));
+    const int longest = std::min(LONGEST_LINE, WIDEST_LINE / em);
+    const std::string cleaned = Clean(text, static_cast<std::size_t>(longest));
     const auto context = MakeContext(smoothing);
     const Description description = Describe(font, em);
     m_layout.reset(pango_layout_new(context.get()));
