@@ -24,9 +24,9 @@ CKivoGradientColorRuler::~CKivoGradientColorRuler() {
 
 void CKivoGradientColorRuler::SetGradient(CKivoGradientColor* gradient) {
     m_gradient = gradient;
+    const float quarter = (gradient->m_max - gradient->m_min) / 4.0f; // four times a large range is infinite
     for (int i = 0; i < 5; ++i) {
-        const float value =
-            gradient->m_min + static_cast<float>(i) * (gradient->m_max - gradient->m_min) / 4.0f;
+        const float value = gradient->m_min + static_cast<float>(i) * quarter;
         gradient->Evaluate(value, m_colors[i]);
         m_colors[i][3] = 1.0f;
     }

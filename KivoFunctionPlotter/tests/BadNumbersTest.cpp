@@ -600,3 +600,17 @@ TEST_F(BadNumbers, NamesAndBitmapTextsOfAnyLength) {
 }
 
 // ---- Legend
+
+TEST_F(BadNumbers, TheLegendOfAnyFiniteRangeHasTheGradientsColours) {
+    const auto coloursOf = [this](float span) {
+        const float points[] = {0, 0, 0, 1, 0, 0, 0, 1, 0, 1, 1, span};
+        SetPoints({points, points + 12}, 2, 2);
+        std::vector<float> colours;
+        for (const auto& colour : plotter.m_zColorRuler->m_colors)
+            colours.insert(colours.end(), colour, colour + 3);
+        return colours;
+    };
+    const std::vector<float> usual = coloursOf(4.0f);
+    for (const float span : {1e-30f, 1e30f, 1e38f, 3e38f})
+        EXPECT_THAT(coloursOf(span), testing::Pointwise(testing::FloatNear(0.02f), usual)) << span;
+}
