@@ -91,27 +91,61 @@ void FlipRows(unsigned char* rgba, std::size_t rowBytes, int height) {
                          rgba + (height - 1 - row) * rowBytes);
 }
 
+// A bitmap selected into a memory device context; deselected and deleted with the scope.
+class SelectedBitmap {
+public:
+    SelectedBitmap(const STextRenderer& renderer, int side)
+        : m_dc(renderer.m_memoryDC), m_bitmap(CreateCompatibleBitmap(renderer.m_windowDC, side, side)),
+          m_previous(m_bitmap ? SelectObject(m_dc, m_bitmap) : nullptr) {}
+    ~SelectedBitmap() {
+        Deselect();
+        if (m_bitmap) DeleteObject(m_bitmap);
+    }
+    SelectedBitmap(const SelectedBitmap&) = delete;
+    SelectedBitmap& operator=(const SelectedBitmap&) = delete;
+
+    bool IsSelected() const { return m_previous != nullptr; }
+    void Deselect() {
+        if (m_previous) SelectObject(m_dc, m_previous);
+        m_previous = nullptr;
+    }
+    HBITMAP Handle() const { return m_bitmap; }
+
+private:
+    HDC m_dc;
+    HBITMAP m_bitmap;
+    HGDIOBJ m_previous;
+};
+
+struct WhiteBrush {
+    WhiteBrush() = default;
+    ~WhiteBrush() { DeleteObject(handle); }
+    WhiteBrush(const WhiteBrush&) = delete;
+    WhiteBrush& operator=(const WhiteBrush&) = delete;
+
+    const HBRUSH handle = CreateSolidBrush(0xFFFFFF);
+};
+
 // Draws the text on a white square and reads its top rows back, flipped, as RGBA from new[]; null without
-// memory.
+// memory, or when the system refuses a step: what was not drawn on would show as a black box.
 unsigned char* DrawPixels(const STextRenderer& renderer, const char* text, std::size_t length,
                           bool isTwoLines, const SIZE& line, int width, int height) {
-    const HBITMAP bitmap = CreateCompatibleBitmap(renderer.m_windowDC, width, width);
-    if (!bitmap) return nullptr;
-    const HGDIOBJ previous = SelectObject(renderer.m_memoryDC, bitmap);
-    const HBRUSH white = CreateSolidBrush(0xFFFFFF);
-    const RECT whole = {0, 0, width, width};
-    FillRect(renderer.m_memoryDC, &whole, white);
-    DrawTextLines(renderer.m_memoryDC, text, length, isTwoLines, line, width);
-    DeleteObject(white);
-    SelectObject(renderer.m_memoryDC, previous);
+    SelectedBitmap bitmap(renderer, width);
+    if (!bitmap.IsSelected()) return nullptr;
+    {
+        const WhiteBrush white;
+        const RECT whole = {0, 0, width, width};
+        if (!FillRect(renderer.m_memoryDC, &whole, white.handle)) return nullptr;
+        DrawTextLines(renderer.m_memoryDC, text, length, isTwoLines, line, width);
+    }
+    bitmap.Deselect();
 
     BITMAP description = {};
-    GetObjectA(bitmap, sizeof(description), &description);
+    if (!GetObjectA(bitmap.Handle(), sizeof(description), &description)) return nullptr;
     const std::size_t bytesPerPixel = std::max<std::size_t>(description.bmBitsPixel / 8u, 1);
     const std::size_t pixelCount = static_cast<std::size_t>(width) * height;
     std::vector<unsigned char> rows(pixelCount * bytesPerPixel, 255); // rows below the square stay white
-    GetBitmapBits(bitmap, static_cast<LONG>(rows.size()), rows.data());
-    DeleteObject(bitmap);
+    if (GetBitmapBits(bitmap.Handle(), static_cast<LONG>(rows.size()), rows.data()) == 0) return nullptr;
 
     unsigned char* rgba = new unsigned char[pixelCount * 4];
     Threshold(rows.data(), bytesPerPixel, pixelCount, rgba);

@@ -33,8 +33,7 @@ void ReleaseTextRenderer(STextRenderer* renderer);
 /// current.
 /// @param text  UTF-8, where the platform's text operations take that
 /// @return 0; -1 when the renderer has not been initialised, then the image is untouched, or when the system
-/// has no
-///         memory for the picture, then the image has no pixels
+///         cannot draw the picture, for example for lack of memory: then the image has no pixels
 int CreateTextImage(STextRenderer* renderer, const char* text, SKivoTexImage* image);
 
 /// A number as labels show it: fixed notation, in the classic locale.

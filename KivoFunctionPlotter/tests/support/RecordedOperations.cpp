@@ -40,7 +40,6 @@ void OperationFault::Stop() {
 
 bool OperationFault::IsToFail(const char* name) {
     if (!fault) return false;
-    const WithoutAllocationFaults reliable;
     fault->m_operations.push_back(name);
     if (static_cast<long>(fault->m_operations.size()) != fault->m_number) return false;
     fault->m_failed = name;
