@@ -49,6 +49,14 @@ void NegateColumn(double* matrix, int column) {
         matrix[i] = -matrix[i];
 }
 
+// Where there is no memory for it, groups find their room when they are added.
+void ReserveGroups(std::vector<CKivoMeasurePointGroup*>& groups) {
+    try {
+        groups.reserve(10);
+    } catch (const std::bad_alloc&) {
+    }
+}
+
 } // namespace
 
 // ---- Lifetime -------------------------------------------------------------------------------------------
@@ -65,7 +73,7 @@ CKivoFunctionPlotter::CKivoFunctionPlotter()
       m_textRenderer(new (std::nothrow) STextRenderer), m_plotTitleImage(new (std::nothrow) SKivoTexImage),
       m_measureGroups(new (std::nothrow) CKivoMeasurePointGroupManager) {
     if (m_gridBox) m_gridBox->m_autoSwitchFramePlanes = true;
-    if (m_measureGroups) m_measureGroups->m_groups.reserve(10);
+    if (m_measureGroups) ReserveGroups(m_measureGroups->m_groups);
 }
 
 CKivoFunctionPlotter::CKivoFunctionPlotter(const CKivoFunctionPlotter& other) = default;
