@@ -16,6 +16,26 @@ namespace {
 
 using Mode = AllocationFault::Mode;
 
+// How a call ended in which an allocation was to fail.
+struct Outcome {
+    bool hasFailed; ///< whether there was such an allocation
+    bool hasThrown;
+    int result;
+};
+
+Outcome Try(long n, Mode mode, const std::function<int()>& call) {
+    AllocationFault fault(n, mode);
+    Outcome outcome = {false, false, 0};
+    try {
+        outcome.result = call();
+    } catch (const std::bad_alloc&) {
+        outcome.hasThrown = true;
+    }
+    fault.Stop();
+    outcome.hasFailed = fault.HasFailed();
+    return outcome;
+}
+
 std::string Words(const std::string& what, long n, Mode mode) {
     return what + ", allocation " + std::to_string(n) + (mode == Mode::once ? "" : " and all that follow");
 }
@@ -47,4 +67,38 @@ TEST(AllocationFaults, ConstructionNeverThrows) {
             EXPECT_TRUE(AreEqual(Holdings(), before));
         }
     }
+}
+
+// ---- Single operations
+
+namespace {
+
+// A device context that contexts can be made for.
+HDC WithFormat(const TestWindow& window) {
+    CallProbe plotter;
+    const HDC dc = GetDC(window.Handle());
+    EXPECT_EQ(plotter.SetDCPixelFormat(dc, true), 0);
+    return dc;
+}
+
+} // namespace
+
+TEST(AllocationFaults, AContextThatCannotBeKeptIsNotMade) {
+    WarmUp();
+    const TestWindow window(WindowKind::offscreen, 32, 32);
+    const HDC dc = WithFormat(window);
+    const Holdings before;
+    HGLRC context = nullptr;
+    for (long n = 1; !context; ++n) {
+        const Outcome outcome = Try(n, Mode::once, [&] {
+            context = wglCreateContext(dc);
+            return 0;
+        });
+        EXPECT_NE(outcome.hasThrown, context != nullptr);
+        if (!context) {
+            EXPECT_TRUE(AreEqual(Holdings(), before)) << n;
+        }
+    }
+    EXPECT_TRUE(wglDeleteContext(context));
+    EXPECT_TRUE(AreEqual(Holdings(), before));
 }

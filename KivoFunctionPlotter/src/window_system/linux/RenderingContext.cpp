@@ -94,14 +94,13 @@ bool Bind(HDC dc, HGLRC context) {
 
 } // namespace
 
-RenderingContext::RenderingContext(std::shared_ptr<EglDisplay> owner, EGLContext context)
-    : display(std::move(owner)), handle(context) {
+RenderingContext::RenderingContext(std::shared_ptr<EglDisplay> owner) : display(std::move(owner)) {
     Live<RenderingContext>().Add(this);
 }
 
 RenderingContext::~RenderingContext() {
     Live<RenderingContext>().Remove(this);
-    eglDestroyContext(display->Handle(), handle);
+    if (handle != EGL_NO_CONTEXT) eglDestroyContext(display->Handle(), handle);
 }
 
 bool UnbindThread() {
@@ -119,9 +118,10 @@ HGLRC wglCreateContext(HDC dc) {
         return nullptr;
     }
     const DesktopApiScope desktop;
-    const EGLContext context =
+    auto context = std::make_unique<RenderingContext>(window->Display());
+    context->handle =
         eglCreateContext(window->Display()->Handle(), window->Config(), EGL_NO_CONTEXT, nullptr);
-    if (context != EGL_NO_CONTEXT) return new RenderingContext(window->Display(), context);
+    if (context->handle != EGL_NO_CONTEXT) return context.release();
     Fail(ERROR_GEN_FAILURE,
          EglFailure("cannot make an OpenGL context") + "; install an OpenGL driver (libgl1-mesa-dri).");
     return nullptr;

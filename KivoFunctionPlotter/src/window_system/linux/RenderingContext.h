@@ -11,13 +11,14 @@ namespace KivoDrawingTools {
 
 /// A context; it keeps its display, so that it may outlive the window that it was made for.
 struct RenderingContext {
-    RenderingContext(std::shared_ptr<EglDisplay> owner, EGLContext context);
+    /// Without a handle yet.
+    explicit RenderingContext(std::shared_ptr<EglDisplay> owner);
     ~RenderingContext();
     RenderingContext(const RenderingContext&) = delete;
     RenderingContext& operator=(const RenderingContext&) = delete;
 
     const std::shared_ptr<EglDisplay> display;
-    const EGLContext handle;
+    EGLContext handle = EGL_NO_CONTEXT;            // destroyed with the object
     std::atomic<const void*> boundThread{nullptr}; // identifies the thread that has it current
 };
 
