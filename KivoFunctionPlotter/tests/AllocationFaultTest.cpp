@@ -102,3 +102,17 @@ TEST(AllocationFaults, AContextThatCannotBeKeptIsNotMade) {
     EXPECT_TRUE(wglDeleteContext(context));
     EXPECT_TRUE(AreEqual(Holdings(), before));
 }
+
+// Otherwise whatever is drawn next would go into the list.
+TEST(AllocationFaults, AGlyphThatFailsEndsItsDisplayList) {
+    RecordedPlot plot;
+    const auto build = [&] {
+        const CurrentContext context(plot.plotter);
+        return wglUseFontBitmapsA(plot.plotter.m_hDC, 0, 256, plot.plotter.m_fontListBase);
+    };
+    for (long n = 1; n < 20; ++n) {
+        EXPECT_TRUE(Try(n, Mode::once, build).hasThrown) << n;
+        EXPECT_TRUE(IsOpenGlInOrder(plot.plotter)) << n;
+    }
+    EXPECT_EQ(build(), 1);
+}

@@ -66,6 +66,31 @@ void CompileGlyph(const LOGFONTA& font, gunichar character) {
              static_cast<GLfloat>(line.Height() - line.Baseline()), advance, 0, bits.data());
 }
 
+/// A display list that is being made. It is ended whatever ends the scope: until then it takes all calls.
+class ListScope {
+public:
+    explicit ListScope(GLuint list) { glNewList(list, GL_COMPILE); }
+    ~ListScope() { glEndList(); }
+    ListScope(const ListScope&) = delete;
+    ListScope& operator=(const ListScope&) = delete;
+};
+
+/// How bitmaps lie in memory, for the life of the object: bits from the left, rows of whole bytes.
+class BitmapStorageScope {
+public:
+    BitmapStorageScope() {
+        glPushClientAttrib(GL_CLIENT_PIXEL_STORE_BIT);
+        glPixelStorei(GL_UNPACK_LSB_FIRST, GL_FALSE);
+        glPixelStorei(GL_UNPACK_ROW_LENGTH, 0);
+        glPixelStorei(GL_UNPACK_SKIP_ROWS, 0);
+        glPixelStorei(GL_UNPACK_SKIP_PIXELS, 0);
+        glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
+    }
+    ~BitmapStorageScope() { glPopClientAttrib(); }
+    BitmapStorageScope(const BitmapStorageScope&) = delete;
+    BitmapStorageScope& operator=(const BitmapStorageScope&) = delete;
+};
+
 } // namespace
 
 BOOL wglUseFontBitmapsA(HDC dc, DWORD first, DWORD count, DWORD listBase) {
@@ -77,18 +102,11 @@ BOOL wglUseFontBitmapsA(HDC dc, DWORD first, DWORD count, DWORD listBase) {
     if (!wglGetCurrentContext())
         return Fail(ERROR_INVALID_HANDLE,
                     "wglUseFontBitmaps: no context is current; make one current first.");
-    glPushClientAttrib(GL_CLIENT_PIXEL_STORE_BIT);
-    glPixelStorei(GL_UNPACK_LSB_FIRST, GL_FALSE);
-    glPixelStorei(GL_UNPACK_ROW_LENGTH, 0);
-    glPixelStorei(GL_UNPACK_SKIP_ROWS, 0);
-    glPixelStorei(GL_UNPACK_SKIP_PIXELS, 0);
-    glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
+    const BitmapStorageScope storage;
     for (DWORD i = 0; i < count; ++i) {
-        glNewList(listBase + i, GL_COMPILE);
+        const ListScope list(listBase + i);
         CompileGlyph(live->font->description, CharacterOf(first + i));
-        glEndList();
     }
-    glPopClientAttrib();
     return 1;
 }
 
