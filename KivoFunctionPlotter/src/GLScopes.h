@@ -9,12 +9,18 @@ namespace KivoDrawingTools {
 class ContextScope {
 public:
     ContextScope(HDC dc, HGLRC context) : m_dc(dc) { wglMakeCurrent(dc, context); }
-    ~ContextScope() { wglMakeCurrent(m_dc, nullptr); }
+    ~ContextScope() {
+        if (!m_isKept) wglMakeCurrent(m_dc, nullptr);
+    }
     ContextScope(const ContextScope&) = delete;
     ContextScope& operator=(const ContextScope&) = delete;
 
+    /// Leaves the context current at the end of the scope.
+    void Keep() { m_isKept = true; }
+
 private:
     HDC m_dc;
+    bool m_isKept = false;
 };
 
 /// Selects a matrix mode for the life of the object.

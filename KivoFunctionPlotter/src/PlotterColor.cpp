@@ -70,8 +70,9 @@ template <typename Change>
 void CKivoFunctionPlotter::ChangeFlatPlotGradient(CKivoGradientColor* gradient,
                                                   CKivoGradientColorRuler* ruler, Change change) {
     if (gradient) change(*gradient);
-    wglMakeCurrent(m_hDC, m_hGLRC);
+    ContextScope context(m_hDC, m_hGLRC);
     RebuildRuler(ruler, gradient);
+    context.Keep();
 }
 
 void CKivoFunctionPlotter::SetXGradientColor(float const* startRgba, float const* endRgba) {

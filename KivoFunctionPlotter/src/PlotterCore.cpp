@@ -49,6 +49,24 @@ void NegateColumn(double* matrix, int column) {
         matrix[i] = -matrix[i];
 }
 
+// A font selected into a device context; the one before is selected again at the end of the scope.
+class SelectedFont {
+public:
+    SelectedFont(HDC dc, const LOGFONTA& description)
+        : m_dc(dc), m_font(CreateFontIndirectA(&description)), m_previous(SelectObject(dc, m_font)) {}
+    ~SelectedFont() {
+        SelectObject(m_dc, m_previous);
+        DeleteObject(m_font);
+    }
+    SelectedFont(const SelectedFont&) = delete;
+    SelectedFont& operator=(const SelectedFont&) = delete;
+
+private:
+    HDC m_dc;
+    HFONT m_font;
+    HGDIOBJ m_previous;
+};
+
 // Where there is no memory for it, groups find their room when they are added.
 void ReserveGroups(std::vector<CKivoMeasurePointGroup*>& groups) {
     try {
@@ -237,14 +255,17 @@ int CKivoFunctionPlotter::Init(HWND hWnd, int fontSize, bool accelerated) {
     m_traceEnabled = false;
     m_hasTracePoint = 0;
 
-    wglMakeCurrent(m_hDC, m_hGLRC);
+    ContextScope context(m_hDC, m_hGLRC);
     std::copy(std::begin(m_defaultBackgroundColor), std::end(m_defaultBackgroundColor), m_backgroundColor);
     glClearColor(m_backgroundColor[0], m_backgroundColor[1], m_backgroundColor[2], m_backgroundColor[3]);
     glClearDepth(1.0);
     glEnable(GL_DEPTH_TEST);
     InitLighting();
     glShadeModel(GL_SMOOTH);
-    if (InitFont() != 0) return -1; // the context stays current
+    if (InitFont() != 0) {
+        context.Keep();
+        return -1;
+    }
 
     if (m_textRenderer) InitTextRenderer(m_textRenderer, m_hDC, fontSize);
     if (m_gridBox) m_gridBox->m_textMaker = m_textRenderer;
@@ -267,7 +288,6 @@ int CKivoFunctionPlotter::Init(HWND hWnd, int fontSize, bool accelerated) {
     default:
         break;
     }
-    wglMakeCurrent(m_hDC, nullptr);
     return 0;
 }
 
@@ -326,12 +346,8 @@ int CKivoFunctionPlotter::InitFont() {
     description.lfPitchAndFamily = FF_MODERN | DEFAULT_PITCH;
     std::strcpy(description.lfFaceName, "Arial");
 
-    const HFONT font = CreateFontIndirectA(&description);
-    const HGDIOBJ previous = SelectObject(m_hDC, font);
-    const BOOL built = wglUseFontBitmapsA(m_hDC, 0, glyphCount, m_fontListBase);
-    SelectObject(m_hDC, previous);
-    DeleteObject(font);
-    return built == 1 ? 0 : -1;
+    const SelectedFont font(m_hDC, description);
+    return wglUseFontBitmapsA(m_hDC, 0, glyphCount, m_fontListBase) == 1 ? 0 : -1;
 }
 
 int CKivoFunctionPlotter::InitLighting() {

@@ -116,3 +116,29 @@ TEST(AllocationFaults, AGlyphThatFailsEndsItsDisplayList) {
     }
     EXPECT_EQ(build(), 1);
 }
+
+TEST(AllocationFaults, ACreationThatFailsLeavesNoContextCurrentAndNoFontSelected) {
+    WarmUp();
+    for (long n = 1; n < 40; ++n) {
+        const Holdings before;
+        {
+            const TestWindow window(WindowKind::offscreen, 32, 32);
+            CallProbe plotter;
+            EXPECT_TRUE(Try(n, Mode::once, [&] { return plotter.OnCreate(window.Handle(), true); }).hasThrown)
+                << n;
+            EXPECT_EQ(wglGetCurrentContext(), nullptr) << n;
+        }
+        EXPECT_TRUE(AreEqual(Holdings(), before)) << n;
+    }
+}
+
+// The context stays current when the setter returns; an exception releases it.
+TEST(AllocationFaults, AGradientSetterThatThrowsReleasesTheContext) {
+    RecordedPlot plot;
+    const Outcome outcome = Try(1, Mode::once, [&] {
+        plot.plotter.SetXGradientColor(0x0000FFul, 0x00FF00ul);
+        return 0;
+    });
+    EXPECT_TRUE(outcome.hasThrown);
+    EXPECT_EQ(wglGetCurrentContext(), nullptr);
+}
