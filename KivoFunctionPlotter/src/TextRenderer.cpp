@@ -160,39 +160,67 @@ int PowerOfTwoNotBelow(int size) {
     return power;
 }
 
+// The size of an image's texture.
+struct PaddedSize {
+    explicit PaddedSize(const SKivoTexImage& image)
+        : width(PowerOfTwoNotBelow(image.width)), height(PowerOfTwoNotBelow(image.height)) {}
+    int width;
+    int height;
+};
+
+// Transparent texels for the larger of the padding's two parts.
+std::vector<unsigned char> ClearTexels(const SKivoTexImage& image, const PaddedSize& padded) {
+    const std::size_t beside = static_cast<std::size_t>(padded.width - image.width) * image.height;
+    const std::size_t above = static_cast<std::size_t>(padded.height - image.height) * padded.width;
+    return std::vector<unsigned char>(std::max(beside, above) * 4, 0);
+}
+
 // Makes the texels beside and above the image transparent: what a driver leaves there would show at the
 // image's borders, where texels are interpolated and repeat.
-void ClearPadding(const SKivoTexImage& image, int paddedWidth, int paddedHeight) {
-    const int beside = paddedWidth - image.width;
-    const int above = paddedHeight - image.height;
-    const std::size_t texels = std::max(static_cast<std::size_t>(beside) * image.height,
-                                        static_cast<std::size_t>(above) * paddedWidth);
-    const std::vector<unsigned char> clear(texels * 4, 0);
+void ClearPadding(const SKivoTexImage& image, const PaddedSize& padded, const unsigned char* clear) {
+    const int beside = padded.width - image.width;
+    const int above = padded.height - image.height;
     if (beside > 0)
         glTexSubImage2D(GL_TEXTURE_2D, 0, image.width, 0, beside, image.height, GL_RGBA, GL_UNSIGNED_BYTE,
-                        clear.data());
+                        clear);
     if (above > 0)
-        glTexSubImage2D(GL_TEXTURE_2D, 0, 0, image.height, paddedWidth, above, GL_RGBA, GL_UNSIGNED_BYTE,
-                        clear.data());
+        glTexSubImage2D(GL_TEXTURE_2D, 0, 0, image.height, padded.width, above, GL_RGBA, GL_UNSIGNED_BYTE,
+                        clear);
 }
 
 // The texture is padded to powers of two; sMax and tMax say how much of it is used.
 void UploadTexture(SKivoTexImage& image) {
-    const int paddedWidth = PowerOfTwoNotBelow(image.width);
-    const int paddedHeight = PowerOfTwoNotBelow(image.height);
-    image.sMax = static_cast<float>(image.width) / static_cast<float>(paddedWidth);
-    image.tMax = static_cast<float>(image.height) / static_cast<float>(paddedHeight);
+    const PaddedSize padded(image);
+    const std::vector<unsigned char> clear = ClearTexels(image, padded); // before OpenGL's state changes
+    image.sMax = static_cast<float>(image.width) / static_cast<float>(padded.width);
+    image.tMax = static_cast<float>(image.height) / static_cast<float>(padded.height);
     glBindTexture(GL_TEXTURE_2D, image.texture);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_REPEAT);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_REPEAT);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
-    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA8, paddedWidth, paddedHeight, 0, GL_RGBA, GL_UNSIGNED_BYTE,
+    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA8, padded.width, padded.height, 0, GL_RGBA, GL_UNSIGNED_BYTE,
                  nullptr);
     glTexSubImage2D(GL_TEXTURE_2D, 0, 0, 0, image.width, image.height, GL_RGBA, GL_UNSIGNED_BYTE,
                     image.pixels);
-    ClearPadding(image, paddedWidth, paddedHeight);
+    ClearPadding(image, padded, clear.data());
     glBindTexture(GL_TEXTURE_2D, 0);
+}
+
+// Measures and draws the text into an image that has a texture name and no pixels.
+int DrawTextImage(STextRenderer& renderer, const char* text, SKivoTexImage& image) {
+    const std::size_t length = std::strlen(text);
+    SIZE line = {};
+    GetTextExtentPoint32A(renderer.m_memoryDC, text, static_cast<int>(length), &line);
+    const bool isTwoLines = line.cx > widestLine;
+    image.width = isTwoLines ? widestLine : std::max(line.cx, line.cy);
+    image.height = isTwoLines ? 2 * line.cy : line.cy;
+    MeasureWords(renderer, text, length);
+
+    image.pixels = DrawPixels(renderer, text, length, isTwoLines, line, image.width, image.height);
+    if (!image.pixels) return -1;
+    UploadTexture(image);
+    return 0;
 }
 
 } // namespace
@@ -239,19 +267,12 @@ int CreateTextImage(STextRenderer* renderer, const char* text, SKivoTexImage* im
     if (image->texture == 0) glGenTextures(1, &image->texture);
     delete[] image->pixels;
     image->pixels = nullptr;
-
-    const std::size_t length = std::strlen(text);
-    SIZE line = {};
-    GetTextExtentPoint32A(renderer->m_memoryDC, text, static_cast<int>(length), &line);
-    const bool isTwoLines = line.cx > widestLine;
-    image->width = isTwoLines ? widestLine : std::max(line.cx, line.cy);
-    image->height = isTwoLines ? 2 * line.cy : line.cy;
-    MeasureWords(*renderer, text, length);
-
-    image->pixels = DrawPixels(*renderer, text, length, isTwoLines, line, image->width, image->height);
-    if (!image->pixels) return -1;
-    UploadTexture(*image);
-    return 0;
+    try {
+        return DrawTextImage(*renderer, text, *image);
+    } catch (...) {
+        ReleaseTextImage(image); // neither a name without texture nor pixels that are not in it
+        throw;
+    }
 }
 
 std::string FormatNumber(float value, unsigned int precision) {

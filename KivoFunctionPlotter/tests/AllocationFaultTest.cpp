@@ -142,3 +142,23 @@ TEST(AllocationFaults, AGradientSetterThatThrowsReleasesTheContext) {
     EXPECT_TRUE(outcome.hasThrown);
     EXPECT_EQ(wglGetCurrentContext(), nullptr);
 }
+
+// Neither a texture without a picture, which would show as a white box, nor a texture that nobody deletes.
+TEST(AllocationFaults, ATextImageThatFailsIsEmpty) {
+    RecordedPlot plot;
+    const CurrentContext context(plot.plotter);
+    const Holdings before;
+    SKivoTexImage image;
+    bool hasFailed = true;
+    for (long n = 1; hasFailed; ++n) {
+        const Outcome outcome = Try(
+            n, Mode::once, [&] { return CreateTextImage(plot.plotter.m_textRenderer, "A text", &image); });
+        hasFailed = outcome.hasFailed;
+        // The layer's bitmap reports the lack of memory by itself; then only the name is kept, for the next
+        // time.
+        EXPECT_EQ(image.pixels != nullptr, !hasFailed) << n;
+        EXPECT_EQ(image.texture != 0, !outcome.hasThrown) << n;
+        ReleaseTextImage(&image);
+        EXPECT_EQ(Holdings().resources, before.resources) << n;
+    }
+}
