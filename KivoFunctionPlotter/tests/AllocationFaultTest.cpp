@@ -1,5 +1,6 @@
 // Every allocation made to fail in turn: std::bad_alloc or the documented result, nothing lost, and a plotter
 // that goes on working.
+#include "KivoGradientColor.h"
 #include "KivoGridBox.h"
 #include "support/Holdings.h"
 #include "support/PublicOperations.h"
@@ -135,6 +136,7 @@ TEST(AllocationFaults, ACreationThatFailsLeavesNoContextCurrentAndNoFontSelected
 // The context stays current when the setter returns; an exception releases it.
 TEST(AllocationFaults, AGradientSetterThatThrowsReleasesTheContext) {
     RecordedPlot plot;
+    plot.plotter.m_xGradientColor->SetRange(0.0f, 7.0f); // so that the legend needs other labels
     const Outcome outcome = Try(1, Mode::once, [&] {
         plot.plotter.SetXGradientColor(0x0000FFul, 0x00FF00ul);
         return 0;
