@@ -26,6 +26,7 @@
 #include <QProgressDialog>
 #include <QSpinBox>
 #include <QStatusBar>
+#include <QTimer>
 
 #include <algorithm>
 #include <cmath>
@@ -142,9 +143,12 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
     if (!LocalFileIn(*event->mimeData()).isEmpty()) event->acceptProposedAction();
 }
 
+// The file is read afterwards: whoever it comes from waits for the end of this.
 void MainWindow::dropEvent(QDropEvent* event) {
+    const QString path = LocalFileIn(*event->mimeData());
+    if (path.isEmpty()) return;
     event->acceptProposedAction();
-    OpenPath(LocalFileIn(*event->mimeData()));
+    QTimer::singleShot(0, this, [this, path] { OpenPath(path); });
 }
 
 void MainWindow::AddPointFiles(PointSet::Kind kind) {

@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <regex>
 #include <set>
 #include <string>
 #include <vector>
@@ -18,6 +19,7 @@
 using namespace KivoTest;
 using KivoDrawingTools::Compare;
 using KivoDrawingTools::Image;
+using testing::ContainsRegex;
 using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
@@ -232,6 +234,18 @@ TEST_F(ViewerCommandTest, AnswersHelpAndVersion) {
     EXPECT_EQ(version.exitCode, 0);
     EXPECT_THAT(version.output, StartsWith("kivo-viewer "));
     EXPECT_EQ(version.errors, "");
+}
+
+// Each option that the guide names is one that the help lists.
+TEST_F(ViewerCommandTest, HasTheOptionsOfTheGuide) {
+    std::ifstream file(KIVO_VIEWER_GUIDE);
+    const std::string guide{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    const std::string help = Run({"--help"}).output;
+    const std::regex option("--[a-z][a-z-]*");
+    int count = 0;
+    for (std::sregex_iterator it(guide.begin(), guide.end(), option), end; it != end; ++it, ++count)
+        EXPECT_THAT(help, ContainsRegex(it->str() + "[ ,\n]")) << it->str();
+    EXPECT_GT(count, 30);
 }
 
 TEST_F(ViewerCommandTest, SaysWhatToDoWithoutADisplay) {

@@ -5,7 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <chrono>
+#include <cstdint>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
@@ -38,6 +41,55 @@ protected:
         return Path(name);
     }
 
+    // ---- Dragging a file, as file managers do it by the XDND protocol
+
+    void SendDragMessage(const char* type, const std::array<std::uint32_t, 5>& data) {
+        xcb_client_message_event_t event = {};
+        event.response_type = XCB_CLIENT_MESSAGE;
+        event.format = 32;
+        event.window = m_window;
+        event.type = Atom(type);
+        std::copy(data.begin(), data.end(), event.data.data32);
+        event.data.data32[0] = static_cast<std::uint32_t>(m_input->Id());
+        xcb_send_event(Connection(), 0, m_window, XCB_EVENT_MASK_NO_EVENT,
+                       reinterpret_cast<const char*>(&event));
+        xcb_flush(Connection());
+    }
+
+    // Answers the viewer's question for the dragged files.
+    void HandOver(const std::string& list) {
+        xcb_generic_event_t event = {};
+        ASSERT_TRUE(m_input->WaitForEvent(XCB_SELECTION_REQUEST, event)) << "nobody asks for the file";
+        xcb_selection_request_event_t request = {};
+        std::memcpy(&request, &event, sizeof request);
+        EXPECT_EQ(request.target, Atom("text/uri-list"));
+        xcb_change_property(Connection(), XCB_PROP_MODE_REPLACE, request.requestor, request.property,
+                            request.target, 8, static_cast<std::uint32_t>(list.size()), list.data());
+        xcb_selection_notify_event_t answer = {};
+        answer.response_type = XCB_SELECTION_NOTIFY;
+        answer.requestor = request.requestor;
+        answer.selection = request.selection;
+        answer.target = request.target;
+        answer.property = request.property;
+        answer.time = request.time;
+        xcb_send_event(Connection(), 0, request.requestor, XCB_EVENT_MASK_NO_EVENT,
+                       reinterpret_cast<const char*>(&answer));
+        xcb_flush(Connection());
+    }
+
+    void DropFile(const std::string& path) {
+        const std::uint32_t version = 5U << 24;
+        const auto position = static_cast<std::uint32_t>((m_plotArea.x + 400) << 16 | (m_plotArea.y + 300));
+        xcb_set_selection_owner(Connection(), static_cast<xcb_window_t>(m_input->Id()), Atom("XdndSelection"),
+                                XCB_CURRENT_TIME);
+        SendDragMessage("XdndEnter", {0, version, Atom("text/uri-list"), 0, 0});
+        SendDragMessage("XdndPosition", {0, 0, position, XCB_CURRENT_TIME, Atom("XdndActionCopy")});
+        HandOver("file://" + path + "\r\n"); // to see what is dragged
+        Pause();
+        SendDragMessage("XdndDrop", {0, 0, XCB_CURRENT_TIME, 0, 0});
+        HandOver("file://" + path + "\r\n"); // to take it
+    }
+
     // What the clipboard holds as PNG.
     std::string ClipboardPng() {
         const xcb_atom_t property = Atom("KIVO_TEST");
@@ -59,6 +111,12 @@ TEST_F(ViewerWindowFilesTest, OpensAFileByDialog) {
     const Image opened = After("open", [&] { OpenByDialog(path); });
     Start({path, "--size", "800x600"});
     EXPECT_EQ(Compare(opened, m_start).max, 0);
+}
+
+TEST_F(ViewerWindowFilesTest, OpensAFileThatIsDropped) {
+    const Image dropped = After("drop", [this] { DropFile(hill); });
+    Start({hill, "--size", "800x600"});
+    EXPECT_EQ(Compare(dropped, m_start).max, 0);
 }
 
 TEST_F(ViewerWindowFilesTest, SaysWhatIsWrongWithAFile) {
