@@ -120,7 +120,7 @@ void Describe(CLI::App& app, Options& options, Words& words) {
         ->type_name("MODE")
         ->check(CLI::Range(0, 3).description(""));
     app.add_option("--points", options.pointFiles,
-                   "Measure points, x y z in each line; a group for each file, named by it")
+                   "Measure points, x y z in each line; may be repeated, a group for each file, named by it")
         ->type_name("FILE")
         ->allow_extra_args(false);
     app.add_option("--curve", options.curveFiles, "Points of a curve, x y z in each line; may be repeated")

@@ -27,7 +27,7 @@ struct Ramp {
     float endHue, endSaturation, endValue;
 };
 
-constexpr std::size_t runLength = 64; // values; short, so that memory is written while the next are computed
+constexpr std::size_t runLength = 128; // values; short, so that memory is written while the next are computed
 struct HsvRun {
     float degrees[runLength], saturation[runLength], value[runLength];
     int isBeyond; // whether a hue is not within a turn, or no number

@@ -273,7 +273,7 @@ inline void SeePoints(const SightView<float>& view, const float* points, Stride 
 KIVO_VECTOR_CLONES void MarkCells(const SightView<float>& view, const float* points, std::size_t stride,
                                   std::size_t count, const SeenRow& lower, SeenRow& upper,
                                   unsigned char* marks) {
-    constexpr std::size_t piece = 128;
+    constexpr std::size_t piece = 256;
     int passedOver[piece];
     for (std::size_t begin = 0; begin < count; begin += piece) {
         const std::size_t end = std::min(count, begin + piece);
