@@ -26,16 +26,17 @@ for preset in release asan; do
 done
 run_tests viewer-command env -u DISPLAY -u WAYLAND_DISPLAY build-asan/tests/kivo-viewer-tests --gtest_filter='-*Window*'
 run_tests viewer-window scripts/with-display.sh build-release/tests/kivo-viewer-tests --gtest_filter='*Window*'
+run_tests hosts scripts/with-display.sh env KIVO_WIN32_HOST="$root/build-mingw/examples/win32_host.exe" \
+    build-release/tests/kivo-host-tests
 run_tests windows scripts/with-display.sh scripts/with-wine.sh build-mingw/tests/kivo-tests.exe
 
 # What cannot be said in one program.
 check "pictures of X11, off-screen and Windows agree" scripts/with-display.sh scripts/compare-platforms.sh
-check "Windows host" scripts/with-display.sh scripts/with-wine.sh build-mingw/examples/win32_host.exe --frames 3
-check "X11 host" scripts/with-display.sh build-release/examples/x11_host --frames 3
 check "off-screen picture" env -u DISPLAY build-release/examples/offscreen_picture "$KIVO_TEST_OUTPUT/offscreen.png"
 check "installed package, shared" scripts/test-package.sh shared
 check "installed package, static" scripts/test-package.sh static
 check "README host" scripts/test-readme-host.sh
+check "snippets of the embedding guide" scripts/embedding-guide.sh --check
 check "exported symbols" scripts/test-exports.sh
 check "list of members" scripts/test-members.sh
 check "formatting" scripts/check-format.sh

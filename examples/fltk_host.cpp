@@ -61,7 +61,6 @@ public:
     }
     // [docs: end]
 
-    // [docs: forward]
     // The window that took the press gets the drag, wherever the pointer goes.
     int handle(int event) override {
         const POINT client = {Fl::event_x(), Fl::event_y()};
@@ -95,7 +94,6 @@ public:
         return KeyState(Fl::event_button1() != 0, Fl::event_button2() != 0, Fl::event_button3() != 0,
                         Fl::event_shift() != 0, Fl::event_ctrl() != 0);
     }
-    // [docs: end]
 
     void OnKey(int key) {
         if (key == 'h' && visible()) {

@@ -27,7 +27,6 @@ Plot& PlotOf(GLFWwindow* window) {
     return *static_cast<Plot*>(glfwGetWindowUserPointer(window));
 }
 
-// [docs: forward]
 bool IsDown(GLFWwindow* window, int button) {
     return glfwGetMouseButton(window, button) == GLFW_PRESS;
 }
@@ -84,7 +83,6 @@ void OnScroll(GLFWwindow* window, double, double offset) {
     const POINT screen = {left + client.x, top + client.y};
     if (offset != 0) PlotOf(window).plotter.OnMouseWheel(State(window), offset > 0 ? 120 : -120, screen);
 }
-// [docs: end]
 
 void OnKey(GLFWwindow* window, int key, int, int action, int) {
     // A key's constant is the ASCII code of its character.

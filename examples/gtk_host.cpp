@@ -59,7 +59,6 @@ gboolean OnDraw(GtkWidget* area, cairo_t*, Plot* plot) {
 
 // [docs: end]
 
-// [docs: forward]
 // The buttons and keys as they were before the event.
 unsigned int State(guint state) {
     return KeyState(state & GDK_BUTTON1_MASK, state & GDK_BUTTON2_MASK, state & GDK_BUTTON3_MASK,
@@ -92,7 +91,6 @@ gboolean OnScroll(GtkWidget* area, GdkEventScroll* event, Plot* plot) {
     if (event->direction == GDK_SCROLL_DOWN) plot->plotter.OnMouseWheel(State(event->state), -120, screen);
     return TRUE;
 }
-// [docs: end]
 
 GtkWidget* MakeArea(Plot& plot) {
     GtkWidget* const area = gtk_drawing_area_new();

@@ -53,7 +53,6 @@ gboolean OnDraw(GtkWidget* area, cairo_t* cairo, Plot* plot) {
 }
 // [docs: end]
 
-// [docs: forward]
 void OnSizeAllocate(GtkWidget* area, GdkRectangle* allocation, Plot* plot) {
     const POINT size = ToPixels(allocation->width, allocation->height, gtk_widget_get_scale_factor(area));
     if (size.x == plot->size.x && size.y == plot->size.y) return;
@@ -96,7 +95,6 @@ gboolean OnScroll(GtkWidget* area, GdkEventScroll* event, Plot* plot) {
     gtk_widget_queue_draw(area);
     return TRUE;
 }
-// [docs: end]
 
 GtkWidget* MakeArea(Plot& plot) {
     GtkWidget* const area = gtk_drawing_area_new();

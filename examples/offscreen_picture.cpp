@@ -35,6 +35,7 @@ int main(int argc, char** argv) {
     const int width = argc == 4 ? std::atoi(argv[2]) : 900;
     const int height = argc == 4 ? std::atoi(argv[3]) : 600;
 
+    // [docs: attach]
     std::vector<float> points = HillPoints();
     CKivoFunctionPlotter plotter;
     const HWND window = CreateOffscreenWindow(width, height);
@@ -50,6 +51,7 @@ int main(int argc, char** argv) {
     const bool isDrawn = CapturePicture(plotter, rgba, drawnWidth, drawnHeight) == 0;
     plotter.OnDestroy();
     ReleaseWindow(window);
+    // [docs: end]
     if (!isDrawn || !WritePng(argv[1], rgba, drawnWidth, drawnHeight)) {
         std::fprintf(stderr, "offscreen_picture: %s was not written\n", argv[1]);
         return 1;

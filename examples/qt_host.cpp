@@ -72,7 +72,6 @@ protected:
     }
     // [docs: end]
 
-    // [docs: forward]
     // Qt grabs the pointer for the widget while a button is down.
     void mousePressEvent(QMouseEvent* event) override {
         if (event->button() == Qt::LeftButton) m_plotter.OnLButtonDown(State(*event), Client(*event));
@@ -92,7 +91,6 @@ protected:
         for (int i = 0; i < std::abs(steps); ++i)
             m_plotter.OnMouseWheel(State(*event), steps > 0 ? 120 : -120, Screen(event->globalPosition()));
     }
-    // [docs: end]
 
 private:
     static unsigned int State(const QSinglePointEvent& event) {

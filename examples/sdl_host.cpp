@@ -28,7 +28,6 @@ HWND Attach(SDL_Window* window) {
 }
 // [docs: end]
 
-// [docs: forward]
 unsigned int State() {
     const Uint32 buttons = SDL_GetMouseState(nullptr, nullptr);
     const SDL_Keymod keys = SDL_GetModState();
@@ -88,7 +87,6 @@ bool OnEvent(CKivoFunctionPlotter& plotter, SDL_Window* window, const SDL_Event&
     if (event.type == SDL_KEYDOWN && ChoosePlot(plotter, event.key.keysym.sym)) plotter.OnDraw();
     return event.type != SDL_QUIT;
 }
-// [docs: end]
 
 } // namespace
 

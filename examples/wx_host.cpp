@@ -29,12 +29,14 @@ public:
         Bind(wxEVT_SIZE, [this](wxSizeEvent&) { Refresh(); });
         Bind(wxEVT_MOUSE_CAPTURE_LOST, [](wxMouseCaptureLostEvent&) {});
         Bind(wxEVT_MOUSEWHEEL, &PlotWindow::OnWheel, this);
-        Bind(wxEVT_MOTION, &PlotWindow::OnMotion, this);
         for (const auto& type : {wxEVT_LEFT_DOWN, wxEVT_LEFT_DCLICK, wxEVT_LEFT_UP, wxEVT_RIGHT_DOWN,
-                                 wxEVT_RIGHT_DCLICK, wxEVT_RIGHT_UP})
-            Bind(type, &PlotWindow::OnButton, this);
+                                 wxEVT_RIGHT_DCLICK, wxEVT_RIGHT_UP, wxEVT_MOTION})
+            Bind(type, &PlotWindow::OnMouse, this);
     }
-    ~PlotWindow() override { Detach(); }
+    ~PlotWindow() override {
+        if (HasCapture()) ReleaseMouse();
+        Detach();
+    }
 
     bool AcceptsFocus() const override { return false; } // the keys go to the panel, which is never hidden
     void OnKey(int key) {
@@ -79,25 +81,22 @@ private:
         return ToPixels(position.x, position.y, GetContentScaleFactor());
     }
 
-    // [docs: forward]
     static unsigned int State(const wxMouseState& mouse) {
         return KeyState(mouse.LeftIsDown(), mouse.MiddleIsDown(), mouse.RightIsDown(), mouse.ShiftDown(),
                         mouse.ControlDown());
     }
 
-    void OnButton(wxMouseEvent& event) {
+    void OnMouse(wxMouseEvent& event) {
+        const POINT client = Pixels(event.GetPosition());
         const bool isPress = event.ButtonDown() || event.ButtonDClick();
         if (isPress && !HasCapture()) CaptureMouse();
-        if (!isPress && HasCapture()) ReleaseMouse();
-        const POINT client = Pixels(event.GetPosition());
-        const bool isLeft = event.GetButton() == wxMOUSE_BTN_LEFT;
-        if (isLeft && isPress) m_plotter.OnLButtonDown(State(event) | MK_LBUTTON, client);
-        if (isLeft && !isPress) m_plotter.OnLButtonUp(State(event) & ~MK_LBUTTON, client);
-        if (!isLeft && isPress) m_plotter.OnRButtonDown(State(event) | MK_RBUTTON, client);
-        if (!isLeft && !isPress) m_plotter.OnRButtonUp(State(event) & ~MK_RBUTTON, client);
+        if (event.ButtonUp() && HasCapture()) ReleaseMouse();
+        if (event.Moving() || event.Dragging()) m_plotter.OnMouseMove(State(event), client);
+        if (isPress && event.GetButton() == wxMOUSE_BTN_LEFT) m_plotter.OnLButtonDown(State(event), client);
+        if (isPress && event.GetButton() == wxMOUSE_BTN_RIGHT) m_plotter.OnRButtonDown(State(event), client);
+        if (event.LeftUp()) m_plotter.OnLButtonUp(State(event), client);
+        if (event.RightUp()) m_plotter.OnRButtonUp(State(event), client);
     }
-
-    void OnMotion(wxMouseEvent& event) { m_plotter.OnMouseMove(State(event), Pixels(event.GetPosition())); }
 
     // Wheels and touchpads of a high resolution turn a step in many small events.
     void OnWheel(wxMouseEvent& event) {
@@ -108,7 +107,6 @@ private:
         for (int i = 0; i < std::abs(steps); ++i)
             m_plotter.OnMouseWheel(State(event), steps > 0 ? 120 : -120, screen);
     }
-    // [docs: end]
 
     unsigned long m_id = 0;
     HWND m_window = nullptr;

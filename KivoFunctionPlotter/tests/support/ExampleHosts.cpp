@@ -1,40 +1,46 @@
 #include "ExampleHosts.h"
 
-#include <algorithm>
+#include <cstdlib>
 #include <filesystem>
-#include <iterator>
 
 namespace KivoTest {
 
 using namespace KivoDrawingTools;
 
-const std::vector<ExampleHost>& ExampleHosts() {
-    static const std::vector<ExampleHost> hosts = {
+std::vector<ExampleHost> HostsOnX11() {
+    return {
         {"x11_host"},
         {"qt_host", true, false, {{"QT_SCALE_FACTOR", "2"}}},
         {"gtk_host", true, false, {{"GDK_SCALE", "2"}}},
-        {"gtk_image_host", false, false, {{"GDK_SCALE", "2"}}, 192},
         {"wx_host", true, false, {{"GDK_SCALE", "2"}}},
         {"glfw_host"},
         {"sdl_host"},
         {"fltk_host", true, true},
     };
+}
+
+std::vector<ExampleHost> AllHosts() {
+    std::vector<ExampleHost> hosts = HostsOnX11();
+    hosts.push_back({"gtk_image_host", false, false, {{"GDK_SCALE", "2"}}, 192});
+    hosts.push_back({"win32_host", false, false, {}, 96, 1.0}); // its text is drawn by Wine
     return hosts;
 }
 
-std::vector<ExampleHost> HostsOnX11() {
-    std::vector<ExampleHost> hosts;
-    std::copy_if(ExampleHosts().begin(), ExampleHosts().end(), std::back_inserter(hosts),
-                 [](const ExampleHost& host) { return host.name != "gtk_image_host"; });
-    return hosts;
+std::vector<std::string> CommandOf(const ExampleHost& host) {
+    std::vector<std::string> command{std::string(KIVO_EXAMPLES) + "/" + host.name};
+    if (host.name == "win32_host") {
+        const char* const program = std::getenv("KIVO_WIN32_HOST");
+        command = {KIVO_WITH_WINE, program ? program : ""};
+    }
+    if (!std::filesystem::exists(command.back())) command.clear();
+    return command;
 }
 
-std::string PathOf(const ExampleHost& host) {
-    return std::string(KIVO_EXAMPLES) + "/" + host.name;
-}
-
-bool IsBuilt(const ExampleHost& host) {
-    return std::filesystem::exists(PathOf(host));
+std::unique_ptr<ChildProcess> StartHost(const ExampleHost& host, const Environment& environment) {
+    std::vector<std::string> words = CommandOf(host);
+    const std::string program = words.front();
+    words.erase(words.begin());
+    return std::make_unique<ChildProcess>(program, words, environment);
 }
 
 ExpectedPlot::ExpectedPlot(int dpi) : m_window(CreateOffscreenWindow(plotWidth, plotHeight, dpi)) {

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -22,14 +24,23 @@ struct ExampleHost {
     bool hidingEndsPlot = false; ///< and makes it anew afterwards
     Environment twofold = {};    ///< makes it count in units of two pixels
     int twofoldDpi = 96;         ///< dots per inch that it then sizes text for
+    double meanLimit = 0.0;      ///< of the differences from the expected picture, of 255
 };
 
-/// All hosts of this platform's own toolkits.
-const std::vector<ExampleHost>& ExampleHosts();
-/// Those that the plotter gives an X11 window.
+/// How GoogleTest names it.
+inline void PrintTo(const ExampleHost& host, std::ostream* out) {
+    *out << host.name;
+}
+
+/// The hosts of toolkits that use X11 windows.
 std::vector<ExampleHost> HostsOnX11();
-std::string PathOf(const ExampleHost& host);
-bool IsBuilt(const ExampleHost& host);
+/// Those, the one that paints the plotter's picture itself, and the Windows one under Wine.
+std::vector<ExampleHost> AllHosts();
+/// Program and arguments; empty where it is not built. The Windows host is the file that KIVO_WIN32_HOST
+/// names.
+std::vector<std::string> CommandOf(const ExampleHost& host);
+/// Starts it.
+std::unique_ptr<ChildProcess> StartHost(const ExampleHost& host, const Environment& environment);
 
 /// The plot that all hosts should show, drawn off-screen by the library alone.
 class ExpectedPlot {

@@ -1,0 +1,41 @@
+// What hosts translate for the plotter.
+#include "KivoHost.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+using namespace KivoDrawingTools;
+
+namespace {
+
+TEST(HostTest, KeyStateHasABitForEachButtonAndKey) {
+    EXPECT_EQ(KeyState(false, false, false, false, false), 0U);
+    EXPECT_EQ(KeyState(true, false, false, false, false), 0x01U);
+    EXPECT_EQ(KeyState(false, false, true, false, false), 0x02U);
+    EXPECT_EQ(KeyState(false, false, false, true, false), 0x04U);
+    EXPECT_EQ(KeyState(false, false, false, false, true), 0x08U);
+    EXPECT_EQ(KeyState(false, true, false, false, false), 0x10U);
+    EXPECT_EQ(KeyState(true, true, true, true, true), 0x1FU);
+}
+
+TEST(HostTest, PixelsAreTheNearest) {
+    EXPECT_EQ(ToPixels(7, 1.0), 7);
+    EXPECT_EQ(ToPixels(3.5, 2.0), 7);
+    EXPECT_EQ(ToPixels(-3.5, 2.0), -7);
+    // Of a scale that is no binary fraction each pixel comes back as itself.
+    for (int pixel = -2000; pixel <= 2000; ++pixel)
+        EXPECT_EQ(ToPixels(pixel / 1.15, 1.15), pixel);
+    const POINT point = ToPixels(10.5, -4.0, 2.0);
+    EXPECT_EQ(point.x, 21);
+    EXPECT_EQ(point.y, -8);
+}
+
+TEST(HostTest, PixelsStayWithinTheirRange) {
+    EXPECT_EQ(ToPixels(1e300, 2.0), 1000000000);
+    EXPECT_EQ(ToPixels(-std::numeric_limits<double>::infinity(), 1.0), -1000000000);
+    EXPECT_EQ(ToPixels(std::numeric_limits<double>::quiet_NaN(), 1.0), 0);
+    EXPECT_EQ(ToPixels(std::numeric_limits<double>::infinity(), 0.0), 0);
+}
+
+} // namespace
