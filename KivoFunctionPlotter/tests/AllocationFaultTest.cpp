@@ -3,6 +3,7 @@
 #include "KivoGradientColor.h"
 #include "KivoGridBox.h"
 #include "support/Holdings.h"
+#include "support/Image.h"
 #include "support/PublicOperations.h"
 #include "TextRenderer.h"
 
@@ -35,6 +36,19 @@ Outcome Try(long n, Mode mode, const std::function<int()>& call) {
     fault.Stop();
     outcome.hasFailed = fault.HasFailed();
     return outcome;
+}
+
+// The allocation to fail after the n-th. Labels and glyphs are made alike, so that after the first ones some
+// do.
+long Next(long n, Mode mode) {
+    if (mode == Mode::once) return n < 30 ? n + 1 : n + 11;
+    return n < 10 ? n + 1 : n + 31;
+}
+
+// Whether to draw a frame after the n-th allocation has failed: among the first ones all kinds of state are
+// seen.
+bool IsToBeDrawn(long n) {
+    return n < 12;
 }
 
 std::string Words(const std::string& what, long n, Mode mode) {
@@ -162,5 +176,99 @@ TEST(AllocationFaults, ATextImageThatFailsIsEmpty) {
         EXPECT_EQ(image.texture != 0, !outcome.hasThrown) << n;
         ReleaseTextImage(&image);
         EXPECT_EQ(Holdings().resources, before.resources) << n;
+    }
+}
+
+TEST(AllocationFaults, InOnCreateThrowAndLoseNothing) {
+    WarmUp();
+    for (const Mode mode : {Mode::once, Mode::onwards}) {
+        bool hasFailed = true;
+        for (long n = 1; hasFailed; n = Next(n, mode)) {
+            SCOPED_TRACE(Words("OnCreate", n, mode));
+            const Holdings before;
+            {
+                const TestWindow window(WindowKind::offscreen, 120, 90);
+                CallProbe plotter;
+                const auto create = [&] { return plotter.OnCreate(window.Handle(), 120, 90, true); };
+                const Outcome outcome = Try(n, mode, create);
+                hasFailed = outcome.hasFailed;
+                EXPECT_EQ(wglGetCurrentContext(), nullptr);
+                EXPECT_TRUE(!plotter.m_hGLRC || IsOpenGlInOrder(plotter));
+
+                // It can be used, and created again in the same window.
+                plotter.SetData(NewHill(6, 5), 6, 5, 1, 6, 3);
+                EXPECT_EQ(create(), 0);
+                plotter.SetData(NewHill(6, 5), 6, 5, 1, 6, 3);
+                if (IsToBeDrawn(n)) {
+                    EXPECT_EQ(plotter.Renderscene(), 0);
+                }
+                EXPECT_TRUE(IsOpenGlInOrder(plotter));
+            }
+            EXPECT_TRUE(AreEqual(Holdings(), before));
+        }
+    }
+}
+
+namespace {
+
+// Members that add something each time they are called, and so hold more afterwards.
+bool Adds(const std::string& member) {
+    return member == "AddCurveData" || member == "AddMeasurePoints" || member == "AddReferenceMeasurePoints";
+}
+
+// Members that change the picture each time they are called.
+bool ChangesThePicture(const std::string& member) {
+    for (const char* const part : {"SetInverse", "OnMouse", "Rotate", "Translate", "Add"})
+        if (member.rfind(part, 0) == 0) return true;
+    return false;
+}
+
+} // namespace
+
+// After the failure the same member does its work as if nothing had happened, and holds no more than it would
+// else.
+TEST(AllocationFaults, InAnyMemberThrowAndLoseNothing) {
+    WarmUp();
+    for (const PublicOperation& member : PublicOperations()) {
+        if (member.context == ContextUse::callers) continue;
+        for (const Mode mode : {Mode::once, Mode::onwards}) {
+            const Holdings before;
+            {
+                RecordedPlot plot;
+                plot.Fill();
+                CallProbe& plotter = plot.plotter;
+                for (int i = 0; i < 2; ++i) { // data set after a frame place the lights by its matrix
+                    member.run(plotter);
+                    plotter.OnDraw();
+                }
+                const Image picture = CaptureImage(plotter);
+                const Holdings working;
+                bool hasFailed = true;
+                for (long n = 1; hasFailed; n = Next(n, mode)) {
+                    SCOPED_TRACE(Words(member.name, n, mode));
+                    const Outcome outcome = Try(n, mode, [&] { return member.run(plotter); });
+                    hasFailed = outcome.hasFailed;
+                    if (!outcome.hasThrown) {
+                        EXPECT_EQ(outcome.result, 0);
+                    }
+                    if (outcome.hasThrown || member.context != ContextUse::staysCurrent) {
+                        EXPECT_EQ(wglGetCurrentContext(), nullptr);
+                    }
+                    plotter.EndGLOperation();
+                    EXPECT_TRUE(IsOpenGlInOrder(plotter));
+                    if (IsToBeDrawn(n)) plotter.OnDraw();
+                    EXPECT_EQ(member.run(plotter), 0);
+                    plotter.EndGLOperation();
+                    if (!Adds(member.name)) {
+                        EXPECT_EQ(Holdings().resources, working.resources);
+                    }
+                }
+                EXPECT_EQ(plotter.Renderscene(), 0);
+                if (!ChangesThePicture(member.name)) {
+                    EXPECT_TRUE(CaptureImage(plotter).rgba == picture.rgba) << member.name;
+                }
+            }
+            EXPECT_TRUE(AreEqual(Holdings(), before)) << member.name;
+        }
     }
 }

@@ -113,7 +113,10 @@ const std::vector<PublicOperation> operations = {
     Member("SetFrameLineStep", ContextUse::none, [](CallProbe& p) { p.SetFrameLineStep(1, 1); }),
     Member("SetFrameLineColor", ContextUse::none, [](CallProbe& p) { p.SetFrameLineColor(0ul); }),
     Member("SetIsoContourCount", ContextUse::bracketed,
-           [](CallProbe& p) { return p.SetIsoContourCount(p.m_isoContourCount == 20 ? 10 : 20); }),
+           [](CallProbe& p) {
+               p.SetIsoContourCount(10);
+               return p.SetIsoContourCount(20);
+           }),
     // Colour
     Member("SetGradientColor, floats", ContextUse::bracketed,
            [](CallProbe& p) { p.SetGradientColor(blue, red); }),

@@ -20,6 +20,11 @@ struct DescriptionFree {
 };
 using Description = std::unique_ptr<PangoFontDescription, DescriptionFree>;
 
+struct GLibFree {
+    void operator()(char* text) const { g_free(text); }
+};
+using GLibString = std::unique_ptr<char, GLibFree>;
+
 struct MetricsUnref {
     void operator()(PangoFontMetrics* metrics) const { pango_font_metrics_unref(metrics); }
 };
@@ -70,9 +75,8 @@ std::string Clean(std::string_view text, std::size_t longest) {
         const auto byte = static_cast<unsigned char>(c);
         if (byte != 0) kept += byte < 0x20 || byte == 0x7F ? ' ' : c;
     }
-    char* const valid = g_utf8_make_valid(kept.data(), static_cast<gssize>(kept.size()));
-    std::string cleaned(valid);
-    g_free(valid);
+    const GLibString valid(g_utf8_make_valid(kept.data(), static_cast<gssize>(kept.size())));
+    std::string cleaned(valid.get());
     // The separators beyond ASCII that Pango would end the line at: U+0085, U+2028, U+2029.
     for (const char* const separator : {"\xC2\x85", "\xE2\x80\xA8", "\xE2\x80\xA9"}) {
         for (auto at = cleaned.find(separator); at != std::string::npos; at = cleaned.find(separator, at))
