@@ -49,6 +49,17 @@ void NegateColumn(double* matrix, int column) {
         matrix[i] = -matrix[i];
 }
 
+// Lighting and depth test are on between frames, also after one that ran out of memory for a label.
+struct SurfaceStateAfterwards {
+    SurfaceStateAfterwards() = default;
+    ~SurfaceStateAfterwards() {
+        glEnable(GL_LIGHTING);
+        glEnable(GL_DEPTH_TEST);
+    }
+    SurfaceStateAfterwards(const SurfaceStateAfterwards&) = delete;
+    SurfaceStateAfterwards& operator=(const SurfaceStateAfterwards&) = delete;
+};
+
 // A font selected into a device context; the one before is selected again at the end of the scope.
 class SelectedFont {
 public:
@@ -481,6 +492,7 @@ void CKivoFunctionPlotter::ClearFrame() {
 }
 
 void CKivoFunctionPlotter::DrawNormalPlot() {
+    const SurfaceStateAfterwards stateAfterwards;
     ClearFrame();
     ApplyModelViewMatrix();
 
@@ -506,9 +518,6 @@ void CKivoFunctionPlotter::DrawNormalPlot() {
     glDisable(GL_LIGHTING); // the title's quad leaves it on, and the bar shows the gradient's own colours
     RenderTraceLegend();
     if (m_zColorRuler) m_zColorRuler->Render(m_legendViewport, m_legendViewVolume);
-
-    glEnable(GL_LIGHTING);
-    glEnable(GL_DEPTH_TEST);
 }
 
 void CKivoFunctionPlotter::DrawProjectionPlot() {

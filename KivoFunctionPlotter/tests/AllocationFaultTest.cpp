@@ -272,3 +272,18 @@ TEST(AllocationFaults, InAnyMemberThrowAndLoseNothing) {
         }
     }
 }
+
+// A frame that throws leaves its state to the next one, which must not show.
+TEST(AllocationFaults, AFrameAfterOneThatHasThrownIsWhole) {
+    for (const Mode mode : {Mode::once, Mode::onwards}) {
+        RecordedPlot plot;
+        plot.Fill();
+        const Image expected = CaptureImage(plot.plotter);
+        bool hasFailed = true;
+        for (long n = 1; hasFailed; ++n) {
+            SCOPED_TRACE(Words("a frame", n, mode));
+            hasFailed = Try(n, mode, [&] { return plot.plotter.Renderscene(); }).hasFailed;
+            EXPECT_TRUE(CaptureImage(plot.plotter).rgba == expected.rgba);
+        }
+    }
+}
