@@ -78,10 +78,10 @@ void AddLines(Table& table) {
                           &PlotScene::ApplySwitches};
     frameLines.key = "F";
     table.insert(table.end(), {gridLines, frameLines});
-    table.push_back({"Lines", "x-line-step", "Columns a frame line",
+    table.push_back({"Lines", "x-line-step", "Columns per frame line",
                      "Columns from one frame line to the next", SettingField(0, &Axis::lineStep),
                      &PlotScene::ApplyLineSteps, true, 1, maxLineStep});
-    table.push_back({"Lines", "y-line-step", "Rows a frame line", "Rows from one frame line to the next",
+    table.push_back({"Lines", "y-line-step", "Rows per frame line", "Rows from one frame line to the next",
                      SettingField(1, &Axis::lineStep), &PlotScene::ApplyLineSteps, true, 1, maxLineStep});
     table.push_back({"Lines", "frame-line-color", "Frame line colour", "Colour of the lines on the surface",
                      SettingField(&Plot::frameLineColor), &PlotScene::ApplySwitches});

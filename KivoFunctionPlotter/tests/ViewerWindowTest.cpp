@@ -160,6 +160,37 @@ TEST_F(ViewerWindowTest, MenuSetsAllBack) {
     }));
 }
 
+// The last entries of the menu Plot, from below.
+TEST_F(ViewerWindowTest, MenuMirrorsAxes) {
+    const auto toggle = [this](int entry) {
+        PressWith(altKey, 'p');
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        for (int i = 0; i < entry; ++i)
+            Press(upKey);
+        Press(returnKey);
+    };
+    for (int entry = 1; entry <= 3; ++entry) {
+        const std::string step = std::to_string(entry);
+        After("mirror-" + step, [&] { toggle(entry); });
+        ExpectStart(After("back-" + step, [&] { toggle(entry); }));
+    }
+}
+
+TEST_F(ViewerWindowTest, KeysHideTheListAndEndTheProgram) {
+    const std::string wells = KIVO_TEST_DATA "/wells.csv";
+    Start({"--size", "800x600", "--points", wells});
+    const Area window = AreaOf(m_window);
+    const Area panels = {m_plotArea.x + plotWidth, m_plotArea.y, window.width - plotWidth, plotHeight};
+    const Image shown = Grab(panels);
+    Press(f10Key);
+    EXPECT_TRUE(
+        WaitFor([&] { return DifferingPixels(Grab(panels), shown, plotHeight * 3 / 4, plotHeight) > 100; }));
+    Press(f10Key);
+    EXPECT_TRUE(WaitFor([&] { return Grab(panels).rgba == shown.rgba; }));
+    PressWith(controlKey, 'q');
+    EXPECT_EQ(m_viewer->WaitForExit(10000).value_or(-1), 0);
+}
+
 TEST_F(ViewerWindowTest, TakesSettingsOfTheCommandLine) {
     const Image plain = m_start;
     Start({"--size", "800x600", "--z-contours", "--no-frame-lines", "--title", "Σ₁²"});

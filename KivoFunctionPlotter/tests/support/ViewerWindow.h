@@ -44,6 +44,7 @@ constexpr xcb_keysym_t escapeKey = 0xFF1B;
 constexpr xcb_keysym_t rightKey = 0xFF53;
 constexpr xcb_keysym_t f1Key = 0xFFBE;
 constexpr xcb_keysym_t f9Key = 0xFFC6;
+constexpr xcb_keysym_t f10Key = 0xFFC7;
 
 enum MouseButton { leftButton = 1, rightButton = 3, wheelUp = 4, wheelDown = 5 };
 
