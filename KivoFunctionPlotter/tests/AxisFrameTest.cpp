@@ -1,10 +1,16 @@
 // The axis box and the frames of the flat plots, as drawn.
 #include "KivoGridBox.h"
+#include "support/Drawing.h"
 #include "support/Image.h"
 #include "support/TestSurfaces.h"
 #include "support/TestWindow.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstddef>
+#include <functional>
+#include <utility>
 #include <vector>
 
 using namespace KivoDrawingTools;
@@ -13,7 +19,7 @@ namespace {
 
 class AxisFrame : public WindowTest {
 protected:
-    static constexpr int width = 600;
+    static constexpr int width = 800;
     static constexpr int height = 500;
     TestPlot plot{GetParam(), width, height};
     PlotterProbe& plotter = plot.plotter;
@@ -26,16 +32,38 @@ protected:
 
     const CKivoGridBox& Box() const { return *plotter.m_gridBox; }
 
-    // Where a data point stands in the picture: column and row.
-    std::vector<int> Place(float x, float y, float z) {
+    // Where a data point stands in the window: pixels to the right and upwards, and depth.
+    std::array<double, 3> WindowPlace(float x, float y, float z) {
         const CurrentContext context(plotter);
         plotter.ApplyViewVolume();
         plotter.ApplyModelViewMatrix();
         float window[3];
         plotter.Project(x, y, z, window);
-        return {static_cast<int>(std::floor(window[0])),
-                height - 1 - static_cast<int>(std::floor(window[1]))};
+        return {double{window[0]}, double{window[1]}, double{window[2]}};
     }
+
+    // The same in the picture: column and row.
+    std::vector<int> Place(float x, float y, float z) {
+        const std::array<double, 3> place = WindowPlace(x, y, z);
+        return {static_cast<int>(std::floor(place[0])), height - 1 - static_cast<int>(std::floor(place[1]))};
+    }
+
+    Drawing RecordFrame() {
+        const CurrentContext context(plotter);
+        return Record([this] { plotter.DrawScene(); });
+    }
+
+    unsigned int TickCount(int axis) const { return Box().m_tickIntervals[axis] + 1; }
+
+    void ExpectCentre(const DrawnQuad& quad, double x, double y) {
+        EXPECT_NEAR(quad.CentreX(), x, 0.01);
+        EXPECT_NEAR(quad.CentreY(), y, 0.01);
+    }
+    void ExpectSize(const DrawnQuad& quad, const SKivoTexImage& image) {
+        EXPECT_NEAR(quad.Width(), image.width, 0.01);
+        EXPECT_NEAR(quad.Height(), image.height, 0.01);
+    }
+    void ExpectFlatTexts(int h, int v, bool isStaggered);
 
     // Whether a pixel of this colour lies within two of a place.
     bool HasColour(const Image& image, const std::vector<int>& place, const int (&rgb)[3]) const {
@@ -56,6 +84,63 @@ protected:
 
 constexpr int black[] = {0, 0, 0};
 constexpr int grey[] = {204, 204, 204};
+constexpr std::array<float, 3> lineColor = {0, 0, 0};
+constexpr std::array<float, 3> gridColor = {0.8f, 0.8f, 0.8f};
+
+// The plots by their switches, with the axes that each of them shows.
+struct PlotAxes {
+    int (CKivoFunctionPlotter::*show)();
+    std::vector<int> axes;
+};
+const PlotAxes plots[] = {{&CKivoFunctionPlotter::SwitchToNormalPlot, {0, 1, 2}},
+                          {&CKivoFunctionPlotter::SwitchToXYProjectPlot, {0, 1}},
+                          {&CKivoFunctionPlotter::SwitchToYZProjectPlot, {1, 2}},
+                          {&CKivoFunctionPlotter::SwitchToZXProjectPlot, {0, 2}}};
+
+// Labels and titles of a flat plot with a horizontal and a vertical axis, in the order in which they are
+// drawn. A unit of the view is as high as it is wide, so that all lengths are pixels.
+void AxisFrame::ExpectFlatTexts(int h, int v, bool isStaggered) {
+    constexpr double tick = 10.0;
+    const std::vector<DrawnQuad> quads = TexturedQuads(RecordFrame());
+    ASSERT_GT(quads.size(), TickCount(h) + TickCount(v) + 2);
+    const float* min = Box().m_boxMin;
+    const auto foot = [&](int axis, float shift) {
+        float point[] = {min[0], min[1], min[2]};
+        point[axis] += shift;
+        return WindowPlace(point[0], point[1], point[2]);
+    };
+    const auto middle = [&](int axis) { return foot(axis, (Box().m_boxMax[axis] - min[axis]) / 2.0f); };
+    auto quad = quads.begin();
+
+    double tallest = 0.0;
+    for (unsigned int i = 0; i < TickCount(h); ++i, ++quad) {
+        const SKivoTexImage& label = Box().m_tickLabels[h][i];
+        const std::array<double, 3> place = foot(h, Box().m_tickPositions[h][i]);
+        const double row = isStaggered && i % 2 == 1 ? 1.65 : 0.5;
+        ExpectCentre(*quad, place[0], place[1] - tick - row * label.height);
+        ExpectSize(*quad, label);
+        tallest = std::max(tallest, double{2.15} * label.height);
+    }
+    const SKivoTexImage& horizontalTitle = Box().m_axisTitleImage[h];
+    ExpectCentre(*quad, middle(h)[0], middle(h)[1] - tick - tallest - horizontalTitle.height);
+    ExpectSize(*quad, horizontalTitle);
+    EXPECT_GT(quad->corners[1].x, quad->corners[0].x) << "it reads to the right";
+    ++quad;
+
+    int widest = 0;
+    for (unsigned int i = 0; i < TickCount(v); ++i, ++quad) {
+        const SKivoTexImage& label = Box().m_tickLabels[v][i];
+        const std::array<double, 3> place = foot(v, Box().m_tickPositions[v][i]);
+        ExpectCentre(*quad, place[0] - tick - 0.8 * label.width, place[1]);
+        ExpectSize(*quad, label);
+        widest = std::max(widest, label.width);
+    }
+    const SKivoTexImage& verticalTitle = Box().m_axisTitleImage[v];
+    ExpectCentre(*quad, middle(v)[0] - tick - widest - 1.85 * verticalTitle.height, middle(v)[1]);
+    ExpectSize(*quad, verticalTitle);
+    EXPECT_GT(quad->corners[1].y, quad->corners[0].y) << "it reads upwards";
+    EXPECT_LT(quad->corners[3].x, quad->corners[0].x);
+}
 
 } // namespace
 
@@ -117,6 +202,106 @@ TEST_P(AxisFrame, TheBoxHasOutlinesTicksAndGridLines) {
     EXPECT_TRUE(HasColour(bare, {foot[0], foot[1] + 6}, black)) << "ticks stay";
     EXPECT_EQ(bare.Count([](const unsigned char* p) { return p[0] == 204 && p[1] == 204 && p[2] == 204; }),
               0);
+}
+
+TEST_P(AxisFrame, HidingGridLinesTakesNothingButTheGreyLinesAway) {
+    plotter.SetXAxisTitle("x");
+    for (const PlotAxes& shown : plots) {
+        std::invoke(shown.show, plotter);
+        SCOPED_TRACE(plotter.GetCurrentPlotType());
+        plotter.ShowGridLines(true);
+        const Drawing with = RecordFrame();
+        plotter.ShowGridLines(false);
+        const Drawing without = RecordFrame();
+        std::size_t ticks = 0;
+        for (const int axis : shown.axes)
+            ticks += TickCount(axis);
+        const bool isFlat = shown.axes.size() == 2;
+        EXPECT_EQ(LinesOfColor(with, gridColor).size(), isFlat ? ticks : 2 * ticks);
+        EXPECT_EQ(LinesOfColor(without, lineColor).size(), isFlat ? ticks : ticks + 12) << "12 of outlines";
+        EXPECT_TRUE(without == WithoutLinesOfColor(with, gridColor));
+        EXPECT_GT(TexturedQuads(without).size(), 11u) << "more than the legend's labels";
+    }
+}
+
+TEST_P(AxisFrame, AnAxisWithoutTickPositionsHasNeitherTicksNorGridLinesNorLabels) {
+    for (const PlotAxes& shown : plots) {
+        std::invoke(shown.show, plotter);
+        SCOPED_TRACE(plotter.GetCurrentPlotType());
+        for (const int missing : shown.axes) {
+            float*& positions = plotter.m_gridBox->m_tickPositions[missing];
+            float* const kept = std::exchange(positions, nullptr);
+            const Drawing drawing = RecordFrame();
+            std::size_t ticks = 0;
+            for (const int axis : shown.axes)
+                ticks += axis == missing ? 0 : TickCount(axis);
+            const bool isFlat = shown.axes.size() == 2;
+            EXPECT_EQ(LinesOfColor(drawing, gridColor).size(), isFlat ? ticks : 2 * ticks);
+            EXPECT_EQ(LinesOfColor(drawing, lineColor).size(), isFlat ? ticks : ticks + 12);
+            if (isFlat) {
+                EXPECT_EQ(TexturedQuads(drawing).size(), ticks + 11);
+            } else {
+                EXPECT_TRUE(Box().m_labelLayout.Labels(missing).empty());
+            }
+            positions = kept;
+        }
+    }
+}
+
+TEST_P(AxisFrame, WithoutDataThereAreOutlinesAlone) {
+    plotter.ReleaseDataRelativeResource();
+    plotter.SwitchToNormalPlot();
+    const Drawing box = RecordFrame();
+    EXPECT_EQ(LinesOfColor(box, lineColor).size(), 12u);
+    EXPECT_TRUE(LinesOfColor(box, gridColor).empty());
+    EXPECT_TRUE(TexturedQuads(box).empty());
+    plotter.SwitchToXYProjectPlot();
+    const Drawing frame = RecordFrame();
+    EXPECT_EQ(LinesOfColor(frame, {1, 0, 0}).size(), 1u);
+    EXPECT_EQ(LinesOfColor(frame, {0, 1, 0}).size(), 1u);
+    EXPECT_TRUE(LinesOfColor(frame, lineColor).empty());
+    EXPECT_TRUE(LinesOfColor(frame, gridColor).empty());
+    EXPECT_TRUE(TexturedQuads(frame).empty());
+}
+
+// A hair behind their place, where they cannot break up the outlines along which some of them run.
+TEST_P(AxisFrame, GridLinesLieJustBehindTheOutlines) {
+    const Drawing lines = LinesOfColor(RecordFrame(), gridColor);
+    std::size_t line = 0;
+    for (int axis = 0; axis < 3; ++axis)
+        for (unsigned int i = 0; i < TickCount(axis); ++i)
+            for (const auto& [from, to] : {std::pair(Box().m_tickBase[axis], Box().m_gridCorner[axis]),
+                                           std::pair(Box().m_gridCorner[axis], Box().m_gridEnd[axis])}) {
+                ASSERT_LT(line, lines.size());
+                for (const float* end : {from, to}) {
+                    float point[] = {end[0], end[1], end[2]};
+                    point[axis] += Box().m_tickPositions[axis][i];
+                    const std::array<double, 3> place = WindowPlace(point[0], point[1], point[2]);
+                    const DrawnVertex& vertex = lines[line][end == from ? 0 : 1];
+                    EXPECT_NEAR(vertex.x, place[0], 0.01);
+                    EXPECT_NEAR(vertex.y, place[1], 0.01);
+                    EXPECT_NEAR(vertex.depth, 1e-5 + (1.0 - 1e-5) * place[2], 1e-6);
+                }
+                ++line;
+            }
+    EXPECT_EQ(line, lines.size());
+    const CurrentContext context(plotter);
+    GLdouble range[2] = {};
+    glGetDoublev(GL_DEPTH_RANGE, range);
+    EXPECT_EQ(range[0], 0.0) << "put back";
+    EXPECT_EQ(range[1], 1.0);
+}
+
+TEST_P(AxisFrame, FlatTextsStandAtTheirTicks) {
+    plotter.SetXAxisTitle("across");
+    plotter.SetYAxisTitle("deep");
+    plotter.SetZAxisTitle("high");
+    plotter.SwitchToXYProjectPlot();
+    ExpectFlatTexts(0, 1, true);
+    plotter.SwitchToYZProjectPlot();
+    ExpectFlatTexts(1, 2, false);
+    plotter.SwitchToZXProjectPlot();
+    ExpectFlatTexts(0, 2, false);
 }
 
 TEST_P(AxisFrame, TicksAreTenPixelsLong) {
