@@ -2,6 +2,7 @@
 #include "KivoGradientColor.h"
 #include "KivoGridBox.h"
 #include "MarchingSquares.h"
+#include "support/Drawing.h"
 #include "support/Image.h"
 #include "support/PlainLoops.h"
 #include "support/TestSurfaces.h"
@@ -9,8 +10,12 @@
 
 #include <array>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
 #include <limits>
 #include <random>
+#include <utility>
 #include <vector>
 
 using namespace KivoDrawingTools;
@@ -201,24 +206,73 @@ TEST(ContourLevels, OfXAndYLieInside) {
 
 namespace {
 
-class ContourProbe : public PlotterProbe {
-public:
-    using CKivoFunctionPlotter::CreateIsoContourSKivoTexImage;
-    using CKivoFunctionPlotter::m_isoContourTexels;
-    using CKivoFunctionPlotter::m_isoContourTexHeight;
-    using CKivoFunctionPlotter::m_isoContourTexId;
-    using CKivoFunctionPlotter::m_isoContourTexWidth;
-};
-
 class Contours : public WindowTest {
 protected:
-    TestWindow window{GetParam(), 500, 420};
-    ContourProbe plotter;
+    TestPlot plot{GetParam(), 500, 420};
+    PlotterProbe& plotter = plot.plotter;
     const TestSurface surface = HillSurface(30, 24);
 
-    void SetUp() override {
-        ASSERT_EQ(plotter.OnCreate(window.Handle(), 500, 420, true), 0);
-        plotter.SetData(surface.NewArray(), 30, 24, 1, 30, 3);
+    void SetUp() override { plotter.SetData(surface.NewArray(), 30, 24, 1, 30, 3); }
+
+    // The lines that a member draws, in data coordinates: every corner within the grid box widened by half
+    // its sides.
+    template <typename Draw>
+    std::vector<DrawnVertex> LineEnds(Draw draw) {
+        const CurrentContext context(plotter);
+        const CKivoGridBox& box = *plotter.m_gridBox;
+        double low[3], side[3];
+        for (int axis = 0; axis < 3; ++axis) {
+            side[axis] = 2.0 * (double{box.m_boxMax[axis]} - box.m_boxMin[axis]);
+            low[axis] = box.m_boxMin[axis] - side[axis] / 4.0;
+        }
+        glViewport(0, 0, 400, 400);
+        glMatrixMode(GL_PROJECTION);
+        glLoadIdentity();
+        glOrtho(low[0], low[0] + side[0], low[1], low[1] + side[1], -low[2], -low[2] - side[2]);
+        glMatrixMode(GL_MODELVIEW);
+        glLoadIdentity();
+        glDisable(GL_LIGHTING);
+        std::vector<DrawnVertex> ends;
+        for (const DrawnPrimitive& line : Record(draw)) {
+            EXPECT_EQ(line.size(), 2u);
+            for (DrawnVertex end : line) {
+                end.x = low[0] + end.x / 400.0 * side[0];
+                end.y = low[1] + end.y / 400.0 * side[1];
+                end.depth = low[2] + end.depth * side[2];
+                ends.push_back(end);
+            }
+        }
+        return ends;
+    }
+
+    void ExpectOnWall(const std::vector<DrawnVertex>& ends, const std::vector<SKivoIsoContour>& contours,
+                      const CKivoGradientColor& gradient, const std::array<float, 3>& wall) {
+        std::size_t next = 0;
+        for (const SKivoIsoContour& contour : contours) {
+            float color[4] = {0, 0, 0, 1};
+            gradient.Evaluate(contour.level, color);
+            for (std::uint64_t i = 0; i < contour.pointCount; ++i, ++next) {
+                ASSERT_LT(next, ends.size());
+                const float* p = contour.points + 3 * i;
+                ASSERT_NEAR(ends[next].x, p[0] + wall[0], 1e-4);
+                ASSERT_NEAR(ends[next].y, p[1] + wall[1], 1e-4);
+                ASSERT_NEAR(ends[next].depth, p[2] + wall[2], 1e-4);
+                for (std::size_t channel = 0; channel < 4; ++channel)
+                    ASSERT_NEAR(ends[next].color[channel], color[channel], 1e-5f);
+            }
+        }
+        EXPECT_EQ(next, ends.size());
+    }
+
+    // Pixels right of the legend's bar.
+    int Magenta(const Image& image) const {
+        int count = 0;
+        for (int y = 0; y < image.height; ++y)
+            for (int x = plotter.m_plotViewport[0] + 20; x < image.width; ++x) {
+                const unsigned char* p = image.Pixel(x, y);
+                count += p[0] > 200 && p[1] < 60 && p[2] > 200 ? 1 : 0;
+            }
+        return count;
     }
 };
 
@@ -301,22 +355,111 @@ TEST_P(Contours, AreDrawnInTheirLevelsColourOnTheBackPlane) {
     EXPECT_GT(static_cast<float>(seen[1] - seen[0]), 0.5f * (front - back));
 }
 
-TEST_P(Contours, AFlatPlotShowsItsSetWhateverIsHidden) {
-    plotter.SetZGradientColor(0x00FF00FF, 0x00FF00FF);
-    plotter.SwitchToXYProjectPlot();
-    const auto magenta = [this](const Image& image) {
-        int count = 0;
-        for (int y = 0; y < image.height; ++y)
-            for (int x = plotter.m_plotViewport[0] + 20; x < image.width; ++x) {
-                const unsigned char* p = image.Pixel(x, y);
-                count += p[0] > 200 && p[1] < 60 && p[2] > 200 ? 1 : 0;
-            }
-        return count;
-    };
-    EXPECT_FALSE(plotter.IsShowZIsoContours());
-    EXPECT_GT(magenta(CaptureImage(plotter)), 300);
+// On the plane at the box's minimum of the axis where the back plane's flag is set, else at the maximum.
+TEST_P(Contours, EachSetIsMovedToTheBackPlaneOfItsAxis) {
+    CKivoGridBox& box = *plotter.m_gridBox;
+    for (int flags = 0; flags < 8; ++flags) {
+        SCOPED_TRACE(flags);
+        for (int i = 0; i < 3; ++i)
+            box.m_backPlane[i] = (flags >> i & 1) != 0;
+        const float wallY = box.m_backPlane[0] ? box.m_boxMin[1] : box.m_boxMax[1];
+        const float wallZ = box.m_backPlane[1] ? box.m_boxMin[2] : box.m_boxMax[2];
+        const float wallX = box.m_backPlane[2] ? box.m_boxMin[0] : box.m_boxMax[0];
+        ExpectOnWall(LineEnds([this] { plotter.RenderFlatXIsoContour(); }), plotter.m_flatXIsoContours,
+                     *plotter.m_xGradientColor, {wallX, 0, 0});
+        ExpectOnWall(LineEnds([this] { plotter.RenderFlatYIsoContour(); }), plotter.m_flatYIsoContours,
+                     *plotter.m_yGradientColor, {0, wallY, 0});
+        ExpectOnWall(LineEnds([this] { plotter.RenderFlatZIsoContour(); }), plotter.m_flatZIsoContours,
+                     *plotter.m_zGradientColor, {0, 0, wallZ});
+    }
+}
+
+TEST_P(Contours, AFlatPlotShowsTheSetOfTheAxisItLooksAlongWhateverIsHidden) {
+    using Switch = int (CKivoFunctionPlotter::*)();
+    using SetColors = void (CKivoFunctionPlotter::*)(unsigned long, unsigned long);
+    const std::pair<Switch, SetColors> plots[] = {
+        {&CKivoFunctionPlotter::SwitchToXYProjectPlot, &CKivoFunctionPlotter::SetZGradientColor},
+        {&CKivoFunctionPlotter::SwitchToYZProjectPlot, &CKivoFunctionPlotter::SetXGradientColor},
+        {&CKivoFunctionPlotter::SwitchToZXProjectPlot, &CKivoFunctionPlotter::SetYGradientColor}};
+    constexpr unsigned long magenta = 0x00FF00FF, green = 0x0000FF00;
+    for (const auto& [change, setColors] : plots) {
+        std::invoke(change, plotter);
+        SCOPED_TRACE(plotter.GetCurrentPlotType());
+        plotter.SetGradientColor(green, green);
+        std::invoke(setColors, plotter, magenta, magenta);
+        plotter.EndGLOperation(); // the X and Y setters leave the context current
+        for (const bool isShown : {false, true}) {
+            plotter.ShowXIsoContours(isShown);
+            plotter.ShowYIsoContours(isShown);
+            plotter.ShowZIsoContours(isShown);
+            EXPECT_GT(Magenta(CaptureImage(plotter)), 300);
+        }
+    }
     plotter.ReleaseIsoContour();
-    EXPECT_EQ(magenta(CaptureImage(plotter)), 0);
+    EXPECT_EQ(Magenta(CaptureImage(plotter)), 0);
+}
+
+TEST_P(Contours, OnTheSurfaceAreThoseOfItsHeightInTheCurrentColour) {
+    for (const unsigned int floats : {3u, 5u}) {
+        SCOPED_TRACE(floats);
+        float* points = new float[std::size_t{30} * 24 * floats]();
+        for (std::size_t i = 0; i < std::size_t{30} * 24; ++i)
+            std::copy_n(&surface.points[3 * i], 3, points + i * floats);
+        plotter.SetData(points, 30, 24, 1, 30, floats);
+        std::vector<Point> expected;
+        for (int k = 1; k <= 20; ++k) {
+            const float step = (surface.Max(2) - surface.Min(2)) / 21.0f;
+            const std::vector<Point> level = Trace(surface, 2, surface.Min(2) + static_cast<float>(k) * step);
+            expected.insert(expected.end(), level.begin(), level.end());
+        }
+        const std::vector<DrawnVertex> ends = LineEnds([this] {
+            glEnable(GL_LIGHTING);
+            glColor4f(0.25f, 0.5f, 0.75f, 1.0f);
+            plotter.RenderIsoContour();
+            EXPECT_TRUE(glIsEnabled(GL_LIGHTING));
+        });
+        ASSERT_EQ(ends.size(), expected.size());
+        ASSERT_GT(ends.size(), 500u);
+        for (std::size_t i = 0; i < ends.size(); ++i) {
+            ASSERT_NEAR(ends[i].x, expected[i][0], 1e-4);
+            ASSERT_NEAR(ends[i].y, expected[i][1], 1e-4);
+            ASSERT_NEAR(ends[i].depth, expected[i][2], 1e-4);
+            ASSERT_NEAR(ends[i].color[0], 0.25f, 1e-6f) << "unlit";
+        }
+    }
+}
+
+// Of a slope towards y the lines of equal height go straight across the picture.
+TEST_P(Contours, ThePictureFormIsMadeWithTheDataInPlaceOfTheHeightsLines) {
+    TestSurface slope = PlaneSurface(12, 9);
+    for (std::size_t i = 0; i < slope.points.size(); i += 3)
+        slope.points[i + 2] = slope.points[i + 1];
+    plotter.m_useIsoContourTexture = true;
+    plotter.SetData(slope.NewArray(), 12, 9, 1, 12, 3);
+    EXPECT_EQ(wglGetCurrentContext(), nullptr);
+    EXPECT_TRUE(plotter.m_flatZIsoContours.empty());
+    EXPECT_EQ(plotter.m_flatXIsoContours.size(), 20u);
+    EXPECT_EQ(plotter.m_flatYIsoContours.size(), 20u);
+    EXPECT_NE(plotter.m_isoContourTexId, 0u);
+    ASSERT_NE(plotter.m_isoContourTexels, nullptr);
+    const auto texel = [this](int row, int column) {
+        const unsigned char* p = plotter.m_isoContourTexels + 4 * (row * 400 + column);
+        return std::array<int, 3>{p[0], p[1], p[2]};
+    };
+    for (int level = 1; level <= 20; ++level) {
+        const int row = static_cast<int>(std::lround(level * 400 / 21.0));
+        float color[4];
+        plotter.m_zGradientColor->Evaluate(
+            slope.Min(2) + static_cast<float>(level) * (slope.Max(2) - slope.Min(2)) / 21.0f, color);
+        for (const int column : {20, 200, 380}) {
+            for (std::size_t channel = 0; channel < 3; ++channel)
+                EXPECT_NEAR(texel(row, column)[channel], 255.0f * color[channel], 2.0f) << level;
+            EXPECT_EQ(texel(row + 9, column), (std::array<int, 3>{255, 255, 255})) << "between two lines";
+        }
+    }
+    plotter.ReleaseDataRelativeResource();
+    EXPECT_EQ(plotter.m_isoContourTexels, nullptr);
+    EXPECT_EQ(plotter.m_isoContourTexId, 0u);
 }
 
 TEST_P(Contours, ThePictureFormKeepsViewportAndClearColour) {

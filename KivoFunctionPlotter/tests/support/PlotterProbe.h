@@ -86,6 +86,11 @@ public:
     using CKivoFunctionPlotter::AssignPositionData;
     using CKivoFunctionPlotter::AssignTexcoordData;
     using CKivoFunctionPlotter::CreateFramelineSKivoTexImage;
+    using CKivoFunctionPlotter::CreateIsoContourSKivoTexImage;
+    using CKivoFunctionPlotter::RenderFlatXIsoContour;
+    using CKivoFunctionPlotter::RenderFlatYIsoContour;
+    using CKivoFunctionPlotter::RenderFlatZIsoContour;
+    using CKivoFunctionPlotter::RenderIsoContour;
     using CKivoFunctionPlotter::RenderSurface;
 
     // Fields
