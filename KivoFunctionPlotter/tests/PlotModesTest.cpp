@@ -324,16 +324,30 @@ TEST_P(PlotModes, NearerPartsHideFartherOnes) {
 }
 
 TEST_P(PlotModes, AnUnknownPlotTypeDrawsNothingButPresents) {
-    plotter.SetBackgroundColor(0.25f, 0, 0, 1);
-    plotter.OnDraw();
-    plotter.SetBackgroundColor(0.5f, 0, 0, 1);
     for (const int type : {-1, 4, 1000}) {
+        plotter.m_plotType = 0;
+        plotter.SetBackgroundColor(0, 0, 1, 1);
+        EXPECT_EQ(plotter.Renderscene(), 0);
+        plotter.SetBackgroundColor(1, 0, 0, 1);
+        {
+            const CurrentContext context(plotter);
+            plotter.DrawScene(); // waits to be presented
+        }
+        plotter.SetBackgroundColor(0.5f, 0, 0, 1);
         plotter.m_plotType = type;
         EXPECT_EQ(plotter.GetCurrentPlotType(), type);
         EXPECT_EQ(plotter.Renderscene(), 0);
-        EXPECT_EQ(ClearedRed(), 0.25f);
+        EXPECT_EQ(ClearedRed(), 1.0f);
         EXPECT_EQ(wglGetCurrentContext(), nullptr);
+        plot.window.HandleMessages();
+        const Image presented = plot.window.Presented(plotter);
+        if (!presented.rgba.empty()) {
+            EXPECT_TRUE(presented.IsNear(399, 0, {255, 0, 0})) << type;
+        }
     }
+    plotter.OnDestroy();
+    plotter.m_plotType = 4;
+    EXPECT_NE(plotter.Renderscene(), 0) << "what cannot be presented is noticed";
 }
 
 TEST_P(PlotModes, WhatCannotBePresentedIsReported) {
