@@ -3,6 +3,7 @@
 #include "support/TestWindow.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <utility>
 #include <vector>
 
@@ -188,6 +189,34 @@ TEST_P(FrameLineDrawing, LinesHaveTheirColourWhateverTheLight) {
     EXPECT_LT(borders, all / 2);
     plotter.ShowFrameLines(false);
     EXPECT_EQ(plot.SurfaceImage().Count(IsMagenta), 0);
+}
+
+// The offset does not depend on the lines: beside them the surface has the same depth with and without.
+TEST_P(FrameLineDrawing, TheSurfaceIsPushedBackWhetherLinesShowOrNot) {
+    const auto draw = [this](bool isShown, Image& image) {
+        plotter.ShowFrameLines(isShown);
+        image = plot.SurfaceImage();
+        const CurrentContext context(plotter);
+        std::vector<float> depths(static_cast<std::size_t>(image.width) * image.height);
+        glReadPixels(0, 0, image.width, image.height, GL_DEPTH_COMPONENT, GL_FLOAT, depths.data());
+        return depths;
+    };
+    Image lines, bare;
+    const std::vector<float> withLines = draw(true, lines), withoutLines = draw(false, bare);
+    int beside = 0, under = 0;
+    for (int y = 0; y < lines.height; ++y)
+        for (int x = 0; x < lines.width; ++x) {
+            const std::size_t i = static_cast<std::size_t>(lines.height - 1 - y) * lines.width + x;
+            if (withoutLines[i] == 1.0f) continue; // no surface
+            if (IsMagenta(lines.Pixel(x, y))) {
+                under += withoutLines[i] > withLines[i] ? 1 : 0;
+            } else {
+                ++beside;
+                ASSERT_EQ(withoutLines[i], withLines[i]) << x << ' ' << y;
+            }
+        }
+    EXPECT_GT(beside, 5000);
+    EXPECT_GT(under, 500) << "lines stand before the surface";
 }
 
 namespace {
