@@ -1,5 +1,6 @@
 // Text images, titles and bitmap text.
 #include "KivoGridBox.h"
+#include "support/Drawing.h"
 #include "support/Image.h"
 #include "support/TestSurfaces.h"
 #include "support/TestWindow.h"
@@ -22,6 +23,7 @@ public:
     using CKivoFunctionPlotter::m_textRenderer;
     using CKivoFunctionPlotter::ReleaseTex;
     using CKivoFunctionPlotter::Render3DText;
+    using CKivoFunctionPlotter::RenderPlotName;
     using CKivoFunctionPlotter::RenderTextTex;
 };
 
@@ -47,6 +49,42 @@ protected:
     void Make(const std::string& text) {
         const CurrentContext context(plotter);
         ASSERT_EQ(CreateTextImage(&Renderer(), text.c_str(), &image), 0);
+    }
+    // Columns from the first to the last with ink, in the upper or the lower half of the image.
+    int InkWidth(bool isUpper) const {
+        int first = image.width, last = -1;
+        for (int row = 0; row < image.height; ++row)
+            for (int column = 0; column < image.width; ++column)
+                if ((row >= image.height / 2) == isUpper &&
+                    image.pixels[4 * (static_cast<std::size_t>(row) * image.width + column) + 3] != 0) {
+                    first = std::min(first, column);
+                    last = std::max(last, column);
+                }
+        return last - first + 1;
+    }
+    // In place of the plotter's own, whose characters may all be of one width. Released with it.
+    void UseProportionalFont() {
+        LOGFONTA description = Renderer().m_fontDescription;
+        std::strcpy(description.lfFaceName, "Arial");
+        const HFONT font = CreateFontIndirectA(&description);
+        SelectObject(Renderer().m_memoryDC, font);
+        DeleteObject(Renderer().m_font);
+        Renderer().m_font = font;
+    }
+    // A text of exactly so many pixels, filled up with characters of different widths; empty where none is
+    // found.
+    std::string TextOfWidth(int width) {
+        std::string start;
+        while (Extent(start + "WWWW").cx <= width)
+            start += "W";
+        for (int mix = 0; mix < 16 * 16 * 16; ++mix) {
+            std::string text = start;
+            text.append(static_cast<std::size_t>(mix % 16), 'x');
+            text.append(static_cast<std::size_t>(mix / 16 % 16), 'r');
+            text.append(static_cast<std::size_t>(mix / 256), 'i');
+            if (Extent(text).cx == width) return text;
+        }
+        return {};
     }
     bool HasInk(int row) const {
         for (int x = 0; x < image.width; ++x)
@@ -137,26 +175,39 @@ TEST_P(Text, WiderTextsTakeTwoLines) {
     EXPECT_TRUE(upper && lower);
 }
 
+// Half of the bytes each, whatever they are as words or as widths.
+TEST_P(Text, TwoLinesAreCutInTheMiddleOfTheBytes) {
+    const std::string wide(40, 'W'), narrow(40, '.');
+    for (const bool isWideFirst : {true, false}) {
+        Make(isWideFirst ? wide + narrow : narrow + wide);
+        ASSERT_EQ(image.width, 512);
+        const int upper = InkWidth(true), lower = InkWidth(false);
+        const int wideLine = std::min<int>(Extent(wide).cx, 512), narrowLine = Extent(narrow).cx;
+        EXPECT_NEAR(upper, isWideFirst ? wideLine : narrowLine, 8) << isWideFirst;
+        EXPECT_NEAR(lower, isWideFirst ? narrowLine : wideLine, 8) << isWideFirst;
+    }
+}
+
+TEST_P(Text, ExactlyTheWidestLineStaysOne) {
+    UseProportionalFont();
+    for (const int width : {511, 512, 513}) {
+        const std::string text = TextOfWidth(width);
+        ASSERT_FALSE(text.empty()) << "no text is " << width << " pixels wide";
+        Make(text);
+        EXPECT_EQ(image.width, std::min(width, 512));
+        EXPECT_EQ(image.height, (width <= 512 ? 1 : 2) * Extent(text).cy);
+    }
+}
+
 // The middle of the bytes falls between the two of the letter, which then stands whole in the second line; in
 // other encodings the same bytes may be no such letter, and the middle is the middle.
 TEST_P(Text, TwoLinesAreNotCutThroughACharacter) {
-    const auto inkWidth = [this](bool isUpper) {
-        int first = image.width, last = -1;
-        for (int row = 0; row < image.height; ++row)
-            for (int column = 0; column < image.width; ++column)
-                if ((row >= image.height / 2) == isUpper &&
-                    image.pixels[4 * (static_cast<std::size_t>(row) * image.width + column) + 3] != 0) {
-                    first = std::min(first, column);
-                    last = std::max(last, column);
-                }
-        return last - first + 1;
-    };
     const std::string wide(39, 'W'), dots(39, '.');
     Make(wide + "\xc3\xb6" + dots);
     ASSERT_EQ(image.width, 512);
-    EXPECT_NEAR(inkWidth(true), Extent(wide).cx, 4);
+    EXPECT_NEAR(InkWidth(true), Extent(wide).cx, 4);
     Make(wide + "W\xb6" + dots); // a sign of its own where bytes are characters
-    EXPECT_NEAR(inkWidth(true), Extent(wide + "W").cx, 4);
+    EXPECT_NEAR(InkWidth(true), Extent(wide + "W").cx, 4);
 }
 
 TEST_P(Text, WordsAreMeasuredWithTheirSpaces) {
@@ -251,6 +302,29 @@ TEST_P(Text, TheTitleHangsFromTheMiddleOfTheTopPixelForPixel) {
         return p[0] < 128 && p[1] < 128 && p[2] < 128;
     }) - without.Count([](const unsigned char* p) { return p[0] < 128 && p[1] < 128 && p[2] < 128; });
     EXPECT_NEAR(dark, ink, ink / 4.0);
+}
+
+TEST_P(Text, TheTitleStandsAtDepthOneOfTheView) {
+    const TestSurface surface = HillSurface(4, 3);
+    plotter.SetData(surface.NewArray(), 4, 3, 1, 4, 3);
+    plotter.SetPlotTitle("title");
+    const CurrentContext context(plotter);
+    plotter.ApplyViewVolume();
+    glMatrixMode(GL_TEXTURE);
+    const std::vector<DrawnQuad> quads = TexturedQuads(Record([this] { plotter.RenderPlotName(); }));
+    GLint mode = 0;
+    glGetIntegerv(GL_MATRIX_MODE, &mode);
+    EXPECT_EQ(mode, GL_TEXTURE);
+    ASSERT_EQ(quads.size(), 1u);
+    ASSERT_GT(plotter.m_viewFar, 1.0);
+    const int* viewport = plotter.m_plotViewport;
+    const SKivoTexImage& title = *plotter.m_plotTitleImage;
+    EXPECT_NEAR(quads[0].CentreX(), viewport[0] + viewport[2] / 2.0, 0.01);
+    EXPECT_NEAR(quads[0].CentreY(), viewport[3] - title.height / 2.0, 0.01);
+    EXPECT_NEAR(quads[0].Width(), title.width, 0.01);
+    EXPECT_NEAR(quads[0].Height(), title.height, 0.01);
+    for (const DrawnVertex& corner : quads[0].corners)
+        EXPECT_NEAR(corner.depth, (1.0 - 1.0 / plotter.m_viewFar) / 2.0, 1e-6);
 }
 
 TEST_P(Text, TheTitleShowsAboveDataOfAnySize) {
