@@ -1,13 +1,18 @@
 // The colour legend: colours, labels, view volume, and where its bar stands in the picture.
 #include "KivoGradientColor.h"
 #include "KivoGradientColorRuler.h"
+#include "support/Drawing.h"
 #include "support/Image.h"
 #include "support/TestSurfaces.h"
 #include "support/TestWindow.h"
 #include "TextRenderer.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstddef>
 #include <cstring>
+#include <vector>
 
 using namespace KivoDrawingTools;
 
@@ -137,6 +142,33 @@ TEST_P(Legend, TheBarStandsInItsStripWithTheGradientsOwnColours) {
         EXPECT_TRUE(image.IsNear(right + 1, row(0.51), {background[0], background[1], background[2]}));
         EXPECT_TRUE(image.IsNear(left + 2, row(0.13), {background[0], background[1], background[2]}));
         EXPECT_TRUE(image.IsNear(left + 2, row(0.95), {background[0], background[1], background[2]}));
+    }
+}
+
+// At 0.9 of their size, centred 0.6 of their width beside the bar, at the heights of their values.
+TEST_P(Legend, LabelsStandBesideTheBarAtTheirValues) {
+    for (const int stripWidth : {96, 300}) {
+        const int strip[] = {7, 5, stripWidth, 280};
+        std::copy(strip, strip + 4, plotter.m_legendViewport);
+        plotter.UpdateLegendViewVolume();
+        const CKivoGradientColorRuler& ruler = *plotter.m_zColorRuler;
+        const CurrentContext context(plotter);
+        const std::vector<DrawnQuad> quads = TexturedQuads(Record([&] {
+            glDisable(GL_LIGHTING);
+            ruler.Render(plotter.m_legendViewport, plotter.m_legendViewVolume);
+        }));
+        ASSERT_EQ(quads.size(), 11u);
+        for (std::size_t i = 0; i < 11; ++i) {
+            const SKivoTexImage& label = ruler.m_labels[i];
+            EXPECT_NEAR(quads[i].CentreX(), strip[0] + 0.22 * stripWidth + 0.6 * label.width, 0.01) << i;
+            EXPECT_NEAR(quads[i].CentreY(), strip[1] + (0.14 + 0.08 * static_cast<double>(i)) * strip[3],
+                        0.01)
+                << i;
+            EXPECT_NEAR(quads[i].Width(), 0.9 * label.width, 0.01) << i;
+            EXPECT_NEAR(quads[i].Height(), 0.9 * label.height, 0.01) << i;
+            EXPECT_EQ(quads[i].corners[2].texture, (std::array<float, 2>{label.sMax, label.tMax})) << i;
+            EXPECT_NEAR(quads[i].corners[0].depth, 0.5, 1e-6) << i;
+        }
     }
 }
 
