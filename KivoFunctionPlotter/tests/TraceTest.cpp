@@ -1,5 +1,6 @@
 // The traced point: what is found under the pointer, and how it is shown.
 #include "KivoGridBox.h"
+#include "support/Drawing.h"
 #include "support/TestSurfaces.h"
 #include "support/TestWindow.h"
 #include "TextRenderer.h"
@@ -642,6 +643,29 @@ TEST_P(TraceLayers, TheLabelShowsThreeDecimalsInTheLowerLeftCorner) {
     ExpectLabel(DrawLabel(), "(1.500, -0.250, 12.000)");
     plotter.SetTracePoint(0.00049f, 123456.0f, -1e-9f);
     ExpectLabel(DrawLabel(), "(0.000, 123456.000, -0.000)");
+}
+
+// Both margins and both sides are measured by the view's width, even where its pixels are not square.
+TEST_P(TraceLayers, TheLabelIsMeasuredByTheViewsWidth) {
+    plotter.SetTracePoint(1, 2, 3);
+    plotter.m_viewBottom *= 2.0;
+    plotter.m_viewTop *= 2.0;
+    SKivoTexImage label;
+    const CurrentContext context(plotter);
+    ASSERT_EQ(CreateTextImage(plotter.m_textRenderer, "(1.000, 2.000, 3.000)", &label), 0);
+    plotter.ApplyViewVolume();
+    const std::vector<DrawnQuad> quads = TexturedQuads(Record([this] { plotter.RenderTraceLegend(); }));
+    ASSERT_EQ(quads.size(), 1u);
+    const double unit = 400.0 / (plotter.m_viewRight - plotter.m_viewLeft);
+    const double rise = layerHeight / (plotter.m_viewTop - plotter.m_viewBottom) / unit;
+    EXPECT_NEAR(quads[0].corners[0].x, 100 + 4, 0.01);
+    EXPECT_NEAR(quads[0].corners[0].y, 4 * rise, 0.01);
+    EXPECT_NEAR(quads[0].corners[2].x, 100 + 4 + label.width, 0.01);
+    EXPECT_NEAR(quads[0].corners[2].y, (4 + label.height) * rise, 0.01);
+    for (const DrawnVertex& corner : quads[0].corners)
+        EXPECT_NEAR(corner.depth, 0.5, 1e-6);
+    EXPECT_EQ(quads[0].corners[2].texture, (std::array<float, 2>{label.sMax, label.tMax}));
+    ReleaseTextImage(&label);
 }
 
 TEST_P(TraceLayers, TheLabelStandsStillWhenTheViewTurnsOrZooms) {
