@@ -31,8 +31,30 @@ std::vector<int> Viewport(const int* viewport) {
     return {viewport, viewport + 4};
 }
 
+bool IsInk(const unsigned char* pixel) {
+    return pixel[0] < 128;
+}
+
 class ContextInWindow : public WindowTest {
 protected:
+    // Black on white from a quarter of the picture's width on, one list for each byte.
+    static Image DrawWithLists(GLuint base, const std::string& text) {
+        glDisable(GL_LIGHTING);
+        glDisable(GL_DEPTH_TEST);
+        glViewport(0, 0, 400, 240);
+        for (const GLenum mode : {GL_PROJECTION, GL_MODELVIEW}) {
+            glMatrixMode(mode);
+            glLoadIdentity();
+        }
+        glClearColor(1, 1, 1, 1);
+        glClear(GL_COLOR_BUFFER_BIT);
+        glColor3f(0, 0, 0);
+        glRasterPos2f(-0.5f, 0);
+        glListBase(base);
+        glCallLists(static_cast<GLsizei>(text.size()), GL_UNSIGNED_BYTE, text.data());
+        return ReadBuffer(GL_BACK, 400, 240);
+    }
+
     TestPlot plot{GetParam(), 400, 240};
     PlotterProbe& plotter = plot.plotter;
 };
@@ -373,25 +395,38 @@ TEST_P(ContextInWindow, TheBitmapFontHasAListForEveryByte) {
         EXPECT_TRUE(glIsList(plotter.m_fontListBase + glyph)) << glyph;
 }
 
+// The same glyphs as those of a font made here, in every pixel: Arial of 10 points, of medium weight.
+TEST_P(ContextInWindow, TheBitmapFontIsTenPointsHighAndNotBold) {
+    const CurrentContext context(plotter);
+    const std::string text = "Height 42, Wg%";
+    const Image plotted = DrawWithLists(plotter.m_fontListBase, text);
+    const int dotsPerInch = GetDeviceCaps(plotter.m_hDC, LOGPIXELSY);
+    const GLuint base = glGenLists(256);
+    for (const auto& [points, weight] : {std::pair(10, 500), std::pair(10, 700), std::pair(12, 500)}) {
+        LOGFONTA description = {};
+        description.lfHeight = -static_cast<LONG>(std::lround(points * dotsPerInch / 72.0));
+        description.lfWeight = weight;
+        description.lfCharSet = DEFAULT_CHARSET;
+        description.lfQuality = ANTIALIASED_QUALITY;
+        description.lfPitchAndFamily = FF_MODERN | DEFAULT_PITCH;
+        std::strcpy(description.lfFaceName, "Arial");
+        const HFONT font = CreateFontIndirectA(&description);
+        const HGDIOBJ previous = SelectObject(plotter.m_hDC, font);
+        EXPECT_TRUE(wglUseFontBitmapsA(plotter.m_hDC, 0, 256, base));
+        SelectObject(plotter.m_hDC, previous);
+        DeleteObject(font);
+        const Image expected = DrawWithLists(base, text);
+        EXPECT_GT(expected.Count(IsInk), 60);
+        EXPECT_EQ(expected.rgba == plotted.rgba, points == 10 && weight == 500) << points << ' ' << weight;
+    }
+    glDeleteLists(base, 256);
+}
+
 TEST_P(ContextInWindow, TheBitmapFontDraws) {
     const CurrentContext context(plotter);
-    glDisable(GL_LIGHTING);
-    glDisable(GL_DEPTH_TEST);
-    glViewport(0, 0, 400, 240);
-    for (const GLenum mode : {GL_PROJECTION, GL_MODELVIEW}) {
-        glMatrixMode(mode);
-        glLoadIdentity();
-    }
-    glClearColor(1, 1, 1, 1);
-    glClear(GL_COLOR_BUFFER_BIT);
-    glColor3f(0, 0, 0);
-    glRasterPos2f(-0.5f, 0);
-    const std::string text = "Height 42";
-    glListBase(plotter.m_fontListBase);
-    glCallLists(static_cast<GLsizei>(text.size()), GL_UNSIGNED_BYTE, text.data());
-    std::vector<float> position = Floats(GL_CURRENT_RASTER_POSITION, 4);
-    const Image image = ReadBuffer(GL_BACK, 400, 240);
-    const int ink = image.Count([](const unsigned char* p) { return p[0] < 128; });
+    const Image image = DrawWithLists(plotter.m_fontListBase, "Height 42");
+    const std::vector<float> position = Floats(GL_CURRENT_RASTER_POSITION, 4);
+    const int ink = image.Count(IsInk);
     EXPECT_GT(ink, 60);
     EXPECT_LT(ink, 3000);
     EXPECT_GT(position[0], 100 + 30) << "each glyph moves on by its width";
