@@ -113,9 +113,11 @@ int main() {
     std::vector<float> points = HillPoints();
     plotter.SetDataReference(points.data(), hillColumns, hillRows, 1, hillColumns, 3);
 
+    // Not SDL_WaitEvent: it wakes itself by messages to the window, of which one can come when that is gone.
     bool isOpen = true;
-    for (SDL_Event event; isOpen && SDL_WaitEvent(&event);)
-        isOpen = OnEvent(plotter, window, event);
+    for (SDL_Event event; isOpen; SDL_Delay(5))
+        while (isOpen && SDL_PollEvent(&event))
+            isOpen = OnEvent(plotter, window, event);
 
     plotter.OnDestroy();
     ReleaseWindow(handle);
