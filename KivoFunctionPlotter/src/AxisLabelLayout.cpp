@@ -16,7 +16,7 @@ constexpr double shortestEdge = 24.0;
 constexpr double smallestRise = 0.2; // of a projected unit vector above its edge; lower, its face is edge-on
 constexpr double largestSlant = 1.7320508075688772; // labels leave their edge at 30 degrees or more
 constexpr double verticalRange = 0.02;              // keeps rounding from turning a vertical title over
-constexpr std::size_t mostLabels = 1000; // of an axis
+constexpr std::size_t mostLabels = 1000;            // of an axis
 
 ScreenVector operator+(ScreenVector a, ScreenVector b) {
     return {a.x + b.x, a.y + b.y};

@@ -77,6 +77,26 @@ struct UnitVector {
     float components[3] = {};
 };
 
+// The directions in which the texts of a flat plot run: along its axes or, where one is mirrored on the
+// screen, against it, so that they can be read.
+struct ReadingDirections {
+    ReadingDirections(int horizontal, int vertical)
+        : ReadingDirections(horizontal, vertical, SignOnScreen(horizontal, 0), SignOnScreen(vertical, 1)) {}
+
+    UnitVector right, up, left;
+
+private:
+    ReadingDirections(int horizontal, int vertical, float rightSign, float upSign)
+        : right(horizontal, rightSign), up(vertical, upSign), left(horizontal, -rightSign) {}
+
+    // Of an axis along the screen's x (0) or y (1).
+    static float SignOnScreen(int axis, int screenAxis) {
+        double modelView[16];
+        glGetDoublev(GL_MODELVIEW_MATRIX, modelView);
+        return modelView[4 * axis + screenAxis] < 0.0 ? -1.0f : 1.0f;
+    }
+};
+
 } // namespace
 
 // ---- The 3-D box ----------------------------------------------------------------------------------------
@@ -290,12 +310,12 @@ void CKivoGridBox::RenderFrame(int horizontal, int vertical, bool isStaggered, d
     pen.Line(axisColors[horizontal], hMin, vMin, hMax, vMin);
     pen.Line(axisColors[vertical], hMin, vMin, hMin, vMax);
 
-    const UnitVector right(horizontal), up(vertical), left(horizontal, -1.0f);
+    const ReadingDirections text(horizontal, vertical);
     const float labelRows = RenderHorizontalTicks(horizontal, vertical, isStaggered, pixelSize);
     const SKivoTexImage& horizontalTitle = m_axisTitleImage[horizontal];
     const float titleV =
         vMin - m_tickLength * sv - labelRows - static_cast<float>(horizontalTitle.height) * sv;
-    DrawTexturedQuad(pen.At((hMin + hMax) / 2.0f, titleV), right.components, up.components, sh, sv,
+    DrawTexturedQuad(pen.At((hMin + hMax) / 2.0f, titleV), text.right.components, text.up.components, sh, sv,
                      horizontalTitle);
 
     // The vertical title reads from bottom to top.
@@ -303,7 +323,7 @@ void CKivoGridBox::RenderFrame(int horizontal, int vertical, bool isStaggered, d
     const SKivoTexImage& verticalTitle = m_axisTitleImage[vertical];
     const float titleH =
         hMin - m_tickLength * sh - labelWidth - static_cast<float>(verticalTitle.height) * sh * 1.85f;
-    DrawTexturedQuad(pen.At(titleH, (vMin + vMax) / 2.0f), up.components, left.components, sv, sh,
+    DrawTexturedQuad(pen.At(titleH, (vMin + vMax) / 2.0f), text.up.components, text.left.components, sv, sh,
                      verticalTitle);
 }
 
@@ -312,7 +332,7 @@ float CKivoGridBox::RenderHorizontalTicks(int horizontal, int vertical, bool isS
                                           const float* pixelSize) const {
     const float vMin = m_boxMin[vertical];
     const float tickEnd = vMin - m_tickLength * pixelSize[vertical];
-    const UnitVector right(horizontal), up(vertical);
+    const ReadingDirections text(horizontal, vertical);
     const unsigned int count = m_tickPositions[horizontal] ? m_tickIntervals[horizontal] + 1 : 0;
     FlatPen pen(horizontal, vertical, m_boxMin);
     float room = 0.0f;
@@ -326,7 +346,7 @@ float CKivoGridBox::RenderHorizontalTicks(int horizontal, int vertical, bool isS
         room = std::max(room, 2.15f * height);
         float v = tickEnd - 0.5f * height;
         if (isStaggered && i % 2 == 1) v -= 1.15f * height;
-        DrawTexturedQuad(pen.At(p, v), right.components, up.components, pixelSize[horizontal],
+        DrawTexturedQuad(pen.At(p, v), text.right.components, text.up.components, pixelSize[horizontal],
                          pixelSize[vertical], label);
     }
     return room;
@@ -336,7 +356,7 @@ float CKivoGridBox::RenderHorizontalTicks(int horizontal, int vertical, bool isS
 float CKivoGridBox::RenderVerticalTicks(int horizontal, int vertical, const float* pixelSize) const {
     const float hMin = m_boxMin[horizontal];
     const float tickEnd = hMin - m_tickLength * pixelSize[horizontal];
-    const UnitVector right(horizontal), up(vertical);
+    const ReadingDirections text(horizontal, vertical);
     const unsigned int count = m_tickPositions[vertical] ? m_tickIntervals[vertical] + 1 : 0;
     FlatPen pen(horizontal, vertical, m_boxMin);
     float widest = 0.0f;
@@ -348,7 +368,7 @@ float CKivoGridBox::RenderVerticalTicks(int horizontal, int vertical, const floa
         const SKivoTexImage& label = m_tickLabels[vertical][i];
         const float width = static_cast<float>(label.width) * pixelSize[horizontal];
         widest = std::max(widest, width);
-        DrawTexturedQuad(pen.At(tickEnd - 0.8f * width, q), right.components, up.components,
+        DrawTexturedQuad(pen.At(tickEnd - 0.8f * width, q), text.right.components, text.up.components,
                          pixelSize[horizontal], pixelSize[vertical], label);
     }
     return widest;

@@ -400,4 +400,51 @@ TEST_P(AxisFrame, FlatTitlesKeepTheirGaps) {
     EXPECT_GT(box[3] - box[1], box[2] - box[0]) << "it reads upwards";
 }
 
+// An axis turned round while a flat plot is shown mirrors the frame, but not its texts.
+TEST_P(AxisFrame, FlatTextsReadCorrectlyAlongMirroredAxes) {
+    plotter.SwitchToXYProjectPlot();
+    const auto titleInk = [this](void (CKivoFunctionPlotter::*setTitle)(const char*)) {
+        (plotter.*setTitle)("");
+        const Image without = CaptureImage(plotter);
+        (plotter.*setTitle)("LLLF");
+        const Image with = CaptureImage(plotter);
+        std::vector<int> box = {width, height, -1, -1};
+        std::vector<std::vector<bool>> ink(height, std::vector<bool>(width, false));
+        for (int y = 0; y < height; ++y)
+            for (int x = 0; x < width; ++x)
+                if (with.Pixel(x, y)[0] + 60 < without.Pixel(x, y)[0]) {
+                    ink[y][x] = true;
+                    box = {std::min(box[0], x), std::min(box[1], y), std::max(box[2], x),
+                           std::max(box[3], y)};
+                }
+        std::vector<std::vector<bool>> cut;
+        for (int y = box[1]; y <= box[3]; ++y)
+            cut.emplace_back(ink[y].begin() + box[0], ink[y].begin() + box[2] + 1);
+        return cut;
+    };
+    const auto differing = [](const std::vector<std::vector<bool>>& a,
+                              const std::vector<std::vector<bool>>& b) {
+        std::size_t count = 0;
+        for (std::size_t y = 0; y < std::min(a.size(), b.size()); ++y)
+            for (std::size_t x = 0; x < std::min(a[y].size(), b[y].size()); ++x)
+                count += a[y][x] != b[y][x] ? 1 : 0;
+        return count;
+    };
+    for (const auto setTitle : {&CKivoFunctionPlotter::SetXAxisTitle, &CKivoFunctionPlotter::SetYAxisTitle}) {
+        const auto straight = titleInk(setTitle);
+        ASSERT_FALSE(straight.empty());
+        auto turned = straight;
+        for (auto& row : turned)
+            std::reverse(row.begin(), row.end());
+        plotter.SetInverseXAxis(true);
+        const auto mirroredX = titleInk(setTitle);
+        plotter.SetInverseYAxis(true);
+        const auto mirroredBoth = titleInk(setTitle);
+        plotter.SetInverseXAxis(false);
+        plotter.SetInverseYAxis(false);
+        EXPECT_LT(3 * differing(mirroredX, straight), differing(turned, straight));
+        EXPECT_LT(3 * differing(mirroredBoth, straight), differing(turned, straight));
+    }
+}
+
 KIVO_IN_EVERY_WINDOW(AxisFrame);

@@ -307,6 +307,19 @@ TEST_F(X11WindowTest, FollowsItsSizeBetweenDrawingAndPresenting) {
     ExpectQuarters(host.Grab(), 500, 400);
 }
 
+TEST_F(X11WindowTest, ItsFirstPictureHasTheSizeThatItHasThen) {
+    X11TestWindow host;
+    const AttachedWindow window(host.Id());
+    ASSERT_TRUE(window.MakeCurrent());
+    wglMakeCurrent(nullptr, nullptr);
+    host.Resize(500, 400);
+    EXPECT_TRUE(DrawFrame(window, 500, 400));
+    ExpectQuarters(host.Grab(), 500, 400);
+    host.Resize(200, 300);
+    EXPECT_TRUE(DrawFrame(window, 200, 300));
+    ExpectQuarters(host.Grab(), 200, 300);
+}
+
 TEST_F(X11WindowTest, TakesTheDisplaysResolution) {
     X11TestWindow host;
     host.SetResources("Xcursor.size:\t24\nXft.dpi:\t144\nXft.hinting:\t1\n");

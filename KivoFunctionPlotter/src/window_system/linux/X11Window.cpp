@@ -161,6 +161,7 @@ std::vector<EGLConfig> X11Window::FittingConfigs() const {
 EGLSurface X11Window::MakeSurface(EGLConfig config) {
     SIZE client{};
     if (!MeasureClient(client)) return EGL_NO_SURFACE;
+    m_surfaceSize = client;
     if (m_target.isChild && !m_child.IsMade() &&
         !m_child.Make(m_connection, m_window, m_target.visual, client))
         return EGL_NO_SURFACE;
@@ -168,7 +169,6 @@ EGLSurface X11Window::MakeSurface(EGLConfig config) {
     if (m_target.isSent) {
         const xcb_colormap_t colormap = m_child.IsMade() ? m_child.Colormap() : m_colormap;
         m_presenter = XImagePresenter::Make(m_connection, m_target.visual, colormap);
-        m_surfaceSize = client;
         return m_presenter ? MakePbuffer(*Display(), config, client) : EGL_NO_SURFACE;
     }
     const EGLSurface surface = eglCreatePlatformWindowSurface(Display()->Handle(), config, &window, nullptr);
@@ -182,11 +182,21 @@ bool X11Window::FollowWithChild(const SIZE& client) {
     return !m_child.IsMade() || m_child.Resize(client);
 }
 
+// A window has one surface at a time: the old one goes first.
+bool X11Window::RenewSurface() {
+    if (eglGetCurrentSurface(EGL_DRAW) == Surface()) return true; // in use
+    ReplaceSurface(EGL_NO_SURFACE);
+    const EGLSurface surface = MakeSurface(Config());
+    ReplaceSurface(surface);
+    return surface != EGL_NO_SURFACE;
+}
+
 bool X11Window::Follow() {
     SIZE client{};
     if (!MeasureClient(client) || !FollowWithChild(client)) return false;
-    // The driver follows the size of a window by itself.
-    if (!m_target.isSent || (client.cx == m_surfaceSize.cx && client.cy == m_surfaceSize.cy)) return true;
+    // The driver follows the size of a window by itself, but only once it has presented something.
+    if (client.cx == m_surfaceSize.cx && client.cy == m_surfaceSize.cy) return true;
+    if (!m_target.isSent) return m_isPresented || RenewSurface();
     const EGLSurface surface = MakePbuffer(*Display(), Config(), client);
     if (surface == EGL_NO_SURFACE) return false;
     ReplaceSurface(surface);
@@ -196,7 +206,10 @@ bool X11Window::Follow() {
 
 bool X11Window::Present(const SIZE& client) {
     if (!FollowWithChild(client)) return false;
-    if (!m_target.isSent) return SwapSurface();
+    if (!m_target.isSent) {
+        m_isPresented = true;
+        return SwapSurface();
+    }
     return m_presenter->Present(m_child.IsMade() ? m_child.Id() : m_window, m_surfaceSize);
 }
 

@@ -45,6 +45,7 @@ private:
     X11Window(std::shared_ptr<XConnection> connection, xcb_window_t window, const xcb_screen_t* screen,
               Target target, xcb_colormap_t colormap);
     bool FollowWithChild(const SIZE& client);
+    bool RenewSurface();
 
     std::shared_ptr<XConnection> m_connection;
     const xcb_window_t m_window;
@@ -53,7 +54,8 @@ private:
     const xcb_colormap_t m_colormap; // the window's own
     XChildWindow m_child;
     std::unique_ptr<XImagePresenter> m_presenter;
-    SIZE m_surfaceSize{}; // where pixels are sent
+    SIZE m_surfaceSize{};       // when it was made
+    bool m_isPresented = false; // whether the driver has shown a picture
 };
 
 } // namespace KivoDrawingTools

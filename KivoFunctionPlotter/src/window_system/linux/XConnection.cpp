@@ -41,11 +41,13 @@ std::shared_ptr<XConnection> XConnection::Open(const char* displayName) {
     const std::string name = named ? named : "";
     auto connection = std::make_shared<XConnection>(xcb_connect(displayName, nullptr), name);
     if (connection->IsAlive()) return connection;
-    if (name.empty())
-        Fail(ERROR_INVALID_PARAMETER, "X11: no display is named; start an X server or set DISPLAY.");
-    else
-        Fail(ERROR_INVALID_PARAMETER,
-             "X11: cannot open display \"" + name + "\"; start an X server or set DISPLAY.");
+    const std::string problem = name.empty() ? "no display is named" : "cannot open display \"" + name + "\"";
+    const std::string remedy =
+        std::getenv("WAYLAND_DISPLAY")
+            ? "this is a Wayland session: start Xwayland and have the toolkit use X11 (QT_QPA_PLATFORM=xcb, "
+              "GDK_BACKEND=x11, SDL_VIDEODRIVER=x11), or draw off-screen."
+            : "start an X server or set DISPLAY.";
+    Fail(ERROR_INVALID_PARAMETER, "X11: " + problem + "; " + remedy);
     return nullptr;
 }
 
