@@ -23,6 +23,7 @@ export UBSAN_OPTIONS=print_stacktrace=1
 for preset in release asan; do
     run_tests "$preset-offscreen" env -u DISPLAY -u WAYLAND_DISPLAY "build-$preset/tests/kivo-tests"
     run_tests "$preset-x11" scripts/with-display.sh "build-$preset/tests/kivo-tests"
+    run_tests "$preset-conformance" env -u DISPLAY -u WAYLAND_DISPLAY "build-$preset/tests/kivo-conformance-tests"
 done
 run_tests viewer-command env -u DISPLAY -u WAYLAND_DISPLAY build-asan/tests/kivo-viewer-tests --gtest_filter='-*Window*'
 run_tests viewer-window scripts/with-display.sh build-release/tests/kivo-viewer-tests --gtest_filter='*Window*'
@@ -38,6 +39,7 @@ check "installed package, static" scripts/test-package.sh static
 check "README host" scripts/test-readme-host.sh
 check "snippets of the embedding guide" scripts/embedding-guide.sh --check
 check "exported symbols" scripts/test-exports.sh
+check "recorded calls" scripts/test-recorder.sh
 check "list of members" scripts/test-members.sh
 check "formatting" scripts/check-format.sh
 check "repository rules" scripts/check-repository.sh

@@ -47,6 +47,13 @@ GUARD(EGLBoolean, eglGetConfigs, (EGLDisplay display, EGLConfig* configs, EGLint
 GUARD(EGLBoolean, eglGetConfigAttrib, (EGLDisplay display, EGLConfig config, EGLint name, EGLint* value),
       (display, config, name, value))
 
+// ---- Questions about the thread
+
+GUARD(EGLint, eglGetError, (), ())
+GUARD(EGLContext, eglGetCurrentContext, (), ())
+GUARD(EGLDisplay, eglGetCurrentDisplay, (), ())
+GUARD(__eglMustCastToProperFunctionPointerType, eglGetProcAddress, (const char* name), (name))
+
 // ---- Binding and presenting
 
 GUARD(EGLBoolean, eglBindAPI, (EGLenum api), (api))

@@ -167,7 +167,10 @@ const std::vector<PublicOperation> operations = {
     Member("SetZGradientEndColor", ContextUse::bracketed,
            [](CallProbe& p) { p.SetZGradientEndColor(0x0000FFul); }),
     Member("SetGradientColorRuleFloatingPointPrecision", ContextUse::bracketed,
-           [](CallProbe& p) { return p.SetGradientColorRuleFloatingPointPrecision(3); }),
+           [](CallProbe& p) {
+               p.SetGradientColorRuleFloatingPointPrecision(2);
+               return p.SetGradientColorRuleFloatingPointPrecision(3);
+           }),
     Member("GetGradientColorRuleFloatingPointPrecision", ContextUse::none,
            [](CallProbe& p) { p.GetGradientColorRuleFloatingPointPrecision(); }),
     // Annotation
