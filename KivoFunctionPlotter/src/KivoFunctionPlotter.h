@@ -12,16 +12,15 @@
 // Conventions of all members:
 // - Every member is called on the thread of the host's window. Different plotters are independent.
 // - No OpenGL context is current between calls, except where a member says so.
-// - `int` results: 0 for success, else a negative code named at the member.
+// - `int` results: 0 for success; all others, most of them negative codes, are named at the member.
 // - Setters store and return; none of them redraws. Call OnDraw() to see their effect.
-// - Numbers are taken as they are: a degenerate one yields infinities or not-a-number values, which are
-// passed on.
+// - Numbers are taken as they are: a degenerate one yields infinities or not-a-number values, which
+//   are passed on.
 // - Points and vectors are three floats x, y, z. Matrices are sixteen doubles in OpenGL's column-major order.
-// - Colours are four floats red, green, blue, alpha from 0 to 1, or an unsigned long 0x00BBGGRR with red in
-// the
-//   low byte, each byte divided by 255 and alpha 1.
-// - Nothing is thrown by the plotter itself; std::bad_alloc and std::length_error of the standard library
-// pass.
+// - Colours are four floats red, green, blue, alpha from 0 to 1, or an unsigned long 0x00BBGGRR with
+//   red in the low byte, each byte divided by 255 and alpha 1.
+// - Nothing is thrown by the plotter itself; std::bad_alloc and std::length_error of the standard
+//   library pass.
 #pragma once
 
 #include "KivoPlatform.h"
@@ -97,14 +96,14 @@ public:
     /// Releases everything as OnDestroy does, then frees the helper objects.
     virtual ~CKivoFunctionPlotter();
 
-    /// Binds the plot to a window: pixel format, OpenGL context, lights, fonts, start view. Text is 10 points
-    /// high.
+    /// Binds the plot to a window: pixel format, OpenGL context, lights, fonts. It shows the 3-D plot in its
+    /// start view, out of trace mode, on the background that ResetBackgroundColor() gives. Text is 10 points
+    /// high. A plot that is bound already is released first, as OnDestroy does it, data included.
     /// @param hWnd         the host's window, which must live until OnDestroy
     /// @param accelerated  true asks for the graphics processor, false for drawing in software
-    /// @return 0; -1 for a null window or when a step of the window system fails. Nothing is rolled back
-    /// then:
-    ///         OnDestroy or the destructor cleans up. Where KivoWindow.h applies, LastWindowError() has the
-    ///         reason.
+    /// @return 0; -1 for a null window or when a step of the window system fails. Nothing is rolled back:
+    ///         OnDestroy or the destructor cleans up. Where KivoWindow.h applies, LastWindowError() has
+    ///         the reason.
     int OnCreate(HWND hWnd, bool accelerated);
 
     /// The same, then lays the plot out for a client area of cx x cy pixels, even when the first step failed.
@@ -115,7 +114,8 @@ public:
     int OnCreate(HWND hWnd, int cx, int cy, int fontSize, bool accelerated);
 
     /// Gives back the data, the fonts and the OpenGL context. Afterwards the object may be destroyed or bound
-    /// to a window again. Calling it twice does no harm.
+    /// to a window again, where titles and names of measure groups show once they have been set anew. Calling
+    /// it twice does no harm.
     /// @return 0, or -1 when the OpenGL context could not be deleted; everything else is freed all the same
     int OnDestroy();
 
@@ -156,9 +156,9 @@ public:
     int SetInverseYAxis(bool inverse); ///< as SetInverseXAxis
     int SetInverseZAxis(bool inverse); ///< as SetInverseXAxis
 
-    /// @param autoSwitch  true: the planes behind the surface carry the grid and switch as the view turns
-    /// (the
-    ///                    default); false: they are the planes at each axis's start, whatever the view
+    /// @param autoSwitch  true, at first: the planes behind the surface carry the grid and switch as the view
+    ///                    turns; false: they stay at the minimum of each axis, or at the maximum of an
+    ///                    inverted one, whatever the view
     void SetAutoSwitchFramePlanes(bool autoSwitch);
 
     /// Sets the background from the next frame on.
@@ -206,11 +206,14 @@ public:
     void OnRButtonDown(unsigned int flags, POINT pt);
     /// Ends the drag when pt lies in the viewport box.
     void OnRButtonUp(unsigned int flags, POINT pt);
-    /// Goes on with a drag and draws a frame: MK_CONTROL zooms (before all others), MK_SHIFT pans, else the
-    /// 3-D plot is turned. Without MK_RBUTTON in the flags, or outside the viewport box, nothing is drawn.
+    /// Goes on with a drag and draws a frame: MK_CONTROL zooms (before all others), MK_SHIFT pans, without
+    /// both the 3-D plot is turned. Without a drag, trace mode traces pt over the 3-D plot and draws a frame.
+    /// In all other cases nothing is drawn: outside the viewport box, during a drag without MK_RBUTTON in the
+    /// flags, and during one without MK_CONTROL and MK_SHIFT over a flat plot.
     void OnMouseMove(unsigned int flags, POINT pt);
     /// One zoom step for each message, whatever the size of delta, and a frame; nothing outside the viewport.
-    /// @param delta  negative: towards the user, the picture shrinks; otherwise it grows
+    /// @param delta  negative: towards the user, the picture shrinks by Zoom(1.04f); otherwise it grows by
+    ///               Zoom(0.96f)
     /// @param pt     screen coordinates in pixels, as wheel messages have them
     void OnMouseWheel(unsigned int flags, short delta, POINT pt);
 
@@ -220,7 +223,10 @@ public:
     /// Shifts the plot along the way from one client point to the other, at 0.8 of its length. While the
     /// viewport has no width or the view volume no finite one, it does nothing.
     void Translate(POINT from, POINT to);
-    /// Scales the view volume; a factor below 1 enlarges the picture.
+    /// Scales the view volume.
+    /// @param factor  above 0; below 1 it enlarges the picture. A negative one also turns the picture by 180
+    ///                degrees. 0, infinities and not-a-number values leave no usable view: OnSize and the
+    ///                switches between plots fit it anew.
     void Zoom(float factor);
 
     // Trace: the point of the surface under the pointer, in the 3-D plot.
@@ -251,14 +257,13 @@ public:
     /// columns; with other strides bounds and colours follow the strides, and the surface is drawn from the
     /// packed points. A grid one point wide or high has bounds and colours but no triangles.
     /// @param points        not null unless columns * rows is 0; from new[], freed with delete[] by the
-    /// plotter
+    ///                      plotter
     /// @param columns       points in a row
     /// @param rows          number of rows
     /// @param columnStride  points from one column to the next
     /// @param rowStride     points from one row to the next
     /// @param components    floats of a point: x, y, z first; a fourth is taken as the homogeneous w. With
-    /// fewer
-    ///                      than three nothing is read or drawn
+    ///                      fewer than three nothing is read or drawn
     /// @return 0
     int SetData(float* points, unsigned int columns, unsigned int rows, unsigned int columnStride,
                 unsigned int rowStride, unsigned int components);
@@ -321,8 +326,11 @@ public:
     void SetZGradientStartColor(unsigned long color);                         ///< start, 0x00BBGGRR
     void SetZGradientEndColor(unsigned long color);                           ///< end, 0x00BBGGRR
 
-    /// Sets the digits after the decimal point in the labels of all colour legends, 3 at first; no limit is
-    /// applied. Labels have at most 1000 of them.
+    /// Sets the digits after the decimal point in the labels of all colour legends, 3 at first.
+    /// @param precision  of use up to the seven significant digits of a float. No limit is applied, but
+    /// labels
+    ///                   have at most 1000 digits after the point, and those wider than 512 pixels take two
+    ///                   lines and are cut off.
     /// @return 0
     int SetGradientColorRuleFloatingPointPrecision(unsigned int precision);
     /// @return the digits after the decimal point in the legends' labels
@@ -332,8 +340,9 @@ public:
     // Annotation
     // ---------------------------------------------------------------------------------------------------------
 
-    // Titles are images of their texts, made when they are set: set them after OnCreate. One set before has
-    // its text but is not drawn. Texts are UTF-8 (on Windows: the process's code page); null is not allowed.
+    // Titles are images of their texts, made when they are set: set them after OnCreate. One set before, be
+    // it before OnDestroy and another OnCreate, has its text but is not drawn. Texts are UTF-8 (on Windows:
+    // the process's code page); null is not allowed.
 
     /// @return the text, valid until the title changes; empty at first
     const char* GetPlotTitle() const;
@@ -354,8 +363,9 @@ public:
     /// @return 0, or -1 when the renderer is null or not initialised, or without memory for the picture
     static int CreateTextImage(STextRenderer* renderer, const char* text, SKivoTexImage* image);
 
-    // Bitmap text, in the plot's 10-point font, one glyph for each byte; for derived classes and hosts
-    // between BeginGLOperation and EndGLOperation. The position goes through the matrices now loaded.
+    // Bitmap text, in the plot's 10-point font, one glyph for each byte. The OpenGL context must be current:
+    // for derived classes, between BeginGLOperation and EndGLOperation. The position goes through the
+    // matrices now loaded.
 
     /// @param count  bytes of text; the forms without it take the text's length
     void RenderText(float x, float y, float z, const char* text, std::size_t count);
@@ -366,8 +376,7 @@ public:
     void RenderNearText(float x, float y, const char* text);                    ///< at z = 0, the whole text
 
     // Axis settings. New data choose range, tick count and precision anew. The view is not fitted again by
-    // these: AutoAdjustAxisLengthRatio does that. Precisions have no limit, but labels have at most 1000 digits
-    // after the point.
+    // these: AutoAdjustAxisLengthRatio does that. Precisions have the limits of the legends' precision.
 
     float GetXAxisMin() const; ///< @return the first tick value of the X axis
     float GetYAxisMin() const; ///< @return the first tick value of the Y axis
@@ -411,12 +420,16 @@ public:
     // Curves lie over one data set: new data remove them.
 
     /// Adds a polyline with a ball at every point: red, one pixel wide, visible. The points are copied.
-    /// @param points          pointCount * floatsPerPoint floats, the first three of a point being x, y, z
+    /// @param points          pointCount * floatsPerPoint floats
+    /// @param floatsPerPoint  the first three are x, y, z; those that are missing are 0
     /// @return the curve's index, from 0; -3 for a null pointer or a count of 0
     int AddCurveData(float* points, unsigned int pointCount, unsigned int floatsPerPoint);
     int SetCurveColor(int index, unsigned long color); ///< 0x00BBGGRR @return 0; -2 for a bad index
     int SetCurveVisibility(int index, bool visible);   ///< line and balls @return 0; -2 for a bad index
-    int SetCurveWidth(int index, float width);         ///< line width in pixels @return 0; -2 for a bad index
+    /// @param width  of the line in pixels, above 0. OpenGL refuses 0 and less: the line then has the width
+    ///               of the curve drawn before it, or 1.
+    /// @return 0; -2 for a bad index
+    int SetCurveWidth(int index, float width);
 
     /// @return the radius of point markers in whole pixels
     unsigned int GetPointRadiusPixelSize() const;
@@ -428,7 +441,8 @@ public:
 
     /// Adds a group in the next of ten colours. The array stays the host's: it is neither copied nor freed,
     /// and it must live as long as the plotter. A changed array shows in the next frame.
-    /// @param floatsPerPoint  floats from one point to the next, the first three being x, y, z
+    /// @param points          pointCount * floatsPerPoint floats
+    /// @param floatsPerPoint  the first three are x, y, z; those that are missing are 0
     /// @param name            UTF-8, not null; its image is made now, so add groups after OnCreate
     /// @return 0; -3 for a null pointer or a count of 0
     int AddMeasurePoints(unsigned int pointCount, unsigned int floatsPerPoint, float* points,
@@ -441,11 +455,14 @@ public:
     int ShowMeasureGroup(unsigned int index, bool show);  ///< @return 0; -2 for a bad index
     bool IsShowMeasureGroup(unsigned int index); ///< @return whether it is shown; false for a bad index
     int ShowAllMeasureGroups(bool show);         ///< @return 0
-    unsigned long
-    GetMeasureGroupColor(unsigned int index); ///< @return 0x00BBGGRR, truncated; 0 for a bad index
-    int SetMeasureGroupColor(unsigned int index, unsigned long color); ///< @return 0; -2 for a bad index
-    int GetMeasureGroupName(unsigned int index, std::string* name);    ///< @return 0; -2 for a bad index
-    int SetMeasureGroupName(unsigned int index, const char* name);     ///< @return 0; -2 for a bad index
+    /// @return 0x00BBGGRR, each channel's 255ths truncated; 0 for a bad index
+    unsigned long GetMeasureGroupColor(unsigned int index);
+    /// @param color  0x00BBGGRR @return 0; -2 for a bad index
+    int SetMeasureGroupColor(unsigned int index, unsigned long color);
+    /// @param name  receives the name; not null @return 0; -2 for a bad index
+    int GetMeasureGroupName(unsigned int index, std::string* name);
+    /// @param name  as in AddMeasurePoints @return 0; -2 for a bad index
+    int SetMeasureGroupName(unsigned int index, const char* name);
     /// @return the index of the first group of exactly this name; -1 when there is none
     int GetMeasureGroupIndexByName(std::string name);
 
@@ -673,8 +690,9 @@ protected:
     void AssignFramelineIndexData();
     /// Rebuilds the list of frame lines; a step of 0, or a grid without cells, leaves it empty.
     void AssignFramelineIndexData(unsigned int columnStep, unsigned int rowStep);
-    /// Draws a 20 x 20 grid of 400 x 400 pixels and reads it back into m_framelineTexels. Viewport and clear
-    /// colour are as before afterwards; the context must be current.
+    /// Draws a 20 x 20 grid of 400 x 400 pixels into the back buffer, over what it holds, and reads it back
+    /// into m_framelineTexels. Viewport and clear colour are as before afterwards, lighting is on; the
+    /// context must be current.
     void CreateFramelineSKivoTexImage();
 
     /// Traces the contours of all axes; nothing without data. The context must be current.
@@ -686,10 +704,11 @@ protected:
     void RenderFlatYIsoContour();     ///< draws them on the XZ back plane, in the Y gradient's colours
     void RenderFlatZIsoContour();     ///< draws them on the XY back plane, in the Z gradient's colours
     /// Draws contours of the last coordinate on the surface itself, in the current colour, traced at each
-    /// call. The plotter itself does not call it.
+    /// call; lighting is on afterwards. The plotter itself does not call it.
     void RenderIsoContour();
-    /// Draws the contours of the last coordinate as a picture of 400 x 400 pixels seen from above, and reads
-    /// it back into m_isoContourTexels. Viewport and clear colour are as before afterwards.
+    /// Draws the contours of the last coordinate as a picture of 400 x 400 pixels, seen from above, into the
+    /// back buffer, over what it holds, and reads it back into m_isoContourTexels. Viewport and clear colour
+    /// are as before afterwards, lighting is on and lines are one pixel wide; the context must be current.
     void CreateIsoContourSKivoTexImage();
 
     // ---------------------------------------------------------------------------------------------------------
@@ -735,10 +754,10 @@ protected:
     int m_plotType = 0; ///< 0 normal, 1 XY, 2 YZ, 3 XZ
 
     // Viewports in window pixels: x, y, width, height
-    int m_clientHeight = 0;
+    int m_clientHeight = 0; ///< of the window in pixels: turns client positions, y downwards, upside down
     int m_plotViewport[4] = {0, 0, 0, 1};
 
-    // Plot view volume
+    // Plot view volume, from the centre of the view, in data units times m_axisScale: units of the Z axis
     double m_viewLeft = 0.0;
     double m_viewRight = 0.0;
     double m_viewBottom = 0.0;
@@ -756,7 +775,7 @@ protected:
     double m_rotationMatrix[16] = {1, 0, 0, 0, 0, 1, 0, 0,
                                    0, 0, 1, 0, 0, 0, 0, 1}; ///< 12 and 13: the user's pan
     double m_volumeTranslate[3] = {0, 0, 0};                ///< minus the point at the centre of the view
-    double m_axisScale[3] = {1, 1, 1};
+    double m_axisScale[3] = {1, 1, 1};                      ///< view-volume units in a data unit of X, Y, Z
 
     // Colour maps and legends, owned
     CKivoGradientColor* m_zGradientColor = nullptr;
@@ -779,11 +798,11 @@ protected:
     CKivoGridBox* m_gridBox = nullptr; ///< owned
 
     // Vertex arrays, from new[]
-    float* m_colorArray = nullptr;    ///< 4 a point, row by row
-    float* m_normalArray = nullptr;   ///< 3 a point, addressed like the points
-    float* m_texcoordArray = nullptr; ///< 2 a point, row by row
-    unsigned int* m_indexArray = nullptr;
-    unsigned int* m_framelineIndexArray = nullptr;
+    float* m_colorArray = nullptr;                 ///< 4 a point, row by row
+    float* m_normalArray = nullptr;                ///< 3 a point, addressed like the points
+    float* m_texcoordArray = nullptr;              ///< 2 a point, row by row
+    unsigned int* m_indexArray = nullptr;          ///< 3 a triangle: m_indexCount numbers of points
+    unsigned int* m_framelineIndexArray = nullptr; ///< 2 a segment: m_framelineIndexCount numbers of points
 
     unsigned int m_fontListBase = 0; ///< first of 256 display lists
 
@@ -796,11 +815,11 @@ protected:
     std::string m_zAxisTitle;
     SKivoTexImage* m_plotTitleImage = nullptr; ///< owned
 
-    // Iso-contour texture: RGBA bytes from new[], bottom row first
-    unsigned int m_isoContourTexId = 0;
-    int m_isoContourTexWidth = 0;
-    int m_isoContourTexHeight = 0;
-    unsigned char* m_isoContourTexels = nullptr;
+    // Iso-contour texture
+    unsigned int m_isoContourTexId = 0;          ///< OpenGL texture name
+    int m_isoContourTexWidth = 0;                ///< in pixels: 400 once it has been made
+    int m_isoContourTexHeight = 0;               ///< in pixels: 400 once it has been made
+    unsigned char* m_isoContourTexels = nullptr; ///< RGBA bytes, bottom row first; from new[]
 
     // Iso-contour settings
     bool m_useIsoContourTexture = false;
@@ -811,11 +830,11 @@ protected:
     std::vector<SKivoIsoContour> m_flatXIsoContours;
     std::vector<SKivoIsoContour> m_flatYIsoContours;
 
-    // Frame-line texture: RGBA bytes from new[], bottom row first
-    unsigned int m_framelineTexId = 0;
-    int m_framelineTexWidth = 0;
-    int m_framelineTexHeight = 0;
-    unsigned char* m_framelineTexels = nullptr;
+    // Frame-line texture
+    unsigned int m_framelineTexId = 0;          ///< OpenGL texture name
+    int m_framelineTexWidth = 0;                ///< in pixels: 400 once it has been made
+    int m_framelineTexHeight = 0;               ///< in pixels: 400 once it has been made
+    unsigned char* m_framelineTexels = nullptr; ///< RGBA bytes, bottom row first; from new[]
 
     // Drawing flags
     bool m_useFramelineTexture = false;

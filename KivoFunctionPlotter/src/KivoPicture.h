@@ -10,7 +10,7 @@ namespace KivoDrawingTools {
 /// Draws one frame at the window's size without presenting it and reads it back.
 /// @param plotter        a plotter whose OnCreate succeeded
 /// @param rgba           receives width * height * 4 bytes, red, green, blue, alpha (always 255), top row
-/// first
+///                       first
 /// @param width, height  receive the picture's size in pixels
 /// @return 0; -1 when the plotter has no usable window or OpenGL context, then nothing is changed
 KIVO_API int CapturePicture(CKivoFunctionPlotter& plotter, std::vector<unsigned char>& rgba, int& width,

@@ -18,8 +18,8 @@ namespace KivoDrawingTools {
 /// through.
 /// @param window       the window's XID
 /// @param displayName  the display, for example ":0"; null for the one that the environment names
-/// @return the handle, or null: LastWindowError() says why. Handing null to OnCreate gives -1 and keeps those
-/// words.
+/// @return the handle, or null: LastWindowError() says why. Handing null to OnCreate gives -1 and keeps
+///         those words.
 KIVO_API HWND AttachX11Window(unsigned long window, const char* displayName = nullptr);
 #endif
 
@@ -27,15 +27,15 @@ KIVO_API HWND AttachX11Window(unsigned long window, const char* displayName = nu
 /// hidden window.
 /// @param width, height  size of the client area in pixels, 1 to 16384 each
 /// @param dpi            dots per inch that text is sized for, 1 to 1200; on Windows the screen's value is
-/// used
+///                       used
 /// @return the handle, or null: LastWindowError() says why
 KIVO_API HWND CreateOffscreenWindow(int width, int height, int dpi = 96);
 
 /// Changes the size of a window made by CreateOffscreenWindow; call the plotter's OnSize afterwards. The
 /// picture drawn so far is lost.
 /// @param width, height  new size in pixels, 1 to 16384 each
-/// @return 0, or -1 when the handle or the size is refused or the memory is not there; the window is then as
-/// before
+/// @return 0, or -1 when the handle or the size is refused or the memory is not there; the window is then
+///         as before
 KIVO_API int ResizeOffscreenWindow(HWND window, int width, int height);
 
 /// Gives back a handle made by one of the functions above, after the plotter's OnDestroy. A window that the
