@@ -184,6 +184,14 @@ TEST(OperationFaults, InOnDestroyGiveTheDocumentedResult) {
 
 namespace {
 
+bool HasOperations(const PublicOperation& member, CallProbe& plotter) {
+    OperationFault fault(0);
+    member.run(plotter);
+    fault.Stop();
+    plotter.EndGLOperation();
+    return !fault.Operations().empty();
+}
+
 // The result of a member when the n-th operation of a name fails in it.
 int ResultOf(const std::string& member, const std::string& failed, int n) {
     const bool isFirstBinding = failed == "wglMakeCurrent" && n == 1;
@@ -201,8 +209,10 @@ int ResultOf(const std::string& member, const std::string& failed, int n) {
 
 TEST(OperationFaults, InAnyMemberGiveTheDocumentedResultAndLoseNothing) {
     WarmUp();
+    RecordedPlot counted;
+    counted.Fill();
     for (const PublicOperation& member : PublicOperations()) {
-        if (member.context == ContextUse::callers) continue;
+        if (member.context == ContextUse::callers || !HasOperations(member, counted.plotter)) continue;
         RecordedPlot plot;
         plot.Fill();
         CallProbe& plotter = plot.plotter;
