@@ -30,10 +30,11 @@ void UnitNormal(const float* p0, const float* p1, const float* p2, float* out) {
     out[2] = z / length;
 }
 
-float MeetPlane(const float* origin, const float* dir, const float* p0, const float* p1, const float* p2,
-                float* hit) {
-    float n[3];
-    UnitNormal(p0, p1, p2, n);
+namespace {
+
+// Where a line meets the plane through a point.
+float MeetPlaneWithNormal(const float* origin, const float* dir, const float* p0, const float* n,
+                          float* hit) {
     const float planeDistance = n[0] * p0[0] + n[1] * p0[1] + n[2] * p0[2];
     const float originDistance = n[0] * origin[0] + n[1] * origin[1] + n[2] * origin[2];
     const float slope = n[0] * dir[0] + n[1] * dir[1] + n[2] * dir[2];
@@ -43,12 +44,21 @@ float MeetPlane(const float* origin, const float* dir, const float* p0, const fl
     return t;
 }
 
+} // namespace
+
+float MeetPlane(const float* origin, const float* dir, const float* p0, const float* p1, const float* p2,
+                float* hit) {
+    float n[3];
+    UnitNormal(p0, p1, p2, n);
+    return MeetPlaneWithNormal(origin, dir, p0, n, hit);
+}
+
 float MeetTriangle(const float* origin, const float* dir, const float* p0, const float* p1, const float* p2,
                    float* hit, bool* inside) {
-    const float t = MeetPlane(origin, dir, p0, p1, p2, hit);
-    *inside = false;
     float n[3], c[3];
     UnitNormal(p0, p1, p2, n);
+    const float t = MeetPlaneWithNormal(origin, dir, p0, n, hit);
+    *inside = false;
     UnitNormal(p0, p1, hit, c);
     if (WideDotProduct(n, c) < 0.0) return t;
     // (p2 - p1) x (hit - p1), and so on around the triangle
