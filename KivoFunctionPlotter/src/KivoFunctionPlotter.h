@@ -874,7 +874,7 @@ protected:
 
     CKivoMeasurePointGroupManager* m_measureGroups = nullptr; ///< owned
 
-    // Inverse axes; the grid box reads them through a pointer to the first
+    // Inverse axes; the grid box reads them through pointers
     bool m_inverseXAxis = false;
     bool m_inverseYAxis = false;
     bool m_inverseZAxis = false;

@@ -7,7 +7,8 @@
 
 namespace KivoDrawingTools {
 
-CKivoGridBox::CKivoGridBox(const bool* inverseAxis) : m_inverseAxis(inverseAxis) {}
+CKivoGridBox::CKivoGridBox(const bool* inverseX, const bool* inverseY, const bool* inverseZ)
+    : m_inverseAxis{inverseX, inverseY, inverseZ} {}
 
 CKivoGridBox::~CKivoGridBox() {
     for (int axis = 0; axis < 3; ++axis) {
@@ -107,9 +108,9 @@ void CKivoGridBox::ChooseBackPlanes(const double* rotation) {
         m_backPlane[1] = rotation[10] >= 0.0;
         m_backPlane[2] = rotation[2] >= 0.0;
     } else {
-        m_backPlane[0] = !m_inverseAxis[1];
-        m_backPlane[1] = !m_inverseAxis[2];
-        m_backPlane[2] = !m_inverseAxis[0];
+        m_backPlane[0] = !*m_inverseAxis[1];
+        m_backPlane[1] = !*m_inverseAxis[2];
+        m_backPlane[2] = !*m_inverseAxis[0];
     }
 }
 

@@ -12,8 +12,8 @@ struct STextRenderer;
 /// or release them want the OpenGL context current.
 class CKivoGridBox {
 public:
-    /// @param inverseAxis  three flags, read later and never copied: they must outlive the box
-    explicit CKivoGridBox(const bool* inverseAxis);
+    /// @param inverseX, inverseY, inverseZ  flags, read later and never copied: they must outlive the box
+    CKivoGridBox(const bool* inverseX, const bool* inverseY, const bool* inverseZ);
     CKivoGridBox(const CKivoGridBox&) = delete;
     CKivoGridBox& operator=(const CKivoGridBox&) = delete;
     virtual ~CKivoGridBox();
@@ -51,7 +51,7 @@ public:
     void RenderYZFrame(double worldPerPixel, const double* axisScale); ///< as RenderXYFrame, in one row
     void RenderXZFrame(double worldPerPixel, const double* axisScale); ///< as RenderXYFrame, in one row
 
-    const bool* m_inverseAxis;            ///< three flags of the plotter
+    const bool* m_inverseAxis[3];         ///< flags of the plotter
     STextRenderer* m_textMaker = nullptr; ///< not owned; null: no labels are built
     const float* m_dataMin = nullptr;     ///< the plotter's data box
     const float* m_dataMax = nullptr;

@@ -98,7 +98,7 @@ CKivoFunctionPlotter::CKivoFunctionPlotter()
       m_zColorRuler(new (std::nothrow) CKivoGradientColorRuler),
       m_xColorRuler(new (std::nothrow) CKivoGradientColorRuler),
       m_yColorRuler(new (std::nothrow) CKivoGradientColorRuler),
-      m_gridBox(new (std::nothrow) CKivoGridBox(&m_inverseXAxis)),
+      m_gridBox(new (std::nothrow) CKivoGridBox(&m_inverseXAxis, &m_inverseYAxis, &m_inverseZAxis)),
       m_textRenderer(new (std::nothrow) STextRenderer), m_plotTitleImage(new (std::nothrow) SKivoTexImage),
       m_measureGroups(new (std::nothrow) CKivoMeasurePointGroupManager) {
     if (m_gridBox) m_gridBox->m_autoSwitchFramePlanes = true;

@@ -14,7 +14,7 @@ namespace {
 
 struct Box {
     bool inverse[3] = {};
-    CKivoGridBox box{inverse};
+    CKivoGridBox box{&inverse[0], &inverse[1], &inverse[2]};
 };
 
 void ExpectTicks(const CKivoGridBox& box, int axis, float offset = 0.0f) {
@@ -27,7 +27,6 @@ void ExpectTicks(const CKivoGridBox& box, int axis, float offset = 0.0f) {
 
 TEST(GridBox, StartsEmpty) {
     const Box b;
-    EXPECT_EQ(b.box.m_inverseAxis, b.inverse);
     EXPECT_EQ(b.box.m_textMaker, nullptr);
     EXPECT_EQ(b.box.m_dataMin, nullptr);
     EXPECT_EQ(b.box.m_dataMax, nullptr);
@@ -37,6 +36,7 @@ TEST(GridBox, StartsEmpty) {
     EXPECT_EQ(b.box.m_tickLength, 10.0f);
     EXPECT_EQ(b.box.m_labelOffset, 12.5f);
     for (int axis = 0; axis < 3; ++axis) {
+        EXPECT_EQ(b.box.m_inverseAxis[axis], &b.inverse[axis]);
         for (const float* values : {b.box.m_axisMin, b.box.m_axisMax, b.box.m_boxMin, b.box.m_boxMax,
                                     b.box.m_tickOffset, b.box.m_margin, b.box.m_tickStep})
             EXPECT_EQ(values[axis], 0.0f);
@@ -206,9 +206,9 @@ TEST(GridBox, FixedBackPlanesFollowTheInverseAxes) {
 TEST(GridBox, ThePlottersBoxReadsItsInverseAxesAndSwitchesByItself) {
     PlotterProbe plotter;
     EXPECT_TRUE(plotter.m_gridBox->m_autoSwitchFramePlanes);
-    EXPECT_EQ(plotter.m_gridBox->m_inverseAxis, &plotter.m_inverseXAxis);
-    EXPECT_EQ(plotter.m_gridBox->m_inverseAxis + 1, &plotter.m_inverseYAxis);
-    EXPECT_EQ(plotter.m_gridBox->m_inverseAxis + 2, &plotter.m_inverseZAxis);
+    EXPECT_EQ(plotter.m_gridBox->m_inverseAxis[0], &plotter.m_inverseXAxis);
+    EXPECT_EQ(plotter.m_gridBox->m_inverseAxis[1], &plotter.m_inverseYAxis);
+    EXPECT_EQ(plotter.m_gridBox->m_inverseAxis[2], &plotter.m_inverseZAxis);
     plotter.SetAutoSwitchFramePlanes(false);
     EXPECT_FALSE(plotter.m_gridBox->m_autoSwitchFramePlanes);
     plotter.SetAutoSwitchFramePlanes(true);

@@ -168,7 +168,7 @@ TEST_P(PlotModes, AnInverseAxisNegatesItsColumnAndComesBackExactly) {
                                                            : before[static_cast<std::size_t>(i)]);
             ExpectLoadedCamera();
         }
-        EXPECT_TRUE(plotter.m_gridBox->m_inverseAxis[axis]);
+        EXPECT_TRUE(*plotter.m_gridBox->m_inverseAxis[axis]);
         EXPECT_EQ(std::invoke(setters[axis], plotter, false), 0);
         EXPECT_EQ(FromArray(plotter.m_rotationMatrix), before);
         ExpectLoadedCamera();
