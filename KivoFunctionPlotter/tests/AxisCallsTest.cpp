@@ -324,6 +324,12 @@ protected:
         Line(colors[GetParam().vertical], At(hMin, vMin), At(hMin, vMax));
         HorizontalTicks(withGrid);
         VerticalTicks(withGrid);
+        {
+            // The view in which no axis is mirrored.
+            const CurrentContext context(plotter);
+            glMatrixMode(GL_MODELVIEW);
+            glLoadIdentity();
+        }
         const auto recorder =
             RecordStep(plotter, [&] { std::invoke(GetParam().render, box, Pixel(), plotter.m_axisScale); });
         ASSERT_EQ(recorder->Draws().size(), steps.size());

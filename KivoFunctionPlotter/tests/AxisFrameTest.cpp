@@ -403,10 +403,13 @@ TEST_P(AxisFrame, FlatTitlesKeepTheirGaps) {
 // An axis turned round while a flat plot is shown mirrors the frame, but not its texts.
 TEST_P(AxisFrame, FlatTextsReadCorrectlyAlongMirroredAxes) {
     plotter.SwitchToXYProjectPlot();
-    const auto titleInk = [this](void (CKivoFunctionPlotter::*setTitle)(const char*)) {
-        (plotter.*setTitle)("");
+    const auto titleInk = [this](bool isOfX) {
+        const auto setTitle = [&](const char* title) {
+            isOfX ? plotter.SetXAxisTitle(title) : plotter.SetYAxisTitle(title);
+        };
+        setTitle("");
         const Image without = CaptureImage(plotter);
-        (plotter.*setTitle)("LLLF");
+        setTitle("LLLF");
         const Image with = CaptureImage(plotter);
         std::vector<int> box = {width, height, -1, -1};
         std::vector<std::vector<bool>> ink(height, std::vector<bool>(width, false));
@@ -430,16 +433,16 @@ TEST_P(AxisFrame, FlatTextsReadCorrectlyAlongMirroredAxes) {
                 count += a[y][x] != b[y][x] ? 1 : 0;
         return count;
     };
-    for (const auto setTitle : {&CKivoFunctionPlotter::SetXAxisTitle, &CKivoFunctionPlotter::SetYAxisTitle}) {
-        const auto straight = titleInk(setTitle);
+    for (const bool isOfX : {true, false}) {
+        const auto straight = titleInk(isOfX);
         ASSERT_FALSE(straight.empty());
         auto turned = straight;
         for (auto& row : turned)
             std::reverse(row.begin(), row.end());
         plotter.SetInverseXAxis(true);
-        const auto mirroredX = titleInk(setTitle);
+        const auto mirroredX = titleInk(isOfX);
         plotter.SetInverseYAxis(true);
-        const auto mirroredBoth = titleInk(setTitle);
+        const auto mirroredBoth = titleInk(isOfX);
         plotter.SetInverseXAxis(false);
         plotter.SetInverseYAxis(false);
         EXPECT_LT(3 * differing(mirroredX, straight), differing(turned, straight));
