@@ -25,6 +25,8 @@ for preset in release asan; do
     run_tests "$preset-x11" scripts/with-display.sh "build-$preset/tests/kivo-tests"
     run_tests "$preset-conformance" env -u DISPLAY -u WAYLAND_DISPLAY "build-$preset/tests/kivo-conformance-tests"
 done
+run_tests load env -u DISPLAY -u WAYLAND_DISPLAY build-release/tests/kivo-load-tests
+run_tests asan-load env -u DISPLAY -u WAYLAND_DISPLAY KIVO_LOAD_PERCENT=10 build-asan/tests/kivo-load-tests
 run_tests viewer-command env -u DISPLAY -u WAYLAND_DISPLAY build-asan/tests/kivo-viewer-tests --gtest_filter='-*Window*'
 run_tests viewer-window scripts/with-display.sh build-release/tests/kivo-viewer-tests --gtest_filter='*Window*'
 run_tests hosts scripts/with-display.sh env KIVO_WIN32_HOST="$root/build-mingw/examples/win32_host.exe" \

@@ -127,8 +127,12 @@ TEST_F(HostWindow, OfAnySize) {
         host->Resize(size.width, size.height);
         plotter.OnSize(0, size.width, size.height);
         plotter.Renderscene(); // what no memory or driver can draw fails
+        EXPECT_TRUE(IsOpenGlInOrder(plotter));
         plotter.OnSize(0, 0, 0);
         plotter.Renderscene();
+        const CurrentContext context(plotter);
+        while (glGetError() != GL_NO_ERROR) {
+        } // a view of no width is refused
     }
     host->Resize(width, height);
     plotter.OnSize(0, width, height);

@@ -83,14 +83,20 @@ TEST_P(SeveralPlotters, OneIsDestroyedAndTheOtherGoesOn) {
 }
 
 TEST_P(SeveralPlotters, OnePlotterMovesFromWindowToWindow) {
-    const std::vector<Image> expected = PicturesAlone(GetParam(), hill);
+    // Lights stand where the camera of the moment puts them: a frame and the data again make all lives alike.
+    const auto settledPicture = [&](PlotterProbe& plotter) {
+        SetSurface(plotter, hill);
+        EXPECT_EQ(plotter.Renderscene(), 0);
+        return Picture(plotter, hill, 0);
+    };
+    TestPlot alone(GetParam(), width, height);
+    const Image expected = settledPicture(alone.plotter);
     const TestWindow windows[] = {{GetParam(), width, height}, {GetParam(), width, height}};
     PlotterProbe plotter;
     for (const bool isDestroyedBetween : {true, false})
         for (const TestWindow& window : windows) {
             ASSERT_EQ(plotter.OnCreate(window.Handle(), width, height, true), 0) << LastWindowError();
-            plotter.SetPlotTitle(""); // as in the life of a new plotter
-            ExpectSamePictures({PicturesOf(plotter, hill)[0]}, {expected[0]}, "moved");
+            EXPECT_TRUE(ImagesAgree(settledPicture(plotter), expected, 0, 0, "moved"));
             if (isDestroyedBetween) {
                 EXPECT_EQ(plotter.OnDestroy(), 0);
             }

@@ -320,6 +320,22 @@ TEST_F(X11WindowTest, ItsFirstPictureHasTheSizeThatItHasThen) {
     ExpectQuarters(host.Grab(), 200, 300);
 }
 
+// A host may use the context without drawing, or draw without presenting, at any size in between.
+TEST_F(X11WindowTest, FollowsItsSizeAfterAUseWithoutPresenting) {
+    X11TestWindow host;
+    const AttachedWindow window(host.Id());
+    ASSERT_TRUE(DrawFrame(window, 320, 240));
+    for (const bool isDrawn : {false, true}) {
+        host.Resize(3, 2);
+        ASSERT_TRUE(window.MakeCurrent());
+        if (isDrawn) DrawQuarters(3, 2);
+        wglMakeCurrent(nullptr, nullptr);
+        host.Resize(500, 400);
+        EXPECT_TRUE(DrawFrame(window, 500, 400));
+        ExpectQuarters(host.Grab(), 500, 400);
+    }
+}
+
 TEST_F(X11WindowTest, TakesTheDisplaysResolution) {
     X11TestWindow host;
     host.SetResources("Xcursor.size:\t24\nXft.dpi:\t144\nXft.hinting:\t1\n");

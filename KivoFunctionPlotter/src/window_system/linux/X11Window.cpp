@@ -194,9 +194,11 @@ bool X11Window::RenewSurface() {
 bool X11Window::Follow() {
     SIZE client{};
     if (!MeasureClient(client) || !FollowWithChild(client)) return false;
-    // The driver follows the size of a window by itself, but only once it has presented something.
+    // The driver follows the size of a window by itself, but only with the first use after a picture was
+    // presented.
+    if (!m_target.isSent && std::exchange(m_isPresented, false)) m_surfaceSize = client;
     if (client.cx == m_surfaceSize.cx && client.cy == m_surfaceSize.cy) return true;
-    if (!m_target.isSent) return m_isPresented || RenewSurface();
+    if (!m_target.isSent) return RenewSurface();
     const EGLSurface surface = MakePbuffer(*Display(), Config(), client);
     if (surface == EGL_NO_SURFACE) return false;
     ReplaceSurface(surface);

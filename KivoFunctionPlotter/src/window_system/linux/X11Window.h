@@ -54,8 +54,8 @@ private:
     const xcb_colormap_t m_colormap; // the window's own
     XChildWindow m_child;
     std::unique_ptr<XImagePresenter> m_presenter;
-    SIZE m_surfaceSize{};       // when it was made
-    bool m_isPresented = false; // whether the driver has shown a picture
+    SIZE m_surfaceSize{};       // when it was made or first used after a picture
+    bool m_isPresented = false; // and the surface not been used since
 };
 
 } // namespace KivoDrawingTools
