@@ -1,6 +1,7 @@
 // Long use: whole lives, mouse events and changes of data by the thousand. What is held stays the same.
 //
-// KIVO_LOAD_PERCENT in the environment sets the share of the rounds, for slow runs under a checker; 100 without.
+// KIVO_LOAD_PERCENT in the environment sets the share of the rounds, for slow runs under a checker; 100
+// without.
 #include "support/Holdings.h"
 #include "support/PublicOperations.h"
 
@@ -56,8 +57,8 @@ void Repeat(int rounds, const std::function<void()>& round, const std::function<
         EXPECT_TRUE(AreEqual(Holdings(), first)) << "after " << (part + 1) * tenth << " rounds";
     }
     const double resident = ResidentMebibytes();
-    std::cout << 10 * tenth << " rounds: " << first.blocks << " blocks throughout; resident MiB " << residentFirst
-              << " after the first tenth, " << resident << " at the end\n";
+    std::cout << 10 * tenth << " rounds: " << first.blocks << " blocks throughout; resident MiB "
+              << residentFirst << " after the first tenth, " << resident << " at the end\n";
     if (!isSanitized) {
         EXPECT_LT(resident, residentFirst + 4);
     }
@@ -144,7 +145,8 @@ TEST_F(Load, AHundredThousandMouseEvents) {
         EXPECT_TRUE(IsOpenGlInOrder(plotter));
     };
     setBack();
-    Repeat(100000, [&] { AnyMouseEvent(plotter, Below(20), AnyPoint(), Below(8)); }, setBack);
+    Repeat(
+        100000, [&] { AnyMouseEvent(plotter, Below(20), AnyPoint(), Below(8)); }, setBack);
 }
 
 TEST_F(Load, AThousandChangesOfData) {

@@ -44,7 +44,8 @@ std::vector<Image> PicturesAlone(WindowKind kind, const TestSurface& surface) {
     return PicturesOf(plot.plotter, surface);
 }
 
-void ExpectSamePictures(const std::vector<Image>& actual, const std::vector<Image>& expected, const char* name) {
+void ExpectSamePictures(const std::vector<Image>& actual, const std::vector<Image>& expected,
+                        const char* name) {
     ASSERT_EQ(actual.size(), expected.size());
     for (std::size_t i = 0; i < actual.size(); ++i)
         EXPECT_TRUE(ImagesAgree(actual[i], expected[i], 0, 0, name)) << i;
@@ -126,7 +127,8 @@ TEST_P(SeveralPlotters, OneInEachOfTwoThreads) {
     }
 }
 
-// A host that draws with OpenGL itself: its context is replaced by a call and is as it was when it comes back.
+// A host that draws with OpenGL itself: its context is replaced by a call and is as it was when it comes
+// back.
 TEST_P(SeveralPlotters, AHostsOwnContextIsLeftAlone) {
     const std::vector<Image> expected = PicturesAlone(GetParam(), hill);
     TestPlot host(GetParam(), 64, 48); // its context stands for the host's
