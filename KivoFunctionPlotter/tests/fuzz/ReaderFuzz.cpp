@@ -1,6 +1,8 @@
-// The viewer's file readers: whatever a file holds, they give a grid that keeps its promises or a Failure.
+// The viewer's file readers: whatever a file holds, they give a grid or points that keep their promises or a
+// Failure.
 #include "Failure.h"
 #include "GridReader.h"
+#include "PointFile.h"
 
 #include <cmath>
 #include <cstddef>
@@ -30,14 +32,23 @@ void Check(const KivoViewer::GridData& grid) {
         Require(!std::isinf(value));
 }
 
+void Check(const KivoViewer::PointFile& file) {
+    Require(file.Count() > 0 && file.points.size() == 3 * file.Count());
+    for (const float coordinate : file.points)
+        Require(std::isfinite(coordinate));
+}
+
 } // namespace
 
-/// The first byte chooses the file's name, the rest is its text.
+/// The first byte chooses the file's name and whether it holds a grid or single points, the rest is its text.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size == 0) return 0;
     const std::string_view text(reinterpret_cast<const char*>(data) + 1, size - 1);
     try {
-        Check(KivoViewer::ReadGrid(text, (data[0] & 1) != 0 ? "grid.csv" : "grid.txt"));
+        if ((data[0] & 2) != 0)
+            Check(KivoViewer::ReadPoints(text, "points.csv"));
+        else
+            Check(KivoViewer::ReadGrid(text, (data[0] & 1) != 0 ? "grid.csv" : "grid.txt"));
     } catch (const KivoViewer::Failure& failure) {
         Require(!KivoViewer::OneLine(failure.what()).empty());
     }
