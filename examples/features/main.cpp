@@ -1,0 +1,71 @@
+// Draws the pictures of docs/features.md: `feature_pictures FOLDER`. It needs no display.
+#include "FeaturePicture.h"
+#include "Plate.h"
+#include "PngWriter.h"
+
+#include <KivoPicture.h>
+#include <KivoWindow.h>
+
+#include <cstdio>
+#include <exception>
+#include <string>
+
+using namespace KivoDrawingTools;
+
+namespace {
+
+constexpr int width = 640;
+constexpr int height = 480;
+
+Pixels Capture(CKivoFunctionPlotter& plotter) {
+    Pixels picture;
+    CapturePicture(plotter, picture.rgba, picture.width, picture.height);
+    return picture;
+}
+
+void LoadPlate(CKivoFunctionPlotter& plotter) {
+    // [docs: load]
+    static std::vector<float> plate = PlatePoints(); // x, y, z of 101 x 41 points
+    plotter.SetDataReference(plate.data(), plateColumns, plateRows, 1, plateColumns, 3);
+    plotter.SetFrameLineStep(4, 4);
+    plotter.SetPlotTitle("Cooling plate");
+    plotter.SetXAxisTitle("x (mm)");
+    plotter.SetYAxisTitle("y (mm)");
+    plotter.SetZAxisTitle("Temperature (°C)");
+    // [docs: end]
+}
+
+int Draw(const FeaturePicture& picture, const std::string& folder) {
+    const HWND window = CreateOffscreenWindow(width, height, picture.dpi);
+    const auto plotter = picture.make ? picture.make() : std::make_unique<CKivoFunctionPlotter>();
+    if (plotter->OnCreate(window, width, height, false) != 0) {
+        std::fprintf(stderr, "feature_pictures: %s\n", LastWindowError());
+        return 1;
+    }
+    LoadPlate(*plotter);
+    picture.prepare(*plotter);
+    const Pixels pixels = (picture.capture ? picture.capture : Capture)(*plotter);
+    plotter->OnDestroy();
+    ReleaseWindow(window);
+    KivoViewer::WritePng(folder + "/" + picture.name + ".png", pixels.rgba, pixels.width, pixels.height);
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: feature_pictures FOLDER\n");
+        return 2;
+    }
+    try {
+        for (const auto* pictures :
+             {&surfacePictures, &axisPictures, &overlayPictures, &viewPictures, &derivedPictures})
+            for (const FeaturePicture& picture : *pictures)
+                if (Draw(picture, argv[1]) != 0) return 1;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "feature_pictures: %s\n", error.what());
+        return 1;
+    }
+    return 0;
+}

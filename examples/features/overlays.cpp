@@ -1,0 +1,49 @@
+// Feature pictures of what lies over the surface: curves, measure points, the traced point.
+#include "FeaturePicture.h"
+#include "Plate.h"
+
+using KivoDrawingTools::CKivoFunctionPlotter;
+
+namespace {
+
+void Curve(CKivoFunctionPlotter& plotter) {
+    // [docs: curve]
+    std::vector<float> channel; // x, y, z of the coolant's way
+    for (float x = 5.0f; x <= 195.0f; x += 5.0f) {
+        const float y = 40.0f + 25.0f * std::sin(x / 25.0f);
+        channel.insert(channel.end(), {x, y, PlateTemperature(x, y) + 1.0f});
+    }
+    const int index = plotter.AddCurveData(channel.data(), static_cast<unsigned int>(channel.size() / 3), 3);
+    plotter.SetCurveColor(index, 0x00FFFFFF);
+    plotter.SetCurveWidth(index, 3.0f);
+    // [docs: end]
+}
+
+void MeasurePoints(CKivoFunctionPlotter& plotter) {
+    // [docs: measure-points]
+    static std::vector<float> inlet = OnPlate({{20, 20}, {20, 40}, {20, 60}}); // the plotter keeps no copy
+    static std::vector<float> modules = OnPlate({{60, 48}, {75, 48}, {145, 32}, {145, 48}});
+    plotter.AddMeasurePoints(3, 3, inlet.data(), "Inlet");
+    plotter.AddMeasurePoints(4, 3, modules.data(), "Modules");
+    plotter.SetMeasureGroupColor(1, 0x00FF00FF);
+    plotter.SetPointRadiusPixelSize(7);
+    // [docs: end]
+}
+
+void Traced(CKivoFunctionPlotter& plotter) {
+    // [docs: trace]
+    plotter.Trace(true);       // from now on every mouse move over the plot traces
+    plotter.Trace({300, 190}); // as a mouse move to this pixel does
+    float point[3] = {};
+    if (plotter.GetTracePoint(point)) { /* x, y, z for the host's status bar */
+    }
+    // [docs: end]
+}
+
+} // namespace
+
+const std::vector<FeaturePicture> overlayPictures = {
+    {"curve", Curve},
+    {"measure-points", MeasurePoints},
+    {"trace", Traced},
+};
