@@ -23,9 +23,10 @@ struct FeaturePicture {
     std::unique_ptr<Plotter> (*make)() = nullptr;
     /// Null: one frame at the window's size.
     Pixels (*capture)(Plotter& plotter) = nullptr;
-    /// The density that text is sized for.
-    int dpi = 96;
 };
+
+/// Hands the cooling plate and its titles to a plot.
+void LoadPlate(KivoDrawingTools::CKivoFunctionPlotter& plotter);
 
 extern const std::vector<FeaturePicture> surfacePictures;
 extern const std::vector<FeaturePicture> axisPictures;

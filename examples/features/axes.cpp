@@ -7,11 +7,10 @@ namespace {
 
 void Titles(CKivoFunctionPlotter& plotter) {
     // [docs: titles]
-    plotter.SetPlotTitle(
-        "Kühlplatte, 冷却プレート: texts are UTF-8, and a title wider than 512 pixels takes two lines");
+    plotter.SetPlotTitle("Kühlplatte, クーリングプレート: a title wider than 512 pixels takes two lines");
     plotter.SetXAxisTitle("Länge (mm)");
-    plotter.SetYAxisTitle("幅 (mm)");
-    plotter.SetZAxisTitle("ϑ (°C)");
+    plotter.SetYAxisTitle("Breite (mm)");
+    plotter.SetZAxisTitle("Température (°C)");
     // [docs: end]
 }
 
@@ -54,7 +53,7 @@ void Inverted(CKivoFunctionPlotter& plotter) {
 void FixedPlanes(CKivoFunctionPlotter& plotter) {
     // [docs: fixed-planes]
     plotter.SetAutoSwitchFramePlanes(false); // the planes stay when the plot is turned
-    plotter.Rotate({0, 0}, {450, 0});
+    plotter.Rotate({0, 0}, {150, 0});
     // [docs: end]
 }
 

@@ -58,10 +58,13 @@ void TopView(CKivoFunctionPlotter& plotter) {
 }
 
 void AddThermocouples(CKivoFunctionPlotter& plotter) {
-    static std::vector<float> inlet = OnPlate({{20, 20}, {20, 40}, {20, 60}});
+    static std::vector<float> outlet = OnPlate({{194, 15}, {194, 40}, {194, 65}});
     static std::vector<float> modules = OnPlate({{60, 48}, {75, 48}, {145, 32}, {145, 48}});
-    plotter.AddMeasurePoints(3, 3, inlet.data(), "Inlet");
+    plotter.AddMeasurePoints(3, 3, outlet.data(), "Outlet");
     plotter.AddMeasurePoints(4, 3, modules.data(), "Modules");
+    plotter.SetMeasureGroupColor(0, 0x00000000);
+    plotter.SetMeasureGroupColor(1, 0x00FF00FF);
+    plotter.SetPointRadiusPixelSize(6);
 }
 
 Pixels WithLegend(CKivoFunctionPlotter& plotter) {

@@ -12,6 +12,18 @@
 
 using namespace KivoDrawingTools;
 
+void LoadPlate(CKivoFunctionPlotter& plotter) {
+    // [docs: surface]
+    static std::vector<float> plate = PlatePoints(); // x, y, z of 101 x 41 points
+    plotter.SetDataReference(plate.data(), plateColumns, plateRows, 1, plateColumns, 3);
+    plotter.SetFrameLineStep(4, 4);
+    plotter.SetPlotTitle("Cooling plate");
+    plotter.SetXAxisTitle("x (mm)");
+    plotter.SetYAxisTitle("y (mm)");
+    plotter.SetZAxisTitle("Temperature (°C)");
+    // [docs: end]
+}
+
 namespace {
 
 constexpr int width = 640;
@@ -23,20 +35,8 @@ Pixels Capture(CKivoFunctionPlotter& plotter) {
     return picture;
 }
 
-void LoadPlate(CKivoFunctionPlotter& plotter) {
-    // [docs: load]
-    static std::vector<float> plate = PlatePoints(); // x, y, z of 101 x 41 points
-    plotter.SetDataReference(plate.data(), plateColumns, plateRows, 1, plateColumns, 3);
-    plotter.SetFrameLineStep(4, 4);
-    plotter.SetPlotTitle("Cooling plate");
-    plotter.SetXAxisTitle("x (mm)");
-    plotter.SetYAxisTitle("y (mm)");
-    plotter.SetZAxisTitle("Temperature (°C)");
-    // [docs: end]
-}
-
 int Draw(const FeaturePicture& picture, const std::string& folder) {
-    const HWND window = CreateOffscreenWindow(width, height, picture.dpi);
+    const HWND window = CreateOffscreenWindow(width, height);
     const auto plotter = picture.make ? picture.make() : std::make_unique<CKivoFunctionPlotter>();
     if (plotter->OnCreate(window, width, height, false) != 0) {
         std::fprintf(stderr, "feature_pictures: %s\n", LastWindowError());

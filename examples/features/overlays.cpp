@@ -10,30 +10,32 @@ void Curve(CKivoFunctionPlotter& plotter) {
     // [docs: curve]
     std::vector<float> channel; // x, y, z of the coolant's way
     for (float x = 5.0f; x <= 195.0f; x += 5.0f) {
-        const float y = 40.0f + 25.0f * std::sin(x / 25.0f);
+        const float y = 62.0f + 12.0f * std::sin(x / 16.0f);
         channel.insert(channel.end(), {x, y, PlateTemperature(x, y) + 1.0f});
     }
     const int index = plotter.AddCurveData(channel.data(), static_cast<unsigned int>(channel.size() / 3), 3);
-    plotter.SetCurveColor(index, 0x00FFFFFF);
+    plotter.SetCurveColor(index, 0x00FF00FF); // 0x00BBGGRR
     plotter.SetCurveWidth(index, 3.0f);
     // [docs: end]
 }
 
 void MeasurePoints(CKivoFunctionPlotter& plotter) {
     // [docs: measure-points]
-    static std::vector<float> inlet = OnPlate({{20, 20}, {20, 40}, {20, 60}}); // the plotter keeps no copy
+    static std::vector<float> outlet =
+        OnPlate({{194, 15}, {194, 40}, {194, 65}}); // the plotter keeps no copy
     static std::vector<float> modules = OnPlate({{60, 48}, {75, 48}, {145, 32}, {145, 48}});
-    plotter.AddMeasurePoints(3, 3, inlet.data(), "Inlet");
+    plotter.AddMeasurePoints(3, 3, outlet.data(), "Outlet");
     plotter.AddMeasurePoints(4, 3, modules.data(), "Modules");
+    plotter.SetMeasureGroupColor(0, 0x00000000);
     plotter.SetMeasureGroupColor(1, 0x00FF00FF);
-    plotter.SetPointRadiusPixelSize(7);
+    plotter.SetPointRadiusPixelSize(6);
     // [docs: end]
 }
 
 void Traced(CKivoFunctionPlotter& plotter) {
     // [docs: trace]
     plotter.Trace(true);       // from now on every mouse move over the plot traces
-    plotter.Trace({300, 190}); // as a mouse move to this pixel does
+    plotter.Trace({433, 215}); // as a mouse move to this pixel does
     float point[3] = {};
     if (plotter.GetTracePoint(point)) { /* x, y, z for the host's status bar */
     }

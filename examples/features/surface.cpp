@@ -50,7 +50,11 @@ void Holes(CKivoFunctionPlotter& plotter) {
 
 void ZContours(CKivoFunctionPlotter& plotter) {
     // [docs: z-contours]
-    plotter.ShowZIsoContours(true); // 20 levels on the floor of the box
+    plotter.ShowZIsoContours(true); // 20 levels, on the floor of the box
+    plotter.SetZAxisMin(0.0f);      // which this takes away from the surface
+    plotter.SetZAxisMax(80.0f);
+    plotter.SetZAxisTickMarkNumber(5);
+    plotter.AutoAdjustAxisLengthRatio();
     // [docs: end]
 }
 

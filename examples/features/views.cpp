@@ -2,6 +2,9 @@
 #include "FeaturePicture.h"
 
 #include <KivoPicture.h>
+#include <KivoWindow.h>
+
+#include <stdexcept>
 
 using namespace KivoDrawingTools;
 
@@ -29,9 +32,9 @@ void XzPlot(CKivoFunctionPlotter& plotter) {
 
 void Turned(CKivoFunctionPlotter& plotter) {
     // [docs: turned]
-    plotter.Rotate({0, 0}, {100, 60}); // as a drag with the right button
-    plotter.Translate({0, 0}, {-40, -20});
-    plotter.Zoom(0.8f); // below 1 it enlarges
+    plotter.Rotate({0, 0}, {60, 25}); // as a drag with the right button
+    plotter.Translate({0, 0}, {-30, 10});
+    plotter.Zoom(0.9f); // below 1 it enlarges
     // [docs: end]
 }
 
@@ -41,12 +44,27 @@ void Background(CKivoFunctionPlotter& plotter) {
     // [docs: end]
 }
 
-Pixels Wide(CKivoFunctionPlotter& plotter) {
-    // [docs: wide]
+Pixels Small(CKivoFunctionPlotter& plotter) {
+    // [docs: small]
     std::vector<unsigned char> rgba; // red, green, blue, alpha, top row first
-    CapturePicture(plotter, 960, 360, rgba);
+    CapturePicture(plotter, 480, 360, rgba);
     // [docs: end]
-    return {960, 360, rgba};
+    return {480, 360, rgba};
+}
+
+Pixels Offscreen(CKivoFunctionPlotter&) {
+    // [docs: off-screen]
+    const HWND window = CreateOffscreenWindow(640, 480, 144); // text for 144 dots per inch
+    CKivoFunctionPlotter plotter;
+    if (plotter.OnCreate(window, 640, 480, true) != 0) throw std::runtime_error(LastWindowError());
+    LoadPlate(plotter);
+    std::vector<unsigned char> rgba;
+    int width = 0, height = 0;
+    CapturePicture(plotter, rgba, width, height);
+    plotter.OnDestroy();
+    ReleaseWindow(window);
+    // [docs: end]
+    return {width, height, rgba};
 }
 
 void Unchanged(CKivoFunctionPlotter&) {}
@@ -59,6 +77,6 @@ const std::vector<FeaturePicture> viewPictures = {
     {"xz-plot", XzPlot},
     {"turned", Turned},
     {"background", Background},
-    {"wide", Unchanged, nullptr, Wide},
-    {"dense", Unchanged, nullptr, nullptr, 144},
+    {"small", Unchanged, nullptr, Small},
+    {"off-screen", Unchanged, nullptr, Offscreen},
 };
