@@ -40,6 +40,7 @@ check "installed package, shared" scripts/test-package.sh shared
 check "installed package, static" scripts/test-package.sh static
 check "README host" scripts/test-readme-host.sh
 check "snippets of the guides" scripts/guide-snippets.sh --check
+check "pictures of the guides" scripts/make-pictures.sh --check
 check "exported symbols" scripts/test-exports.sh
 check "recorded calls" scripts/test-recorder.sh
 check "list of members" scripts/test-members.sh

@@ -1,5 +1,4 @@
-// Draws the pictures of docs/pictures: the sample terrain in its start view and turned, from above, with
-// inverted axes, in the flat plots, with contours on all walls, with a long title, and in a narrow window.
+// Draws the sample terrain for README.md, and turned and in a narrow window for docs/label-placement.md.
 // `terrain_gallery TERRAIN.asc FOLDER` needs no display.
 #include "GridReader.h"
 #include "PngWriter.h"
@@ -18,7 +17,7 @@ using namespace KivoDrawingTools;
 
 namespace {
 
-// A plot of the terrain; derived, because fixed views are for derived classes.
+// A plot of the terrain with its data.
 class TerrainPlot : public CKivoFunctionPlotter {
 public:
     explicit TerrainPlot(const KivoViewer::GridData& grid) {
@@ -38,16 +37,18 @@ public:
         SetZAxisTitle("Elevation (m)");
     }
 
-    void ShowFromAbove() {
-        BeginGLOperation();
-        ApplyTopView();
-        EndGLOperation();
-    }
-
-    void ShowContours() {
-        ShowXIsoContours(true);
-        ShowYIsoContours(true);
+    void ShowOverItsContours() {
         ShowZIsoContours(true);
+        SetIsoContourCount(12);
+        SetFrameLineStep(2, 2);
+        SetFrameLineColor(0x00404040);
+        SetXAxisMin(0.0f), SetXAxisMax(30.0f), SetXAxisTickMarkNumber(7), SetXAxisFloatingPointPrecision(0);
+        SetYAxisMin(0.0f), SetYAxisMax(25.0f), SetYAxisTickMarkNumber(6), SetYAxisFloatingPointPrecision(0);
+        SetZAxisMin(-1000.0f), SetZAxisMax(2000.0f), SetZAxisTickMarkNumber(4);
+        SetGradientColorRuleFloatingPointPrecision(0);
+        AutoAdjustAxisLengthRatio();
+        Zoom(0.85f);
+        Translate({0, 0}, {-40, -40});
     }
 
 private:
@@ -59,8 +60,8 @@ private:
 struct Picture {
     const char* name;
     std::function<void(TerrainPlot&)> prepare;
-    int width = 1200;
-    int height = 800;
+    int width = 640;
+    int height = 480;
 };
 
 // A drag across the plot, in pixels.
@@ -69,25 +70,11 @@ std::function<void(TerrainPlot&)> Turned(int dx, int dy) {
 }
 
 const std::vector<Picture> pictures = {
-    {"terrain", [](TerrainPlot&) {}},
-    {"turned-left", Turned(-400, 0)},
-    {"turned-right", Turned(500, 80)},
-    {"from-below", Turned(100, -500)},
-    {"top", [](TerrainPlot& plot) { plot.ShowFromAbove(); }},
-    {"inverse-x", [](TerrainPlot& plot) { plot.SetInverseXAxis(true); }},
-    {"inverse-y", [](TerrainPlot& plot) { plot.SetInverseYAxis(true); }},
-    {"inverse-z", [](TerrainPlot& plot) { plot.SetInverseZAxis(true); }},
-    {"xy", [](TerrainPlot& plot) { plot.SwitchToXYProjectPlot(); }},
-    {"yz", [](TerrainPlot& plot) { plot.SwitchToYZProjectPlot(); }},
-    {"xz", [](TerrainPlot& plot) { plot.SwitchToZXProjectPlot(); }},
-    {"contours", [](TerrainPlot& plot) { plot.ShowContours(); }},
-    {"long-title",
-     [](TerrainPlot& plot) {
-         plot.SetPlotTitle(
-             "カンバーランド山地の標高モデル：東西およそ三十キロメートル、南北およそ二十五キロメートル、"
-             "格子間隔二百五十メートル");
-     }},
-    {"narrow", [](TerrainPlot&) {}, 360, 640},
+    {"terrain", [](TerrainPlot& plot) { plot.ShowOverItsContours(); }, 900, 600},
+    {"turned-left", Turned(-220, -50)},
+    {"turned-right", Turned(320, 50)},
+    {"from-below", Turned(60, -300)},
+    {"narrow", [](TerrainPlot&) {}, 360, 480},
 };
 
 int Draw(const KivoViewer::GridData& grid, const Picture& picture, const std::string& folder) {

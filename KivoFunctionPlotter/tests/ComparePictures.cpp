@@ -1,10 +1,15 @@
-// kivo-compare-pictures EXPECTED.pam ACTUAL.pam DIFFERENCE.pam: whether two platforms drew the same picture.
-// Rasterisers round edges differently, so single pixels may differ by much and the whole hardly at all.
+// kivo-compare-pictures EXPECTED ACTUAL DIFFERENCE.pam: whether two platforms drew the same picture, as .pam
+// or .png. Rasterisers round edges differently, so single pixels may differ by much and the whole hardly at
+// all.
 #include "support/Image.h"
+#if defined(KIVO_HAS_PNG)
+#include "support/PngImage.h"
+#endif
 
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <string>
 
 using namespace KivoDrawingTools;
 
@@ -14,12 +19,22 @@ constexpr double meanLimit = 0.5;         // of 255, over all channels
 constexpr int noticeable = 24;            // of 255, in any channel of a pixel
 constexpr double noticeableShare = 0.005; // of all pixels
 
+bool Read(const std::string& path, Image& image) {
+#if defined(KIVO_HAS_PNG)
+    if (path.size() > 4 && path.compare(path.size() - 4, 4, ".png") == 0) {
+        image = KivoTest::ReadPng(path);
+        return image.width > 0;
+    }
+#endif
+    return ReadPam(path, image);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     Image expected, actual;
-    if (argc != 4 || !ReadPam(argv[1], expected) || !ReadPam(argv[2], actual)) {
-        std::fprintf(stderr, "usage: kivo-compare-pictures EXPECTED.pam ACTUAL.pam DIFFERENCE.pam\n");
+    if (argc != 4 || !Read(argv[1], expected) || !Read(argv[2], actual)) {
+        std::fprintf(stderr, "usage: kivo-compare-pictures EXPECTED ACTUAL DIFFERENCE.pam\n");
         return 2;
     }
     if (expected.width != actual.width || expected.height != actual.height) {
