@@ -38,7 +38,8 @@ check "pictures of X11, off-screen and Windows agree" scripts/with-display.sh sc
 check "off-screen picture" env -u DISPLAY build-release/examples/offscreen_picture "$KIVO_TEST_OUTPUT/offscreen.png"
 check "installed package, shared" scripts/test-package.sh shared
 check "installed package, static" scripts/test-package.sh static
-check "README host" scripts/test-readme-host.sh
+check "quick start, Linux" scripts/test-quick-start.sh linux
+check "quick start, Windows" scripts/test-quick-start.sh windows
 check "snippets of the guides" scripts/guide-snippets.sh --check
 check "pictures of the guides" scripts/make-pictures.sh --check
 check "exported symbols" scripts/test-exports.sh
