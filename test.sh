@@ -44,6 +44,8 @@ check "snippets of the guides" scripts/guide-snippets.sh --check
 check "pictures of the guides" scripts/make-pictures.sh --check
 check "exported symbols" scripts/test-exports.sh
 check "recorded calls" scripts/test-recorder.sh
+check "words of the troubleshooting guide" scripts/check-messages.sh
+check "reference of the headers" scripts/test-reference.sh
 check "list of members" scripts/test-members.sh
 check "formatting" scripts/check-format.sh
 check "repository rules" scripts/check-repository.sh

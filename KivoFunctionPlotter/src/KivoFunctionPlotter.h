@@ -60,10 +60,10 @@ struct SKivoIsoContour {
 
 /// An RGBA colour, each channel from 0 to 1.
 struct SKivoColor {
-    float red;
-    float green;
-    float blue;
-    float alpha;
+    float red;   ///< 0 to 1
+    float green; ///< 0 to 1
+    float blue;  ///< 0 to 1
+    float alpha; ///< 0 transparent, 1 opaque
 };
 
 /// The plot. A host makes one object for each plot window, calls OnCreate with the window, hands over its
@@ -72,9 +72,9 @@ class KIVO_API CKivoFunctionPlotter {
 public:
     /// A point or vector.
     struct SPoint3f {
-        float x;
-        float y;
-        float z;
+        float x; ///< along the X axis
+        float y; ///< along the Y axis
+        float z; ///< along the Z axis
     };
 
     // ---------------------------------------------------------------------------------------------------------
@@ -742,32 +742,32 @@ protected:
     // ---------------------------------------------------------------------------------------------------------
 
     // Window and OpenGL context
-    HWND m_hWnd = nullptr;
-    HDC m_hDC = nullptr;
-    HGLRC m_hGLRC = nullptr;
+    HWND m_hWnd = nullptr;   ///< the host's window; null when bound to none
+    HDC m_hDC = nullptr;     ///< what the window is drawn through
+    HGLRC m_hGLRC = nullptr; ///< the plotter's OpenGL context, owned
 
     // Mouse state
-    bool m_mouseButtonDown = false;
-    int m_lastMouseX = 0; ///< client pixels
-    int m_lastMouseY = 0;
+    bool m_mouseButtonDown = false; ///< whether a drag goes on
+    int m_lastMouseX = 0;           ///< client pixels
+    int m_lastMouseY = 0;           ///< client pixels, y downwards
 
     int m_plotType = 0; ///< 0 normal, 1 XY, 2 YZ, 3 XZ
 
     // Viewports in window pixels: x, y, width, height
     int m_clientHeight = 0; ///< of the window in pixels: turns client positions, y downwards, upside down
-    int m_plotViewport[4] = {0, 0, 0, 1};
+    int m_plotViewport[4] = {0, 0, 0, 1}; ///< of the plot
 
     // Plot view volume, from the centre of the view, in data units times m_axisScale: units of the Z axis
-    double m_viewLeft = 0.0;
-    double m_viewRight = 0.0;
-    double m_viewBottom = 0.0;
-    double m_viewTop = 0.0;
-    double m_viewNear = 0.0;
-    double m_viewFar = 0.0;
+    double m_viewLeft = 0.0;   ///< left bound
+    double m_viewRight = 0.0;  ///< right bound
+    double m_viewBottom = 0.0; ///< lower bound
+    double m_viewTop = 0.0;    ///< upper bound
+    double m_viewNear = 0.0;   ///< distance of the near plane
+    double m_viewFar = 0.0;    ///< distance of the far plane
 
     // Legend viewport, and its volume: left, right, bottom, top, near, far
-    int m_legendViewport[4] = {0, 0, 0, 1};
-    double m_legendViewVolume[6] = {};
+    int m_legendViewport[4] = {0, 0, 0, 1}; ///< x, y, width, height in window pixels
+    double m_legendViewVolume[6] = {};      ///< left, right, bottom, top, near, far
 
     // Model-view
     double m_panFractionX = 0.055;  ///< of the view volume's width
@@ -778,20 +778,21 @@ protected:
     double m_axisScale[3] = {1, 1, 1};                      ///< view-volume units in a data unit of X, Y, Z
 
     // Colour maps and legends, owned
-    CKivoGradientColor* m_zGradientColor = nullptr;
-    CKivoGradientColor* m_xGradientColor = nullptr;
-    CKivoGradientColor* m_yGradientColor = nullptr;
-    CKivoGradientColorRuler* m_zColorRuler = nullptr;
-    CKivoGradientColorRuler* m_xColorRuler = nullptr;
-    CKivoGradientColorRuler* m_yColorRuler = nullptr;
+    CKivoGradientColor* m_zGradientColor = nullptr;   ///< of the surface
+    CKivoGradientColor* m_xGradientColor = nullptr;   ///< of the contours of equal x
+    CKivoGradientColor* m_yGradientColor = nullptr;   ///< of the contours of equal y
+    CKivoGradientColorRuler* m_zColorRuler = nullptr; ///< legend of the 3-D and the XY plot
+    CKivoGradientColorRuler* m_xColorRuler = nullptr; ///< legend of the YZ plot
+    CKivoGradientColorRuler* m_yColorRuler = nullptr; ///< legend of the XZ plot
 
     // Background, RGBA
+    /// What ResetBackgroundColor() gives.
     float m_defaultBackgroundColor[4] = {1.0f, 253.0f / 255.0f, 233.0f / 255.0f, 1.0f};
-    float m_backgroundColor[4] = {};
+    float m_backgroundColor[4] = {}; ///< of the next frame
 
     // Data bounds
-    float m_boundingBoxMin[3] = {};
-    float m_boundingBoxMax[3] = {};
+    float m_boundingBoxMin[3] = {}; ///< smallest x, y, z
+    float m_boundingBoxMax[3] = {}; ///< largest x, y, z
 
     float m_viewVolumeFactor[3] = {1.01f, 1.01f, 15.0f}; ///< fitted half sizes: width, height, depth
 
@@ -809,10 +810,10 @@ protected:
     STextRenderer* m_textRenderer = nullptr; ///< owned
 
     // Titles
-    std::string m_plotTitle;
-    std::string m_xAxisTitle;
-    std::string m_yAxisTitle;
-    std::string m_zAxisTitle;
+    std::string m_plotTitle;                   ///< as SetPlotTitle was given it
+    std::string m_xAxisTitle;                  ///< as SetXAxisTitle was given it
+    std::string m_yAxisTitle;                  ///< as SetYAxisTitle was given it
+    std::string m_zAxisTitle;                  ///< as SetZAxisTitle was given it
     SKivoTexImage* m_plotTitleImage = nullptr; ///< owned
 
     // Iso-contour texture
@@ -822,13 +823,13 @@ protected:
     unsigned char* m_isoContourTexels = nullptr; ///< RGBA bytes, bottom row first; from new[]
 
     // Iso-contour settings
-    bool m_useIsoContourTexture = false;
+    bool m_useIsoContourTexture = false; ///< contours of equal z as a picture, not as lines
     unsigned int m_isoContourCount = 20; ///< levels an axis
 
     // Contours laid flat on a coordinate plane, a record for each level that has any
-    std::vector<SKivoIsoContour> m_flatZIsoContours;
-    std::vector<SKivoIsoContour> m_flatXIsoContours;
-    std::vector<SKivoIsoContour> m_flatYIsoContours;
+    std::vector<SKivoIsoContour> m_flatZIsoContours; ///< on the plane z = 0
+    std::vector<SKivoIsoContour> m_flatXIsoContours; ///< on the plane x = 0
+    std::vector<SKivoIsoContour> m_flatYIsoContours; ///< on the plane y = 0
 
     // Frame-line texture
     unsigned int m_framelineTexId = 0;          ///< OpenGL texture name
@@ -837,47 +838,47 @@ protected:
     unsigned char* m_framelineTexels = nullptr; ///< RGBA bytes, bottom row first; from new[]
 
     // Drawing flags
-    bool m_useFramelineTexture = false;
-    bool m_showFrameLines = true;
-    bool m_showXIsoContours = false;
-    bool m_showYIsoContours = false;
-    bool m_showZIsoContours = false;
+    bool m_useFramelineTexture = false; ///< frame lines as a picture, not as lines
+    bool m_showFrameLines = true;       ///< as ShowFrameLines was told
+    bool m_showXIsoContours = false;    ///< in the 3-D plot
+    bool m_showYIsoContours = false;    ///< in the 3-D plot
+    bool m_showZIsoContours = false;    ///< in the 3-D plot
 
     // Surface data
-    float* m_points = nullptr;
-    bool m_isDataReference = false; ///< the points are the host's
-    unsigned int m_columnCount = 0;
-    unsigned int m_rowCount = 0;
-    unsigned int m_vertexCount = 0;
-    unsigned int m_indexCount = 0;
-    unsigned int m_columnStride = 0; ///< in floats
-    unsigned int m_rowStride = 0;    ///< in floats
-    unsigned int m_componentCount = 0;
+    float* m_points = nullptr;         ///< m_componentCount floats a point; null without data
+    bool m_isDataReference = false;    ///< the points are the host's
+    unsigned int m_columnCount = 0;    ///< points in a row
+    unsigned int m_rowCount = 0;       ///< rows of points
+    unsigned int m_vertexCount = 0;    ///< points in all
+    unsigned int m_indexCount = 0;     ///< entries of m_indexArray
+    unsigned int m_columnStride = 0;   ///< in floats
+    unsigned int m_rowStride = 0;      ///< in floats
+    unsigned int m_componentCount = 0; ///< floats of a point
 
     // Curves, one entry of each for a curve
-    std::list<std::vector<float>> m_curveData;
-    std::vector<unsigned int> m_curvePointCounts;
-    std::vector<bool> m_curveVisible;
-    std::vector<SKivoColor> m_curveColors;
-    std::vector<float> m_curveWidths;
+    std::list<std::vector<float>> m_curveData;    ///< points, as many floats each as were given
+    std::vector<unsigned int> m_curvePointCounts; ///< number of points
+    std::vector<bool> m_curveVisible;             ///< whether it is drawn
+    std::vector<SKivoColor> m_curveColors;        ///< RGBA
+    std::vector<float> m_curveWidths;             ///< of the line in pixels
 
     // Frame lines
-    int m_framelineIndexCount = 0;
+    int m_framelineIndexCount = 0;            ///< entries of m_framelineIndexArray
     float m_framelineColor[4] = {0, 0, 0, 1}; ///< RGBA
 
     // Trace
-    bool m_traceEnabled = false;
-    int m_hasTracePoint = 0;    ///< 1 when m_tracePoint holds a hit
-    float m_tracePoint[3] = {}; ///< in data coordinates
+    bool m_traceEnabled = false; ///< whether mouse moves trace
+    int m_hasTracePoint = 0;     ///< 1 when m_tracePoint holds a hit
+    float m_tracePoint[3] = {};  ///< in data coordinates
 
     float m_pointRadiusPixelSize = 4.0f; ///< radius of point markers in pixels
 
     CKivoMeasurePointGroupManager* m_measureGroups = nullptr; ///< owned
 
     // Inverse axes; the grid box reads them through pointers
-    bool m_inverseXAxis = false;
-    bool m_inverseYAxis = false;
-    bool m_inverseZAxis = false;
+    bool m_inverseXAxis = false; ///< whether x is mirrored
+    bool m_inverseYAxis = false; ///< whether y is mirrored
+    bool m_inverseZAxis = false; ///< whether z is mirrored
 
 private:
     friend struct PictureAccess; // draws without presenting, for KivoPicture.h

@@ -24,6 +24,7 @@
 #define KIVO_API __attribute__((visibility("default")))
 #endif
 
+/// The plotter, and what hosts need with it.
 namespace KivoDrawingTools {
 
 #if defined(_WIN32)
@@ -49,8 +50,8 @@ using HGLRC = RenderingContext*;
 /// A position in pixels: of the client area with y growing downwards, or of the screen where a member says
 /// so.
 struct POINT {
-    std::int32_t x;
-    std::int32_t y;
+    std::int32_t x; ///< to the right
+    std::int32_t y; ///< downwards
 };
 
 // Key-state bits of the mouse messages that a host forwards.
