@@ -46,6 +46,7 @@ check "exported symbols" scripts/test-exports.sh
 check "recorded calls" scripts/test-recorder.sh
 check "words of the troubleshooting guide" scripts/check-messages.sh
 check "reference of the headers" scripts/test-reference.sh
+check "links of the documentation" scripts/check-links.sh
 check "list of members" scripts/test-members.sh
 check "formatting" scripts/check-format.sh
 check "repository rules" scripts/check-repository.sh
