@@ -2,6 +2,8 @@
 #include "FeaturePicture.h"
 #include "Plate.h"
 
+#include <cstdio>
+
 using KivoDrawingTools::CKivoFunctionPlotter;
 
 namespace {
@@ -37,8 +39,7 @@ void Traced(CKivoFunctionPlotter& plotter) {
     plotter.Trace(true);       // from now on every mouse move over the plot traces
     plotter.Trace({433, 215}); // as a mouse move to this pixel does
     float point[3] = {};
-    if (plotter.GetTracePoint(point)) { /* x, y, z for the host's status bar */
-    }
+    if (plotter.GetTracePoint(point)) std::printf("%g mm, %g mm: %g °C\n", point[0], point[1], point[2]);
     // [docs: end]
 }
 
