@@ -1,5 +1,6 @@
-// Draws the sample terrain for README.md, and turned and in a narrow window for docs/label-placement.md.
-// `terrain_gallery TERRAIN.asc FOLDER` needs no display.
+// Draws the sample terrain for README.md and docs/gallery.md: turned, from above, with inverted axes, in the
+// flat plots, with contours on all walls, with a long title and in a narrow window. `terrain_gallery
+// TERRAIN.asc FOLDER` needs no display.
 #include "GridReader.h"
 #include "PngWriter.h"
 
@@ -17,7 +18,7 @@ using namespace KivoDrawingTools;
 
 namespace {
 
-// A plot of the terrain with its data.
+// A plot of the terrain; derived, because fixed views are for derived classes.
 class TerrainPlot : public CKivoFunctionPlotter {
 public:
     explicit TerrainPlot(const KivoViewer::GridData& grid) {
@@ -35,6 +36,18 @@ public:
         SetXAxisTitle("Easting (km)");
         SetYAxisTitle("Northing (km)");
         SetZAxisTitle("Elevation (m)");
+    }
+
+    void ShowFromAbove() {
+        BeginGLOperation();
+        ApplyTopView();
+        EndGLOperation();
+    }
+
+    void ShowContours() {
+        ShowXIsoContours(true);
+        ShowYIsoContours(true);
+        ShowZIsoContours(true);
     }
 
     void ShowOverItsContours() {
@@ -71,9 +84,24 @@ std::function<void(TerrainPlot&)> Turned(int dx, int dy) {
 
 const std::vector<Picture> pictures = {
     {"terrain", [](TerrainPlot& plot) { plot.ShowOverItsContours(); }, 900, 600},
+    {"start", [](TerrainPlot&) {}},
     {"turned-left", Turned(-220, -50)},
     {"turned-right", Turned(320, 50)},
     {"from-below", Turned(60, -300)},
+    {"top", [](TerrainPlot& plot) { plot.ShowFromAbove(); }},
+    {"inverse-x", [](TerrainPlot& plot) { plot.SetInverseXAxis(true); }},
+    {"inverse-y", [](TerrainPlot& plot) { plot.SetInverseYAxis(true); }},
+    {"inverse-z", [](TerrainPlot& plot) { plot.SetInverseZAxis(true); }},
+    {"xy", [](TerrainPlot& plot) { plot.SwitchToXYProjectPlot(); }},
+    {"yz", [](TerrainPlot& plot) { plot.SwitchToYZProjectPlot(); }},
+    {"xz", [](TerrainPlot& plot) { plot.SwitchToZXProjectPlot(); }},
+    {"contours", [](TerrainPlot& plot) { plot.ShowContours(); }},
+    {"long-title",
+     [](TerrainPlot& plot) {
+         plot.SetPlotTitle(
+             "カンバーランド山地の標高モデル：東西およそ三十キロメートル、南北およそ二十五キロメートル、"
+             "格子間隔二百五十メートル");
+     }},
     {"narrow", [](TerrainPlot&) {}, 360, 480},
 };
 
