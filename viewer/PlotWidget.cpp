@@ -75,7 +75,7 @@ void PlotWidget::ReportTrace() {
 }
 
 void PlotWidget::paintEvent(QPaintEvent*) {
-    Plotter().OnDraw();
+    Redraw();
 }
 
 void PlotWidget::resizeEvent(QResizeEvent*) {

@@ -264,6 +264,11 @@ TEST_F(ViewerWindowTest, KeysSwitchLinesAndTrace) {
     ExpectStart(After("no-trace", [this] { Press('t'); }));
 }
 
+TEST_F(ViewerWindowTest, TracesFromTheStartWhereAskedTo) {
+    Start({"--size", "800x600", "--trace"});
+    After("trace-from-start", [this] { MoveBy(40, 30); });
+}
+
 // Qt's pixels are then two of the screen's.
 TEST_F(ViewerWindowTest, CountsThePixelsOfTheScreen) {
     const Image unscaled = m_start;
