@@ -42,6 +42,7 @@ check "quick start, Linux" scripts/test-quick-start.sh linux
 check "quick start, Windows" scripts/test-quick-start.sh windows
 check "snippets of the guides" scripts/guide-snippets.sh --check
 check "pictures of the guides" scripts/make-pictures.sh --check
+check "memory, by memcheck" scripts/test-valgrind.sh
 check "exported symbols" scripts/test-exports.sh
 check "recorded calls" scripts/test-recorder.sh
 check "words of the troubleshooting guide" scripts/check-messages.sh

@@ -91,7 +91,7 @@ private:
 
     // Of an axis along the screen's x (0) or y (1).
     static float SignOnScreen(int axis, int screenAxis) {
-        double modelView[16];
+        double modelView[16] = {}; // stays so where no context is current
         glGetDoublev(GL_MODELVIEW_MATRIX, modelView);
         return modelView[4 * axis + screenAxis] < 0.0 ? -1.0f : 1.0f;
     }
