@@ -6,6 +6,8 @@
 #include "Preferences.h"
 #include "SettingsPanel.h"
 
+#include <KivoVersion.h>
+
 #include <QActionGroup>
 #include <QApplication>
 #include <QDockWidget>

@@ -3,6 +3,7 @@
 #include "CommandTable.h"
 
 #include <CLI/CLI.hpp>
+#include <KivoVersion.h>
 
 #include <vector>
 

@@ -8,6 +8,7 @@
 #include "SettingTable.h"
 
 #include <CLI/CLI.hpp>
+#include <KivoVersion.h>
 
 #include <cctype>
 #include <map>
