@@ -36,8 +36,12 @@ run_tests windows scripts/with-display.sh scripts/with-wine.sh build-mingw/tests
 # What cannot be said in one program.
 check "pictures of X11, off-screen and Windows agree" scripts/with-display.sh scripts/compare-platforms.sh
 check "off-screen picture" env -u DISPLAY build-release/examples/offscreen_picture "$KIVO_TEST_OUTPUT/offscreen.png"
-check "installed package, shared" scripts/test-package.sh shared
-check "installed package, static" scripts/test-package.sh static
+check "package, shared" scripts/test-package.sh shared Release add_subdirectory
+check "package, static" scripts/test-package.sh static Release FetchContent
+check "package, shared, Debug" scripts/test-package.sh shared Debug FetchContent
+check "package, static, Debug" scripts/test-package.sh static Debug add_subdirectory
+check "package, shared, Windows" scripts/test-package.sh shared Release FetchContent mingw
+check "package, static, Windows" scripts/test-package.sh static Release add_subdirectory mingw
 check "quick start, Linux" scripts/test-quick-start.sh linux
 check "quick start, Windows" scripts/test-quick-start.sh windows
 check "snippets of the guides" scripts/guide-snippets.sh --check

@@ -1,14 +1,63 @@
 #!/usr/bin/env bash
-# Installs the library to a place of its own, finds it from a project outside and runs what that builds:
-# scripts/test-package.sh shared|static
+# Builds the library as a part of another project, installs it from there, and uses the installed one by find_package and
+# pkg-config; each of these programs draws a picture. All paths have a blank in them.
+#   scripts/test-package.sh shared|static Debug|Release add_subdirectory|FetchContent [mingw]
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
-shared=$([ "$1" = shared ] && echo ON || echo OFF)
+kind=$1 configuration=$2 way=$3 platform=${4:-linux}
 place=$(mktemp -d)
 trap 'rm -rf "$place"' EXIT
-cmake -S "$root" -B "$place/build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DBUILD_SHARED_LIBS=$shared \
-    -DCMAKE_INSTALL_PREFIX="$place/prefix" -DKIVO_BUILD_TESTS=OFF -DKIVO_BUILD_EXAMPLES=OFF -DKIVO_BUILD_VIEWER=OFF
-cmake --build "$place/build" --target install
-cmake -S "$root/KivoFunctionPlotter/tests/consumer" -B "$place/consumer" -G Ninja -DCMAKE_PREFIX_PATH="$place/prefix"
-cmake --build "$place/consumer"
-env -u DISPLAY "$place/consumer/consumer"
+ln -s "$root" "$place/the checkout"
+prefix="$place/the prefix"
+version=$(sed -nE 's/^ +VERSION ([0-9.]+)$/\1/p' "$root/CMakeLists.txt")
+consumer=KivoFunctionPlotter/tests/consumer
+
+compiler=g++ suffix='' options=() run=(env -u DISPLAY -u WAYLAND_DISPLAY)
+if [ "$platform" = mingw ]; then
+    compiler=x86_64-w64-mingw32-g++-posix suffix=.exe
+    options=("-DCMAKE_TOOLCHAIN_FILE=$root/cmake/mingw-w64-x86_64.cmake")
+    run=("$root/scripts/with-display.sh" "$root/scripts/with-wine.sh")
+fi
+
+# build <folder> <option>...: the consumer, found there as consumer
+build() {
+    cmake -S "$place/the checkout/$consumer" -B "$place/$1" -G Ninja -DCMAKE_BUILD_TYPE="$configuration" \
+        "${options[@]}" "${@:2}"
+    cmake --build "$place/$1"
+}
+
+# try <program>: it draws its picture, with headers of this version.
+try() {
+    local printed
+    printed=$("${run[@]}" "$1$suffix" | tr -d '\r')
+    echo "$1 printed \"$printed\""
+    [ "$printed" = "$version" ]
+}
+
+build "as a part" -DCONSUME="$way" -DCHECKOUT="$place/the checkout" -DKIVO_INSTALL=ON -DCMAKE_INSTALL_PREFIX="$prefix" \
+    -DBUILD_SHARED_LIBS="$([ "$kind" = shared ] && echo ON || echo OFF)"
+try "$place/as a part/consumer"
+cmake --install "$place/as a part"
+rm -r "$place/as a part" # the installation does not need it
+
+# It may be moved.
+mv "$prefix" "$place/another prefix"
+prefix="$place/another prefix"
+package=$(find "$prefix" -name KivoFunctionPlotterConfig.cmake -printf '%h')
+build "by package" -DCONSUME=find_package -DKivoFunctionPlotter_DIR="$package"
+try "$place/by package/consumer"
+
+# pkg-config prints blanks as a shell wants them.
+PKG_CONFIG_PATH=$(find "$prefix" -name KivoFunctionPlotter.pc -printf '%h')
+export PKG_CONFIG_PATH
+[ "$(pkg-config --modversion KivoFunctionPlotter)" = "$version" ]
+form=()
+[ "$kind" = shared ] || form=(--static)
+eval "flags=($(pkg-config "${form[@]}" --cflags --libs KivoFunctionPlotter))"
+mkdir "$place/by pkg-config"
+if [ "$platform" = mingw ]; then
+    [ "$kind" = static ] || cp "$prefix"/bin/*.dll "$place/by pkg-config"
+    flags=(-static -Wl,-Bdynamic "${flags[@]}" -Wl,-Bstatic) # the compiler's own libraries are not beside the program
+fi
+"$compiler" -std=c++17 "$root/$consumer/main.cpp" -o "$place/by pkg-config/consumer$suffix" "${flags[@]}"
+LD_LIBRARY_PATH=$(dirname "$PKG_CONFIG_PATH") try "$place/by pkg-config/consumer"

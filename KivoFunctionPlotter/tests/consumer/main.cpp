@@ -1,9 +1,12 @@
-// Draws a frame through the installed package, from a derived class that replaces the lighting.
+// Draws a frame through the library, from a derived class that replaces the lighting, and prints the
+// library's version.
 #include <KivoFunctionPlotter.h>
 #include <KivoPicture.h>
+#include <KivoVersion.h>
 #include <KivoWindow.h>
 
 #include <cstdio>
+#include <string>
 #include <vector>
 
 using namespace KivoDrawingTools;
@@ -26,9 +29,16 @@ int Fail(const char* words) {
     return 1;
 }
 
+std::string VersionFromNumbers() {
+    return std::to_string(KIVO_VERSION_MAJOR) + '.' + std::to_string(KIVO_VERSION_MINOR) + '.' +
+           std::to_string(KIVO_VERSION_PATCH);
+}
+
 } // namespace
 
 int main() {
+    if (VersionFromNumbers() != KIVO_VERSION) return Fail("the version is not the one of its numbers");
+    std::printf("%s\n", KIVO_VERSION);
     const HWND window = CreateOffscreenWindow(320, 240);
     if (!window) return Fail("no window");
     {
