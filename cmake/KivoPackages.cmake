@@ -1,0 +1,64 @@
+# Debian packages, made by cpack: the library, what building with it takes, and the viewer. The preset debian configures
+# a build for them.
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME kivofunctionplotter)
+set(CPACK_PACKAGE_VENDOR "The KivoFunctionPlotter developers")
+set(CPACK_PACKAGE_CONTACT "The KivoFunctionPlotter developers <developers@kivofunctionplotter.invalid>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "") # each package has its own
+set(CPACK_PACKAGING_INSTALL_PREFIX "${CMAKE_INSTALL_PREFIX}")
+set(CPACK_STRIP_FILES ON)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+    OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+set(CPACK_PRE_BUILD_SCRIPTS "${PROJECT_SOURCE_DIR}/cmake/KivoPackageDocuments.cmake")
+set(CPACK_KIVO_CHECKOUT "${PROJECT_SOURCE_DIR}")
+
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
+set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+
+set(CPACK_COMPONENTS_ALL development)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libkivofunctionplotter-dev)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "interactive 3-D plot of a surface, for building programs
+A C++ class that plots a surface z = f(x, y) in a window of the host program.
+
+This package has the headers and the files for CMake and pkg-config.")
+
+if(BUILD_SHARED_LIBS)
+    set(version ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+    list(APPEND CPACK_COMPONENTS_ALL runtime)
+    set(CPACK_COMPONENT_DEVELOPMENT_DEPENDS runtime)
+    set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME libkivofunctionplotter${version})
+    set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
+    set(CPACK_DEBIAN_RUNTIME_PACKAGE_SHLIBDEPS ON)
+    set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+    set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
+    set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA "${PROJECT_SOURCE_DIR}/packaging/debian/triggers")
+    set(CPACK_DEBIAN_RUNTIME_PACKAGE_RECOMMENDS "fonts-liberation | fonts-dejavu-core")
+    set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "interactive 3-D plot of a surface, shared library
+A C++ class that plots a surface z = f(x, y) in a window of the host program,
+with axes, contours, curves and measure points, or off-screen.")
+else()
+    # Whoever links the static library links these.
+    set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
+        "libegl-dev, libopengl-dev, libglu1-mesa-dev, libxcb1-dev, libpango1.0-dev")
+endif()
+
+if(KIVO_BUILD_VIEWER)
+    list(APPEND CPACK_COMPONENTS_ALL viewer)
+    set(CPACK_DEBIAN_VIEWER_PACKAGE_NAME kivo-viewer)
+    set(CPACK_DEBIAN_VIEWER_PACKAGE_SECTION science)
+    set(CPACK_DEBIAN_VIEWER_PACKAGE_SHLIBDEPS ON)
+    set(CPACK_DEBIAN_VIEWER_DESCRIPTION "viewer of surfaces z = f(x, y)
+Shows grids from files or formulas as lit 3-D surfaces with axes, contours,
+curves and measure points, and draws pictures of them without a display.")
+    if(BUILD_SHARED_LIBS)
+        set(CPACK_COMPONENT_VIEWER_DEPENDS runtime)
+        set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/KivoFunctionPlotter")
+    endif()
+endif()
+
+include(CPack)

@@ -1,0 +1,97 @@
+#!/usr/bin/env bash
+# Builds the Debian packages, looks into them, installs them into a root of their own, uses what is there, and removes
+# them again: scripts/test-deb.sh
+set -euo pipefail
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+cd "$root"
+PATH=$PATH:/usr/sbin:/sbin
+place=$(mktemp -d)
+trap 'rm -rf "$place"' EXIT
+version=$(sed -nE 's/^ +VERSION ([0-9.]+)$/\1/p' CMakeLists.txt)
+architecture=$(dpkg --print-architecture)
+libraries=usr/lib/$(dpkg-architecture -qDEB_HOST_MULTIARCH)
+packages=(libkivofunctionplotter0.1 libkivofunctionplotter-dev kivo-viewer)
+
+fail() {
+    echo "$1" >&2
+    exit 1
+}
+
+scripts/build.sh debian
+rm -f build-debian/*.deb
+(cd build-debian && cpack)
+
+# same_files <package> <file>...: it has these, its documents and nothing else.
+same_files() {
+    local wanted found
+    wanted=$(printf './%s\n' "${@:2}" "usr/share/doc/$1/"{changelog.gz,changelog.Debian.gz,copyright} | sort)
+    found=$(dpkg-deb --fsys-tarfile "$place/$1.deb" | tar -t | grep -v '/$' | sort)
+    diff <(echo "$wanted") <(echo "$found") || fail "$1 has other files"
+}
+
+# has_field <package> <field> <pattern>
+has_field() {
+    local value
+    value=$(dpkg-deb --field "$place/$1.deb" "$2")
+    grep -qE -- "$3" <<<"$value" || fail "$1: $2 is \"$value\""
+}
+
+for package in "${packages[@]}"; do
+    cp "build-debian/${package}_$version-1_$architecture.deb" "$place/$package.deb"
+    has_field "$package" Maintainer '^The KivoFunctionPlotter developers <'
+    has_field "$package" Version "^$version-1\$"
+    odd=$(dpkg-deb --contents "$place/$package.deb" | grep -vE '^(drwxr-xr-x|-rw-r--r--|lrwxrwxrwx) root/root ' |
+        grep -v '^-rwxr-xr-x root/root .* ./usr/bin/' || true)
+    [ -z "$odd" ] || fail "$package: owners or modes: $odd"
+done
+same_files libkivofunctionplotter0.1 "$libraries/libKivoFunctionPlotter.so.0.1" \
+    "$libraries/libKivoFunctionPlotter.so.$version"
+same_files libkivofunctionplotter-dev usr/include/Kivo{FunctionPlotter,Host,Picture,Platform,Version,Window}.h \
+    "$libraries/libKivoFunctionPlotter.so" "$libraries/pkgconfig/KivoFunctionPlotter.pc" \
+    "$libraries"/cmake/KivoFunctionPlotter/KivoFunctionPlotter{Config,ConfigVersion,Targets,Targets-release}.cmake
+same_files kivo-viewer usr/bin/kivo-viewer usr/share/applications/kivo-viewer.desktop \
+    usr/share/icons/hicolor/scalable/apps/kivo-viewer.svg usr/share/man/man1/kivo-viewer.1.gz
+for library in libc6 libegl1 libopengl0 libglu1-mesa libpangocairo-1.0-0 libstdc[+][+]6 libxcb1; do
+    has_field libkivofunctionplotter0.1 Depends "(^|, )$library( |,|\$)"
+done
+has_field libkivofunctionplotter-dev Depends "^libkivofunctionplotter0.1 \(= $version-1\)\$"
+for library in "libkivofunctionplotter0.1 \(= $version-1\)" libmuparser libpng libqt6widgets6 libqt6printsupport6; do
+    has_field kivo-viewer Depends "(^|, )$library"
+done
+# What they depend on is there to be installed.
+apt-get --quiet=2 --simulate install "$place"/*.deb
+
+# A root that has nothing but dpkg's own records; the linker's cache is made in it, too.
+system=$place/root
+mkdir -p "$system"/var/lib/dpkg/{info,updates,triggers} "$system/etc" "$place/bin"
+touch "$system/var/lib/dpkg/status"
+printf '#!/bin/sh\nexec /sbin/ldconfig -r "$DPKG_ROOT"\n' >"$place/bin/ldconfig"
+chmod +x "$place/bin/ldconfig"
+in_root() {
+    PATH=$place/bin:$PATH fakeroot dpkg --root="$system" --force-not-root --force-script-chrootless --force-depends "$@"
+}
+in_root --install "$place"/*.deb
+[ -z "$(in_root --verify)" ] || fail "files differ from their checksums"
+
+grep -q "not stripped" <(file "$system/$libraries/libKivoFunctionPlotter.so.$version" "$system/usr/bin/kivo-viewer") &&
+    fail "debug information is left"
+readelf --dynamic "$system/usr/bin/kivo-viewer" | grep -E 'RPATH|RUNPATH' && fail "the viewer has a search path"
+cmp <(sed -n '/^Permission is/,$p' LICENSE) \
+    <(sed -n '/^ Permission is/,$p' "$system/usr/share/doc/kivo-viewer/copyright" | sed 's/^ //; s/^\.$//')
+xmllint --noout "$system/usr/share/icons/hicolor/scalable/apps/kivo-viewer.svg"
+desktop-file-validate "$system/usr/share/applications/kivo-viewer.desktop"
+zgrep -q '^.SH SYNOPSIS' "$system/usr/share/man/man1/kivo-viewer.1.gz"
+
+export LD_LIBRARY_PATH="$system/$libraries"
+cmake -S KivoFunctionPlotter/tests/consumer -B "$place/consumer" -G Ninja \
+    -DKivoFunctionPlotter_DIR="$system/$libraries/cmake/KivoFunctionPlotter"
+cmake --build "$place/consumer"
+[ "$(env -u DISPLAY "$place/consumer/consumer")" = "$version" ] || fail "the program says another version"
+[ "$("$system/usr/bin/kivo-viewer" --version)" = "kivo-viewer $version" ] || fail "the viewer says another version"
+env -u DISPLAY "$system/usr/bin/kivo-viewer" --picture "$place/plot.png" --size 400x300
+file "$place/plot.png" | grep -q 'PNG image data, 400 x 300' || fail "the viewer drew no picture"
+
+in_root --purge "${packages[@]}"
+left=$(find "$system" -mindepth 1 -not -path "$system/var*" -not -path "$system/etc" -not -name ld.so.cache \
+    -not -path "$system/var/cache*")
+[ -z "$left" ] || fail "left behind: $left"
