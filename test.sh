@@ -50,6 +50,7 @@ check "pictures of the guides" scripts/make-pictures.sh --check
 check "memory, by memcheck" scripts/test-valgrind.sh
 check "exported symbols" scripts/test-exports.sh
 check "hardening" scripts/test-hardening.sh
+check "binary interface" scripts/check-abi.sh
 check "recorded calls" scripts/test-recorder.sh
 check "words of the troubleshooting guide" scripts/check-messages.sh
 check "reference of the headers" scripts/test-reference.sh
