@@ -43,6 +43,7 @@ check "package, static, Debug" scripts/test-package.sh static Debug add_subdirec
 check "package, shared, Windows" scripts/test-package.sh shared Release FetchContent mingw
 check "package, static, Windows" scripts/test-package.sh static Release add_subdirectory mingw
 check "Debian packages" scripts/test-deb.sh
+check "recipes for vcpkg and Conan" scripts/check-recipes.sh
 check "quick start, Linux" scripts/test-quick-start.sh linux
 check "quick start, Windows" scripts/test-quick-start.sh windows
 check "snippets of the guides" scripts/guide-snippets.sh --check
