@@ -68,7 +68,8 @@ touch "$system/var/lib/dpkg/status"
 printf '#!/bin/sh\nexec /sbin/ldconfig -r "$DPKG_ROOT"\n' >"$place/bin/ldconfig"
 chmod +x "$place/bin/ldconfig"
 in_root() {
-    PATH=$place/bin:$PATH fakeroot dpkg --root="$system" --force-not-root --force-script-chrootless --force-depends "$@"
+    PATH=$place/bin:$PATH fakeroot dpkg --root="$system" --log="$place/dpkg.log" --force-not-root \
+        --force-script-chrootless --force-depends "$@"
 }
 in_root --install "$place"/*.deb
 [ -z "$(in_root --verify)" ] || fail "files differ from their checksums"
