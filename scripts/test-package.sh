@@ -55,9 +55,12 @@ form=()
 [ "$kind" = shared ] || form=(--static)
 eval "flags=($(pkg-config "${form[@]}" --cflags --libs KivoFunctionPlotter))"
 mkdir "$place/by pkg-config"
-if [ "$platform" = mingw ]; then
-    [ "$kind" = static ] || cp "$prefix"/bin/*.dll "$place/by pkg-config"
-    flags=(-static -Wl,-Bdynamic "${flags[@]}" -Wl,-Bstatic) # the compiler's own libraries are not beside the program
+if [ "$platform" = mingw ]; then # only our library is beside the program
+    if [ "$kind" = shared ]; then
+        cp "$prefix"/bin/*.dll "$place/by pkg-config"
+        flags=(-Wl,-Bdynamic "${flags[@]}" -Wl,-Bstatic)
+    fi
+    flags=(-static "${flags[@]}")
 fi
 "$compiler" -std=c++17 "$root/$consumer/main.cpp" -o "$place/by pkg-config/consumer$suffix" "${flags[@]}"
 LD_LIBRARY_PATH=$(dirname "$PKG_CONFIG_PATH") try "$place/by pkg-config/consumer"
