@@ -25,7 +25,7 @@ anchors() {
         sed -E 's/[^a-z0-9 _-]//g; s/ /-/g'
 }
 
-pages=(README.md CONTRIBUTING.md CHANGELOG.md docs/*.md)
+pages=(README.md CONTRIBUTING.md CHANGELOG.md SECURITY.md THIRD-PARTY.md docs/*.md packaging/*.md)
 for page in "${pages[@]}"; do
     while IFS= read -r link; do
         [ -n "$link" ] || continue
