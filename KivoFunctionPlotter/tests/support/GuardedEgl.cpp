@@ -52,6 +52,7 @@ GUARD(EGLBoolean, eglGetConfigAttrib, (EGLDisplay display, EGLConfig config, EGL
 GUARD(EGLint, eglGetError, (), ())
 GUARD(EGLContext, eglGetCurrentContext, (), ())
 GUARD(EGLDisplay, eglGetCurrentDisplay, (), ())
+GUARD(EGLSurface, eglGetCurrentSurface, (EGLint which), (which))
 GUARD(__eglMustCastToProperFunctionPointerType, eglGetProcAddress, (const char* name), (name))
 
 // ---- Binding and presenting
