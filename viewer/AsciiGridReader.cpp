@@ -102,6 +102,8 @@ std::vector<double> Centres(const TextLines& lines, const Entry& start, const En
     std::vector<double> centres;
     for (std::size_t i = 0; i < count; ++i) {
         centres.push_back(*start.value + (static_cast<double>(i) + (start.corner ? 0.5 : 0.0)) * *cell.value);
+        if (!FitsSinglePrecision(centres.back()))
+            lines.FailAt(cell.line, "the cells reach beyond single precision");
         if (!IsLastInOrder(centres))
             lines.FailAt(cell.line,
                          "the cells are too small for coordinates of this size in single precision");

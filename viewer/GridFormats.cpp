@@ -61,7 +61,9 @@ std::vector<double> EvenCoordinates(const std::string& name, double first, doubl
     std::vector<double> coordinates;
     for (std::size_t i = 0; i < count; ++i) {
         coordinates.push_back(first + static_cast<double>(i) * step);
-        if (!FitsSinglePrecision(coordinates.back()) || !IsLastInOrder(coordinates))
+        if (!FitsSinglePrecision(coordinates.back()))
+            throw Failure(name + ": the cells reach beyond single precision");
+        if (!IsLastInOrder(coordinates))
             throw Failure(name +
                           ": the cells are too small for coordinates of this size in single precision");
     }

@@ -182,6 +182,8 @@ const std::vector<BadCase>& BadCases() {
          "t.asc:2: too many points; at most 16777216 can be shown"},
         {"t.asc", "ncols 2\nnrows 2\nxllcorner 5000000\nyllcorner 0\ncellsize 0.1\n1 2\n3 4\n",
          "t.asc:5: the cells are too small for coordinates of this size in single precision"},
+        {"t.asc", "ncols 4\nnrows 3\nxllcorner 0\nyllcorner 0\ncellsize 1e38\n1 2 3 4\n1 2 3 4\n1 2 3 4\n",
+         "t.asc:5: the cells reach beyond single precision"},
         {"p.xyz", "0 0 1\n", "p.xyz:1: a surface needs at least 2 x 2 points, found one"},
         {"p.xyz", "0 0 1\n1 0 2\n2 0 3\n", "p.xyz: a surface needs at least 2 x 2 points, found 3 x 1"},
         {"p.xyz", "0 0 1\n1 1 2\n",
