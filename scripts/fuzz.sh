@@ -1,11 +1,13 @@
 #!/usr/bin/env bash
-# Searches for inputs that break something: scripts/fuzz.sh [seconds for each target, 1800]
+# Searches for inputs that break something: scripts/fuzz.sh [seconds for each target, 1800] [formula|reader|plotter]...
 # Wants clang. What is found is left in build-fuzz/findings and makes the script fail; inputs that reach code
 # which no other one reaches are merged into the corpus that the tests replay.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 . scripts/packages.sh
 seconds=${1:-1800}
+targets=("${@:2}")
+[ ${#targets[@]} -gt 0 ] || targets=(formula reader plotter)
 
 install_packages "${kivo_run_packages[@]}" libgtest-dev libgmock-dev libxcb-xtest0-dev clang libclang-rt-14-dev
 cmake --preset fuzz
@@ -39,9 +41,9 @@ fuzz() { # target seconds
     "build-fuzz/tests/kivo-fuzz-$1" -set_cover_merge=1 -max_len=2048 "$smallest" "$new" "$corpus" "$seeds/$1" \
         2>>"build-fuzz/$1.log"
     rm -rf "$corpus" && mv "$smallest" "$corpus"
-    echo "$1: $(grep -c . <(ls "$corpus")) inputs kept; $(grep 'number_of_executed_units' "build-fuzz/$1.log" | head -n 1)"
+    echo "$1: $(ls "$corpus" | wc -l) inputs kept of $(sed -n 's/.*number_of_executed_units: *//p' "build-fuzz/$1.log" | head -n 1)"
 }
 
-for target in formula reader plotter; do
+for target in "${targets[@]}"; do
     fuzz "$target" "$seconds"
 done

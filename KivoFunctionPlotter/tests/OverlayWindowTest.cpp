@@ -60,6 +60,8 @@ protected:
     }
 
     Image Screen() const {
+        RECT rect = {};
+        GetClientRect(handle, &rect); // the display has done everything that the plotter asked before
         Image image(width, height);
         image.rgba = window->Grab();
         return image;
