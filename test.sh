@@ -33,6 +33,12 @@ run_tests hosts scripts/with-display.sh env KIVO_WIN32_HOST="$root/build-mingw/e
     build-release/tests/kivo-host-tests
 run_tests windows scripts/with-display.sh scripts/with-wine.sh build-mingw/tests/kivo-tests.exe
 
+# What the fuzzers have found to reach the most, once more.
+for target in formula reader plotter; do
+    check "inputs of fuzzers, $target" env -u DISPLAY -u WAYLAND_DISPLAY \
+        "build-asan/tests/kivo-fuzz-$target" "KivoFunctionPlotter/tests/fuzz/corpus/$target"
+done
+
 # What cannot be said in one program.
 check "pictures of X11, off-screen and Windows agree" scripts/with-display.sh scripts/compare-platforms.sh
 check "off-screen picture" env -u DISPLAY build-release/examples/offscreen_picture "$KIVO_TEST_OUTPUT/offscreen.png"

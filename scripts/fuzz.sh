@@ -30,7 +30,7 @@ printf '%s\n' '-1:1:5' '0:1e3:9' 'x > 0 ? sqrt(x) : ln(y)' >"$seeds/formula/rang
 fuzz() { # target seconds
     local corpus="KivoFunctionPlotter/tests/fuzz/corpus/$1" findings="build-fuzz/findings/$1-" new="build-fuzz/new-$1"
     mkdir -p "$corpus" build-fuzz/findings "$new"
-    "build-fuzz/tests/kivo-fuzz-$1" -max_total_time="$2" -max_len=2048 -timeout=10 -rss_limit_mb=4096 \
+    "build-fuzz/tests/kivo-fuzz-$1" -max_total_time="$2" -max_len=2048 -len_control=0 -timeout=10 -rss_limit_mb=4096 \
         -print_final_stats=1 -artifact_prefix="$findings" "$new" "$corpus" "$seeds/$1" 2>"build-fuzz/$1.log" || {
         tail -n 60 "build-fuzz/$1.log"
         return 1

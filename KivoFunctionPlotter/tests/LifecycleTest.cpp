@@ -488,10 +488,35 @@ TEST_P(LifecycleInWindow, AfterOnDestroyAPlotterCanBeCreatedAgain) {
         return CaptureImage(plotter);
     };
     const Image first = draw();
-    plotter.OnDestroy();
+    EXPECT_EQ(plotter.OnDestroy(), 0);
+    EXPECT_EQ(plotter.OnDestroy(), 0);
     ASSERT_EQ(plotter.OnCreate(plot.window.Handle(), 320, 240, true), 0);
     EXPECT_EQ(plotter.Renderscene(), 0) << "without data";
     EXPECT_TRUE(ImagesAgree(draw(), first, 2, 0.1, "created-again"));
+}
+
+// The settings of a surface that is gone find nothing to work on, and hold for the next one.
+TEST_P(LifecycleInWindow, SettingsBetweenTwoLivesTakeEffectInTheSecond) {
+    const auto set = [this] {
+        plotter.SetZGradientColor(0x00FFFFFF, 0x00004000);
+        plotter.SetFrameLineStep(3, 2);
+        EXPECT_EQ(plotter.SetIsoContourCount(7), 0);
+        plotter.ShowZIsoContours(true);
+    };
+    const auto draw = [this] {
+        SetSurface();
+        EXPECT_EQ(plotter.Renderscene(), 0);
+        SetSurface();
+        return CaptureImage(plotter);
+    };
+    set();
+    const Image first = draw();
+    EXPECT_EQ(plotter.OnDestroy(), 0);
+    ASSERT_EQ(plotter.OnCreate(plot.window.Handle(), 320, 240, true), 0);
+    EXPECT_EQ(plotter.Renderscene(), 0);
+    set();
+    EXPECT_EQ(plotter.Renderscene(), 0);
+    EXPECT_TRUE(ImagesAgree(draw(), first, 2, 0.1, "set-between"));
 }
 
 TEST_P(LifecycleInWindow, CreatingTwiceGivesAWorkingPlotter) {
