@@ -4,6 +4,7 @@
 #include "CommandTable.h"
 #include "Content.h"
 #include "Options.h"
+#include "Picture.h"
 #include "PlotScene.h"
 #include "SettingTable.h"
 
@@ -61,7 +62,7 @@ private:
     void CopyPicture();
     void Print();
     /// The plot as it stands, RGBA, top row first. Throws a Failure.
-    std::vector<unsigned char> Capture(const QSize& size);
+    std::vector<unsigned char> Draw(const PictureFormat& format);
 
     struct ToggleAction {
         const Setting* setting;

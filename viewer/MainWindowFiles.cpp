@@ -7,8 +7,6 @@
 #include "PointsPanel.h"
 #include "Preferences.h"
 
-#include <KivoPicture.h>
-
 #include <QApplication>
 #include <QClipboard>
 #include <QDialogButtonBox>
@@ -37,8 +35,6 @@
 namespace KivoViewer {
 
 namespace {
-
-constexpr int maxPictureSize = 16384;
 
 std::string NameOf(const QString& path) {
     return QFile::encodeName(path).toStdString();
@@ -70,34 +66,36 @@ GridData ReadWithDialog(QWidget* parent, const QString& path) {
     });
 }
 
-QSpinBox* AddLength(QFormLayout* form, const QString& label, int value) {
+QSpinBox* AddNumber(QFormLayout* form, const QString& label, int value, int most, const QString& unit) {
     auto* const box = new QSpinBox;
-    box->setRange(1, maxPictureSize);
-    box->setSuffix(" pixels");
+    box->setRange(1, most);
+    box->setSuffix(' ' + unit);
     box->setValue(value);
     form->addRow(label, box);
     return box;
 }
 
-// Asks for the size of a picture. @return whether to go on
-bool AskForSize(QWidget* parent, QSize& size) {
+// Asks how large a picture should be. @return whether to go on
+bool AskForFormat(QWidget* parent, PictureFormat& format) {
     QDialog dialog(parent);
     dialog.setWindowTitle("Save picture");
     auto* const form = new QFormLayout(&dialog);
-    QSpinBox* const width = AddLength(form, "&Width", size.width());
-    QSpinBox* const height = AddLength(form, "&Height", size.height());
+    QSpinBox* const width = AddNumber(form, "&Width", format.width, maxPictureSize, "pixels");
+    QSpinBox* const height = AddNumber(form, "&Height", format.height, maxPictureSize, "pixels");
+    QSpinBox* const dpi = AddNumber(form, "&Resolution", format.dpi, maxResolution, "dots per inch");
+    dpi->setToolTip("Texts keep their size on paper: with more dots per inch they have more pixels");
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Save | QDialogButtonBox::Cancel);
     form->addRow(buttons);
     QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
     QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
     if (dialog.exec() != QDialog::Accepted) return false;
-    size = QSize(width->value(), height->value());
+    format = {width->value(), height->value(), dpi->value()};
     return true;
 }
 
 // A copy of the pixels, which go with their array.
-QImage ImageOf(const std::vector<unsigned char>& rgba, const QSize& size) {
-    return QImage(rgba.data(), size.width(), size.height(), QImage::Format_RGBA8888).copy();
+QImage ImageOf(const std::vector<unsigned char>& rgba, const PictureFormat& format) {
+    return QImage(rgba.data(), format.width, format.height, QImage::Format_RGBA8888).copy();
 }
 
 QString LocalFileIn(const QMimeData& data) {
@@ -165,29 +163,28 @@ void MainWindow::AddPointFiles(PointSet::Kind kind) {
 
 // ---- The picture out ------------------------------------------------------------------------------------
 
-std::vector<unsigned char> MainWindow::Capture(const QSize& size) {
-    std::vector<unsigned char> rgba;
-    if (CapturePicture(Scene().Plotter(), size.width(), size.height(), rgba) != 0)
-        throw Failure(std::string("cannot draw: ") + KivoDrawingTools::LastWindowError());
-    return rgba;
+// Where its texts fit, the window's own plotter draws the picture, on the same OpenGL as the screen.
+std::vector<unsigned char> MainWindow::Draw(const PictureFormat& format) {
+    if (format.dpi == m_plot->Format().dpi) return CaptureScene(Scene(), format.width, format.height);
+    return DrawPicture(format, [this](PlotScene& scene) { scene.ShowSameAs(Scene()); });
 }
 
 void MainWindow::SavePicture() {
-    QSize size = m_plot->DeviceSize();
-    if (!AskForSize(this, size)) return;
+    PictureFormat format = m_plot->Format();
+    if (!AskForFormat(this, format)) return;
     QString path = QFileDialog::getSaveFileName(this, "Save the picture", "plot.png", "PNG pictures (*.png)");
     if (path.isEmpty()) return;
     if (QFileInfo(path).suffix().isEmpty()) path += ".png";
     Try(this, [&] {
-        WritePng(NameOf(path), Capture(size), size.width(), size.height());
+        WritePng(NameOf(path), Draw(format), format);
         statusBar()->showMessage("Saved " + path);
     });
 }
 
 void MainWindow::CopyPicture() {
     Try(this, [this] {
-        const QSize size = m_plot->DeviceSize();
-        QApplication::clipboard()->setImage(ImageOf(Capture(size), size));
+        const PictureFormat format = m_plot->Format();
+        QApplication::clipboard()->setImage(ImageOf(Draw(format), format));
         statusBar()->showMessage("Copied the picture");
     });
 }
@@ -204,8 +201,8 @@ void MainWindow::Print() {
         const auto pixels = [](double inches) {
             return std::clamp(static_cast<int>(std::lround(inches * pixelsPerInch)), 1, maxPictureSize);
         };
-        const QSize size(pixels(page.width()), pixels(page.height()));
-        const QImage image = ImageOf(Capture(size), size);
+        const PictureFormat format = {pixels(page.width()), pixels(page.height()), m_plot->Format().dpi};
+        const QImage image = ImageOf(Draw(format), format);
         QPainter painter;
         if (!painter.begin(&printer)) throw Failure("the printer cannot be used");
         painter.drawImage(painter.viewport(), image);

@@ -5,6 +5,7 @@
 #include "GdalReader.h"
 #include "ManualPage.h"
 #include "Numbers.h"
+#include "Picture.h"
 #include "SettingTable.h"
 
 #include <CLI/CLI.hpp>
@@ -16,8 +17,6 @@
 namespace KivoViewer {
 
 namespace {
-
-constexpr int maxSize = 16384;
 
 // What stands below the options.
 std::string Footer() {
@@ -130,12 +129,12 @@ void Describe(CLI::App& app, Options& options, Words& words) {
     app.add_option("--trace-at", words.traceAt, "Trace the surface at this pixel of the picture")
         ->type_name("X,Y")
         ->needs(picture);
-    dpi->type_name("DPI")->needs(picture)->check(CLI::Range(1, 1200).description(""));
+    dpi->type_name("DPI")->needs(picture)->check(CLI::Range(1, maxResolution).description(""));
 }
 
 int ParseLength(const std::string& text) {
     const auto length = ParseCount(text);
-    const bool fits = length && *length >= 1 && *length <= maxSize;
+    const bool fits = length && *length >= 1 && *length <= maxPictureSize;
     return fits ? static_cast<int>(*length) : 0;
 }
 
@@ -146,15 +145,15 @@ void ParseSize(const std::string& text, Options& options) {
         options.height = ParseLength(text.substr(cross + 1));
     }
     if (cross == std::string::npos || options.width == 0 || options.height == 0)
-        throw Failure("--size: expected WIDTHxHEIGHT of 1 to " + std::to_string(maxSize) + " each, found " +
-                      text);
+        throw Failure("--size: expected WIDTHxHEIGHT of 1 to " + std::to_string(maxPictureSize) +
+                      " each, found " + text);
 }
 
 PixelPosition ParsePosition(const std::string& text) {
     const std::size_t comma = text.find(',');
     const auto x = ParseCount(text.substr(0, comma));
     const auto y = comma == std::string::npos ? std::nullopt : ParseCount(text.substr(comma + 1));
-    if (!x || !y || *x >= maxSize || *y >= maxSize)
+    if (!x || !y || *x >= maxPictureSize || *y >= maxPictureSize)
         throw Failure("--trace-at: expected X,Y in pixels, found " + text);
     return {static_cast<int>(*x), static_cast<int>(*y)};
 }

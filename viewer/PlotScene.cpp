@@ -131,12 +131,52 @@ void ViewerPlotter::ForgetView() {
     m_panFractionY = panY;
 }
 
+void ViewerPlotter::ReferToGridOf(const ViewerPlotter& other) {
+    SetDataReference(other.m_points, other.m_columnCount, other.m_rowCount, 1, other.m_columnCount,
+                     other.m_componentCount);
+}
+
+void ViewerPlotter::TakeViewOf(const ViewerPlotter& other) {
+    m_clientHeight = other.m_clientHeight;
+    std::copy(std::begin(other.m_plotViewport), std::end(other.m_plotViewport), m_plotViewport);
+    std::copy(std::begin(other.m_legendViewport), std::end(other.m_legendViewport), m_legendViewport);
+    m_viewLeft = other.m_viewLeft;
+    m_viewRight = other.m_viewRight;
+    m_viewBottom = other.m_viewBottom;
+    m_viewTop = other.m_viewTop;
+    m_viewNear = other.m_viewNear;
+    m_viewFar = other.m_viewFar;
+    std::copy(std::begin(other.m_axisScale), std::end(other.m_axisScale), m_axisScale);
+    std::copy(std::begin(other.m_volumeTranslate), std::end(other.m_volumeTranslate), m_volumeTranslate);
+    MatrixCopy(m_rotationMatrix, other.m_rotationMatrix);
+    m_inverseXAxis = other.m_inverseXAxis;
+    m_inverseYAxis = other.m_inverseYAxis;
+    m_inverseZAxis = other.m_inverseZAxis;
+    m_hasTracePoint = other.m_hasTracePoint;
+    std::copy(std::begin(other.m_tracePoint), std::end(other.m_tracePoint), m_tracePoint);
+    BeginGLOperation();
+    ApplyViewVolume();
+    ApplyModelViewMatrix();
+    EndGLOperation();
+}
+
 void PlotScene::ShowGrid(const GridData& grid) {
     m_plotter.ForgetView();
     HandOver(m_plotter, grid);
     m_curves.clear();
     ReadAutomaticSettings(grid);
     ApplyAll();
+}
+
+void PlotScene::ShowSameAs(PlotScene& other) {
+    m_plotter.ForgetView();
+    m_plotter.ReferToGridOf(other.m_plotter);
+    m_curves.clear();
+    m_settings = other.m_settings;
+    m_automatic = other.m_automatic;
+    ApplyAll();
+    TakePointsOf(other);
+    m_plotter.TakeViewOf(other.m_plotter);
 }
 
 PlotSettings PlotScene::Effective() const {
@@ -285,6 +325,15 @@ void PlotScene::AddMeasureGroup(const PointFile& file) {
     m_groupPoints.push_back(file.points);
     m_plotter.AddMeasurePoints(static_cast<unsigned int>(file.Count()), 3, m_groupPoints.back().data(),
                                file.name.c_str());
+}
+
+void PlotScene::TakePointsOf(PlotScene& other) {
+    for (const std::vector<float>& points : other.m_groupPoints)
+        AddMeasureGroup({{}, points});
+    for (const std::vector<float>& points : other.m_plotter.CurvePoints())
+        AddCurve({{}, points});
+    for (const PointSet& set : other.PointSets())
+        ChangePoints(set);
 }
 
 std::vector<PointSet> PlotScene::PointSets() {

@@ -32,6 +32,12 @@ public:
     /// Makes the plot as one that has had no data. The plotter places its lights by the view that is there
     /// when data come: without this the same grid would be lit differently after another one.
     void ForgetView();
+    /// Shows the same grid as another, whose array it must not outlive.
+    void ReferToGridOf(const ViewerPlotter& other);
+    /// Takes over what the user turns, moves, zooms and traces, and the size that this is shown at.
+    void TakeViewOf(const ViewerPlotter& other);
+    /// The points of the curves, three numbers each.
+    const std::list<std::vector<float>>& CurvePoints() const { return m_curveData; }
 };
 
 /// A plotter with the viewer's data and settings. To be used after the plotter's OnCreate. Nothing here draws
@@ -48,6 +54,10 @@ public:
     /// measure groups stay. Throws a Failure where an axis range cannot be; the grid is shown all the same,
     /// with the ranges that follow from it.
     void ShowGrid(const GridData& grid);
+
+    /// Shows what another scene shows, in the same view; the plotters' texts may be of different sizes. The
+    /// grid stays the other's: this scene must be gone before the other changes.
+    void ShowSameAs(PlotScene& other);
 
     /// The settings; a change is brought to the plot by the setting's apply member or by ApplyAll.
     PlotSettings& Settings() { return m_settings; }
@@ -87,6 +97,7 @@ private:
     void AddMeasureGroup(const PointFile& file);
     PointSet MeasureGroup(std::size_t index);
     void ChangeMeasureGroup(const PointSet& group);
+    void TakePointsOf(PlotScene& other);
     void ReadAutomaticSettings(const GridData& grid);
 
     PlotSettings m_settings;

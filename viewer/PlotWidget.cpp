@@ -1,5 +1,6 @@
 #include "PlotWidget.h"
 
+#include "Display.h"
 #include "Failure.h"
 
 #include <QGuiApplication>
@@ -67,6 +68,10 @@ void PlotWidget::Redraw() {
 void PlotWidget::SetWantedSize(const QSize& size) {
     m_wantedSize = size;
     updateGeometry();
+}
+
+PictureFormat PlotWidget::Format() const {
+    return {ToDevice(width()), ToDevice(height()), TextResolution(winId())};
 }
 
 void PlotWidget::ReportTrace() {

@@ -1,6 +1,7 @@
 // The plot as a Qt widget.
 #pragma once
 
+#include "Picture.h"
 #include "PlotScene.h"
 
 #include <KivoWindow.h>
@@ -29,8 +30,8 @@ public:
     /// The size that the layout should give it, as far as there is room.
     void SetWantedSize(const QSize& size);
 
-    /// The present size in pixels of the device.
-    QSize DeviceSize() const { return {ToDevice(width()), ToDevice(height())}; }
+    /// The present size in pixels of the device, and what the plot's texts are sized for.
+    PictureFormat Format() const;
 
     QSize sizeHint() const override { return m_wantedSize; }
     QPaintEngine* paintEngine() const override { return nullptr; }

@@ -5,9 +5,13 @@
 #include <png.h>
 
 #include <cerrno>
+#include <cmath>
+#include <csetjmp>
+#include <cstddef>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
+#include <new>
 #include <random>
 #include <system_error>
 
@@ -69,18 +73,54 @@ std::filesystem::path TargetOf(const std::string& path) {
     return target;
 }
 
+// What libpng needs for one picture, and what it says where it fails.
+struct Encoder {
+    Encoder() {
+        const auto keepMessage = [](png_structp failed, png_const_charp reason) {
+            *static_cast<std::string*>(png_get_error_ptr(failed)) = reason;
+            png_longjmp(failed, 1);
+        };
+        const auto ignore = [](png_structp, png_const_charp) {};
+        png = png_create_write_struct(PNG_LIBPNG_VER_STRING, &message, keepMessage, ignore);
+        if (png) info = png_create_info_struct(png);
+        if (!info) throw std::bad_alloc();
+    }
+    ~Encoder() { png_destroy_write_struct(&png, &info); }
+    Encoder(const Encoder&) = delete;
+    Encoder& operator=(const Encoder&) = delete;
+
+    std::string message;
+    png_structp png = nullptr;
+    png_infop info = nullptr;
+};
+
+// libpng leaves by a jump where it fails: nothing in here may need a destructor.
+bool Encode(const Encoder& encoder, const PictureFormat& format, png_bytepp rows, std::FILE* file) {
+    constexpr double metresPerInch = 0.0254;
+    if (setjmp(png_jmpbuf(encoder.png))) return false;
+    png_init_io(encoder.png, file);
+    png_set_IHDR(encoder.png, encoder.info, static_cast<png_uint_32>(format.width),
+                 static_cast<png_uint_32>(format.height), 8, PNG_COLOR_TYPE_RGB_ALPHA, PNG_INTERLACE_NONE,
+                 PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
+    png_set_sRGB_gAMA_and_cHRM(encoder.png, encoder.info, PNG_sRGB_INTENT_PERCEPTUAL);
+    const auto dotsPerMetre = static_cast<png_uint_32>(std::lround(format.dpi / metresPerInch));
+    png_set_pHYs(encoder.png, encoder.info, dotsPerMetre, dotsPerMetre, PNG_RESOLUTION_METER);
+    png_write_info(encoder.png, encoder.info);
+    png_write_image(encoder.png, rows);
+    png_write_end(encoder.png, encoder.info);
+    return true;
+}
+
 } // namespace
 
-void WritePng(const std::string& path, const std::vector<unsigned char>& rgba, int width, int height) {
+void WritePng(const std::string& path, const std::vector<unsigned char>& rgba, const PictureFormat& format) {
     TemporaryFile file(TargetOf(path));
     if (!file.Stream()) FailToWrite(path, std::strerror(errno));
-    png_image image = {};
-    image.version = PNG_IMAGE_VERSION;
-    image.width = static_cast<png_uint_32>(width);
-    image.height = static_cast<png_uint_32>(height);
-    image.format = PNG_FORMAT_RGBA;
-    if (!png_image_write_to_stdio(&image, file.Stream(), 0, rgba.data(), 0, nullptr))
-        FailToWrite(path, image.message);
+    std::vector<png_bytep> rows; // libpng does not write to them, but takes them as if it did
+    for (int y = 0; y < format.height; ++y)
+        rows.push_back(const_cast<png_bytep>(rgba.data()) + std::size_t{4} * format.width * y);
+    const Encoder encoder;
+    if (!Encode(encoder, format, rows.data(), file.Stream())) FailToWrite(path, encoder.message);
     if (!file.Commit()) FailToWrite(path, std::strerror(errno));
 }
 

@@ -86,6 +86,13 @@ TEST_F(ViewerCommandTest, DrawsTheSampleWithoutDisplay) {
     EXPECT_EQ(FileCount(), 1U) << "only the picture stays";
 }
 
+TEST_F(ViewerCommandTest, RecordsTheResolution) {
+    Draw({"--size", "80x60"});
+    EXPECT_EQ(ReadPngResolution(Path("picture.png")), 96);
+    Draw({"--size", "80x60", "--dpi", "300"});
+    EXPECT_EQ(ReadPngResolution(Path("picture.png")), 300);
+}
+
 TEST_F(ViewerCommandTest, DrawsLargePicturesInTiles) {
     const Image image = Draw({"--size", "6000x300"});
     EXPECT_EQ(image.width, 6000);

@@ -35,6 +35,31 @@ protected:
         Press(returnKey);
     }
 
+    // Saves the picture with these answers to the first questions, and the suggestions for the others.
+    Image SaveByDialog(const std::vector<std::string>& answers) {
+        PressWith(controlKey, 's');
+        Keep(Grab(AreaOf(WaitForDialog())), "questions");
+        for (const std::string& answer : answers) {
+            PressWith(controlKey, 'a');
+            Type(answer);
+            Press(tabKey);
+        }
+        Press(returnKey);
+        if (answers.empty()) Press(returnKey); // the first has ended the editing
+        Pause();
+        WaitForDialog();
+        Type(Path("saved"));
+        Press(returnKey);
+        WaitForNoDialog();
+        if (!WaitFor([this] { return std::filesystem::exists(Path("saved.png")); })) {
+            ADD_FAILURE() << "no picture";
+            return {};
+        }
+        const Image saved = ReadPng(Path("saved.png"));
+        Keep(saved, "saved");
+        return saved;
+    }
+
     // A file in this test's folder, whose name has nothing but small letters.
     std::string Copy(const std::string& source, const std::string& name) const {
         std::filesystem::copy_file(source, Path(name));
@@ -169,27 +194,39 @@ TEST_F(ViewerWindowFilesTest, ListsRecentFiles) {
 }
 
 TEST_F(ViewerWindowFilesTest, SavesAPictureOfAnySize) {
-    PressWith(controlKey, 's');
-    WaitForDialog();
-    PressWith(controlKey, 'a');
-    Type("1000");
-    Press(tabKey);
-    PressWith(controlKey, 'a');
-    Type("500");
-    Press(returnKey); // ends the editing
-    Press(returnKey);
-    Pause();
-    WaitForDialog();
-    Type(Path("saved"));
-    Press(returnKey);
-    WaitForNoDialog();
-    ASSERT_TRUE(WaitFor([this] { return std::filesystem::exists(Path("saved.png")); }));
-    const Image saved = ReadPng(Path("saved.png"));
-    Keep(saved, "saved");
+    const Image saved = SaveByDialog({"1000", "500"});
     EXPECT_EQ(saved.width, 1000);
     EXPECT_EQ(saved.height, 500);
     EXPECT_GT(CountOf(saved, IsColorful), 5000);
+    EXPECT_EQ(ReadPngResolution(Path("saved.png")), 96);
     ExpectStart(Settled());
+}
+
+TEST_F(ViewerWindowFilesTest, SavesWhatTheScreenShows) {
+    After("turn", [this] { Drag(rightButton, 120, 40); });
+    After("move", [this] { Drag(rightButton, 60, -30, shiftKey); });
+    const Image shown = After("zoom", [this] { Wheel(wheelUp); });
+    EXPECT_EQ(Compare(SaveByDialog({}), shown).max, 0);
+    std::filesystem::remove(Path("saved.png"));
+    const Image fine = SaveByDialog({"1600", "1200", "192"});
+    EXPECT_EQ(ReadPngResolution(Path("saved.png")), 192);
+    const double colorful = CountOf(shown, IsColorful); // fourfold and more: lines stay as thin
+    EXPECT_NEAR(CountOf(fine, IsColorful), 4.3 * colorful, 0.5 * colorful);
+    EXPECT_EQ(Compare(Settled(), shown).max, 0);
+}
+
+// The saved picture has the resolution that the display gives the window.
+TEST_F(ViewerWindowFilesTest, SavesWithTheResolutionOfTheDisplay) {
+    const std::string setting = "Xft.dpi:\t144\n";
+    const xcb_window_t root = m_input->Screen().root;
+    xcb_change_property(Connection(), XCB_PROP_MODE_REPLACE, root, XCB_ATOM_RESOURCE_MANAGER, XCB_ATOM_STRING,
+                        8, static_cast<std::uint32_t>(setting.size()), setting.data());
+    xcb_flush(Connection());
+    Start({"--size", "800x600"}, {{"QT_ENABLE_HIGHDPI_SCALING", "0"}});
+    EXPECT_EQ(Compare(SaveByDialog({}), m_start).max, 0);
+    EXPECT_EQ(ReadPngResolution(Path("saved.png")), 144);
+    xcb_delete_property(Connection(), root, XCB_ATOM_RESOURCE_MANAGER);
+    xcb_flush(Connection());
 }
 
 TEST_F(ViewerWindowFilesTest, CopiesThePicture) {

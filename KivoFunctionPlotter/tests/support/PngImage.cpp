@@ -4,8 +4,11 @@
 
 #include <png.h>
 
+#include <cmath>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 
 namespace KivoTest {
 
@@ -22,6 +25,22 @@ Image ReadPng(const std::string& path) {
     Image image(static_cast<int>(png.width), static_cast<int>(png.height));
     EXPECT_TRUE(png_image_finish_read(&png, nullptr, image.rgba.data(), 0, nullptr)) << png.message;
     return image;
+}
+
+// The chunk pHYs has pixels per unit along x and y, four bytes each, and a unit of 1 for the metre.
+int ReadPngResolution(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    const std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    const std::size_t chunk = bytes.find("pHYs");
+    if (chunk == std::string::npos || chunk > bytes.find("IDAT") || bytes[chunk + 12] != 1) {
+        ADD_FAILURE() << path << ": no resolution";
+        return 0;
+    }
+    EXPECT_EQ(bytes.substr(chunk + 4, 4), bytes.substr(chunk + 8, 4)) << "pixels are not square";
+    double perMetre = 0.0;
+    for (std::size_t i = 0; i < 4; ++i)
+        perMetre = perMetre * 256.0 + static_cast<unsigned char>(bytes[chunk + 4 + i]);
+    return static_cast<int>(std::lround(perMetre * 0.0254));
 }
 
 void KeepPng(const Image& image, const std::string& name) {

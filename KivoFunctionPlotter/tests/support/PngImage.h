@@ -10,6 +10,9 @@ namespace KivoTest {
 /// An empty image and a test failure where the file is none.
 KivoDrawingTools::Image ReadPng(const std::string& path);
 
+/// Dots per inch that the file records; 0 and a test failure where it records none.
+int ReadPngResolution(const std::string& path);
+
 /// Keeps a picture for a person to look at, as <name>.png in the folder that KIVO_TEST_OUTPUT names, else in
 /// test-output.
 void KeepPng(const KivoDrawingTools::Image& image, const std::string& name);
