@@ -56,7 +56,7 @@ void AddViewMenu(Table& table) {
     table.push_back(
         {menu, "&Reset view", "Home", "Undo turning, moving and zooming", Command::resetView, {}});
     AddLine(table);
-    AddToggles(table, menu, {"frame-lines", "grid-lines", "switch-planes"});
+    AddToggles(table, menu, {"frame-lines", "grid-lines", "switch-planes", "auto-aspect"});
     AddLine(table);
     AddToggles(table, menu, {"x-contours", "y-contours", "z-contours"});
     AddLine(table);

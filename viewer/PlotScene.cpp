@@ -112,6 +112,49 @@ bool Change(Plotter& plotter, T (Plotter::*get)() const, int (Plotter::*set)(T),
 
 } // namespace
 
+namespace {
+
+constexpr float usualDepth = 15.0f; // of the view volume, in half sizes of its shorter side
+constexpr double usualShare = 0.6;  // of the box's diagonal, which becomes that half size
+
+} // namespace
+
+ViewerPlotter::AxisScale ViewerPlotter::Scale() const {
+    return {m_axisScale[0], m_axisScale[1], m_axisScale[2]};
+}
+
+double ViewerPlotter::BoxDiagonal() const {
+    double squares = 0.0;
+    for (int axis = 0; axis < 3; ++axis) {
+        const double min = (this->*axisMembers[axis].min)();
+        const double max = (this->*axisMembers[axis].max)();
+        squares += std::pow((max - min) * m_axisScale[axis], 2.0);
+    }
+    return std::sqrt(squares);
+}
+
+// A box that is long beside the plotter's own needs a deeper volume, also where a picture is laid out.
+void ViewerPlotter::FitWithScale(const AxisScale& scale) {
+    const double own = BoxDiagonal();
+    if (!std::isfinite(own) || own <= 0.0) return; // axes without ranges have no scale
+    std::copy(scale.begin(), scale.end(), m_axisScale);
+    const double growth = BoxDiagonal() / own;
+    for (double* const bound : {&m_viewLeft, &m_viewRight, &m_viewBottom, &m_viewTop})
+        *bound *= growth;
+    const double depth = BoxDiagonal() * usualShare * usualDepth;
+    m_viewVolumeFactor[2] = static_cast<float>(m_viewVolumeFactor[2] * depth / m_viewFar);
+    m_viewFar = depth;
+    m_viewNear = -depth;
+    BeginGLOperation();
+    ApplyViewVolume();
+    ApplyModelViewMatrix();
+    EndGLOperation();
+}
+
+void ViewerPlotter::ForgetScale() {
+    m_viewVolumeFactor[2] = usualDepth;
+}
+
 void ViewerPlotter::ForgetShift() {
     for (int element = 12; element < 15; ++element)
         m_rotationMatrix[element] = 0.0;
@@ -146,6 +189,7 @@ void ViewerPlotter::TakeViewOf(const ViewerPlotter& other) {
     m_viewTop = other.m_viewTop;
     m_viewNear = other.m_viewNear;
     m_viewFar = other.m_viewFar;
+    m_viewVolumeFactor[2] = other.m_viewVolumeFactor[2];
     std::copy(std::begin(other.m_axisScale), std::end(other.m_axisScale), m_axisScale);
     std::copy(std::begin(other.m_volumeTranslate), std::end(other.m_volumeTranslate), m_volumeTranslate);
     MatrixCopy(m_rotationMatrix, other.m_rotationMatrix);
@@ -163,6 +207,7 @@ void ViewerPlotter::TakeViewOf(const ViewerPlotter& other) {
 void PlotScene::ShowGrid(const GridData& grid) {
     m_plotter.ForgetView();
     HandOver(m_plotter, grid);
+    m_dataScale = m_plotter.Scale();
     m_curves.clear();
     ReadAutomaticSettings(grid);
     ApplyAll();
@@ -171,6 +216,7 @@ void PlotScene::ShowGrid(const GridData& grid) {
 void PlotScene::ShowSameAs(PlotScene& other) {
     m_plotter.ForgetView();
     m_plotter.ReferToGridOf(other.m_plotter);
+    m_dataScale = other.m_dataScale;
     m_curves.clear();
     m_settings = other.m_settings;
     m_automatic = other.m_automatic;
@@ -218,6 +264,7 @@ void PlotScene::ApplyAll() {
     ApplyGradients();
     ApplyLegend();
     ApplyTrace();
+    ApplyAspect();
     ApplyView();
     ApplyAxes();
 }
@@ -245,9 +292,18 @@ void PlotScene::ApplyAxes() {
         Change(m_plotter, members.tickCount, members.setTickCount, *axis.tickCount);
         Change(m_plotter, members.precision, members.setPrecision, *axis.precision);
     }
-    if (!isNewRange) return;
+    if (isNewRange) ApplyAspect();
+}
+
+void PlotScene::ApplyAspect() {
+    m_plotter.ForgetScale();
     m_plotter.AutoAdjustAxisLengthRatio();
+    KeepScale();
     if (m_settings.mode != 0) ApplyView(); // that was the 3-D plot's view
+}
+
+void PlotScene::KeepScale() {
+    if (!m_settings.fitsAspect && m_dataScale) m_plotter.FitWithScale(*m_dataScale);
 }
 
 // The flat plots stay as the plotter enters them, unmirrored.
@@ -256,11 +312,17 @@ void PlotScene::ApplyView() {
     for (int i = 0; i < 3 && !isFlat; ++i)
         (m_plotter.*axisMembers[i].setInverse)(m_settings.axes[i].isInverse);
     SwitchMode(m_plotter, m_settings.mode);
+    KeepScale();
 }
 
 void PlotScene::ResetView() {
     m_plotter.ForgetShift();
     ApplyView();
+}
+
+void PlotScene::Resize(int width, int height) {
+    m_plotter.OnSize(0, width, height);
+    KeepScale();
 }
 
 void PlotScene::ApplySwitches() {

@@ -7,7 +7,9 @@
 
 #include <KivoFunctionPlotter.h>
 
+#include <array>
 #include <list>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,6 +29,14 @@ struct PointSet {
 /// The plotter, with what only a derived class can do.
 class ViewerPlotter : public KivoDrawingTools::CKivoFunctionPlotter {
 public:
+    using AxisScale = std::array<double, 3>; ///< lengths of the units of X, Y and Z
+
+    AxisScale Scale() const;
+    /// Gives the axes' units these lengths, and fits the view to the grid box as the plotter has fitted it to
+    /// its own. To be called after whatever fits the view: the plotter then scales the axes anew.
+    void FitWithScale(const AxisScale& scale);
+    /// Takes back what that has done for later fits.
+    void ForgetScale();
     /// Puts the plot back to where it stood at first; switching modes keeps the shift.
     void ForgetShift();
     /// Makes the plot as one that has had no data. The plotter places its lights by the view that is there
@@ -38,6 +48,9 @@ public:
     void TakeViewOf(const ViewerPlotter& other);
     /// The points of the curves, three numbers each.
     const std::list<std::vector<float>>& CurvePoints() const { return m_curveData; }
+
+private:
+    double BoxDiagonal() const;
 };
 
 /// A plotter with the viewer's data and settings. To be used after the plotter's OnCreate. Nothing here draws
@@ -70,10 +83,14 @@ public:
     /// Ranges, ticks and label precision. Throws a Failure for a range that does not rise; the axes are then
     /// as before.
     void ApplyAxes();
+    /// Lengths of the axes, in the view fitted to them: not zoomed.
+    void ApplyAspect();
     /// The plot mode, not turned or zoomed; the 3-D plot with inverse axes.
     void ApplyView();
     /// The same, and not shifted: as at first.
     void ResetView();
+    /// Lays the plot out for a window of another size, not zoomed.
+    void Resize(int width, int height);
     void ApplySwitches(); ///< what takes effect with the next frame: visibility, plain colours, point size
     void ApplyLineSteps();
     void ApplyContourCount();
@@ -98,13 +115,15 @@ private:
     PointSet MeasureGroup(std::size_t index);
     void ChangeMeasureGroup(const PointSet& group);
     void TakePointsOf(PlotScene& other);
+    void KeepScale();
     void ReadAutomaticSettings(const GridData& grid);
 
     PlotSettings m_settings;
-    PlotSettings m_automatic;                    ///< what holds where nothing is set
-    std::vector<PointSet> m_curves;              ///< the plotter does not tell what it has
-    std::list<std::vector<float>> m_groupPoints; ///< the plotter reads them at each frame
-    ViewerPlotter m_plotter;                     ///< gone before the points
+    PlotSettings m_automatic;                            ///< what holds where nothing is set
+    std::optional<ViewerPlotter::AxisScale> m_dataScale; ///< as the data gave it
+    std::vector<PointSet> m_curves;                      ///< the plotter does not tell what it has
+    std::list<std::vector<float>> m_groupPoints;         ///< the plotter reads them at each frame
+    ViewerPlotter m_plotter;                             ///< gone before the points
 };
 
 } // namespace KivoViewer

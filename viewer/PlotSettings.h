@@ -31,6 +31,7 @@ struct PlotSettings {
     bool showsGridLines = true;
     bool showsFrameLines = true;
     bool switchesPlanes = true; ///< the grid stands behind the surface from every side
+    bool fitsAspect = true;     ///< the box keeps its shape when axis ranges change, not the axes their units
     bool traces = false;        ///< the point under the pointer is shown
     std::optional<unsigned> contourCount;
     std::optional<Color> frameLineColor;

@@ -84,7 +84,7 @@ void PlotWidget::paintEvent(QPaintEvent*) {
 }
 
 void PlotWidget::resizeEvent(QResizeEvent*) {
-    Plotter().OnSize(0, ToDevice(width()), ToDevice(height()));
+    m_scene.Resize(ToDevice(width()), ToDevice(height()));
 }
 
 void PlotWidget::mousePressEvent(QMouseEvent* event) {

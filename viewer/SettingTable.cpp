@@ -105,6 +105,14 @@ void AddView(Table& table) {
     table.push_back({"View", "switch-planes", "Grid always behind",
                      "A grid that changes sides as the plot turns, so that it stands behind the surface",
                      SettingField(&Plot::switchesPlanes), &PlotScene::ApplySwitches});
+    Setting aspect = {"View",
+                      "auto-aspect",
+                      "Auto aspect",
+                      "A box of the same shape whatever the ranges of its axes",
+                      SettingField(&Plot::fitsAspect),
+                      &PlotScene::ApplyAspect};
+    aspect.key = "A";
+    table.push_back(aspect);
     Setting trace = {"View",
                      "trace",
                      "Trace the pointer",

@@ -13,6 +13,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <set>
 #include <string>
@@ -86,6 +87,7 @@ protected:
     // What has to be shown for a setting to matter.
     void Prepare(const std::string& name) {
         if (name == "contour-count") Set("z-contours", "on");
+        if (name == "auto-aspect") Set("z-max", "6");
         if (name == "switch-planes") m_scene.Plotter().Rotate({100, 100}, {460, 100});
         if (name.find("x-gradient") == 0) m_scene.Settings().mode = 2;
         if (name.find("y-gradient") == 0) m_scene.Settings().mode = 3;
@@ -276,6 +278,68 @@ TEST_F(ViewerSceneTest, PutsColoursWhereTheyBelong) {
         return rgb[0] > 240 && rgb[1] < 20 && rgb[2] > 240;
     };
     EXPECT_GT(image.Count(isMagenta), 20) << "the legend's lower end";
+}
+
+// ---- The axes' lengths ------------------------------------------------------------------------------------
+
+class ViewerAspectTest : public ViewerSceneTest {
+protected:
+    // What makes the X axis 1.2 times as long as the Z axis.
+    double ScaleOfX() {
+        const ViewerPlotter& plotter = m_scene.Plotter();
+        return 1.2 * (plotter.GetZAxisMax() - plotter.GetZAxisMin()) /
+               (plotter.GetXAxisMax() - plotter.GetXAxisMin());
+    }
+};
+
+TEST_F(ViewerAspectTest, FollowsNewRangesByItself) {
+    const ViewerPlotter::AxisScale ofData = m_scene.Plotter().Scale();
+    Set("z-max", "6");
+    EXPECT_NEAR(m_scene.Plotter().Scale()[0], ScaleOfX(), 1e-6);
+    EXPECT_GT(ScaleOfX(), 4.0 * ofData[0]);
+    EXPECT_EQ(m_scene.Plotter().Scale()[2], ofData[2]);
+}
+
+TEST_F(ViewerAspectTest, KeepsTheScaleOfTheData) {
+    const ViewerPlotter::AxisScale ofData = m_scene.Plotter().Scale();
+    Set("auto-aspect", "off");
+    const Image before = Draw();
+    Set("z-max", "6");
+    EXPECT_EQ(m_scene.Plotter().Scale(), ofData);
+    const Image changed = Draw();
+    m_scene.Plotter().Rotate({100, 100}, {300, 200});
+    m_scene.Resize(300, 200);
+    EXPECT_EQ(m_scene.Plotter().Scale(), ofData) << "after another size";
+    m_scene.Resize(480, 360);
+    for (const int mode : {1, 2, 3, 0}) {
+        m_scene.Settings().mode = mode;
+        m_scene.ApplyView();
+        EXPECT_EQ(m_scene.Plotter().Scale(), ofData) << "in mode " << mode;
+    }
+    m_scene.ResetView();
+    EXPECT_EQ(Compare(changed, Draw()).max, 0);
+    Unset("z-max");
+    EXPECT_EQ(Compare(before, Draw()).max, 0);
+    Set("z-max", "6");
+    m_scene.Settings().mode = 1;
+    m_scene.ApplyView();
+    Unset("auto-aspect");
+    EXPECT_NEAR(m_scene.Plotter().Scale()[0], ScaleOfX(), 1e-6);
+}
+
+// A plate of a box is as large on the screen as the data's, and nothing of the surface above is cut off in
+// depth, in pictures of other sizes neither.
+TEST_F(ViewerAspectTest, IsDeepEnoughForFlatBoxes) {
+    const auto isColorful = [](const unsigned char* rgb) {
+        return std::max({rgb[0], rgb[1], rgb[2]}) - std::min({rgb[0], rgb[1], rgb[2]}) > 60;
+    };
+    const int before = Draw().Count(isColorful);
+    EXPECT_GT(before, 1000);
+    Set("auto-aspect", "off");
+    Set("z-max", "0.001");
+    EXPECT_GT(Draw().Count(isColorful), before);
+    const Image larger = CaptureImage(m_scene.Plotter(), 960, 720);
+    EXPECT_GT(larger.Count(isColorful), 4 * before);
 }
 
 // Whatever a scene shows, a picture of it shows the same, in the view that the user has turned it to.
