@@ -62,15 +62,29 @@ void AddViewMenu(Table& table) {
     AddLine(table);
     AddToggles(table, menu, {"trace"});
     AddLine(table);
-    table.push_back({menu, "&Settings panel", "F9", "Show or hide the settings", Command::settingsPanel, {}});
     table.push_back({menu,
                      "&Points and curves",
                      "F10",
                      "Show or hide the list of points and curves",
                      Command::pointsPanel,
                      {}});
+}
+
+// A key for each section of the side panel, so that every setting is within reach of the keyboard.
+void AddSettingsMenu(Table& table) {
+    const std::string menu = "&Settings";
+    int number = 0;
+    std::string section;
+    for (const Setting& setting : AllSettings()) {
+        if (setting.section == section) continue;
+        section = setting.section;
+        table.push_back({menu, '&' + section + "...", "Ctrl+" + std::to_string(++number),
+                         "Go to the settings: " + section, Command::settingsSection, section});
+    }
+    AddLine(table);
+    table.push_back({menu, "Settings &panel", "F9", "Show or hide the settings", Command::settingsPanel, {}});
     table.push_back(
-        {menu, "Settings as at &first", {}, "Take all settings back", Command::resetSettings, {}});
+        {menu, "Settings as at &first", "Shift+Home", "Take all settings back", Command::resetSettings, {}});
 }
 
 void AddHelpMenu(Table& table) {
@@ -84,6 +98,7 @@ Table MakeTable() {
     AddFileMenu(table);
     AddPlotMenu(table);
     AddViewMenu(table);
+    AddSettingsMenu(table);
     AddHelpMenu(table);
     return table;
 }

@@ -23,6 +23,7 @@ enum class Command {
     yzPlot,
     xzPlot,
     resetView,
+    settingsSection, ///< a section of the side panel is opened
     settingsPanel,
     pointsPanel,
     resetSettings,
@@ -37,7 +38,7 @@ struct MenuEntry {
     std::string key;   ///< a key sequence such as Ctrl+O, or empty
     std::string help;  ///< what it does, in one sentence without a full stop
     Command command = Command::none;
-    std::string setting; ///< name of the setting that it toggles, or empty
+    std::string setting; ///< name of the setting that it toggles, or of the section that it opens, or empty
 };
 
 /// All entries, those of a menu together and in order.

@@ -10,7 +10,9 @@
 
 #include <QActionGroup>
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QDockWidget>
+#include <QGridLayout>
 #include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -18,7 +20,9 @@
 #include <QScrollArea>
 #include <QSignalBlocker>
 #include <QStatusBar>
+#include <QTimer>
 
+#include <cstddef>
 #include <utility>
 #include <vector>
 
@@ -27,6 +31,15 @@ namespace KivoViewer {
 namespace {
 
 constexpr int panelWidth = 320;
+
+QString TableOf(const char* heading, const std::vector<InputUse>& uses) {
+    QString text = QString("<h3>%1</h3><table cellpadding=\"2\">").arg(heading);
+    for (const InputUse& use : uses)
+        text += QString("<tr><td><b>%1</b>&nbsp;&nbsp;</td><td>%2</td></tr>")
+                    .arg(QString::fromStdString(use.input).toHtmlEscaped(),
+                         QString::fromStdString(use.effect).toHtmlEscaped());
+    return text + "</table>";
+}
 
 } // namespace
 
@@ -87,10 +100,10 @@ QAction* MainWindow::MakeAction(const MenuEntry& entry) {
     action->setText(QString::fromStdString(entry.label));
     action->setStatusTip(QString::fromStdString(entry.help));
     if (!entry.key.empty()) action->setShortcut(QKeySequence(QString::fromStdString(entry.key)));
-    if (!entry.setting.empty())
+    if (entry.command == Command::none)
         ConnectToggle(action, FindSetting(entry.setting));
     else
-        connect(action, &QAction::triggered, this, [this, &entry] { Do(entry.command); });
+        connect(action, &QAction::triggered, this, [this, &entry] { Do(entry); });
     return action;
 }
 
@@ -104,8 +117,8 @@ void MainWindow::ConnectToggle(QAction* action, const Setting& setting) {
     m_toggles.push_back({&setting, action});
 }
 
-void MainWindow::Do(Command command) {
-    switch (command) {
+void MainWindow::Do(const MenuEntry& entry) {
+    switch (entry.command) {
     case Command::open:
         return OpenFile();
     case Command::addPoints:
@@ -125,9 +138,11 @@ void MainWindow::Do(Command command) {
     case Command::xyPlot:
     case Command::yzPlot:
     case Command::xzPlot:
-        return ChangeMode(static_cast<int>(command) - static_cast<int>(Command::normalPlot));
+        return ChangeMode(static_cast<int>(entry.command) - static_cast<int>(Command::normalPlot));
     case Command::resetView:
         return ResetView();
+    case Command::settingsSection:
+        return OpenSection(entry.setting);
     case Command::resetSettings:
         return ResetSettings();
     case Command::showKeys:
@@ -146,12 +161,12 @@ void MainWindow::MakePanels() {
     m_panel = new SettingsPanel(
         Scene(), [this](const Setting& setting, const PlotSettings& wanted) { Change(setting, wanted); },
         [this](const QString& text) { ShowWarning(text); });
-    auto* const area = new QScrollArea(this);
-    area->setWidget(m_panel);
-    area->setWidgetResizable(true);
-    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    area->setFocusPolicy(Qt::NoFocus);
-    m_panelDock = MakeDock("settings", "Settings", area);
+    m_panelArea = new QScrollArea(this);
+    m_panelArea->setWidget(m_panel);
+    m_panelArea->setWidgetResizable(true);
+    m_panelArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_panelArea->setFocusPolicy(Qt::NoFocus);
+    m_panelDock = MakeDock("settings", "Settings", m_panelArea);
     m_points = new PointsPanel(Scene(), [this] { m_plot->Redraw(); });
     m_pointsDock = MakeDock("points", "Points and curves", m_points);
 }
@@ -184,6 +199,16 @@ void MainWindow::ChangeMode(int mode) {
     Scene().Settings().mode = mode;
     Scene().ApplyView();
     m_plot->Redraw();
+}
+
+void MainWindow::OpenSection(const std::string& name) {
+    m_panelDock->show();
+    QWidget* const rows = m_panel->OpenSection(name);
+    // The panel has its new height once it is laid out. Where not all fits, the section's beginning counts.
+    QTimer::singleShot(0, this, [this, rows] {
+        m_panelArea->ensureWidgetVisible(rows);
+        if (QWidget* const editor = m_panel->focusWidget()) m_panelArea->ensureWidgetVisible(editor);
+    });
 }
 
 void MainWindow::ResetView() {
@@ -259,20 +284,22 @@ void MainWindow::ShowTitle(const GridData& grid) {
     setWindowTitle(title + " - Kivo Viewer");
 }
 
+// In two columns: all in one would be higher than some screens.
 void MainWindow::ShowKeys() {
-    QString text;
-    const auto list = [&text](const char* heading, const std::vector<InputUse>& uses) {
-        text += QString("<h3>%1</h3><table cellpadding=\"2\">").arg(heading);
-        for (const InputUse& use : uses)
-            text += QString("<tr><td><b>%1</b>&nbsp;&nbsp;</td><td>%2</td></tr>")
-                        .arg(QString::fromStdString(use.input).toHtmlEscaped(),
-                             QString::fromStdString(use.effect).toHtmlEscaped());
-        text += "</table>";
-    };
-    list("Mouse", MouseUses());
-    list("Keys", KeyUses());
-    QMessageBox box(QMessageBox::NoIcon, "Keys and mouse", text, QMessageBox::Close, this);
-    box.exec();
+    QDialog dialog(this);
+    dialog.setWindowTitle("Keys and mouse");
+    auto* const layout = new QGridLayout(&dialog);
+    layout->setHorizontalSpacing(32);
+    const std::vector<InputUse> keys = KeyUses();
+    const std::vector<InputUse> mouse = MouseUses();
+    const auto middle = keys.begin() + static_cast<std::ptrdiff_t>((keys.size() + mouse.size()) / 2);
+    layout->addWidget(new QLabel(TableOf("Keys", {keys.begin(), middle})), 0, 0, Qt::AlignTop);
+    layout->addWidget(new QLabel(TableOf("Keys, continued", {middle, keys.end()}) + TableOf("Mouse", mouse)),
+                      0, 1, Qt::AlignTop);
+    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close);
+    layout->addWidget(buttons, 1, 0, 1, 2);
+    connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+    dialog.exec();
 }
 
 void MainWindow::ShowAbout() {

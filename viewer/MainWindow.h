@@ -10,10 +10,12 @@
 
 #include <QMainWindow>
 
+#include <string>
 #include <vector>
 
 class QDockWidget;
 class QLabel;
+class QScrollArea;
 
 namespace KivoViewer {
 
@@ -41,9 +43,10 @@ private:
     void FitTo(int plotWidth, int plotHeight);
     void Place(const Options& options);
 
-    void Do(Command command);
+    void Do(const MenuEntry& entry);
     void Change(const Setting& setting, const PlotSettings& wanted);
     void ChangeMode(int mode);
+    void OpenSection(const std::string& name);
     void ResetView();
     void ResetSettings();
     void ShowKeys();
@@ -71,6 +74,7 @@ private:
 
     PlotWidget* m_plot; ///< as all widgets, owned by the window
     SettingsPanel* m_panel = nullptr;
+    QScrollArea* m_panelArea = nullptr;
     QDockWidget* m_panelDock = nullptr;
     PointsPanel* m_points = nullptr;
     QDockWidget* m_pointsDock = nullptr;

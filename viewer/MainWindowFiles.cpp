@@ -84,6 +84,7 @@ bool AskForFormat(QWidget* parent, PictureFormat& format) {
     QSpinBox* const height = AddNumber(form, "&Height", format.height, maxPictureSize, "pixels");
     QSpinBox* const dpi = AddNumber(form, "&Resolution", format.dpi, maxResolution, "dots per inch");
     dpi->setToolTip("Texts keep their size on paper: with more dots per inch they have more pixels");
+    width->selectAll();
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Save | QDialogButtonBox::Cancel);
     form->addRow(buttons);
     QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);

@@ -33,9 +33,15 @@ void AddAxis(Table& table, int axis) {
                      SettingField(axis, &Axis::tickCount), &PlotScene::ApplyAxes, true, 2, maxTicks});
     table.push_back({section, lower + "-precision", "Decimals", "Decimals of the labels of the " + section,
                      SettingField(axis, &Axis::precision), &PlotScene::ApplyAxes, true, 0, maxPrecision});
-    table.push_back({section, "inverse-" + lower, "Inverse " + upper + " axis",
-                     "Mirror the " + section + " of the 3-D plot", SettingField(axis, &Axis::isInverse),
-                     &PlotScene::ApplyView});
+    constexpr const char* keys[] = {"Shift+X", "Shift+Y", "Shift+Z"};
+    Setting inverse = {section,
+                       "inverse-" + lower,
+                       "Inverse " + upper + " axis",
+                       "Mirror the " + section + " of the 3-D plot",
+                       SettingField(axis, &Axis::isInverse),
+                       &PlotScene::ApplyView};
+    inverse.key = keys[axis];
+    table.push_back(inverse);
 }
 
 void AddContours(Table& table, int axis, const char* key) {
@@ -102,9 +108,14 @@ void AddColors(Table& table) {
 }
 
 void AddView(Table& table) {
-    table.push_back({"View", "switch-planes", "Grid always behind",
-                     "A grid that changes sides as the plot turns, so that it stands behind the surface",
-                     SettingField(&Plot::switchesPlanes), &PlotScene::ApplySwitches});
+    Setting planes = {"View",
+                      "switch-planes",
+                      "Grid always behind",
+                      "A grid that changes sides as the plot turns, so that it stands behind the surface",
+                      SettingField(&Plot::switchesPlanes),
+                      &PlotScene::ApplySwitches};
+    planes.key = "B";
+    table.push_back(planes);
     Setting aspect = {"View",
                       "auto-aspect",
                       "Auto aspect",

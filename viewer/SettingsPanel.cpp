@@ -45,6 +45,13 @@ void SettingsPanel::Refresh() {
         refresh();
 }
 
+QWidget* SettingsPanel::OpenSection(const std::string& name) {
+    const Section& section = m_sections.at(name);
+    section.heading->setChecked(true);
+    section.firstEditor->setFocus(Qt::ShortcutFocusReason);
+    return section.rows;
+}
+
 // A heading that opens and closes what is below it.
 void SettingsPanel::AddSection(const std::string& name, bool isOpen) {
     auto* const heading = new QToolButton(this);
@@ -57,8 +64,13 @@ void SettingsPanel::AddSection(const std::string& name, bool isOpen) {
     auto* const form = new QFormLayout(rows);
     form->setContentsMargins(16, 0, 0, 6);
     form->setVerticalSpacing(3);
-    for (const Setting& setting : AllSettings())
-        if (setting.section == name) AddRow(form, setting);
+    QWidget* firstEditor = nullptr;
+    for (const Setting& setting : AllSettings()) {
+        if (setting.section != name) continue;
+        QWidget* const editor = AddRow(form, setting);
+        if (!firstEditor) firstEditor = editor;
+    }
+    m_sections[name] = {heading, rows, firstEditor};
     const auto open = [heading, rows](bool on) {
         heading->setArrowType(on ? Qt::DownArrow : Qt::RightArrow);
         rows->setVisible(on);
@@ -70,7 +82,7 @@ void SettingsPanel::AddSection(const std::string& name, bool isOpen) {
     layout()->addWidget(rows);
 }
 
-void SettingsPanel::AddRow(QFormLayout* form, const Setting& setting) {
+QWidget* SettingsPanel::AddRow(QFormLayout* form, const Setting& setting) {
     QWidget* const editor = MakeEditor(setting);
     editor->setObjectName(Words(setting.name));
     editor->setToolTip(Words(setting.help));
@@ -78,6 +90,7 @@ void SettingsPanel::AddRow(QFormLayout* form, const Setting& setting) {
         form->addRow(editor);
     else
         form->addRow(Words(setting.label), WithResetButton(editor, setting));
+    return editor;
 }
 
 QWidget* SettingsPanel::MakeEditor(const Setting& setting) {

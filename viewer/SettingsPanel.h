@@ -6,9 +6,12 @@
 #include <QWidget>
 
 #include <functional>
+#include <map>
+#include <string>
 #include <vector>
 
 class QFormLayout;
+class QToolButton;
 
 namespace KivoViewer {
 
@@ -26,10 +29,13 @@ public:
 
     /// Shows the settings as they are now.
     void Refresh();
+    /// Opens a section and gives its first editor the keys.
+    /// @return the section below its heading
+    QWidget* OpenSection(const std::string& name);
 
 private:
     void AddSection(const std::string& name, bool isOpen);
-    void AddRow(QFormLayout* form, const Setting& setting);
+    QWidget* AddRow(QFormLayout* form, const Setting& setting);
     QWidget* MakeEditor(const Setting& setting);
     QWidget* MakeToggle(const Setting& setting);
     QWidget* MakeCount(const Setting& setting);
@@ -39,10 +45,17 @@ private:
     void Request(const Setting& setting, const std::string& text);
     void RequestReset(const Setting& setting);
 
+    struct Section {
+        QToolButton* heading;
+        QWidget* rows;
+        QWidget* firstEditor;
+    };
+
     PlotScene& m_scene;
     ChangeRequest m_change;
     Complaint m_complain;
-    PlotSettings m_shown; ///< all values, as the editors show them
+    std::map<std::string, Section> m_sections; ///< by their names
+    PlotSettings m_shown;                      ///< all values, as the editors show them
     std::vector<std::function<void()>> m_refreshers;
 };
 

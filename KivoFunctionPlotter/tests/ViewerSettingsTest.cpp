@@ -193,6 +193,27 @@ TEST(ViewerCommandTableTest, HasTogglesInMenus) {
     }
 }
 
+// A setting has a key, or its section in the panel has one.
+TEST(ViewerCommandTableTest, HasAKeyToEachSetting) {
+    for (const Setting& setting : AllSettings()) {
+        bool hasKey = false;
+        for (const MenuEntry& entry : AllMenuEntries()) {
+            const bool opensSection =
+                entry.command == Command::settingsSection && entry.setting == setting.section;
+            hasKey |=
+                !entry.key.empty() && (IsToggle(setting) ? entry.setting == setting.name : opensSection);
+        }
+        EXPECT_TRUE(hasKey) << setting.name;
+    }
+    const auto hasKey = [](Command command) {
+        const std::vector<MenuEntry>& all = AllMenuEntries();
+        return std::any_of(all.begin(), all.end(), [command](const MenuEntry& entry) {
+            return entry.command == command && !entry.key.empty();
+        });
+    };
+    EXPECT_TRUE(hasKey(Command::resetView) && hasKey(Command::resetSettings));
+}
+
 // Man reads a plain dash as a hyphen and a line that begins with a point as a request.
 TEST(ViewerManualPageTest, TellsOptionsKeysAndMouse) {
     const char* const arguments[] = {"kivo-viewer", "--manual-page"};

@@ -149,11 +149,32 @@ TEST_F(ViewerWindowTest, KeyHidesThePanel) {
     ExpectStart(Settled());
 }
 
+// Each opens its section, in the panel that was hidden, too, and gives it the keys.
+TEST_F(ViewerWindowTest, KeysGoToSectionsOfThePanel) {
+    Press(f9Key);
+    ASSERT_TRUE(WaitForPlotSize(AreaOf(m_window).width, plotHeight));
+    PressWith(controlKey, '2'); // the X axis: its first tick
+    ASSERT_TRUE(WaitForPlotSize(plotWidth, plotHeight));
+    After("x-axis", [this] {
+        PressWith(controlKey, 'a');
+        Type("-20");
+        Press(returnKey);
+    });
+    PressWith(controlKey, '8'); // the view, below the panel's end: its first switch
+    After("view", [this] {
+        Press(tabKey);
+        Press(' '); // the second: auto aspect
+    });
+    Keep(Grab(AreaOf(m_window)), "view-window");
+    const auto shiftHome = [this] { PressWith(shiftKey, homeKey); };
+    ExpectStart(After("all-back", shiftHome));
+}
+
 TEST_F(ViewerWindowTest, MenuSetsAllBack) {
     After("frame-lines", [this] { Press('f'); });
     After("contours", [this] { Press('z'); });
-    ExpectStart(After("all-back", [this] { // the last entry of the menu View
-        PressWith(altKey, 'v');
+    ExpectStart(After("all-back", [this] { // the last entry of the menu Settings
+        PressWith(altKey, 's');
         std::this_thread::sleep_for(std::chrono::milliseconds(300));
         Press(upKey);
         Press(returnKey);
