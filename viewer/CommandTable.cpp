@@ -84,7 +84,7 @@ void AddSettingsMenu(Table& table) {
     AddLine(table);
     table.push_back({menu, "Settings &panel", "F9", "Show or hide the settings", Command::settingsPanel, {}});
     table.push_back(
-        {menu, "Settings as at &first", "Shift+Home", "Take all settings back", Command::resetSettings, {}});
+        {menu, "&Reset all settings", "Shift+Home", "Take all settings back", Command::resetSettings, {}});
 }
 
 void AddHelpMenu(Table& table) {

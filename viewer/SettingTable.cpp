@@ -60,10 +60,10 @@ void AddGradient(Table& table, int axis) {
     const std::string upper(1, "XYZ"[axis]);
     const std::string lower(1, "xyz"[axis]);
     const std::string place = axis == 2 ? "surface and its legend" : "legend of the flat plot along " + upper;
-    table.push_back({"Colours", lower + "-gradient-start", upper + ": lowest value",
+    table.push_back({"Colours", lower + "-gradient-start", upper + " axis: lowest value",
                      "Colour of the smallest value, for the " + place,
                      SettingField(axis, &Axis::gradientStart), &PlotScene::ApplyGradients});
-    table.push_back({"Colours", lower + "-gradient-end", upper + ": highest value",
+    table.push_back({"Colours", lower + "-gradient-end", upper + " axis: highest value",
                      "Colour of the largest value, for the " + place, SettingField(axis, &Axis::gradientEnd),
                      &PlotScene::ApplyGradients});
 }
@@ -96,9 +96,11 @@ void AddLines(Table& table) {
 void AddColors(Table& table) {
     table.push_back({"Colours", "background", "Background", "Colour behind the plot",
                      SettingField(&Plot::background), &PlotScene::ApplySwitches});
-    table.push_back({"Colours", "gradient-start", "Lowest value", "Colour of the smallest value",
+    table.push_back({"Colours", "gradient-start", "All axes: lowest value",
+                     "Colour of the smallest value, for axes without one of their own",
                      SettingField(&Plot::gradientStart), &PlotScene::ApplyGradients});
-    table.push_back({"Colours", "gradient-end", "Highest value", "Colour of the largest value",
+    table.push_back({"Colours", "gradient-end", "All axes: highest value",
+                     "Colour of the largest value, for axes without one of their own",
                      SettingField(&Plot::gradientEnd), &PlotScene::ApplyGradients});
     AddGradient(table, 0);
     AddGradient(table, 1);
@@ -110,7 +112,7 @@ void AddColors(Table& table) {
 void AddView(Table& table) {
     Setting planes = {"View",
                       "switch-planes",
-                      "Grid always behind",
+                      "Grid always behind surface",
                       "A grid that changes sides as the plot turns, so that it stands behind the surface",
                       SettingField(&Plot::switchesPlanes),
                       &PlotScene::ApplySwitches};

@@ -8,6 +8,7 @@
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QSpinBox>
@@ -22,6 +23,16 @@ namespace {
 
 QString Words(const std::string& text) {
     return QString::fromStdString(text);
+}
+
+// With a border: a light colour would be lost on the button.
+QPixmap SampleOf(const QColor& color) {
+    QPixmap sample(32, 14);
+    sample.fill(color);
+    QPainter painter(&sample);
+    painter.setPen(Qt::darkGray);
+    painter.drawRect(sample.rect().adjusted(0, 0, -1, -1));
+    return sample;
 }
 
 } // namespace
@@ -147,8 +158,7 @@ QWidget* SettingsPanel::MakeColorButton(const Setting& setting) {
         if (color.isValid()) Request(setting, color.name().toStdString());
     });
     m_refreshers.emplace_back([this, button, &setting] {
-        QPixmap sample(32, 14);
-        sample.fill(QColor(Words(TextOf(setting, m_shown))));
+        const QPixmap sample = SampleOf(QColor(Words(TextOf(setting, m_shown))));
         button->setIconSize(sample.size());
         button->setIcon(sample);
         button->setText(Words(TextOf(setting, m_shown)));

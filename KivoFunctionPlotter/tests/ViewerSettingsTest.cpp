@@ -109,6 +109,18 @@ TEST(ViewerSettingsTest, HasOneNameForEachSetting) {
     }
 }
 
+// Beside each other in the panel, nobody must guess which axes they are for.
+TEST(ViewerSettingsTest, NamesTheAxesOfGradients) {
+    for (const std::string end : {"start", "end"}) {
+        const std::string value = end == "start" ? "lowest value" : "highest value";
+        EXPECT_EQ(FindSetting("gradient-" + end).label, "All axes: " + value);
+        EXPECT_EQ(FindSetting("y-gradient-" + end).label, "Y axis: " + value);
+    }
+    std::set<std::string> labels;
+    for (const Setting& setting : AllSettings())
+        EXPECT_TRUE(labels.insert(setting.section + ": " + setting.label).second) << setting.name;
+}
+
 TEST(ViewerSettingsTest, KeepsValuesAsText) {
     for (const Setting& setting : AllSettings()) {
         PlotSettings settings;

@@ -170,6 +170,34 @@ TEST_F(ViewerWindowTest, KeysGoToSectionsOfThePanel) {
     ExpectStart(After("all-back", shiftHome));
 }
 
+// The background's sample is light on a light button.
+TEST_F(ViewerWindowTest, ShowsWhereColoursEnd) {
+    const Area window = AreaOf(m_window);
+    const Area panel = {m_plotArea.x + plotWidth, m_plotArea.y, window.width - plotWidth, plotHeight};
+    const Image closed = Grab(panel);
+    PressWith(controlKey, '7');
+    WaitFor([&] { return Grab(panel).rgba != closed.rgba; });
+    Settled();
+    const Image open = Grab(panel);
+    Keep(open, "colours");
+    const int cream[] = {255, 253, 233};
+    int samples = 0;
+    for (int y = 0; y < open.height; ++y)
+        for (int x = 1, run = 0; x < open.width; ++x) {
+            if (open.IsNear(x, y, cream, 0)) {
+                ++run;
+                continue;
+            }
+            if (run >= 20) {
+                ++samples;
+                EXPECT_LT(open.Pixel(x, y)[0], 150) << "right of the sample";
+                EXPECT_LT(open.Pixel(x - run - 1, y)[0], 150) << "left of the sample";
+            }
+            run = 0;
+        }
+    EXPECT_GE(samples, 10) << "rows of the sample";
+}
+
 TEST_F(ViewerWindowTest, MenuSetsAllBack) {
     After("frame-lines", [this] { Press('f'); });
     After("contours", [this] { Press('z'); });
