@@ -60,6 +60,23 @@ protected:
         return saved;
     }
 
+    // The settings of the display.
+    std::string Resources() {
+        const auto cookie = xcb_get_property(Connection(), 0, m_input->Screen().root,
+                                             XCB_ATOM_RESOURCE_MANAGER, XCB_ATOM_STRING, 0, 1U << 18);
+        const Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(Connection(), cookie, nullptr));
+        if (!reply) return {};
+        return {static_cast<const char*>(xcb_get_property_value(reply.get())),
+                static_cast<std::size_t>(xcb_get_property_value_length(reply.get()))};
+    }
+
+    void SetResources(const std::string& text) {
+        xcb_change_property(Connection(), XCB_PROP_MODE_REPLACE, m_input->Screen().root,
+                            XCB_ATOM_RESOURCE_MANAGER, XCB_ATOM_STRING, 8,
+                            static_cast<std::uint32_t>(text.size()), text.data());
+        xcb_flush(Connection());
+    }
+
     // A file in this test's folder, whose name has nothing but small letters.
     std::string Copy(const std::string& source, const std::string& name) const {
         std::filesystem::copy_file(source, Path(name));
@@ -217,16 +234,13 @@ TEST_F(ViewerWindowFilesTest, SavesWhatTheScreenShows) {
 
 // The saved picture has the resolution that the display gives the window.
 TEST_F(ViewerWindowFilesTest, SavesWithTheResolutionOfTheDisplay) {
-    const std::string setting = "Xft.dpi:\t144\n";
-    const xcb_window_t root = m_input->Screen().root;
-    xcb_change_property(Connection(), XCB_PROP_MODE_REPLACE, root, XCB_ATOM_RESOURCE_MANAGER, XCB_ATOM_STRING,
-                        8, static_cast<std::uint32_t>(setting.size()), setting.data());
-    xcb_flush(Connection());
+    const std::string before = Resources();
+    SetResources("Xft.dpi:\t144\n");
     Start({"--size", "800x600"}, {{"QT_ENABLE_HIGHDPI_SCALING", "0"}});
-    EXPECT_EQ(Compare(SaveByDialog({}), m_start).max, 0);
+    const Image saved = SaveByDialog({});
+    SetResources(before);
+    EXPECT_EQ(Compare(saved, m_start).max, 0);
     EXPECT_EQ(ReadPngResolution(Path("saved.png")), 144);
-    xcb_delete_property(Connection(), root, XCB_ATOM_RESOURCE_MANAGER);
-    xcb_flush(Connection());
 }
 
 TEST_F(ViewerWindowFilesTest, CopiesThePicture) {

@@ -55,6 +55,7 @@ void ViewerWindow::Start(const std::vector<std::string>& arguments, Environment 
     ASSERT_TRUE(WaitFor([this] { return FindWindows(); })) << "no window; " << m_viewer->Errors();
     m_input->MovePointer(m_plotArea.x + plotWidth / 2, m_plotArea.y + plotHeight / 2);
     xcb_set_input_focus(Connection(), XCB_INPUT_FOCUS_PARENT, m_window, XCB_CURRENT_TIME);
+    WaitFor([this] { return CountOf(Grab(), IsColorful) > 5000; }); // a busy machine draws late
     m_start = Settled();
     Keep(m_start, "start");
     ASSERT_GT(CountOf(m_start, IsColorful), 5000) << "no surface on the screen";
