@@ -119,7 +119,7 @@ int Draw(const KivoViewer::GridData& grid, const Picture& picture, const std::st
     CapturePicture(plot, rgba, width, height);
     plot.OnDestroy();
     ReleaseWindow(window);
-    KivoViewer::WritePng(folder + "/" + picture.name + ".png", rgba, width, height);
+    KivoViewer::WritePng(folder + "/" + picture.name + ".png", rgba, {width, height});
     return 0;
 }
 

@@ -47,7 +47,7 @@ int Draw(const FeaturePicture& picture, const std::string& folder) {
     const Pixels pixels = (picture.capture ? picture.capture : Capture)(*plotter);
     plotter->OnDestroy();
     ReleaseWindow(window);
-    KivoViewer::WritePng(folder + "/" + picture.name + ".png", pixels.rgba, pixels.width, pixels.height);
+    KivoViewer::WritePng(folder + "/" + picture.name + ".png", pixels.rgba, {pixels.width, pixels.height});
     return 0;
 }
 
