@@ -267,13 +267,24 @@ inline void SeePoints(const SightView<float>& view, const float* points, Stride 
     }
 }
 
+// Has some floats on their way from memory while others are worked on.
+inline void ReadAhead(const float* floats, std::size_t count) {
+#if defined(__GNUC__)
+    constexpr std::size_t cacheLine = 64 / sizeof(float);
+    for (std::size_t i = 0; i < count; i += cacheLine)
+        __builtin_prefetch(floats + i);
+#else
+    (void)floats, (void)count;
+#endif
+}
+
 // Fills the upper row with count points and sets a byte for each cell between it and the lower one that the
 // line may meet, clears it for the others. In short pieces, so that the memory is read while cells are
 // judged.
 KIVO_VECTOR_CLONES void MarkCells(const SightView<float>& view, const float* points, std::size_t stride,
                                   std::size_t count, const SeenRow& lower, SeenRow& upper,
                                   unsigned char* marks) {
-    constexpr std::size_t piece = 256;
+    constexpr std::size_t piece = 128;
     int passedOver[piece];
     for (std::size_t begin = 0; begin < count; begin += piece) {
         const std::size_t end = std::min(count, begin + piece);
@@ -281,6 +292,9 @@ KIVO_VECTOR_CLONES void MarkCells(const SightView<float>& view, const float* poi
             SeePoints(view, points, std::integral_constant<std::size_t, 3>(), begin, end, upper);
         else
             SeePoints(view, points, stride, begin, end, upper);
+        const std::size_t ahead = end + piece; // the piece after the next one
+        if (ahead < count)
+            ReadAhead(points + ahead * stride, (std::min(count - ahead, piece) - 1) * stride + 1);
         const std::size_t first = begin == 0 ? 0 : begin - 1; // cell whose right side has come into view
         const std::size_t cells = end - 1 - first;
         for (std::size_t k = 0; k < cells; ++k) {
