@@ -51,9 +51,9 @@ def main():
     stand_in("conan.tools.files", copy=copy, load=load)
     stand_in("conan.tools.system")
     stand_in("conan.tools.system.package_manager", Apt=None)
-    spec = importlib.util.spec_from_file_location("recipe", os.path.join(here, "conanfile.py"))
-    module = importlib.util.module_from_spec(spec)
-    spec.loader.exec_module(module)
+    found = importlib.util.spec_from_file_location("recipe", os.path.join(here, "conanfile.py"))
+    module = importlib.util.module_from_spec(found)
+    found.loader.exec_module(module)
 
     recipe = module.KivoFunctionPlotterRecipe()
     recipe.recipe_folder = here
