@@ -185,11 +185,11 @@ TEST_F(ViewerWindowFilesTest, ReadsLargeFilesWithAWayOut) {
     }
     file.close();
     OpenByDialog(Path("large.asc"));
-    Pause();
-    const xcb_window_t progress = WaitForDialog();
-    Keep(Grab(AreaOf(progress)), "progress");
+    WaitForNoDialog();
+    const Image progress = Grab(AreaOf(WaitForDialog(100))); // at once: reading takes a second or so
     Press(escapeKey);
     WaitForNoDialog();
+    Keep(progress, "progress");
     ExpectStart(Settled());
     EXPECT_FALSE(m_viewer->WaitForExit(0));
 }

@@ -277,7 +277,7 @@ int ViewerWindow::Close() {
 
 // ---- Dialogs --------------------------------------------------------------------------------------------
 
-xcb_window_t ViewerWindow::WaitForDialog() {
+xcb_window_t ViewerWindow::WaitForDialog(int startMilliseconds) {
     xcb_window_t dialog = XCB_NONE;
     WaitFor([&] {
         for (const xcb_window_t window : ChildrenOf(m_input->Screen().root))
@@ -285,7 +285,7 @@ xcb_window_t ViewerWindow::WaitForDialog() {
         return dialog != XCB_NONE;
     });
     EXPECT_NE(dialog, xcb_window_t{XCB_NONE}) << "no dialog";
-    std::this_thread::sleep_for(std::chrono::milliseconds(300)); // for its own start
+    std::this_thread::sleep_for(std::chrono::milliseconds(startMilliseconds));
     xcb_set_input_focus(Connection(), XCB_INPUT_FOCUS_PARENT, dialog, XCB_CURRENT_TIME);
     xcb_flush(Connection());
     return dialog;

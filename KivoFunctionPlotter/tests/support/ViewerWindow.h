@@ -147,7 +147,8 @@ protected:
     // ---- Dialogs
 
     /// Waits for a window of the viewer beside its main one, and gives it the keys.
-    xcb_window_t WaitForDialog();
+    /// @param startMilliseconds  that it has to get ready for them
+    xcb_window_t WaitForDialog(int startMilliseconds = 300);
     /// Waits until there is none but the main window, and gives that the keys.
     void WaitForNoDialog();
     /// Presses the keys of a text of small letters, digits, points, dashes and slashes.
