@@ -22,7 +22,9 @@ export LSAN_OPTIONS="suppressions=$root/KivoFunctionPlotter/tests/support/leaks.
 export UBSAN_OPTIONS=print_stacktrace=1
 for preset in release asan; do
     run_tests "$preset-offscreen" env -u DISPLAY -u WAYLAND_DISPLAY "build-$preset/tests/kivo-tests"
-    run_tests "$preset-x11" scripts/with-display.sh "build-$preset/tests/kivo-tests"
+    # What is the same without a display is left out, but not all: the leak checker needs the driver to stay loaded.
+    run_tests "$preset-x11" scripts/with-display.sh "build-$preset/tests/kivo-tests" \
+        --gtest_filter='-*/Offscreen:AxisLabelLayoutSweep.*'
     run_tests "$preset-conformance" env -u DISPLAY -u WAYLAND_DISPLAY "build-$preset/tests/kivo-conformance-tests"
 done
 run_tests load env -u DISPLAY -u WAYLAND_DISPLAY build-release/tests/kivo-load-tests
