@@ -27,6 +27,8 @@ struct FeaturePicture {
 
 /// Hands the cooling plate and its titles to a plot.
 void LoadPlate(KivoDrawingTools::CKivoFunctionPlotter& plotter);
+/// Adds two groups of measure points on the plate.
+void MeasurePoints(KivoDrawingTools::CKivoFunctionPlotter& plotter);
 
 extern const std::vector<FeaturePicture> surfacePictures;
 extern const std::vector<FeaturePicture> axisPictures;

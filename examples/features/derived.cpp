@@ -57,16 +57,6 @@ void TopView(CKivoFunctionPlotter& plotter) {
     static_cast<MapPlotter&>(plotter).ShowFromAbove();
 }
 
-void AddThermocouples(CKivoFunctionPlotter& plotter) {
-    static std::vector<float> outlet = OnPlate({{194, 15}, {194, 40}, {194, 65}});
-    static std::vector<float> modules = OnPlate({{60, 48}, {75, 48}, {145, 32}, {145, 48}});
-    plotter.AddMeasurePoints(3, 3, outlet.data(), "Outlet");
-    plotter.AddMeasurePoints(4, 3, modules.data(), "Modules");
-    plotter.SetMeasureGroupColor(0, 0x00000000);
-    plotter.SetMeasureGroupColor(1, 0x00FF00FF);
-    plotter.SetPointRadiusPixelSize(6);
-}
-
 Pixels WithLegend(CKivoFunctionPlotter& plotter) {
     Pixels picture = {640, 480, {}};
     std::vector<unsigned char> upsideDown;
@@ -88,5 +78,5 @@ std::unique_ptr<CKivoFunctionPlotter> Make() {
 const std::vector<FeaturePicture> derivedPictures = {
     {"top-view", TopView, Make<MapPlotter>},
     {"lighting", Unchanged, Make<EvenlyLitPlotter>},
-    {"group-legend", AddThermocouples, Make<LegendPlotter>, WithLegend},
+    {"group-legend", MeasurePoints, Make<LegendPlotter>, WithLegend},
 };

@@ -21,6 +21,8 @@ void Curve(CKivoFunctionPlotter& plotter) {
     // [docs: end]
 }
 
+} // namespace
+
 void MeasurePoints(CKivoFunctionPlotter& plotter) {
     // [docs: measure-points]
     static std::vector<float> outlet =
@@ -33,6 +35,8 @@ void MeasurePoints(CKivoFunctionPlotter& plotter) {
     plotter.SetPointRadiusPixelSize(6);
     // [docs: end]
 }
+
+namespace {
 
 void Traced(CKivoFunctionPlotter& plotter) {
     // [docs: trace]
