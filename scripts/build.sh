@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
-# Configures and builds one preset: scripts/build.sh dev|asan|release|mingw|debian
+# Configures and builds one preset, all of it or some targets: scripts/build.sh dev|asan|release|mingw|debian [target]...
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
-cmake --preset "$1"
-cmake --build --preset "$1"
+preset=$1
+shift
+cmake --preset "$preset"
+cmake --build --preset "$preset" ${1:+--target "$@"}

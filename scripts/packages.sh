@@ -11,13 +11,13 @@ kivo_run_packages=(
 # What the tests take on top of that.
 kivo_test_packages=(
     libgtest-dev libgmock-dev googletest clang-format doxygen git
-    libx11-dev libxcb-xtest0-dev xvfb xauth libgdal-dev
+    libx11-dev libxcb-xtest0-dev xvfb libgdal-dev
     libgtk-3-dev libwxgtk3.2-dev libglfw3-dev libsdl2-dev libfltk1.3-dev weston xwayland
     wine wine64 g++-mingw-w64-x86-64
-    dpkg-dev fakeroot file desktop-file-utils libxml2-utils abigail-tools python3)
+    dpkg-dev fakeroot file desktop-file-utils libxml2-utils abigail-tools valgrind python3)
 
 # What the benchmarks take on top of what the library takes; other libraries to compare with are optional.
-kivo_benchmark_packages=(libbenchmark-dev python3-matplotlib xvfb xauth)
+kivo_benchmark_packages=(libbenchmark-dev python3-matplotlib xvfb)
 
 # install_packages <name>...: installs those that are missing, or says what to do.
 install_packages() {

@@ -1,3 +1,18 @@
 #!/usr/bin/env bash
 # Runs a command in an X server of its own, without a screen: scripts/with-display.sh <command>...
-exec env -u WAYLAND_DISPLAY xvfb-run --auto-servernum --server-args="-screen 0 1280x1024x24 +extension GLX -nolisten tcp -noreset" "$@"
+set -euo pipefail
+place=$(mktemp -d)
+server=
+trap '[ -z "$server" ] || { kill "$server" && wait "$server"; } || true; rm -rf "$place"' EXIT
+: >"$place/number"
+# The server chooses a free number by itself, so that several can start at once, and says it when it is ready.
+Xvfb -displayfd 3 -screen 0 1280x1024x24 +extension GLX -nolisten tcp -noreset 3>"$place/number" 2>"$place/errors" &
+server=$!
+until read -r number <"$place/number"; do
+    kill -0 "$server" 2>/dev/null || {
+        cat "$place/errors" >&2
+        exit 1
+    }
+    sleep 0.05
+done
+DISPLAY=":$number" env -u WAYLAND_DISPLAY -u XAUTHORITY "$@"

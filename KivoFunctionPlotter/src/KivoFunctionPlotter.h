@@ -883,6 +883,8 @@ protected:
 private:
     friend struct PictureAccess; // draws without presenting, for KivoPicture.h
 
+    std::size_t m_colorArraySize = 0; // floats that m_colorArray had room for when it was made
+
     void InitRuler(CKivoGradientColorRuler* ruler, CKivoGradientColor* gradient);
     void ForgetNameTextures();
     void ClearFrame();

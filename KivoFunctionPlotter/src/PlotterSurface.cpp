@@ -161,7 +161,12 @@ bool CKivoFunctionPlotter::HasDrawablePoints() const {
 
 void CKivoFunctionPlotter::AssignColorData() {
     if (!HasReadablePoints() || !m_zGradientColor) return;
-    ReplaceArray(m_colorArray, std::size_t{m_columnCount} * m_rowCount * 4);
+    const std::size_t size = std::size_t{m_columnCount} * m_rowCount * 4;
+    // An array of this size is written once more: large blocks are slow to come by.
+    if (!m_colorArray || m_colorArraySize != size) {
+        ReplaceArray(m_colorArray, size);
+        m_colorArraySize = size;
+    }
     for (std::size_t r = 0; r < m_rowCount; ++r)
         m_zGradientColor->EvaluateAll(Grid().At(0, r) + 2, m_columnStride, m_columnCount,
                                       m_colorArray + r * m_columnCount * 4);

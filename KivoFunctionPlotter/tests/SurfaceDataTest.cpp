@@ -177,6 +177,24 @@ TEST(SurfaceData, AConstantSurfaceHasTheStartColour) {
                   (std::vector<float>{0, 0, 1, 1}));
 }
 
+TEST(SurfaceData, RecolouringWritesTheSameArrayAndACountThatADerivedClassChangedAnother) {
+    const TestSurface surface = HillSurface(12, 10);
+    PlotterProbe plotter;
+    Take(plotter, surface);
+    const float* const array = plotter.m_colorArray;
+    plotter.SetZGradientStartColor(0x0000FF00ul);
+    EXPECT_EQ(plotter.m_colorArray, array);
+    plotter.m_rowCount = 9;
+    plotter.AssignColorData();
+    plotter.m_rowCount = 10;
+    plotter.AssignColorData(); // more than the array of 9 rows has room for
+    float expected[3];
+    for (unsigned int i = 0; i < plotter.m_vertexCount; ++i) {
+        plotter.m_zGradientColor->Evaluate(surface.points[i * 3 + 2], expected);
+        EXPECT_TRUE(std::equal(expected, expected + 3, plotter.m_colorArray + i * 4)) << i;
+    }
+}
+
 TEST(SurfaceData, NormalsAverageTheTouchingTriangles) {
     for (const TestSurface& surface : {HillSurface(8, 7), NoiseSurface(6, 9)}) {
         PlotterProbe plotter;
