@@ -41,6 +41,7 @@ COMPARISONS = [
     Comparison("Frame with lines", "FrameWithLines", "QwtPlot3D: mesh, axes, legend", ["qwtplot3d:FrameWithLines"], 1),
     Comparison("Frame without lines", "Frame", "bare client arrays", ["bare:Frame"], 1.05),
     Comparison("Frame with lines", "FrameWithLines", "the same, heap as glibc has it", ["heap:FrameWithLines"], None),
+    Comparison("New data, whole", "SetData", "the same, heap as glibc has it", ["heap:SetData"], None),
 ]
 SIZES = (1000, 2000)
 GROWTH = {"SetData": "new data", "MeshArrays": "mesh arrays", "Recolor": "recolour", "Contours": "60 contours",

@@ -19,6 +19,10 @@
 #include <iterator>
 #include <new>
 
+#if defined(__GLIBC__)
+#include <malloc.h>
+#endif
+
 namespace {
 
 using namespace KivoViewer;
@@ -31,6 +35,16 @@ GridData ReadSample() {
     const char* const axisTitles[] = {"East [km]", "North [km]", "Elevation [m]"};
     std::copy(std::begin(axisTitles), std::end(axisTitles), std::begin(grid.axisTitles));
     return grid;
+}
+
+// Has the heap keep what large grids and their frames take again and again: fresh memory comes page by page.
+void KeepFreedMemory() {
+#if defined(__GLIBC__)
+    constexpr int megabyte = 1 << 20;
+    mallopt(M_TRIM_THRESHOLD, 256 * megabyte);
+    if (mallopt(M_MMAP_THRESHOLD, 256 * megabyte) == 0)
+        mallopt(M_MMAP_THRESHOLD, 32 * megabyte); // the most that some versions take
+#endif
 }
 
 // What the command line does not set is as it was in the last window.
@@ -77,6 +91,7 @@ int Complain(const char* reason) {
 } // namespace
 
 int main(int argc, char** argv) {
+    KeepFreedMemory();
     try {
         return Run(argc, argv);
     } catch (const std::bad_alloc&) {
