@@ -278,30 +278,46 @@ inline void ReadAhead(const float* floats, std::size_t count) {
 #endif
 }
 
-// Fills the upper row with count points and sets a byte for each cell between it and the lower one that the
-// line may meet, clears it for the others. In short pieces, so that the memory is read while cells are
-// judged.
-KIVO_VECTOR_CLONES void MarkCells(const SightView<float>& view, const float* points, std::size_t stride,
-                                  std::size_t count, const SeenRow& lower, SeenRow& upper,
+// Where to begin instead, so that a range has whole vectors only: what it then has in common with the one
+// before is done twice, which is faster than a rest done one by one.
+inline std::size_t WidenedBegin(std::size_t begin, std::size_t end) {
+    constexpr std::size_t lanes = 16; // of the widest vectors
+    const std::size_t whole = (end - begin + lanes - 1) / lanes * lanes;
+    return whole <= end ? end - whole : begin;
+}
+
+// Fills the upper row with count points, at least two, of which those of the next row are read ahead where
+// there is one, and sets a byte for each cell between it and the lower one that the line may meet, clears it
+// for the others. In short pieces, so that the memory is read while cells are judged; these are one piece
+// behind, as what has just been stored is slow to load at other places.
+KIVO_VECTOR_CLONES void MarkCells(const SightView<float>& view, const float* points, const float* next,
+                                  std::size_t stride, std::size_t count, const SeenRow& lower, SeenRow& upper,
                                   unsigned char* marks) {
-    constexpr std::size_t piece = 128;
+    constexpr std::size_t piece = 128; // whole vectors
     int passedOver[piece];
-    for (std::size_t begin = 0; begin < count; begin += piece) {
-        const std::size_t end = std::min(count, begin + piece);
-        if (stride == 3) // known to the compiler, as vectors need it
-            SeePoints(view, points, std::integral_constant<std::size_t, 3>(), begin, end, upper);
-        else
-            SeePoints(view, points, stride, begin, end, upper);
-        const std::size_t ahead = end + piece; // the piece after the next one
-        if (ahead < count)
-            ReadAhead(points + ahead * stride, (std::min(count - ahead, piece) - 1) * stride + 1);
-        const std::size_t first = begin == 0 ? 0 : begin - 1; // cell whose right side has come into view
-        const std::size_t cells = end - 1 - first;
-        for (std::size_t k = 0; k < cells; ++k) {
+    for (std::size_t begin = 0; begin < count - 1 + piece; begin += piece) {
+        if (begin < count) {
+            const std::size_t end = std::min(count, begin + piece);
+            const std::size_t first = WidenedBegin(begin, end);
+            if (stride == 3) // known to the compiler, as vectors need it
+                SeePoints(view, points, std::integral_constant<std::size_t, 3>(), first, end, upper);
+            else
+                SeePoints(view, points, stride, first, end, upper);
+            const std::size_t ahead = begin + 3 * piece;
+            if (ahead < count)
+                ReadAhead(points + ahead * stride, (std::min(count - ahead, piece) - 1) * stride + 1);
+            else if (next && ahead - count < count)
+                ReadAhead(next + (ahead - count) * stride,
+                          (std::min(2 * count - ahead, piece) - 1) * stride + 1);
+        }
+        if (begin == 0) continue;
+        const std::size_t end = std::min(begin, count - 1);
+        const std::size_t first = WidenedBegin(begin - piece, end);
+        for (std::size_t k = 0; k < end - first; ++k) {
             const std::size_t i = first + k;
             passedOver[k] = IsPassedOver(view, lower.At(i), lower.At(i + 1), upper.At(i + 1), upper.At(i));
         }
-        for (std::size_t k = 0; k < cells; ++k)
+        for (std::size_t k = 0; k < end - first; ++k)
             marks[first + k] = static_cast<unsigned char>(1 ^ passedOver[k]);
     }
 }
@@ -316,7 +332,8 @@ void PickInColumns(const GridView& grid, std::size_t first, std::size_t count, c
     for (std::size_t r = 0; r + 1 < grid.rows; ++r) {
         const SeenRow& lower = rows[r % 2];
         SeenRow& upper = rows[(r + 1) % 2];
-        MarkCells(narrow, grid.At(first, r + 1), grid.columnStride, count + 1, lower, upper, marks);
+        const float* const next = r + 2 < grid.rows ? grid.At(first, r + 2) : nullptr;
+        MarkCells(narrow, grid.At(first, r + 1), next, grid.columnStride, count + 1, lower, upper, marks);
         ForEachMark(marks, MarkRoom(count), [&](std::size_t i) {
             const std::size_t c = first + i;
             if (!IsPassedOver(view, See(view, grid.At(c, r)), See(view, grid.At(c + 1, r)),

@@ -434,6 +434,17 @@ TEST(PickSurface, FindsWhatAPlainWalkFindsEdgeOn) {
             }
 }
 
+// Rows are looked at in pieces of whole vectors, the last one of which may begin within the one before.
+TEST(PickSurface, FindsWhatAPlainWalkFindsInRowsOfAnyLength) {
+    std::mt19937 random(8);
+    int hits = 0;
+    for (unsigned int columns = 2; columns <= 290; ++columns) {
+        const TestSurface surface = TerrainSurface(columns, 4);
+        hits += PickAtRandom({surface.points.data(), columns, 4, 3, 3 * columns}, 12, random);
+    }
+    EXPECT_GT(hits, 290);
+}
+
 // Rows longer than what is looked at in one go.
 TEST(PickSurface, FindsWhatAPlainWalkFindsInWideGrids) {
     std::mt19937 random(6);
