@@ -35,11 +35,11 @@ fuzz() { # target seconds
         tail -n 60 "build-fuzz/$1.log"
         return 1
     }
-    # A small set that reaches everything.
+    # A small set that reaches the same branches, however often.
     local smallest="build-fuzz/smallest-$1"
     rm -rf "$smallest" && mkdir "$smallest"
-    "build-fuzz/tests/kivo-fuzz-$1" -set_cover_merge=1 -use_counters=0 -max_len=2048 "$smallest" "$new" "$corpus" "$seeds/$1" \
-        2>>"build-fuzz/$1.log"
+    "build-fuzz/tests/kivo-fuzz-$1" -set_cover_merge=1 -use_counters=0 -max_len=2048 -artifact_prefix="$findings" \
+        "$smallest" "$new" "$corpus" "$seeds/$1" 2>>"build-fuzz/$1.log"
     rm -rf "$corpus" && mv "$smallest" "$corpus"
     echo "$1: $(ls "$corpus" | wc -l) inputs kept of $(sed -n 's/.*number_of_executed_units: *//p' "build-fuzz/$1.log" | head -n 1)"
 }

@@ -56,9 +56,11 @@ run_tests() {
     echo "FAILED  $name: $failures of $tests (status $status), $((SECONDS - start)) s; see $log"
 }
 
-# at_once <function>...: each in a process of its own; what one of them does not live to say is a failure.
+# at_once <function>...: each in a process of its own; what one of them does not live to say is a failure. Ctrl-C ends them
+# all, which the shell would have them ignore in the background.
 at_once() {
     local lane lanes=()
+    trap 'trap - INT TERM; kill -TERM 0' INT
     for lane in "$@"; do
         ("$lane" && exit 0) &
         lanes+=($!)

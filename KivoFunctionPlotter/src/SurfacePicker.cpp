@@ -303,7 +303,7 @@ KIVO_VECTOR_CLONES void MarkCells(const SightView<float>& view, const float* poi
                 SeePoints(view, points, std::integral_constant<std::size_t, 3>(), first, end, upper);
             else
                 SeePoints(view, points, stride, first, end, upper);
-            const std::size_t ahead = begin + 3 * piece;
+            const std::size_t ahead = begin + 3 * piece; // far enough for memory to answer in time
             if (ahead < count)
                 ReadAhead(points + ahead * stride, (std::min(count - ahead, piece) - 1) * stride + 1);
             else if (next && ahead - count < count)

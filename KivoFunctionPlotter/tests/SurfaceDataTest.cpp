@@ -177,14 +177,14 @@ TEST(SurfaceData, AConstantSurfaceHasTheStartColour) {
                   (std::vector<float>{0, 0, 1, 1}));
 }
 
-TEST(SurfaceData, RecolouringWritesTheSameArrayAndACountThatADerivedClassChangedAnother) {
+TEST(SurfaceData, RecolouringWritesTheSameArrayUnlessItsSizeHasChanged) {
     const TestSurface surface = HillSurface(12, 10);
     PlotterProbe plotter;
     Take(plotter, surface);
     const float* const array = plotter.m_colorArray;
     plotter.SetZGradientStartColor(0x0000FF00ul);
     EXPECT_EQ(plotter.m_colorArray, array);
-    plotter.m_rowCount = 9;
+    plotter.m_rowCount = 9; // as a derived class may
     plotter.AssignColorData();
     plotter.m_rowCount = 10;
     plotter.AssignColorData(); // more than the array of 9 rows has room for
