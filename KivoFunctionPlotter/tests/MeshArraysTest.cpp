@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstddef>
 #include <limits>
 #include <random>
 #include <vector>
@@ -106,6 +108,50 @@ TEST(Colors, AreThoseOfSingleValues) {
         ExpectPlainColors(values, gradient);
         ExpectPlainColors(odd, gradient);
     }
+}
+
+TEST(Colors, BetweenPureAndOtherColorsAreThoseOfSingleValues) {
+    std::mt19937 random(3);
+    std::uniform_real_distribution<float> uniform(0.0f, 1.0f);
+    std::vector<float> values = {0.0f, -0.0f, 1e-45f, 1e-40f, 1.0f, std::nextafter(1.0f, 0.0f)};
+    for (int power = 1; power <= 30; ++power) { // where 1 - t is rounded
+        const float t = std::ldexp(1.0f, -power);
+        values.insert(values.end(), {t, std::nextafter(t, 0.0f), std::nextafter(t, 1.0f), 1.0f - t});
+    }
+    for (int i = 0; i < 3000; ++i)
+        values.push_back(uniform(random));
+
+    const float ends[][4] = {{1, 0, 0, 1},    {1, 1, 0, 1},      {0, 1, 0, 1},    {0, 1, 1, 1},
+                             {0, 0, 1, 1},    {1, 0, 1, 1},      {1, 0.3f, 0, 1}, {0, 0.7f, 1, 1},
+                             {0.5f, 0, 0, 1}, {1, 0.5f, 0.5f, 1}};
+    CKivoGradientColor gradient;
+    gradient.SetRange(0.0f, 1.0f);
+    for (const auto& start : ends)
+        for (const auto& end : ends) {
+            gradient.SetColors(start, end);
+            ExpectPlainColors(values, gradient);
+        }
+    gradient.m_startHue = -0.5f; // hues that no colour has
+    ExpectPlainColors(values, gradient);
+    gradient.m_startHue = 1.5f;
+    ExpectPlainColors(values, gradient);
+}
+
+TEST(Colors, BesideAValueOutsideTheRangeStayTheSame) {
+    CKivoGradientColor gradients[2]; // between pure colours
+    gradients[1].m_startHue = 0.0f;  // from red to red: the hue stays, full saturation does not
+    for (CKivoGradientColor& gradient : gradients)
+        gradient.SetRange(0.0f, 1.0f);
+    for (const std::size_t count : {1u, 3u, 4u, 17u, 511u, 513u, 1500u})
+        for (const float odd : {noNumber, infinity, -infinity, 1.0001f, -1e-30f, -0.3f, -7.7f, 100.0f, 3e9f})
+            for (const std::size_t place : {std::size_t{0}, count / 2, count - 1}) {
+                std::vector<float> values(count);
+                for (std::size_t i = 0; i < count; ++i)
+                    values[i] = static_cast<float>(i) / static_cast<float>(count);
+                values[place] = odd;
+                for (const CKivoGradientColor& gradient : gradients)
+                    ExpectPlainColors(values, gradient);
+            }
 }
 
 TEST(Colors, WithoutARangeAreTheStart) {
