@@ -7,6 +7,7 @@
 #include <climits>
 #include <cstring>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace KivoDrawingTools {
@@ -249,6 +250,40 @@ TEST_F(FontTest, DrawsBlackOnAWhiteCell) {
         EXPECT_TRUE(pixel == 0 || pixel == WHITE || pixel == RED) << "glyphs are drawn in one bit";
     }
     EXPECT_GT(black, 0U);
+}
+
+TEST_F(FontTest, WhatHasBeenMeasuredDoesNotChangeWhatIsDrawn) {
+    const auto draw = [&](const std::string& text) {
+        UseBitmap(200, 60, WHITE);
+        RECT place{20, 20, m_width, m_height};
+        DrawTextA(m_dc, text.c_str(), static_cast<int>(text.size()), &place, 0);
+        return Bits();
+    };
+    const LOGFONTA large = FontDescription(24, "Arial"), small = FontDescription(12, "MS Gothic");
+    Use(large);
+    const auto label = draw("-12.5");
+    const auto number = draw("7");
+    Use(small);
+    const auto smallLabel = draw("-12.5");
+    ASSERT_NE(label, number);
+    ASSERT_NE(label, smallLabel);
+
+    Use(large);
+    const SIZE extent = Extent("-12.5");
+    EXPECT_EQ(label, draw("-12.5"));
+    EXPECT_EQ(label, draw("-12.5")) << "measured once, drawn twice";
+    Extent("-12.5");
+    EXPECT_EQ(number, draw("7")) << "another text has been measured";
+    EXPECT_EQ(label, draw("-12.5"));
+    Extent(std::string("-12.5") + '\0');
+    EXPECT_EQ(label, draw("-12.5"));
+    Extent("-12.5");
+    Use(small);
+    EXPECT_EQ(smallLabel, draw("-12.5")) << "measured in another font";
+    EXPECT_LT(Extent("-12.5").cx, extent.cx);
+    Use(large);
+    std::thread([&] { EXPECT_EQ(extent.cx, Extent("-12.5").cx); }).join();
+    EXPECT_EQ(label, draw("-12.5")) << "measured on a thread that has ended";
 }
 
 TEST_F(FontTest, CentresAndClipsToTheRectangle) {

@@ -113,7 +113,10 @@ BOOL DeleteDC(HDC dc) {
 HGDIOBJ SelectObject(HDC dc, HGDIOBJ object) {
     DeviceContext* const live = ValidDc(dc, "SelectObject");
     if (!live) return nullptr;
-    if (auto* const font = ObjectAs<FontObject>(object)) return Exchange(live->font, font);
+    if (auto* const font = ObjectAs<FontObject>(object)) {
+        live->measuredLine.reset();
+        return Exchange(live->font, font);
+    }
     if (auto* const brush = ObjectAs<BrushObject>(object)) return Exchange(live->brush, brush);
     if (auto* const bitmap = ObjectAs<BitmapObject>(object)) return SelectBitmap(*live, bitmap);
     Fail(ERROR_INVALID_HANDLE, "SelectObject: there is no such object; pass a live font, bitmap or brush.");

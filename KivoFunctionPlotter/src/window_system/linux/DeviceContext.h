@@ -2,13 +2,23 @@
 #pragma once
 
 #include "GdiObjects.h"
+#include "TextLine.h"
 #include "Win32Names.h"
+
+#include <optional>
+#include <thread>
 
 namespace KivoDrawingTools {
 
 /// What an operation draws through: a window, or the bitmap selected into a memory device context. Text is
 /// always black on opaque white.
 struct DeviceContext {
+    /// A line that has been measured and not yet drawn, so that it need not be shaped again.
+    struct MeasuredLine {
+        TextLine line;
+        std::thread::id thread; // what Pango made stays on it
+    };
+
     /// A device context of the window, or in memory when the window is null.
     explicit DeviceContext(NativeWindow* owner);
     ~DeviceContext();
@@ -16,11 +26,12 @@ struct DeviceContext {
     DeviceContext& operator=(const DeviceContext&) = delete;
 
     NativeWindow* const window;
-    int dotsPerInch = 96;   // of a memory device context; a window is asked
-    BitmapObject ownBitmap; // 1 x 1, selected until another bitmap is
-    FontObject* font;       // never null
-    BitmapObject* bitmap;   // null with a window
-    BrushObject* brush;     // never null
+    int dotsPerInch = 96;                     // of a memory device context; a window is asked
+    BitmapObject ownBitmap;                   // 1 x 1, selected until another bitmap is
+    FontObject* font;                         // never null
+    BitmapObject* bitmap;                     // null with a window
+    BrushObject* brush;                       // never null
+    std::optional<MeasuredLine> measuredLine; // in the font that is selected
 };
 
 /// The live device context, or null with the failure recorded in the operation's name.

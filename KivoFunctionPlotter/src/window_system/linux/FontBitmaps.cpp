@@ -49,11 +49,12 @@ std::vector<GLubyte> Rasterise(const TextLine& line) {
     return bits;
 }
 
-void CompileGlyph(const LOGFONTA& font, gunichar character) {
+void CompileGlyph(const FontObject& font, gunichar character) {
     if (character == 0) return;
     char utf8[6];
     const int length = g_unichar_to_utf8(character, utf8);
-    const TextLine line(font, std::string_view(utf8, static_cast<std::size_t>(length)), Smoothing::None);
+    const TextLine line(font.description, font.Measures(Smoothing::None),
+                        std::string_view(utf8, static_cast<std::size_t>(length)), Smoothing::None);
     const auto advance = static_cast<GLfloat>(line.Advance());
     const std::vector<GLubyte> bits = line.HasInk() ? Rasterise(line) : std::vector<GLubyte>();
     if (bits.empty()) {
@@ -105,7 +106,7 @@ BOOL wglUseFontBitmapsA(HDC dc, DWORD first, DWORD count, DWORD listBase) {
     const BitmapStorageScope storage;
     for (DWORD i = 0; i < count; ++i) {
         const ListScope list(listBase + i);
-        CompileGlyph(live->font->description, CharacterOf(first + i));
+        CompileGlyph(*live->font, CharacterOf(first + i));
     }
     return 1;
 }

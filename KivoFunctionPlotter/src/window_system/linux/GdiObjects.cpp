@@ -46,6 +46,12 @@ GdiObject::~GdiObject() {
     Live<GdiObject>().Remove(this);
 }
 
+const FontMeasures& FontObject::Measures(Smoothing smoothing) const {
+    const auto index = static_cast<std::size_t>(smoothing);
+    std::call_once(m_measured[index], [&] { m_measures[index] = MeasureFont(description, smoothing); });
+    return m_measures[index];
+}
+
 BitmapObject::BitmapObject(int columns, int rows)
     : width(columns), height(rows),
       pixels(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows)) {}

@@ -1,9 +1,11 @@
 // Fonts, bitmaps and brushes.
 #pragma once
 
+#include "TextLine.h"
 #include "Win32Names.h"
 
 #include <atomic>
+#include <mutex>
 #include <vector>
 
 namespace KivoDrawingTools {
@@ -21,7 +23,14 @@ struct GdiObject {
 
 struct FontObject final : GdiObject {
     explicit FontObject(const LOGFONTA& logFont) : description(logFont) {}
-    LOGFONTA description;
+    /// Taken once.
+    const FontMeasures& Measures(Smoothing smoothing) const;
+
+    const LOGFONTA description;
+
+private:
+    mutable std::once_flag m_measured[2]; // of device contexts of several threads
+    mutable FontMeasures m_measures[2] = {};
 };
 
 struct BitmapObject final : GdiObject {

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <cstring>
+#include <thread>
+#include <utility>
 #include <vector>
 
 namespace KivoDrawingTools {
@@ -56,6 +58,32 @@ RECT Drawable(const RECT& rect) {
     return {within(rect.left), within(rect.top), within(rect.right), within(rect.bottom)};
 }
 
+TextLine MakeLine(const FontObject& font, std::string_view text) {
+    return TextLine(font.description, font.Measures(bitmapSmoothing), text, bitmapSmoothing);
+}
+
+/// Whether the line measured last is one of that text.
+bool HasMeasured(const DeviceContext& dc, std::string_view text) {
+    return dc.measuredLine && dc.measuredLine->thread == std::this_thread::get_id() &&
+           dc.measuredLine->line.Shows(text);
+}
+
+/// A line of the text, kept for who measures it again or draws it.
+const TextLine& MeasureLine(DeviceContext& dc, std::string_view text) {
+    if (!HasMeasured(dc, text))
+        dc.measuredLine.emplace(
+            DeviceContext::MeasuredLine{MakeLine(*dc.font, text), std::this_thread::get_id()});
+    return dc.measuredLine->line;
+}
+
+/// A line of the text, the one that has been measured where there is one.
+TextLine TakeLine(DeviceContext& dc, std::string_view text) {
+    if (!HasMeasured(dc, text)) return MakeLine(*dc.font, text);
+    TextLine line = std::move(dc.measuredLine->line);
+    dc.measuredLine.reset();
+    return line;
+}
+
 /// Draws a line with its top at y.
 void DrawLine(cairo_t* canvas, const TextLine& line, const RECT& area, int y, UINT format) {
     const int spare = area.right - area.left - line.Width();
@@ -67,19 +95,18 @@ void DrawLine(cairo_t* canvas, const TextLine& line, const RECT& area, int y, UI
     line.Draw(canvas, x, y);
 }
 
-int DrawSingleLine(cairo_t* canvas, const LOGFONTA& font, std::string_view text, const RECT& area,
-                   UINT format) {
-    const TextLine line(font, text, bitmapSmoothing);
+int DrawSingleLine(cairo_t* canvas, DeviceContext& dc, std::string_view text, const RECT& area, UINT format) {
+    const TextLine line = TakeLine(dc, text);
     const int top = (format & DT_BOTTOM) != 0 ? area.bottom - line.Height() : area.top;
     DrawLine(canvas, line, area, top, format);
     return top + line.Height() - area.top;
 }
 
-int DrawLines(cairo_t* canvas, const LOGFONTA& font, std::string_view text, const RECT& area, UINT format) {
+int DrawLines(cairo_t* canvas, DeviceContext& dc, std::string_view text, const RECT& area, UINT format) {
     int y = area.top;
     for (const auto part : SplitLines(text)) {
         if (y >= area.bottom) break; // a text of very many lines must not take very long
-        const TextLine line(font, part, bitmapSmoothing);
+        const TextLine line = TakeLine(dc, part);
         DrawLine(canvas, line, area, y, format);
         y += line.Height();
     }
@@ -94,12 +121,12 @@ BOOL GetTextMetricsA(HDC dc, TEXTMETRICA* metrics) {
     if (!metrics)
         return Fail(ERROR_INVALID_PARAMETER, "GetTextMetrics: there is no room for the answer; pass it.");
     const LOGFONTA& font = live->font->description;
-    const FontMeasures measures = MeasureFont(font);
+    const FontMeasures& measures = live->font->Measures(Smoothing::Grey);
     TEXTMETRICA answer{};
     answer.tmAscent = measures.ascent;
     answer.tmDescent = measures.descent;
     answer.tmHeight = measures.ascent + measures.descent;
-    answer.tmInternalLeading = std::max(0, answer.tmHeight - EmHeight(font));
+    answer.tmInternalLeading = std::max(0, answer.tmHeight - measures.em);
     answer.tmAveCharWidth = measures.averageWidth;
     answer.tmMaxCharWidth = measures.widestWidth;
     answer.tmWeight = font.lfWeight;
@@ -117,21 +144,20 @@ BOOL GetTextMetricsA(HDC dc, TEXTMETRICA* metrics) {
 }
 
 BOOL GetTextExtentPoint32A(HDC dc, const char* text, int length, SIZE* size) {
-    const DeviceContext* const live = ValidDc(dc, "GetTextExtentPoint32");
+    DeviceContext* const live = ValidDc(dc, "GetTextExtentPoint32");
     if (!live) return 0;
     if (!size || length < 0 || (!text && length > 0))
         return Fail(ERROR_INVALID_PARAMETER,
                     "GetTextExtentPoint32: text, length or room for the answer is missing; "
                     "pass all three.");
     const std::string_view whole(text ? text : "", static_cast<std::size_t>(length));
-    const LOGFONTA& font = live->font->description;
-    const TextLine line(font, whole, bitmapSmoothing);
+    const TextLine& line = MeasureLine(*live, whole);
     *size = {line.Width(), line.Height()};
     return 1;
 }
 
 int DrawTextA(HDC dc, const char* text, int length, RECT* rect, UINT format) {
-    const DeviceContext* const live = MemoryDc(dc, "DrawText");
+    DeviceContext* const live = MemoryDc(dc, "DrawText");
     if (!live) return 0;
     if (!text || !rect || length < -1)
         return Fail(ERROR_INVALID_PARAMETER,
@@ -142,9 +168,8 @@ int DrawTextA(HDC dc, const char* text, int length, RECT* rect, UINT format) {
     const RECT area = Drawable(*rect);
     cairo_rectangle(canvas.Context(), area.left, area.top, area.right - area.left, area.bottom - area.top);
     cairo_clip(canvas.Context());
-    if ((format & DT_SINGLELINE) != 0)
-        return DrawSingleLine(canvas.Context(), live->font->description, whole, area, format);
-    return DrawLines(canvas.Context(), live->font->description, whole, area, format);
+    if ((format & DT_SINGLELINE) != 0) return DrawSingleLine(canvas.Context(), *live, whole, area, format);
+    return DrawLines(canvas.Context(), *live, whole, area, format);
 }
 
 int FillRect(HDC dc, const RECT* rect, HBRUSH brush) {

@@ -63,12 +63,23 @@ FontMeasures MeasureAt(const LOGFONTA& font, int em, Smoothing smoothing) {
     const Description description = Describe(font, em);
     const Metrics metrics(pango_context_get_metrics(context.get(), description.get(), nullptr));
     const int average = PANGO_PIXELS_CEIL(pango_font_metrics_get_approximate_char_width(metrics.get()));
-    return {PANGO_PIXELS_CEIL(pango_font_metrics_get_ascent(metrics.get())),
+    return {em, PANGO_PIXELS_CEIL(pango_font_metrics_get_ascent(metrics.get())),
             PANGO_PIXELS_CEIL(pango_font_metrics_get_descent(metrics.get())), average, std::max(average, em)};
 }
 
+int EmHeight(const LOGFONTA& font) {
+    const auto height = static_cast<std::int64_t>(font.lfHeight);
+    if (height == 0) return DEFAULT_EM;
+    const int em = static_cast<int>(std::clamp<std::int64_t>(std::llabs(height), 1, LARGEST_EM));
+    if (height < 0) return em;
+    // A positive height is that of the line, of which the em is a part.
+    const FontMeasures measures = MeasureAt(font, em, Smoothing::Grey);
+    return std::max(1, em * em / std::max(1, measures.ascent + measures.descent));
+}
+
 /// The text as Pango may have it: valid UTF-8 of bounded length, without line ends.
-std::string Clean(std::string_view text, std::size_t longest) {
+std::string Clean(std::string_view text, int em) {
+    const auto longest = static_cast<std::size_t>(std::min(LONGEST_LINE, WIDEST_LINE / em));
     std::string kept;
     for (const char c : text) {
         if (kept.size() == longest) break;
@@ -87,36 +98,24 @@ std::string Clean(std::string_view text, std::size_t longest) {
 
 } // namespace
 
-int EmHeight(const LOGFONTA& font) {
-    const auto height = static_cast<std::int64_t>(font.lfHeight);
-    if (height == 0) return DEFAULT_EM;
-    const int em = static_cast<int>(std::clamp<std::int64_t>(std::llabs(height), 1, LARGEST_EM));
-    if (height < 0) return em;
-    // A positive height is that of the line, of which the em is a part.
-    const FontMeasures measures = MeasureAt(font, em, Smoothing::Grey);
-    return std::max(1, em * em / std::max(1, measures.ascent + measures.descent));
+FontMeasures MeasureFont(const LOGFONTA& font, Smoothing smoothing) {
+    return MeasureAt(font, EmHeight(font), smoothing);
 }
 
-FontMeasures MeasureFont(const LOGFONTA& font) {
-    return MeasureAt(font, EmHeight(font), Smoothing::Grey);
-}
-
-TextLine::TextLine(const LOGFONTA& font, std::string_view text, Smoothing smoothing) {
-    const int em = EmHeight(font);
-    const int longest = std::min(LONGEST_LINE, WIDEST_LINE / em);
-    const std::string cleaned = Clean(text, static_cast<std::size_t>(longest));
+TextLine::TextLine(const LOGFONTA& font, const FontMeasures& measures, std::string_view text,
+                   Smoothing smoothing)
+    : m_text(Clean(text, measures.em)), m_em(measures.em) {
     const auto context = MakeContext(smoothing);
-    const Description description = Describe(font, em);
+    const Description description = Describe(font, measures.em);
     m_layout.reset(pango_layout_new(context.get()));
     pango_layout_set_font_description(m_layout.get(), description.get());
-    pango_layout_set_text(m_layout.get(), cleaned.data(), static_cast<int>(cleaned.size()));
+    pango_layout_set_text(m_layout.get(), m_text.data(), static_cast<int>(m_text.size()));
 
     PangoRectangle ink{};
     PangoRectangle logical{};
     pango_layout_line_get_pixel_extents(pango_layout_get_line_readonly(m_layout.get(), 0), &ink, &logical);
     m_hasInk = ink.width > 0 && ink.height > 0;
     m_advance = logical.width;
-    const FontMeasures measures = MeasureAt(font, em, smoothing);
     m_baseline = std::max(measures.ascent, -logical.y);
     m_below = std::max(measures.descent, logical.y + logical.height);
     m_origin = 0;
@@ -126,6 +125,10 @@ TextLine::TextLine(const LOGFONTA& font, std::string_view text, Smoothing smooth
     m_below = std::max(m_below, ink.y + ink.height);
     m_origin = std::max(0, -ink.x);
     m_width = m_origin + std::max(m_advance, ink.x + ink.width);
+}
+
+bool TextLine::Shows(std::string_view text) const {
+    return Clean(text, m_em) == m_text;
 }
 
 void TextLine::Draw(cairo_t* context, int x, int y) const {

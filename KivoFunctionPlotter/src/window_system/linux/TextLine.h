@@ -29,23 +29,27 @@ enum class Smoothing { None, Grey };
 
 /// The measures of a font in pixels.
 struct FontMeasures {
+    int em; ///< height of the em square, 1 to 2048
     int ascent;
     int descent;
     int averageWidth;
     int widestWidth;
 };
 
-/// The height of a font's em square in pixels, 1 to 2048.
-int EmHeight(const LOGFONTA& font);
-
-FontMeasures MeasureFont(const LOGFONTA& font);
+/// Takes about as long as several lines of text.
+FontMeasures MeasureFont(const LOGFONTA& font, Smoothing smoothing);
 
 /// A line of text. Its box holds the font's line height and all the ink, of fallback fonts too.
 class TextLine {
 public:
-    /// @param text  UTF-8; what is invalid shows as a replacement character, control characters as a space, a
-    ///              zero byte not at all. A line beyond about a million pixels is cut.
-    TextLine(const LOGFONTA& font, std::string_view text, Smoothing smoothing);
+    /// @param measures  the font's with that smoothing
+    /// @param text      UTF-8; what is invalid shows as a replacement character, control characters as a
+    /// space,
+    ///                  a zero byte not at all. A line beyond about a million pixels is cut.
+    TextLine(const LOGFONTA& font, const FontMeasures& measures, std::string_view text, Smoothing smoothing);
+
+    /// Whether a line of that text would be this one, in the same font and with the same smoothing.
+    bool Shows(std::string_view text) const;
 
     int Width() const { return m_width; }
     int Height() const { return m_baseline + m_below; }
@@ -62,6 +66,8 @@ public:
 
 private:
     GObjectPointer<PangoLayout> m_layout;
+    std::string m_text; // cleaned
+    int m_em;
     int m_width;
     int m_baseline;
     int m_below;
