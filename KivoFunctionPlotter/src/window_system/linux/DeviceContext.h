@@ -13,7 +13,7 @@ namespace KivoDrawingTools {
 /// What an operation draws through: a window, or the bitmap selected into a memory device context. Text is
 /// always black on opaque white.
 struct DeviceContext {
-    /// A line that has been measured and not yet drawn, so that it need not be shaped again.
+    /// A line that has been measured, kept to be drawn without shaping it again.
     struct MeasuredLine {
         TextLine line;
         std::thread::id thread; // what Pango made stays on it

@@ -62,24 +62,26 @@ TextLine MakeLine(const FontObject& font, std::string_view text) {
     return TextLine(font.description, font.Measures(bitmapSmoothing), text, bitmapSmoothing);
 }
 
-/// Whether the line measured last is one of that text.
-bool HasMeasured(const DeviceContext& dc, std::string_view text) {
+bool IsKept(const DeviceContext& dc, std::string_view text) {
     return dc.measuredLine && dc.measuredLine->thread == std::this_thread::get_id() &&
            dc.measuredLine->line.Shows(text);
 }
 
-/// A line of the text, kept for who measures it again or draws it.
-const TextLine& MeasureLine(DeviceContext& dc, std::string_view text) {
-    if (!HasMeasured(dc, text))
-        dc.measuredLine.emplace(
-            DeviceContext::MeasuredLine{MakeLine(*dc.font, text), std::this_thread::get_id()});
-    return dc.measuredLine->line;
+/// Keeps the first line that is measured after a text was drawn: a text is measured as a whole, then word by
+/// word, then drawn.
+SIZE MeasureLine(DeviceContext& dc, std::string_view text) {
+    if (IsKept(dc, text)) return {dc.measuredLine->line.Width(), dc.measuredLine->line.Height()};
+    TextLine line = MakeLine(*dc.font, text);
+    const SIZE size = {line.Width(), line.Height()};
+    if (!dc.measuredLine)
+        dc.measuredLine.emplace(DeviceContext::MeasuredLine{std::move(line), std::this_thread::get_id()});
+    return size;
 }
 
-/// A line of the text, the one that has been measured where there is one.
+/// A line of the text to draw. None is kept any longer: it would stay until the device context is deleted,
+/// perhaps on another thread.
 TextLine TakeLine(DeviceContext& dc, std::string_view text) {
-    if (!HasMeasured(dc, text)) return MakeLine(*dc.font, text);
-    TextLine line = std::move(dc.measuredLine->line);
+    TextLine line = IsKept(dc, text) ? std::move(dc.measuredLine->line) : MakeLine(*dc.font, text);
     dc.measuredLine.reset();
     return line;
 }
@@ -151,8 +153,7 @@ BOOL GetTextExtentPoint32A(HDC dc, const char* text, int length, SIZE* size) {
                     "GetTextExtentPoint32: text, length or room for the answer is missing; "
                     "pass all three.");
     const std::string_view whole(text ? text : "", static_cast<std::size_t>(length));
-    const TextLine& line = MeasureLine(*live, whole);
-    *size = {line.Width(), line.Height()};
+    *size = MeasureLine(*live, whole);
     return 1;
 }
 

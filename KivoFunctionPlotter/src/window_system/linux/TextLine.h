@@ -44,8 +44,7 @@ class TextLine {
 public:
     /// @param measures  the font's with that smoothing
     /// @param text      UTF-8; what is invalid shows as a replacement character, control characters as a
-    /// space,
-    ///                  a zero byte not at all. A line beyond about a million pixels is cut.
+    ///                  space, a zero byte not at all. A line beyond about a million pixels is cut.
     TextLine(const LOGFONTA& font, const FontMeasures& measures, std::string_view text, Smoothing smoothing);
 
     /// Whether a line of that text would be this one, in the same font and with the same smoothing.
