@@ -128,6 +128,21 @@ KIVO_VECTOR_CLONES bool ColorRun(const Ramp& ramp, const float* values, std::siz
     return true;
 }
 
+// Any values of any gradient.
+void ColorRuns(const CKivoGradientColor& gradient, const Ramp& ramp, const float* values, std::size_t stride,
+               std::size_t count, float* rgba) {
+    for (std::size_t start = 0; start < count; start += runLength) {
+        const std::size_t length = std::min(runLength, count - start);
+        const float* const run = values + start * stride;
+        float* const colors = rgba + start * 4;
+        if (ramp.range != 0.0f && ColorRun(ramp, run, stride, length, colors)) continue;
+        for (std::size_t i = 0; i < length; ++i) {
+            gradient.Evaluate(run[i * stride], colors + 4 * i);
+            colors[4 * i + 3] = 1.0f;
+        }
+    }
+}
+
 // The colours of full saturation and brightness: one for each whole degree of hue, as RGBA.
 struct PureColors {
     float rgba[360][4];
@@ -146,8 +161,8 @@ struct PureColors {
 
 // Between two pure colours all are pure: (1 - t) + t is 1 for every t from 0 to 1, rounding included.
 bool IsPure(const Ramp& ramp) {
-    return ramp.startSaturation == 1.0f && ramp.endSaturation == 1.0f && ramp.startValue == 1.0f &&
-           ramp.endValue == 1.0f;
+    return ramp.range != 0.0f && ramp.startSaturation == 1.0f && ramp.endSaturation == 1.0f &&
+           ramp.startValue == 1.0f && ramp.endValue == 1.0f;
 }
 
 constexpr std::size_t pureRunLength = 512; // values
@@ -228,19 +243,13 @@ void CKivoGradientColor::EvaluateAll(const float* values, std::size_t stride, st
     static const PureColors pureColors;
     const Ramp ramp = {m_min,        m_range,  m_startHue,      m_startSaturation,
                        m_startValue, m_endHue, m_endSaturation, m_endValue};
-    const bool hasRange = m_range != 0.0f;
-    const bool isPure = hasRange && IsPure(ramp);
-    for (std::size_t start = 0, length = 0; start < count; start += length) {
+    const bool isPure = IsPure(ramp);
+    for (std::size_t start = 0; start < count; start += pureRunLength) {
+        const std::size_t length = std::min(pureRunLength, count - start);
         const float* const run = values + start * stride;
         float* const colors = rgba + start * 4;
-        length = std::min(pureRunLength, count - start);
-        if (isPure && ColorPureRun(ramp, pureColors, run, stride, length, colors)) continue;
-        length = std::min(runLength, length);
-        if (hasRange && ColorRun(ramp, run, stride, length, colors)) continue;
-        for (std::size_t i = 0; i < length; ++i) {
-            Evaluate(run[i * stride], colors + 4 * i);
-            colors[4 * i + 3] = 1.0f;
-        }
+        if (!isPure || !ColorPureRun(ramp, pureColors, run, stride, length, colors))
+            ColorRuns(*this, ramp, run, stride, length, colors);
     }
 }
 

@@ -46,6 +46,20 @@ void ExpectPlainColors(const std::vector<float>& values, const CKivoGradientColo
     }
 }
 
+// From 0 to 1, where 1 - t is rounded among them.
+std::vector<float> UnitValues() {
+    std::mt19937 random(3);
+    std::uniform_real_distribution<float> uniform(0.0f, 1.0f);
+    std::vector<float> values = {0.0f, -0.0f, 1e-45f, 1e-40f, 1.0f, std::nextafter(1.0f, 0.0f)};
+    for (int power = 1; power <= 30; ++power) {
+        const float t = std::ldexp(1.0f, -power);
+        values.insert(values.end(), {t, std::nextafter(t, 0.0f), std::nextafter(t, 1.0f), 1.0f - t});
+    }
+    for (int i = 0; i < 3000; ++i)
+        values.push_back(uniform(random));
+    return values;
+}
+
 } // namespace
 
 TEST(Bounds, AreThoseOfAPlainLoop) {
@@ -111,16 +125,6 @@ TEST(Colors, AreThoseOfSingleValues) {
 }
 
 TEST(Colors, BetweenPureAndOtherColorsAreThoseOfSingleValues) {
-    std::mt19937 random(3);
-    std::uniform_real_distribution<float> uniform(0.0f, 1.0f);
-    std::vector<float> values = {0.0f, -0.0f, 1e-45f, 1e-40f, 1.0f, std::nextafter(1.0f, 0.0f)};
-    for (int power = 1; power <= 30; ++power) { // where 1 - t is rounded
-        const float t = std::ldexp(1.0f, -power);
-        values.insert(values.end(), {t, std::nextafter(t, 0.0f), std::nextafter(t, 1.0f), 1.0f - t});
-    }
-    for (int i = 0; i < 3000; ++i)
-        values.push_back(uniform(random));
-
     const float ends[][4] = {{1, 0, 0, 1},    {1, 1, 0, 1},      {0, 1, 0, 1},    {0, 1, 1, 1},
                              {0, 0, 1, 1},    {1, 0, 1, 1},      {1, 0.3f, 0, 1}, {0, 0.7f, 1, 1},
                              {0.5f, 0, 0, 1}, {1, 0.5f, 0.5f, 1}};
@@ -129,12 +133,17 @@ TEST(Colors, BetweenPureAndOtherColorsAreThoseOfSingleValues) {
     for (const auto& start : ends)
         for (const auto& end : ends) {
             gradient.SetColors(start, end);
-            ExpectPlainColors(values, gradient);
+            ExpectPlainColors(UnitValues(), gradient);
         }
-    gradient.m_startHue = -0.5f; // hues that no colour has
-    ExpectPlainColors(values, gradient);
-    gradient.m_startHue = 1.5f;
-    ExpectPlainColors(values, gradient);
+}
+
+TEST(Colors, OfHuesThatNoColorHasAreThoseOfSingleValues) {
+    for (const float hue : {-0.5f, -1.0f, 1.0f, 1.5f}) {
+        CKivoGradientColor gradient; // of full saturation and brightness
+        gradient.SetRange(0.0f, 1.0f);
+        gradient.m_startHue = hue;
+        ExpectPlainColors(UnitValues(), gradient);
+    }
 }
 
 TEST(Colors, BesideAValueOutsideTheRangeStayTheSame) {

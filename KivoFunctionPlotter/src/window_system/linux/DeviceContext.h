@@ -16,7 +16,7 @@ struct DeviceContext {
     /// A line that has been measured, kept to be drawn without shaping it again.
     struct MeasuredLine {
         TextLine line;
-        std::thread::id thread; // what Pango made stays on it
+        std::thread::id thread; // on which alone it is used, as its font map is
     };
 
     /// A device context of the window, or in memory when the window is null.

@@ -23,13 +23,13 @@ struct GdiObject {
 
 struct FontObject final : GdiObject {
     explicit FontObject(const LOGFONTA& logFont) : description(logFont) {}
-    /// Taken once.
+    /// Measured at first use; device contexts of several threads may have the font selected.
     const FontMeasures& Measures(Smoothing smoothing) const;
 
     const LOGFONTA description;
 
 private:
-    mutable std::once_flag m_measured[2]; // of device contexts of several threads
+    mutable std::once_flag m_measured[2]; // by smoothing
     mutable FontMeasures m_measures[2] = {};
 };
 

@@ -104,12 +104,13 @@ FontMeasures MeasureFont(const LOGFONTA& font, Smoothing smoothing) {
 
 TextLine::TextLine(const LOGFONTA& font, const FontMeasures& measures, std::string_view text,
                    Smoothing smoothing)
-    : m_text(Clean(text, measures.em)), m_em(measures.em) {
+    : m_em(measures.em) {
+    const std::string cleaned = Clean(text, measures.em);
     const auto context = MakeContext(smoothing);
     const Description description = Describe(font, measures.em);
     m_layout.reset(pango_layout_new(context.get()));
     pango_layout_set_font_description(m_layout.get(), description.get());
-    pango_layout_set_text(m_layout.get(), m_text.data(), static_cast<int>(m_text.size()));
+    pango_layout_set_text(m_layout.get(), cleaned.data(), static_cast<int>(cleaned.size()));
 
     PangoRectangle ink{};
     PangoRectangle logical{};
@@ -128,7 +129,7 @@ TextLine::TextLine(const LOGFONTA& font, const FontMeasures& measures, std::stri
 }
 
 bool TextLine::Shows(std::string_view text) const {
-    return Clean(text, m_em) == m_text;
+    return Clean(text, m_em) == pango_layout_get_text(m_layout.get());
 }
 
 void TextLine::Draw(cairo_t* context, int x, int y) const {

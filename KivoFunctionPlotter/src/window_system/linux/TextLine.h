@@ -65,7 +65,6 @@ public:
 
 private:
     GObjectPointer<PangoLayout> m_layout;
-    std::string m_text; // cleaned
     int m_em;
     int m_width;
     int m_baseline;
