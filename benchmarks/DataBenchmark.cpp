@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <utility>
 #include <vector>
 
 namespace KivoBenchmark {
@@ -80,14 +81,21 @@ void FillMeshArrays(benchmark::State& state) {
     MeasureFilling(state, arrays);
 }
 
-void Recolor(benchmark::State& state) {
+void MeasureRecoloring(benchmark::State& state, unsigned long one, unsigned long other) {
     LoadedPlot loaded(state);
-    constexpr unsigned long ends[] = {0x0000FF, 0xFF0000};
-    std::size_t turn = 0;
     for (auto _ : state) {
-        loaded.plot.plotter.SetZGradientColor(ends[turn], ends[1 - turn]);
-        turn = 1 - turn;
+        loaded.plot.plotter.SetZGradientColor(one, other);
+        std::swap(one, other);
     }
+}
+
+// Between colours of full saturation and brightness, as the default ones are.
+void Recolor(benchmark::State& state) {
+    MeasureRecoloring(state, 0x0000FF, 0xFF0000);
+}
+
+void RecolorPale(benchmark::State& state) {
+    MeasureRecoloring(state, 0x4040FF, 0xE08080);
 }
 
 void FillColors(benchmark::State& state) {
@@ -100,6 +108,7 @@ BENCHMARK(SetData)->Apply(AllSizes);
 BENCHMARK(MeshArrays)->Apply(AllSizes);
 BENCHMARK(FillMeshArrays)->Apply(AllSizes);
 BENCHMARK(Recolor)->Apply(AllSizes);
+BENCHMARK(RecolorPale)->Apply(AllSizes);
 BENCHMARK(FillColors)->Apply(AllSizes);
 
 } // namespace

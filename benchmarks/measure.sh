@@ -21,7 +21,7 @@ run() {
 # the first rounds only.
 for round in 1 2 3 4 5; do
     run "kivo-$round" benchmarks \
-        --benchmark_filter='^(SetData|MeshArrays|FillMeshArrays|Recolor|FillColors|Contours|ZContours|SetContourCount|Trace|ReadPoints)/[12]000/'
+        --benchmark_filter='^(SetData|MeshArrays|FillMeshArrays|Recolor|RecolorPale|FillColors|Contours|ZContours|SetContourCount|Trace|ReadPoints)/[12]000/'
     run "start-$round" benchmarks --benchmark_filter='^First|^SmallFrame'
     run "kivo-frames-1000-$round" benchmarks --benchmark_repetitions=3 --benchmark_filter='^Frame.*/1000/'
     run "bare-frames-1000-$round" bare-benchmarks --benchmark_repetitions=3 --benchmark_filter='^Frame.*/1000/|^SmallFrame|^EmptyFrame'

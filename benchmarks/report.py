@@ -30,6 +30,7 @@ COMPARISONS = [
     Comparison("New data, whole", "SetData", "VTK: load and 60 contours", ["vtk:Load", "vtk:Contours"], 1 / 25),
     Comparison("Mesh arrays alone", "MeshArrays", "filling them", ["kivo:FillMeshArrays"], 3),
     Comparison("Recolour", "Recolor", "filling the colours", ["kivo:FillColors"], 3),
+    Comparison("Recolour, pale colours", "RecolorPale", "filling the colours", ["kivo:FillColors"], 3),
     Comparison("60 contours", "Contours", "VTK: Flying Edges", ["vtk:FlyingEdges"], 1 / 3),
     Comparison("60 contours", "Contours", "VTK: contour filter", ["vtk:Contours"], None),
     Comparison("60 contours of a plot", "SetContourCount", "VTK: Flying Edges", ["vtk:FlyingEdges"], None),
