@@ -37,7 +37,7 @@ done
 
 # How cost grows; memory, by processes that do nothing else; frames and new data with the heap as
 # glibc has it.
-run growth benchmarks --benchmark_repetitions=3 \
+run growth benchmarks --benchmark_repetitions=5 \
     --benchmark_filter='^(SetData|MeshArrays|FillMeshArrays|Recolor|FillColors|Contours|Trace|ReadPoints)/[0-9]*/|^ContoursByLevels'
 run growth-frames benchmarks --benchmark_filter='^(Frame|FrameWithLines)/[0-9]*/'
 run qwtplot3d-large qwtplot3d-benchmarks --benchmark_filter='^Frame.*/2000'
