@@ -159,10 +159,14 @@ struct PureColors {
     }
 };
 
-// Between two pure colours all are pure: (1 - t) + t is 1 for every t from 0 to 1, rounding included.
+// Between two pure colours all are pure: (1 - t) + t is 1 for every t from 0 to 1, rounding included. Hues
+// that are clear of a whole turn stay below it.
 bool IsPure(const Ramp& ramp) {
-    return ramp.range != 0.0f && ramp.startSaturation == 1.0f && ramp.endSaturation == 1.0f &&
-           ramp.startValue == 1.0f && ramp.endValue == 1.0f;
+    const auto isPure = [](float hue, float saturation, float value) {
+        return hue >= 0.0f && hue <= 0.999f && saturation == 1.0f && value == 1.0f;
+    };
+    return ramp.range != 0.0f && isPure(ramp.startHue, ramp.startSaturation, ramp.startValue) &&
+           isPure(ramp.endHue, ramp.endSaturation, ramp.endValue);
 }
 
 constexpr std::size_t pureRunLength = 512; // values
@@ -173,16 +177,14 @@ inline bool FindWholeDegrees(const Ramp& ramp, const float* values, Stride strid
     int isBeyond = 0;
     for (std::size_t i = 0; i < count; ++i) {
         const float t = FindPlace(ramp, values[i * stride]);
-        const float degrees = FindDegrees(ramp, t);
-        const bool isWithin = (t >= 0.0f) & (t <= 1.0f) & (degrees >= 0.0f) & (degrees < 360.0f);
+        const bool isWithin = (t >= 0.0f) & (t <= 1.0f);
         isBeyond |= !isWithin;
-        wholeDegrees[i] = static_cast<int>(Choose(isWithin, degrees, 0.0f));
+        wholeDegrees[i] = static_cast<int>(Choose(isWithin, FindDegrees(ramp, t), 0.0f));
     }
     return isBeyond == 0;
 }
 
-// False, with nothing written, where a value is outside the range or a hue beyond a turn. For a ramp between
-// pure colours.
+// For a ramp between pure colours. False, with nothing written, where a value is outside the range.
 KIVO_VECTOR_CLONES bool ColorPureRun(const Ramp& ramp, const PureColors& colors, const float* values,
                                      std::size_t stride, std::size_t count, float* rgba) {
     int degrees[pureRunLength];

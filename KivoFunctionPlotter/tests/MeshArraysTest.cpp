@@ -138,10 +138,13 @@ TEST(Colors, BetweenPureAndOtherColorsAreThoseOfSingleValues) {
 }
 
 TEST(Colors, OfHuesThatNoColorHasAreThoseOfSingleValues) {
-    for (const float hue : {-0.5f, -1.0f, 1.0f, 1.5f}) {
+    const float beforeATurn = std::nextafter(1.0f, 0.0f);
+    for (const float hue : {-0.5f, -1.0f, -1e-7f, -0.0f, 0.999f, beforeATurn, 1.0f, 1.5f}) {
         CKivoGradientColor gradient; // of full saturation and brightness
         gradient.SetRange(0.0f, 1.0f);
         gradient.m_startHue = hue;
+        ExpectPlainColors(UnitValues(), gradient);
+        gradient.m_endHue = hue;
         ExpectPlainColors(UnitValues(), gradient);
     }
 }
