@@ -197,7 +197,7 @@ KIVO_VECTOR_CLONES bool ColorPureRun(const Ramp& ramp, const PureColors& colors,
         std::memcpy(rgba + 4 * i, colors.rgba[degrees[i]], sizeof(colors.rgba[0]));
     };
     std::size_t i = 0;
-    for (; i + 4 <= count; i += 4) // several at once: a quarter less time
+    for (; i + 4 <= count; i += 4) // several at once, which is faster than one by one
         for (std::size_t k = i; k < i + 4; ++k)
             copy(k);
     for (; i < count; ++i)
