@@ -10,10 +10,7 @@ export KIVO_TEST_OUTPUT="$root/build-test-output"
 rm -rf "$KIVO_TEST_OUTPUT"
 mkdir -p "$KIVO_TEST_OUTPUT"
 . scripts/test-report.sh
-
-export ASAN_OPTIONS=detect_leaks=1:abort_on_error=0
-export LSAN_OPTIONS="suppressions=$root/KivoFunctionPlotter/tests/support/leaks.supp:print_suppressions=0"
-export UBSAN_OPTIONS=print_stacktrace=1
+. scripts/sanitizers.sh
 without_display=(env -u DISPLAY -u WAYLAND_DISPLAY)
 
 # The library's tests, of the build release or asan.

@@ -5,6 +5,7 @@
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 . scripts/packages.sh
+. scripts/sanitizers.sh
 seconds=${1:-1800}
 targets=("${@:2}")
 [ ${#targets[@]} -gt 0 ] || targets=(formula reader plotter)
@@ -12,7 +13,6 @@ targets=("${@:2}")
 install_packages "${kivo_run_packages[@]}" libgtest-dev libgmock-dev libxcb-xtest0-dev clang libclang-rt-14-dev
 cmake --preset fuzz
 cmake --build --preset fuzz --target kivo-fuzz-plotter kivo-fuzz-reader kivo-fuzz-formula
-export LSAN_OPTIONS="suppressions=$PWD/KivoFunctionPlotter/tests/support/leaks.supp:print_suppressions=0"
 unset DISPLAY WAYLAND_DISPLAY
 
 # What the search begins with, beside the corpus: the files that the readers are for.

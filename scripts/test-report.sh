@@ -51,7 +51,8 @@ run_tests() {
     fi
     # A sanitizer's report at the end of the program is a failure without a case, and so is that nothing was run.
     [ "$failures" -gt 0 ] || count 0 1 0
-    grep -E '\[  FAILED|Failure|ERROR: |SUMMARY: ' "$log" | head -n 40
+    grep -E -A 12 'Failure$|ERROR: ' "$log" | head -n 120
+    grep -E '\[  FAILED|SUMMARY: ' "$log" | head -n 40
     tail -n 20 "$log"
     echo "FAILED  $name: $failures of $tests (status $status), $((SECONDS - start)) s; see $log"
 }
