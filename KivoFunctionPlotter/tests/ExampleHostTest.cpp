@@ -146,7 +146,7 @@ protected:
     }
 
     void ExpectEnd() {
-        EXPECT_EQ(m_program->WaitForExit(10000).value_or(-1), 0);
+        EXPECT_EQ(m_program->WaitForExit().value_or(-1), 0);
         EXPECT_EQ(m_program->Output(), "");
         EXPECT_EQ(m_program->Errors(), "");
     }

@@ -191,7 +191,7 @@ TEST_F(ViewerWindowFilesTest, ReadsLargeFilesWithAWayOut) {
     WaitForNoDialog();
     Keep(progress, "progress");
     ExpectStart(Settled());
-    EXPECT_FALSE(m_viewer->WaitForExit(0));
+    EXPECT_FALSE(m_viewer->WaitForExit(std::chrono::milliseconds(0)));
 }
 
 TEST_F(ViewerWindowFilesTest, ListsRecentFiles) {
@@ -253,7 +253,7 @@ TEST_F(ViewerWindowFilesTest, CopiesThePicture) {
 }
 
 TEST_F(ViewerWindowFilesTest, AddsPointsAndCurvesByDialog) {
-    const Area before = AreaOf(m_window);
+    const ScreenArea before = AreaOf(m_window);
     for (const char key : {'m', 'u'}) {
         const std::string path = Copy(KIVO_TEST_DATA "/flight.csv", std::string("flight") + key + ".csv");
         const Image plot = Settled();
@@ -286,7 +286,7 @@ TEST_F(ViewerWindowFilesTest, Prints) {
 TEST_F(ViewerWindowFilesTest, RemembersSettingsAndWindow) {
     After("no-lines", [this] { Press('f'); });
     const Image changed = After("contours", [this] { Press('z'); });
-    const Area before = AreaOf(m_window);
+    const ScreenArea before = AreaOf(m_window);
     EXPECT_EQ(Close(), 0);
     Start({});
     EXPECT_EQ(AreaOf(m_window).width, before.width);

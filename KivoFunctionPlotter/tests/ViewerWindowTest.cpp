@@ -23,7 +23,7 @@ using ViewerWindowTest = ViewerWindow;
 TEST_F(ViewerWindowTest, GivesThePlotItsSize) {
     EXPECT_EQ(m_plotArea.width, plotWidth);
     EXPECT_EQ(m_plotArea.height, plotHeight);
-    const Area window = AreaOf(m_window);
+    const ScreenArea window = AreaOf(m_window);
     EXPECT_EQ(m_plotArea.x, window.x);
     EXPECT_GT(m_plotArea.y, window.y);
     EXPECT_GT(window.y + window.height, m_plotArea.y + m_plotArea.height);
@@ -89,7 +89,7 @@ TEST_F(ViewerWindowTest, OtherButtonsAndMovesDoNothing) {
 }
 
 TEST_F(ViewerWindowTest, FollowsTheWindowsSize) {
-    const Area before = AreaOf(m_window);
+    const ScreenArea before = AreaOf(m_window);
     const int panelWidth = before.width - plotWidth;
     const int barHeight = before.height - plotHeight; // menus and status bar
     Resize(600 + panelWidth, 700 + barHeight);
@@ -172,8 +172,8 @@ TEST_F(ViewerWindowTest, KeysGoToSectionsOfThePanel) {
 
 // The background's sample is light on a light button.
 TEST_F(ViewerWindowTest, ShowsWhereColoursEnd) {
-    const Area window = AreaOf(m_window);
-    const Area panel = {m_plotArea.x + plotWidth, m_plotArea.y, window.width - plotWidth, plotHeight};
+    const ScreenArea window = AreaOf(m_window);
+    const ScreenArea panel = {m_plotArea.x + plotWidth, m_plotArea.y, window.width - plotWidth, plotHeight};
     const Image closed = Grab(panel);
     PressWith(controlKey, '7');
     WaitFor([&] { return Grab(panel).rgba != closed.rgba; });
@@ -228,8 +228,8 @@ TEST_F(ViewerWindowTest, MenuMirrorsAxes) {
 TEST_F(ViewerWindowTest, KeysHideTheListAndEndTheProgram) {
     const std::string wells = KIVO_TEST_DATA "/wells.csv";
     Start({"--size", "800x600", "--points", wells});
-    const Area window = AreaOf(m_window);
-    const Area panels = {m_plotArea.x + plotWidth, m_plotArea.y, window.width - plotWidth, plotHeight};
+    const ScreenArea window = AreaOf(m_window);
+    const ScreenArea panels = {m_plotArea.x + plotWidth, m_plotArea.y, window.width - plotWidth, plotHeight};
     const Image shown = Grab(panels);
     Press(f10Key);
     EXPECT_TRUE(
@@ -237,7 +237,7 @@ TEST_F(ViewerWindowTest, KeysHideTheListAndEndTheProgram) {
     Press(f10Key);
     EXPECT_TRUE(WaitFor([&] { return Grab(panels).rgba == shown.rgba; }));
     PressWith(controlKey, 'q');
-    EXPECT_EQ(m_viewer->WaitForExit(10000).value_or(-1), 0);
+    EXPECT_EQ(m_viewer->WaitForExit().value_or(-1), 0);
 }
 
 TEST_F(ViewerWindowTest, TakesSettingsOfTheCommandLine) {
@@ -251,9 +251,9 @@ TEST_F(ViewerWindowTest, TakesSettingsOfTheCommandLine) {
 }
 
 TEST_F(ViewerWindowTest, StatusBarTellsTheTracedPoint) {
-    const Area window = AreaOf(m_window);
+    const ScreenArea window = AreaOf(m_window);
     const int bottom = m_plotArea.y + m_plotArea.height;
-    const Area bar = {window.x, bottom, window.width, window.y + window.height - bottom};
+    const ScreenArea bar = {window.x, bottom, window.width, window.y + window.height - bottom};
     const Image empty = Grab(bar);
     Press('t');
     After("trace", [this] { MoveBy(40, 30); });

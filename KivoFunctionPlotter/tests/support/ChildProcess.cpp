@@ -3,9 +3,13 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <system_error>
 #include <thread>
 
 namespace KivoTest {
@@ -63,12 +67,24 @@ ChildProcess::~ChildProcess() {
     waitpid(m_id, nullptr, 0);
 }
 
+bool ChildProcess::IsIdle() const {
+    std::error_code error; // threads come and go
+    const std::filesystem::directory_iterator threads("/proc/" + std::to_string(m_id) + "/task", error);
+    return std::none_of(begin(threads), end(threads), [](const std::filesystem::directory_entry& thread) {
+        std::ifstream file(thread.path() / "stat");
+        std::string stat;
+        std::getline(file, stat);
+        const std::size_t name = stat.rfind(')'); // the state comes after the name, which may hold anything
+        return name != std::string::npos && name + 2 < stat.size() && stat[name + 2] == 'R';
+    });
+}
+
 void ChildProcess::Terminate() {
     if (m_id > 0 && !m_exitCode) kill(m_id, SIGTERM);
 }
 
-std::optional<int> ChildProcess::WaitForExit(int milliseconds) {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
+std::optional<int> ChildProcess::WaitForExit(std::chrono::milliseconds time) {
+    const auto end = std::chrono::steady_clock::now() + time;
     while (!m_exitCode) {
         int status = 0;
         if (waitpid(m_id, &status, WNOHANG) == m_id)

@@ -1,6 +1,9 @@
 // A program as a child process.
 #pragma once
 
+#include "WaitFor.h"
+
+#include <chrono>
 #include <cstdio>
 #include <map>
 #include <memory>
@@ -27,10 +30,12 @@ public:
     ChildProcess& operator=(const ChildProcess&) = delete;
 
     int Id() const { return m_id; }
+    /// Whether all its threads wait for something; also when it has ended.
+    bool IsIdle() const;
     /// Asks it to end.
     void Terminate();
     /// Waits for its end. @return the exit code, 128 + the signal that ended it, or nothing after the time
-    std::optional<int> WaitForExit(int milliseconds);
+    std::optional<int> WaitForExit(std::chrono::milliseconds time = patience);
     std::string Output() const; ///< what it has written to standard output
     std::string Errors() const; ///< what it has written to standard error
 

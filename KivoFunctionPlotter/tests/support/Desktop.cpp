@@ -4,34 +4,11 @@
 
 #include <xcb/xtest.h>
 
-#include <chrono>
-#include <cstdlib>
 #include <cstring>
-#include <memory>
-#include <thread>
 
 namespace KivoTest {
 
 using KivoDrawingTools::Image;
-
-namespace {
-
-struct FreeReply {
-    void operator()(void* reply) const { std::free(reply); }
-};
-template <typename T>
-using Reply = std::unique_ptr<T, FreeReply>;
-
-} // namespace
-
-bool WaitFor(const std::function<bool()>& condition, int milliseconds) {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
-    while (std::chrono::steady_clock::now() < end) {
-        if (condition()) return true;
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    }
-    return false;
-}
 
 Desktop::Desktop(const std::string& display)
     : m_connection(xcb_connect(display.empty() ? nullptr : display.c_str(), nullptr)) {

@@ -3,31 +3,15 @@
 #pragma once
 
 #include "Image.h"
+#include "WaitFor.h"
+#include "Xcb.h"
 
 #include <xcb/xcb.h>
 
-#include <functional>
 #include <string>
 #include <vector>
 
 namespace KivoTest {
-
-/// A rectangle of the screen, in pixels.
-struct ScreenArea {
-    int x = 0;
-    int y = 0;
-    int width = 0;
-    int height = 0;
-};
-
-enum PointerButton { leftButton = 1, rightButton = 3, wheelUp = 4, wheelDown = 5 };
-
-// Keysyms of Latin characters are their codes.
-constexpr xcb_keysym_t shiftKey = 0xFFE1;
-constexpr xcb_keysym_t controlKey = 0xFFE3;
-
-/// Asks for a condition again and again. @return whether it came true within the time
-bool WaitFor(const std::function<bool()>& condition, int milliseconds = 5000);
 
 /// A connection to a display. Positions are those of the screen.
 class Desktop {

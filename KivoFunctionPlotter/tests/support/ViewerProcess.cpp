@@ -7,7 +7,7 @@ ViewerProcess::ViewerProcess(const std::vector<std::string>& arguments, const En
 
 ViewerResult RunViewer(const std::vector<std::string>& arguments, const Environment& environment) {
     ViewerProcess viewer(arguments, environment);
-    const int exitCode = viewer.WaitForExit(30000).value_or(-1);
+    const int exitCode = viewer.WaitForExit().value_or(-1);
     return {exitCode, viewer.Output(), viewer.Errors()};
 }
 

@@ -18,7 +18,7 @@ struct ViewerResult {
     std::string errors;
 };
 
-/// Runs the viewer to its end, which must come within half a minute.
+/// Runs the viewer to its end.
 ViewerResult RunViewer(const std::vector<std::string>& arguments, const Environment& environment = {});
 
 } // namespace KivoTest

@@ -61,15 +61,6 @@ void ViewerWindow::Start(const std::vector<std::string>& arguments, Environment 
     ASSERT_GT(CountOf(m_start, IsColorful), 5000) << "no surface on the screen";
 }
 
-bool ViewerWindow::WaitFor(const std::function<bool()>& condition) {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-    while (std::chrono::steady_clock::now() < end) {
-        if (condition()) return true;
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    }
-    return false;
-}
-
 std::vector<xcb_window_t> ViewerWindow::ChildrenOf(xcb_window_t window) const {
     const Reply<xcb_query_tree_reply_t> tree(
         xcb_query_tree_reply(Connection(), xcb_query_tree(Connection(), window), nullptr));
@@ -100,7 +91,7 @@ bool ViewerWindow::IsShown(xcb_window_t window) const {
     return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
 }
 
-Area ViewerWindow::AreaOf(xcb_window_t window) const {
+ScreenArea ViewerWindow::AreaOf(xcb_window_t window) const {
     const Reply<xcb_get_geometry_reply_t> geometry(
         xcb_get_geometry_reply(Connection(), xcb_get_geometry(Connection(), window), nullptr));
     const Reply<xcb_translate_coordinates_reply_t> place(xcb_translate_coordinates_reply(
@@ -117,14 +108,14 @@ bool ViewerWindow::FindWindows() {
     m_plotArea = {};
     if (m_window == XCB_NONE) return false;
     for (const xcb_window_t child : ChildrenOf(m_window)) {
-        const Area area = AreaOf(child);
+        const ScreenArea area = AreaOf(child);
         if (IsShown(child) && area.width * area.height > m_plotArea.width * m_plotArea.height)
             m_plotArea = area;
     }
     return m_plotArea.width > 1;
 }
 
-Image ViewerWindow::Grab(const Area& area) const {
+Image ViewerWindow::Grab(const ScreenArea& area) const {
     Image image(area.width, area.height);
     const auto cookie =
         xcb_get_image(Connection(), XCB_IMAGE_FORMAT_Z_PIXMAP, m_input->Screen().root,
@@ -149,7 +140,7 @@ Image ViewerWindow::Settled() const {
     WaitFor([&] {
         std::this_thread::sleep_for(std::chrono::milliseconds(250));
         Image now = Grab();
-        const bool same = now.rgba == last.rgba;
+        const bool same = now.rgba == last.rgba && m_viewer->IsIdle();
         last = std::move(now);
         return same;
     });
@@ -239,7 +230,7 @@ void ViewerWindow::MoveBy(int dx, int dy) {
     }
 }
 
-void ViewerWindow::Drag(MouseButton button, int dx, int dy, xcb_keysym_t modifier) {
+void ViewerWindow::Drag(PointerButton button, int dx, int dy, xcb_keysym_t modifier) {
     MoveBy(0, 0);
     if (modifier != 0) Key(modifier, true);
     m_input->Button(button, true);
@@ -248,7 +239,7 @@ void ViewerWindow::Drag(MouseButton button, int dx, int dy, xcb_keysym_t modifie
     if (modifier != 0) Key(modifier, false);
 }
 
-void ViewerWindow::Wheel(MouseButton direction) {
+void ViewerWindow::Wheel(PointerButton direction) {
     m_input->Button(direction, true);
     m_input->Button(direction, false);
 }
@@ -272,7 +263,7 @@ int ViewerWindow::Close() {
     event.data.data32[0] = Atom("WM_DELETE_WINDOW");
     xcb_send_event(Connection(), 0, m_window, XCB_EVENT_MASK_NO_EVENT, reinterpret_cast<const char*>(&event));
     xcb_flush(Connection());
-    return m_viewer->WaitForExit(10000).value_or(-1);
+    return m_viewer->WaitForExit().value_or(-1);
 }
 
 // ---- Dialogs --------------------------------------------------------------------------------------------

@@ -4,13 +4,14 @@
 
 #include "Image.h"
 #include "ViewerProcess.h"
+#include "WaitFor.h"
 #include "X11TestWindow.h"
+#include "Xcb.h"
 
 #include <gtest/gtest.h>
 
 #include <xcb/xcb.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -21,40 +22,8 @@ namespace KivoTest {
 
 using KivoDrawingTools::Image;
 
-/// A reply of the X server.
-struct FreeReply {
-    void operator()(void* reply) const { std::free(reply); }
-};
-template <typename T>
-using Reply = std::unique_ptr<T, FreeReply>;
-
 constexpr int plotWidth = 800;
 constexpr int plotHeight = 600;
-// Keysyms of Latin characters are their codes.
-constexpr xcb_keysym_t controlKey = 0xFFE3;
-constexpr xcb_keysym_t shiftKey = 0xFFE1;
-constexpr xcb_keysym_t altKey = 0xFFE9;
-constexpr xcb_keysym_t homeKey = 0xFF50;
-constexpr xcb_keysym_t upKey = 0xFF52;
-constexpr xcb_keysym_t tabKey = 0xFF09;
-constexpr xcb_keysym_t returnKey = 0xFF0D;
-constexpr xcb_keysym_t downKey = 0xFF54;
-constexpr xcb_keysym_t f2Key = 0xFFBF;
-constexpr xcb_keysym_t escapeKey = 0xFF1B;
-constexpr xcb_keysym_t rightKey = 0xFF53;
-constexpr xcb_keysym_t f1Key = 0xFFBE;
-constexpr xcb_keysym_t f9Key = 0xFFC6;
-constexpr xcb_keysym_t f10Key = 0xFFC7;
-
-enum MouseButton { leftButton = 1, rightButton = 3, wheelUp = 4, wheelDown = 5 };
-
-/// A rectangle of the screen.
-struct Area {
-    int x = 0;
-    int y = 0;
-    int width = 0;
-    int height = 0;
-};
 
 /// Starts the viewer for each test, with a home of its own: nothing is remembered from before. Skips where
 /// there is no display.
@@ -73,9 +42,6 @@ protected:
 
     xcb_connection_t* Connection() const { return m_input->Connection(); }
 
-    /// Waits up to 20 seconds. @return whether the condition has come true
-    static bool WaitFor(const std::function<bool()>& condition);
-
     // ---- Windows
 
     std::vector<xcb_window_t> ChildrenOf(xcb_window_t window) const;
@@ -86,7 +52,7 @@ protected:
 
     bool IsShown(xcb_window_t window) const;
 
-    Area AreaOf(xcb_window_t window) const;
+    ScreenArea AreaOf(xcb_window_t window) const;
 
     /// The viewer's shown window and, inside it, the plot's: the largest.
     bool FindWindows();
@@ -96,9 +62,9 @@ protected:
     /// What the screen shows of the plot.
     Image Grab() const { return Grab(m_plotArea); }
 
-    Image Grab(const Area& area) const;
+    Image Grab(const ScreenArea& area) const;
 
-    /// The picture once it has stayed the same for a while.
+    /// The picture once it has stayed the same for a while and the viewer waits.
     Image Settled() const;
 
     /// Keeps a picture for a person to look at.
@@ -132,9 +98,9 @@ protected:
     void MoveBy(int dx, int dy);
 
     /// A drag from the middle of the plot.
-    void Drag(MouseButton button, int dx, int dy, xcb_keysym_t modifier = 0);
+    void Drag(PointerButton button, int dx, int dy, xcb_keysym_t modifier = 0);
 
-    void Wheel(MouseButton direction);
+    void Wheel(PointerButton direction);
 
     void Resize(int width, int height);
 
@@ -164,7 +130,7 @@ protected:
     std::unique_ptr<X11TestWindow> m_input; ///< a source of input that lies over nothing
     std::unique_ptr<ViewerProcess> m_viewer;
     xcb_window_t m_window = XCB_NONE;
-    Area m_plotArea;
+    ScreenArea m_plotArea;
     Image m_start; ///< the first picture
 };
 

@@ -1,5 +1,8 @@
 #include "X11TestWindow.h"
 
+#include "WaitFor.h"
+#include "Xcb.h"
+
 #include <xcb/xtest.h>
 
 #include <fcntl.h>
@@ -10,17 +13,10 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
-#include <memory>
 
 namespace KivoTest {
 
 namespace {
-
-struct FreeReply {
-    void operator()(void* reply) const { std::free(reply); }
-};
-template <typename T>
-using Reply = std::unique_ptr<T, FreeReply>;
 
 const xcb_visualtype_t* FindVisual(const xcb_screen_t& screen, xcb_visualid_t id, int& depth) {
     for (auto d = xcb_screen_allowed_depths_iterator(&screen); d.rem; xcb_depth_next(&d)) {
@@ -154,9 +150,9 @@ void X11TestWindow::Key(int keycode, bool down) {
     FakeInput(down ? XCB_KEY_PRESS : XCB_KEY_RELEASE, static_cast<std::uint8_t>(keycode), 0, 0);
 }
 
-bool X11TestWindow::WaitForEvent(int type, xcb_generic_event_t& event, int milliseconds) {
+bool X11TestWindow::WaitForEvent(int type, xcb_generic_event_t& event) {
     xcb_flush(m_connection);
-    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
+    const auto end = std::chrono::steady_clock::now() + patience;
     while (std::chrono::steady_clock::now() < end) {
         const Reply<xcb_generic_event_t> next(xcb_poll_for_event(m_connection));
         if (next && (next->response_type & 0x7F) == type) {

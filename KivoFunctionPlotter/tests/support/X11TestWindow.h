@@ -59,8 +59,8 @@ public:
     void Button(int button, bool down);
     /// Presses or releases a key by its keycode; the window has the focus.
     void Key(int keycode, bool down);
-    /// Waits for the next event of this type; false after the time.
-    bool WaitForEvent(int type, xcb_generic_event_t& event, int milliseconds = 2000);
+    /// Waits for the next event of this type; false where it does not come in time.
+    bool WaitForEvent(int type, xcb_generic_event_t& event);
 
     /// What the screen shows of the window, RGBA, top row first; empty when it cannot be read. For visuals
     /// with channels the colours are taken from the pixel's masks, otherwise from the window's colormap.
