@@ -59,6 +59,18 @@ protected:
         return ReadPng(path);
     }
 
+    // Each command draws a picture of its own.
+    void ExpectDifferentPictures(const std::vector<std::vector<std::string>>& commands) {
+        std::vector<Image> images;
+        for (std::vector<std::string> command : commands) {
+            command.insert(command.end(), {"--size", "400x300"});
+            images.push_back(Draw(command));
+            for (std::size_t i = 0; i + 1 < images.size(); ++i)
+                EXPECT_GT(Compare(images[i], images.back()).max, 50)
+                    << "command " << images.size() << " draws what " << i + 1 << " draws";
+        }
+    }
+
     // Exactly one line on standard error, nothing else, and exit code 2.
     static void ExpectFailure(const std::vector<std::string>& arguments, const std::string& message) {
         const ViewerResult result = Run(arguments);
@@ -101,7 +113,7 @@ TEST_F(ViewerCommandTest, DrawsLargePicturesInTiles) {
 }
 
 TEST_F(ViewerCommandTest, DrawsFilesFormulasAndModes) {
-    const std::vector<std::vector<std::string>> commands = {
+    ExpectDifferentPictures({
         {dataFolder + "hill.csv"},
         {dataFolder + "hill-with-holes.xyz"},
         {"--function", "sin(x)*cos(y)", "--x", "-3:3:50", "--y", "-2:2:40"},
@@ -110,15 +122,7 @@ TEST_F(ViewerCommandTest, DrawsFilesFormulasAndModes) {
         {"--mode", "2"},
         {"--mode", "3"},
         {"--mode", "3", "--dpi", "192"},
-    };
-    std::vector<Image> images;
-    for (std::vector<std::string> command : commands) {
-        command.insert(command.end(), {"--size", "400x300"});
-        images.push_back(Draw(command));
-        for (std::size_t i = 0; i + 1 < images.size(); ++i)
-            EXPECT_GT(Compare(images[i], images.back()).max, 50)
-                << "command " << images.size() << " draws what " << i + 1 << " draws";
-    }
+    });
 }
 
 // A hole in the grid's first corner must not reach the range of the colours.
@@ -171,8 +175,8 @@ TEST_F(ViewerCommandTest, RefusesUnknownOptions) {
 
 // The settings themselves are tested in ViewerSettingsTest.
 TEST_F(ViewerCommandTest, DrawsWithSettings) {
-    const Image plain = Draw({"--size", "400x300"});
-    const std::vector<std::vector<std::string>> commands = {
+    ExpectDifferentPictures({
+        {},
         {"--title", "Höhe über NN (m)"},
         {"--x-title", "高さ"},
         {"--z-contours"},
@@ -182,34 +186,18 @@ TEST_F(ViewerCommandTest, DrawsWithSettings) {
         {"--gradient-start", "white", "--gradient-end", "#800000"},
         {"--z-min", "-1000"},
         {"--inverse-x"},
-    };
-    std::vector<Image> images{plain};
-    for (std::vector<std::string> command : commands) {
-        SCOPED_TRACE(command[0]);
-        command.insert(command.end(), {"--size", "400x300"});
-        images.push_back(Draw(command));
-        for (std::size_t i = 0; i + 1 < images.size(); ++i)
-            EXPECT_GT(Compare(images[i], images.back()).max, 50) << "as picture " << i;
-    }
+    });
 }
 
 TEST_F(ViewerCommandTest, DrawsPointsCurvesAndTheTracedPoint) {
-    const std::vector<std::vector<std::string>> commands = {
+    ExpectDifferentPictures({
         {},
         {"--points", dataFolder + "wells.csv"},
         {"--points", dataFolder + "wells.csv", "--point-size", "9"},
         {"--points", dataFolder + "wells.csv", "--points", dataFolder + "flight.csv"},
         {"--curve", dataFolder + "flight.csv"},
         {"--trace-at", "210,170"},
-    };
-    std::vector<Image> images;
-    for (std::vector<std::string> command : commands) {
-        command.insert(command.end(), {"--size", "400x300"});
-        images.push_back(Draw(command));
-        for (std::size_t i = 0; i + 1 < images.size(); ++i)
-            EXPECT_GT(Compare(images[i], images.back()).max, 50)
-                << "command " << images.size() << " draws what " << i + 1 << " draws";
-    }
+    });
 }
 
 TEST_F(ViewerCommandTest, NamesWhatIsWrongWithPoints) {

@@ -2,6 +2,7 @@
 #include "Failure.h"
 #include "GdalReader.h"
 #include "GridReader.h"
+#include "support/ViewerData.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -14,35 +15,15 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <functional>
-#include <limits>
 #include <string>
 #include <vector>
 
+using namespace KivoTest;
 using namespace KivoViewer;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
 namespace {
-
-constexpr float hole = std::numeric_limits<float>::quiet_NaN();
-
-std::string MessageOf(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const Failure& failure) {
-        return failure.what();
-    }
-    return {};
-}
-
-// Holes compare equal here.
-void ExpectValues(const GridData& grid, const std::vector<float>& expected) {
-    ASSERT_EQ(grid.z.size(), expected.size());
-    for (std::size_t i = 0; i < expected.size(); ++i)
-        EXPECT_TRUE(grid.z[i] == expected[i] || (std::isnan(grid.z[i]) && std::isnan(expected[i])))
-            << "value " << i << " is " << grid.z[i];
-}
 
 template <typename T>
 void Append(std::string& bytes, T value) {
@@ -97,7 +78,7 @@ TEST(ViewerSurferTest, ReadsText) {
     EXPECT_EQ(grid.title, "hill.grd");
     EXPECT_THAT(grid.x, ElementsAre(10, 11, 12, 13));
     EXPECT_THAT(grid.y, ElementsAre(-1, 0, 1));
-    ExpectValues(grid, {0, 1, 2, hole, 3, 4, 9, 4, 2, 3, 5, 3});
+    EXPECT_TRUE(AreSame(grid.z, {0, 1, 2, hole, 3, 4, 9, 4, 2, 3, 5, 3}));
 }
 
 TEST(ViewerSurferTest, ReadsBinary) {
@@ -105,7 +86,7 @@ TEST(ViewerSurferTest, ReadsBinary) {
         const GridData grid = ReadGrid(bytes, "hill.grd");
         EXPECT_THAT(grid.x, ElementsAre(10, 11, 12));
         EXPECT_THAT(grid.y, ElementsAre(-1, 1));
-        ExpectValues(grid, {1, hole, 3, 4, 5, 6});
+        EXPECT_TRUE(AreSame(grid.z, {1, hole, 3, 4, 5, 6}));
     }
 }
 
@@ -177,14 +158,14 @@ TEST_F(ViewerGdalTest, ReadsRastersWithoutPlace) {
     EXPECT_EQ(grid.title, "raster.pgm");
     EXPECT_THAT(grid.x, ElementsAre(0, 1, 2));
     EXPECT_THAT(grid.y, ElementsAre(-1, 0));
-    ExpectValues(grid, {1, 2, 3, 4, 5, 6});
+    EXPECT_TRUE(AreSame(grid.z, {1, 2, 3, 4, 5, 6}));
 }
 
 TEST_F(ViewerGdalTest, ReadsPlaceHolesAndScale) {
     const GridData grid = ReadGridFile(Path("raster.vrt"));
     EXPECT_THAT(grid.x, ElementsAre(105, 115, 125));
     EXPECT_THAT(grid.y, ElementsAre(30, 50));
-    ExpectValues(grid, {1.5f, hole, 2.5f, 3, 3.5f, 4});
+    EXPECT_TRUE(AreSame(grid.z, {1.5f, hole, 2.5f, 3, 3.5f, 4}));
 }
 
 TEST_F(ViewerGdalTest, SaysWhatIsWrong) {
@@ -223,7 +204,7 @@ TEST_F(ViewerProgressTest, TellsHowFarItIsAndEndsWhenAsked) {
             return true;
         };
         const GridData grid = ReadGridFile(Path(name), note);
-        ExpectValues(grid, ReadGridFile(Path(name)).z);
+        EXPECT_TRUE(AreSame(grid.z, ReadGridFile(Path(name)).z));
         ASSERT_GE(shares.size(), 2U);
         EXPECT_TRUE(std::is_sorted(shares.begin(), shares.end()));
         EXPECT_TRUE(shares.front() >= 0.0 && shares.back() <= 1.0);

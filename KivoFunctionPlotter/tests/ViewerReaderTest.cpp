@@ -4,48 +4,25 @@
 #include "GridReader.h"
 #include "Options.h"
 #include "PointFile.h"
+#include "support/ViewerData.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <functional>
-#include <limits>
 #include <locale>
 #include <string>
 #include <vector>
 
+using namespace KivoTest;
 using namespace KivoViewer;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
 namespace {
 
-constexpr float hole = std::numeric_limits<float>::quiet_NaN();
-
-// The message of the failure that the action ends in; empty where it does not fail.
-std::string MessageOf(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const Failure& failure) {
-        return failure.what();
-    }
-    return {};
-}
-
 Options Parse(std::vector<const char*> arguments) {
     arguments.insert(arguments.begin(), "kivo-viewer");
     return ParseOptions(static_cast<int>(arguments.size()), arguments.data());
-}
-
-// Holes compare equal here.
-testing::AssertionResult AreSame(const std::vector<float>& actual, const std::vector<float>& expected) {
-    bool same = actual.size() == expected.size();
-    for (std::size_t i = 0; same && i < actual.size(); ++i)
-        same = actual[i] == expected[i] || (std::isnan(actual[i]) && std::isnan(expected[i]));
-    if (same) return testing::AssertionSuccess();
-    return testing::AssertionFailure()
-           << testing::PrintToString(actual) << " is not " << testing::PrintToString(expected);
 }
 
 struct GoodCase {

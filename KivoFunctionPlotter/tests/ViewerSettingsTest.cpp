@@ -7,6 +7,7 @@
 #include "SettingTable.h"
 #include "support/Image.h"
 #include "support/PlotterProbe.h"
+#include "support/ViewerData.h"
 
 #include <KivoWindow.h>
 
@@ -14,11 +15,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <functional>
 #include <set>
 #include <string>
 #include <vector>
 
+using namespace KivoTest;
 using namespace KivoViewer;
 using KivoDrawingTools::CaptureImage;
 using KivoDrawingTools::Compare;
@@ -26,15 +27,6 @@ using KivoDrawingTools::Image;
 using testing::HasSubstr;
 
 namespace {
-
-std::string MessageOf(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const Failure& failure) {
-        return failure.what();
-    }
-    return {};
-}
 
 // A value that nothing has by itself.
 std::string UnusualText(const Setting& setting) {

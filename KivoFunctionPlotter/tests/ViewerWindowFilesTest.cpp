@@ -2,6 +2,7 @@
 #include "support/Image.h"
 #include "support/PngImage.h"
 #include "support/ViewerWindow.h"
+#include "support/X11TestWindow.h"
 
 #include <gtest/gtest.h>
 
@@ -60,23 +61,6 @@ protected:
         return saved;
     }
 
-    // The settings of the display.
-    std::string Resources() {
-        const auto cookie = xcb_get_property(Connection(), 0, m_input->Screen().root,
-                                             XCB_ATOM_RESOURCE_MANAGER, XCB_ATOM_STRING, 0, 1U << 18);
-        const Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(Connection(), cookie, nullptr));
-        if (!reply) return {};
-        return {static_cast<const char*>(xcb_get_property_value(reply.get())),
-                static_cast<std::size_t>(xcb_get_property_value_length(reply.get()))};
-    }
-
-    void SetResources(const std::string& text) {
-        xcb_change_property(Connection(), XCB_PROP_MODE_REPLACE, m_input->Screen().root,
-                            XCB_ATOM_RESOURCE_MANAGER, XCB_ATOM_STRING, 8,
-                            static_cast<std::uint32_t>(text.size()), text.data());
-        xcb_flush(Connection());
-    }
-
     // A file in this test's folder, whose name has nothing but small letters.
     std::string Copy(const std::string& source, const std::string& name) const {
         std::filesystem::copy_file(source, Path(name));
@@ -90,22 +74,22 @@ protected:
         event.response_type = XCB_CLIENT_MESSAGE;
         event.format = 32;
         event.window = m_window;
-        event.type = Atom(type);
+        event.type = desktop->Atom(type);
         std::copy(data.begin(), data.end(), event.data.data32);
-        event.data.data32[0] = static_cast<std::uint32_t>(m_input->Id());
-        xcb_send_event(Connection(), 0, m_window, XCB_EVENT_MASK_NO_EVENT,
+        event.data.data32[0] = static_cast<std::uint32_t>(m_source.Id());
+        xcb_send_event(m_source.Connection(), 0, m_window, XCB_EVENT_MASK_NO_EVENT,
                        reinterpret_cast<const char*>(&event));
-        xcb_flush(Connection());
+        xcb_flush(m_source.Connection());
     }
 
     // Answers the viewer's question for the dragged files.
     void HandOver(const std::string& list) {
         xcb_generic_event_t event = {};
-        ASSERT_TRUE(m_input->WaitForEvent(XCB_SELECTION_REQUEST, event)) << "nobody asks for the file";
+        ASSERT_TRUE(m_source.WaitForEvent(XCB_SELECTION_REQUEST, event)) << "nobody asks for the file";
         xcb_selection_request_event_t request = {};
         std::memcpy(&request, &event, sizeof request);
-        EXPECT_EQ(request.target, Atom("text/uri-list"));
-        xcb_change_property(Connection(), XCB_PROP_MODE_REPLACE, request.requestor, request.property,
+        EXPECT_EQ(request.target, desktop->Atom("text/uri-list"));
+        xcb_change_property(m_source.Connection(), XCB_PROP_MODE_REPLACE, request.requestor, request.property,
                             request.target, 8, static_cast<std::uint32_t>(list.size()), list.data());
         xcb_selection_notify_event_t answer = {};
         answer.response_type = XCB_SELECTION_NOTIFY;
@@ -114,18 +98,18 @@ protected:
         answer.target = request.target;
         answer.property = request.property;
         answer.time = request.time;
-        xcb_send_event(Connection(), 0, request.requestor, XCB_EVENT_MASK_NO_EVENT,
+        xcb_send_event(m_source.Connection(), 0, request.requestor, XCB_EVENT_MASK_NO_EVENT,
                        reinterpret_cast<const char*>(&answer));
-        xcb_flush(Connection());
+        xcb_flush(m_source.Connection());
     }
 
     void DropFile(const std::string& path) {
         const std::uint32_t version = 5U << 24;
         const auto position = static_cast<std::uint32_t>((m_plotArea.x + 400) << 16 | (m_plotArea.y + 300));
-        xcb_set_selection_owner(Connection(), static_cast<xcb_window_t>(m_input->Id()), Atom("XdndSelection"),
-                                XCB_CURRENT_TIME);
-        SendDragMessage("XdndEnter", {0, version, Atom("text/uri-list"), 0, 0});
-        SendDragMessage("XdndPosition", {0, 0, position, XCB_CURRENT_TIME, Atom("XdndActionCopy")});
+        xcb_set_selection_owner(m_source.Connection(), static_cast<xcb_window_t>(m_source.Id()),
+                                desktop->Atom("XdndSelection"), XCB_CURRENT_TIME);
+        SendDragMessage("XdndEnter", {0, version, desktop->Atom("text/uri-list"), 0, 0});
+        SendDragMessage("XdndPosition", {0, 0, position, XCB_CURRENT_TIME, desktop->Atom("XdndActionCopy")});
         HandOver("file://" + path + "\r\n"); // to see what is dragged
         Pause();
         SendDragMessage("XdndDrop", {0, 0, XCB_CURRENT_TIME, 0, 0});
@@ -134,18 +118,33 @@ protected:
 
     // What the clipboard holds as PNG.
     std::string ClipboardPng() {
-        const xcb_atom_t property = Atom("KIVO_TEST");
-        xcb_convert_selection(Connection(), static_cast<xcb_window_t>(m_input->Id()), Atom("CLIPBOARD"),
-                              Atom("image/png"), property, XCB_CURRENT_TIME);
+        const xcb_atom_t property = desktop->Atom("KIVO_TEST");
+        xcb_convert_selection(m_source.Connection(), static_cast<xcb_window_t>(m_source.Id()),
+                              desktop->Atom("CLIPBOARD"), desktop->Atom("image/png"), property,
+                              XCB_CURRENT_TIME);
         xcb_generic_event_t event = {};
-        if (!m_input->WaitForEvent(XCB_SELECTION_NOTIFY, event)) return {};
-        const auto cookie = xcb_get_property(Connection(), 1, static_cast<xcb_window_t>(m_input->Id()),
-                                             property, XCB_GET_PROPERTY_TYPE_ANY, 0, 1U << 24);
-        const Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(Connection(), cookie, nullptr));
-        if (!reply || reply->type != Atom("image/png")) return {};
+        if (!m_source.WaitForEvent(XCB_SELECTION_NOTIFY, event)) return {};
+        const auto cookie =
+            xcb_get_property(m_source.Connection(), 1, static_cast<xcb_window_t>(m_source.Id()), property,
+                             XCB_GET_PROPERTY_TYPE_ANY, 0, 1U << 24);
+        const Reply<xcb_get_property_reply_t> reply(
+            xcb_get_property_reply(m_source.Connection(), cookie, nullptr));
+        if (!reply || reply->type != desktop->Atom("image/png")) return {};
         return {static_cast<const char*>(xcb_get_property_value(reply.get())),
                 static_cast<std::size_t>(xcb_get_property_value_length(reply.get()))};
     }
+
+    // Without a size worth mentioning, so that it covers nothing.
+    static X11TestWindow::Options Unseen() {
+        X11TestWindow::Options options;
+        options.inputOnly = true;
+        options.width = 1;
+        options.height = 1;
+        return options;
+    }
+
+    X11TestWindow m_source{
+        Unseen()}; ///< another program: files are dragged from it, and it asks for the clipboard
 };
 
 TEST_F(ViewerWindowFilesTest, OpensAFileByDialog) {
@@ -234,11 +233,11 @@ TEST_F(ViewerWindowFilesTest, SavesWhatTheScreenShows) {
 
 // The saved picture has the resolution that the display gives the window.
 TEST_F(ViewerWindowFilesTest, SavesWithTheResolutionOfTheDisplay) {
-    const std::string before = Resources();
-    SetResources("Xft.dpi:\t144\n");
+    const std::string before = desktop->Resources();
+    desktop->SetResources("Xft.dpi:\t144\n");
     Start({"--size", "800x600"}, {{"QT_ENABLE_HIGHDPI_SCALING", "0"}});
     const Image saved = SaveByDialog({});
-    SetResources(before);
+    desktop->SetResources(before);
     EXPECT_EQ(Compare(saved, m_start).max, 0);
     EXPECT_EQ(ReadPngResolution(Path("saved.png")), 144);
 }

@@ -326,7 +326,7 @@ TEST_F(ViewerWindowTest, CountsThePixelsOfTheScreen) {
     EXPECT_EQ(m_plotArea.height, plotHeight);
     EXPECT_LT(Compare(m_start, unscaled).mean, 0.5);
     // Only a place in the viewport's far corner tells positions from their halves.
-    m_input->MovePointer(m_plotArea.x + 20, m_plotArea.y + plotHeight - 20);
+    desktop->MovePointer(m_plotArea.x + 20, m_plotArea.y + plotHeight - 20);
     After("wheel", [this] { Wheel(wheelUp); });
     ExpectStart(After("reset", [this] { Press('0'); }));
     const Image moved = After("move", [this] { Drag(rightButton, 100, 0, shiftKey); });

@@ -74,6 +74,16 @@ bool Desktop::IsShown(xcb_window_t window) const {
            reply->_class == XCB_WINDOW_CLASS_INPUT_OUTPUT;
 }
 
+std::uint32_t Desktop::ProcessOf(xcb_window_t window) const {
+    const auto cookie =
+        xcb_get_property(m_connection, 0, window, Atom("_NET_WM_PID"), XCB_ATOM_CARDINAL, 0, 1);
+    const Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(m_connection, cookie, nullptr));
+    std::uint32_t id = 0;
+    if (reply && xcb_get_property_value_length(reply.get()) == sizeof id)
+        std::memcpy(&id, xcb_get_property_value(reply.get()), sizeof id);
+    return id;
+}
+
 ScreenArea Desktop::AreaOf(xcb_window_t window) const {
     const Reply<xcb_get_geometry_reply_t> geometry(
         xcb_get_geometry_reply(m_connection, xcb_get_geometry(m_connection, window), nullptr));
@@ -127,6 +137,15 @@ void Desktop::Focus(xcb_window_t window) {
     xcb_flush(m_connection);
 }
 
+std::string Desktop::Resources() const {
+    const auto cookie = xcb_get_property(m_connection, 0, m_screen->root, XCB_ATOM_RESOURCE_MANAGER,
+                                         XCB_ATOM_STRING, 0, 1U << 18);
+    const Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(m_connection, cookie, nullptr));
+    if (!reply) return {};
+    return {static_cast<const char*>(xcb_get_property_value(reply.get())),
+            static_cast<std::size_t>(xcb_get_property_value_length(reply.get()))};
+}
+
 void Desktop::SetResources(const std::string& text) {
     xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, m_screen->root, XCB_ATOM_RESOURCE_MANAGER,
                         XCB_ATOM_STRING, 8, static_cast<std::uint32_t>(text.size()), text.data());
@@ -136,11 +155,20 @@ void Desktop::SetResources(const std::string& text) {
 
 Image Desktop::Grab(xcb_window_t window) const {
     const ScreenArea area = AreaOf(window);
+    return Read(window, {0, 0, area.width, area.height});
+}
+
+Image Desktop::Grab(const ScreenArea& area) const {
+    return Read(Root(), area);
+}
+
+Image Desktop::Read(xcb_window_t window, const ScreenArea& inside) const {
     const auto cookie =
-        xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, window, 0, 0,
-                      static_cast<std::uint16_t>(area.width), static_cast<std::uint16_t>(area.height), ~0U);
+        xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, window, static_cast<std::int16_t>(inside.x),
+                      static_cast<std::int16_t>(inside.y), static_cast<std::uint16_t>(inside.width),
+                      static_cast<std::uint16_t>(inside.height), ~0U);
     const Reply<xcb_get_image_reply_t> reply(xcb_get_image_reply(m_connection, cookie, nullptr));
-    Image image(area.width, area.height);
+    Image image(inside.width, inside.height);
     if (!reply || static_cast<std::size_t>(xcb_get_image_data_length(reply.get())) != image.rgba.size())
         return {};
     const std::uint8_t* const data = xcb_get_image_data(reply.get()); // blue, green, red, unused

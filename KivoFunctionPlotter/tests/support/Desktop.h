@@ -8,6 +8,7 @@
 
 #include <xcb/xcb.h>
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -28,12 +29,15 @@ public:
     // ---- Windows
 
     xcb_window_t Root() const { return m_screen->root; } ///< the whole screen
+    std::vector<xcb_window_t> ChildrenOf(xcb_window_t window) const;
     /// The shown window of this title; XCB_NONE where there is none.
     xcb_window_t FindWindow(const std::string& title) const;
     /// The part of a program's window that shows the plot: the largest shown window inside it, or the window
     /// itself where none takes up half of it.
     xcb_window_t PlotIn(xcb_window_t window) const;
     bool IsShown(xcb_window_t window) const;
+    /// The process that a window says it belongs to; 0 where it does not say.
+    std::uint32_t ProcessOf(xcb_window_t window) const;
     ScreenArea AreaOf(xcb_window_t window) const; ///< all 0 where there is no such window
     void MoveWindow(xcb_window_t window, int x, int y);
     void ResizeWindow(xcb_window_t window, int width, int height);
@@ -43,11 +47,15 @@ public:
     void AskToClose(xcb_window_t window);
     /// Gives the keys to a window.
     void Focus(xcb_window_t window);
-    /// Sets the resources of the root window, from which desktop settings such as Xft.dpi are read.
+    /// The resources of the root window, from which desktop settings such as Xft.dpi are read.
+    std::string Resources() const;
     void SetResources(const std::string& text);
+    xcb_atom_t Atom(const char* name) const;
 
     /// What a window within the screen shows; an empty image where it cannot be read.
     KivoDrawingTools::Image Grab(xcb_window_t window) const;
+    /// The same for a part of the screen.
+    KivoDrawingTools::Image Grab(const ScreenArea& area) const;
 
     // ---- Input
 
@@ -58,10 +66,10 @@ public:
     void Press(xcb_keysym_t symbol); ///< and release
 
 private:
-    std::vector<xcb_window_t> ChildrenOf(xcb_window_t window) const;
     xcb_window_t FindShown(xcb_window_t root, const std::string& title) const;
     std::string TitleOf(xcb_window_t window) const;
-    xcb_atom_t Atom(const char* name) const;
+    /// @param inside  the part of the window that is wanted
+    KivoDrawingTools::Image Read(xcb_window_t window, const ScreenArea& inside) const;
     void FakeInput(std::uint8_t type, std::uint8_t detail, int x, int y);
     xcb_keycode_t CodeOf(xcb_keysym_t symbol) const;
 

@@ -2,10 +2,10 @@
 // what the screen shows. Pictures of each step go to the folder in KIVO_TEST_OUTPUT, else to test-output.
 #pragma once
 
+#include "Desktop.h"
 #include "Image.h"
 #include "ViewerProcess.h"
 #include "WaitFor.h"
-#include "X11TestWindow.h"
 #include "Xcb.h"
 
 #include <gtest/gtest.h>
@@ -40,19 +40,12 @@ protected:
     /// Starts the viewer, in place of the one before, and waits for its picture.
     void Start(const std::vector<std::string>& arguments, Environment environment = {});
 
-    xcb_connection_t* Connection() const { return m_input->Connection(); }
-
     // ---- Windows
 
-    std::vector<xcb_window_t> ChildrenOf(xcb_window_t window) const;
+    /// The viewer's shown windows.
+    std::vector<xcb_window_t> Windows() const;
 
-    xcb_atom_t Atom(const char* name) const;
-
-    bool BelongsToViewer(xcb_window_t window) const;
-
-    bool IsShown(xcb_window_t window) const;
-
-    ScreenArea AreaOf(xcb_window_t window) const;
+    static ScreenArea AreaOf(xcb_window_t window) { return desktop->AreaOf(window); }
 
     /// The viewer's shown window and, inside it, the plot's: the largest.
     bool FindWindows();
@@ -62,7 +55,7 @@ protected:
     /// What the screen shows of the plot.
     Image Grab() const { return Grab(m_plotArea); }
 
-    Image Grab(const ScreenArea& area) const;
+    static Image Grab(const ScreenArea& area);
 
     /// The picture once it has stayed the same for a while and the viewer waits.
     Image Settled() const;
@@ -88,11 +81,7 @@ protected:
 
     // ---- Input
 
-    xcb_keycode_t CodeOf(xcb_keysym_t symbol) const;
-
-    void Key(xcb_keysym_t symbol, bool down);
-
-    void Press(xcb_keysym_t symbol);
+    static void Press(xcb_keysym_t symbol) { desktop->Press(symbol); }
 
     /// To a place in the plot, in steps as a hand makes them.
     void MoveBy(int dx, int dy);
@@ -100,9 +89,9 @@ protected:
     /// A drag from the middle of the plot.
     void Drag(PointerButton button, int dx, int dy, xcb_keysym_t modifier = 0);
 
-    void Wheel(PointerButton direction);
+    static void Wheel(PointerButton direction) { desktop->Click(direction); }
 
-    void Resize(int width, int height);
+    void Resize(int width, int height) { desktop->ResizeWindow(m_window, width, height); }
 
     /// Waits until the plot's window has changed its size.
     bool WaitForPlotSize(int width, int height);
@@ -118,16 +107,15 @@ protected:
     /// Waits until there is none but the main window, and gives that the keys.
     void WaitForNoDialog();
     /// Presses the keys of a text of small letters, digits, points, dashes and slashes.
-    void Type(const std::string& text);
+    static void Type(const std::string& text);
     /// Presses a key while another is down.
-    void PressWith(xcb_keysym_t modifier, xcb_keysym_t symbol);
+    static void PressWith(xcb_keysym_t modifier, xcb_keysym_t symbol);
 
     /// A path in this test's folder.
     std::string Path(const std::string& name) const { return (m_folder / name).string(); }
 
-    inline static xcb_connection_t* lastingConnection = nullptr;
-    std::filesystem::path m_folder;         ///< removed afterwards
-    std::unique_ptr<X11TestWindow> m_input; ///< a source of input that lies over nothing
+    inline static std::unique_ptr<Desktop> desktop;
+    std::filesystem::path m_folder; ///< removed afterwards
     std::unique_ptr<ViewerProcess> m_viewer;
     xcb_window_t m_window = XCB_NONE;
     ScreenArea m_plotArea;
