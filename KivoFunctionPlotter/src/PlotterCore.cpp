@@ -2,6 +2,7 @@
 #include "KivoFunctionPlotter.h"
 
 #include "ColorSpace.h"
+#include "FontDescription.h"
 #include "GLScopes.h"
 #include "KivoGradientColor.h"
 #include "KivoGradientColorRuler.h"
@@ -12,7 +13,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <iterator>
 #include <new>
 
@@ -346,18 +346,7 @@ int CKivoFunctionPlotter::SetDCPixelFormat(HDC hdc, bool accelerated) {
 int CKivoFunctionPlotter::InitFont() {
     if (!m_hDC || !m_hGLRC) return -1;
     m_fontListBase = glGenLists(glyphCount);
-
-    LOGFONTA description = {};
-    description.lfHeight = -MulDiv(10, GetDeviceCaps(m_hDC, LOGPIXELSY), 72);
-    description.lfWeight = FW_MEDIUM;
-    description.lfCharSet = DEFAULT_CHARSET;
-    description.lfOutPrecision = OUT_DEFAULT_PRECIS;
-    description.lfClipPrecision = CLIP_DEFAULT_PRECIS;
-    description.lfQuality = ANTIALIASED_QUALITY;
-    description.lfPitchAndFamily = FF_MODERN | DEFAULT_PITCH;
-    std::strcpy(description.lfFaceName, "Arial");
-
-    const SelectedFont font(m_hDC, description);
+    const SelectedFont font(m_hDC, DescribeFont(m_hDC, 10, FW_MEDIUM, "Arial"));
     return wglUseFontBitmapsA(m_hDC, 0, glyphCount, m_fontListBase) == 1 ? 0 : -1;
 }
 

@@ -1,5 +1,7 @@
 #include "TextRenderer.h"
 
+#include "FontDescription.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
@@ -231,18 +233,8 @@ void InitTextRenderer(STextRenderer* renderer, HDC windowDC, int fontSize) {
     renderer->m_memoryDC = CreateCompatibleDC(windowDC);
     if (!renderer->m_memoryDC) return;
 
-    LOGFONTA& description = renderer->m_fontDescription;
-    description = {};
-    description.lfHeight = -MulDiv(fontSize, GetDeviceCaps(renderer->m_memoryDC, LOGPIXELSY), 72);
-    description.lfWeight = FW_BOLD;
-    description.lfCharSet = DEFAULT_CHARSET;
-    description.lfOutPrecision = OUT_DEFAULT_PRECIS;
-    description.lfClipPrecision = CLIP_DEFAULT_PRECIS;
-    description.lfQuality = ANTIALIASED_QUALITY;
-    description.lfPitchAndFamily = FF_MODERN | DEFAULT_PITCH;
-    std::strcpy(description.lfFaceName, "MS Gothic");
-
-    renderer->m_font = CreateFontIndirectA(&description);
+    renderer->m_fontDescription = DescribeFont(renderer->m_memoryDC, fontSize, FW_BOLD, "MS Gothic");
+    renderer->m_font = CreateFontIndirectA(&renderer->m_fontDescription);
     if (!renderer->m_font) return;
     renderer->m_savedFont = static_cast<HFONT>(SelectObject(renderer->m_memoryDC, renderer->m_font));
     GetTextMetricsA(renderer->m_memoryDC, &renderer->m_textMetrics);

@@ -1,4 +1,5 @@
 // Curves over the surface: their store, and their lines and balls in pixels.
+#include "support/LayerAlone.h"
 #include "support/TestSurfaces.h"
 #include "support/TestWindow.h"
 
@@ -34,10 +35,6 @@ std::vector<std::size_t> StoreSizes(const CurveProbe& plotter) {
             plotter.m_curveColors.size(), plotter.m_curveWidths.size()};
 }
 
-bool IsWhite(const unsigned char* rgb) {
-    return rgb[0] == 255 && rgb[1] == 255 && rgb[2] == 255;
-}
-
 bool IsMagenta(const unsigned char* rgb) {
     return rgb[0] == 255 && rgb[1] == 0 && rgb[2] == 255;
 }
@@ -60,49 +57,16 @@ struct InkBox {
     int left, top, right = -1, bottom = -1;
 };
 
-constexpr int width = 200, height = 160;
-
-/// Curves alone on white, seen along -z without perspective; the data's origin lies on the middle of the
-/// picture, where four pixels meet.
-class CurvesAlone : public WindowTest {
+/// Curves over nothing, lit as in a plot.
+class CurvesAlone : public LayerAlone<CurveProbe, 200, 160> {
 protected:
-    CurvesAlone() {
-        if (plotter.OnCreate(window.Handle(), width, height, true) != 0)
-            throw std::runtime_error(LastWindowError());
-        const int viewport[] = {0, 0, width, height};
-        std::copy_n(viewport, 4, plotter.m_plotViewport);
-        plotter.m_panFractionX = plotter.m_panFractionY = 0.0;
-        std::copy_n(Identity().data(), 16, plotter.m_rotationMatrix);
-        SetCamera(1.0, 1.0, 1.0, 1.0);
-    }
-
-    /// pixel: its length in units of the view volume.
-    void SetCamera(double pixel, double scaleX, double scaleY, double scaleZ) {
-        plotter.m_viewRight = width / 2 * pixel;
-        plotter.m_viewLeft = -plotter.m_viewRight;
-        plotter.m_viewTop = height / 2 * pixel;
-        plotter.m_viewBottom = -plotter.m_viewTop;
-        plotter.m_viewFar = 1000.0 * pixel;
-        plotter.m_viewNear = -plotter.m_viewFar;
-        const double scale[] = {scaleX, scaleY, scaleZ};
-        std::copy_n(scale, 3, plotter.m_axisScale);
-    }
-
     Image Draw() {
-        const CurrentContext context(plotter);
-        plotter.ApplyViewVolume();
-        plotter.ApplyModelViewMatrix();
-        glClearColor(1, 1, 1, 1);
-        glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-        glEnable(GL_LIGHTING);
-        glGetError(); // making the fonts leaves one on some systems
-        plotter.RenderCurves();
-        EXPECT_TRUE(glIsEnabled(GL_LIGHTING));
-        GLfloat lineWidth = 0.0f;
-        glGetFloatv(GL_LINE_WIDTH, &lineWidth);
-        EXPECT_EQ(lineWidth, 1.0f);
-        EXPECT_EQ(glGetError(), GLenum{GL_NO_ERROR});
-        return ReadBuffer(GL_BACK, width, height);
+        return LayerAlone::Draw(true, [this] {
+            plotter.RenderCurves();
+            GLfloat lineWidth = 0.0f;
+            glGetFloatv(GL_LINE_WIDTH, &lineWidth);
+            EXPECT_EQ(lineWidth, 1.0f);
+        });
     }
 
     int Add(std::vector<float> points, unsigned int floatsPerPoint = 3) {
@@ -115,9 +79,6 @@ protected:
         plotter.ReleaseDataRelativeResource();
         plotter.EndGLOperation();
     }
-
-    TestWindow window{GetParam(), width, height};
-    CurveProbe plotter;
 };
 
 /// A plot of a hill from above, with frames read back.
@@ -323,7 +284,7 @@ TEST_P(CurvesAlone, LinesLeadFromPointToPointAndNotBack) {
     EXPECT_TRUE(inked(0, -31));
     for (int y = -25; y < 25; ++y)
         EXPECT_FALSE(inked(-41, y) || inked(-40, y)) << "the last point is joined to the first";
-    EXPECT_NEAR(image.Count([](const unsigned char* rgb) { return !IsWhite(rgb); }), 81 + 61 + 81, 4);
+    EXPECT_NEAR(CountInk(image), 81 + 61 + 81, 4);
 }
 
 TEST_P(CurvesAlone, ACurveOfOnePointIsABallAlone) {
@@ -337,7 +298,7 @@ TEST_P(CurvesAlone, ACurveOfOnePointIsABallAlone) {
     EXPECT_NEAR(box.top, height / 2 - 20 - 14, 1);
     EXPECT_NEAR(box.bottom, height / 2 - 20 + 13, 1);
     // an octagon of radius 14
-    EXPECT_NEAR(image.Count([](const unsigned char* rgb) { return !IsWhite(rgb); }), 2.8284 * 14 * 14, 28);
+    EXPECT_NEAR(CountInk(image), 2.8284 * 14 * 14, 28);
 }
 
 TEST_P(CurvesAlone, BallsHave07OfThePointRadiusAtEveryZoomAndAxisScale) {

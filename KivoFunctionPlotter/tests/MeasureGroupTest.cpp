@@ -1,5 +1,6 @@
 // Measure groups: their members, their balls in pixels, and their legend.
 #include "KivoMeasurePointGroupManager.h"
+#include "support/LayerAlone.h"
 #include "support/TestSurfaces.h"
 #include "support/TestWindow.h"
 
@@ -76,69 +77,26 @@ protected:
     GroupProbe plotter;
 };
 
-bool IsWhite(const unsigned char* rgb) {
-    return rgb[0] == 255 && rgb[1] == 255 && rgb[2] == 255;
-}
-
-int CountInk(const Image& image) {
-    return image.Count([](const unsigned char* rgb) { return !IsWhite(rgb); });
-}
-
 constexpr int width = 400, height = 300;
 
-/// Groups alone on white, unlit, seen along -z without perspective; the data's origin lies on the middle of
-/// the picture, where four pixels meet.
-class GroupsAlone : public WindowTest {
+// The host's arrays, a base so that they outlive the plotter.
+struct HostArrays {
+    std::vector<std::vector<float>> arrays;
+};
+
+/// Groups over nothing, unlit.
+class GroupsAlone : protected HostArrays, public LayerAlone<GroupProbe, width, height> {
 protected:
-    GroupsAlone() {
-        if (plotter.OnCreate(window.Handle(), width, height, true) != 0)
-            throw std::runtime_error(LastWindowError());
-        const int viewport[] = {0, 0, width, height};
-        std::copy_n(viewport, 4, plotter.m_plotViewport);
-        plotter.m_panFractionX = plotter.m_panFractionY = 0.0;
-        std::copy_n(Identity().data(), 16, plotter.m_rotationMatrix);
-        SetCamera(1.0, 1.0, 1.0, 1.0);
-    }
-
-    /// pixel: its length in units of the view volume.
-    void SetCamera(double pixel, double scaleX, double scaleY, double scaleZ) {
-        plotter.m_viewRight = width / 2 * pixel;
-        plotter.m_viewLeft = -plotter.m_viewRight;
-        plotter.m_viewTop = height / 2 * pixel;
-        plotter.m_viewBottom = -plotter.m_viewTop;
-        plotter.m_viewFar = 1000.0 * pixel;
-        plotter.m_viewNear = -plotter.m_viewFar;
-        const double scale[] = {scaleX, scaleY, scaleZ};
-        std::copy_n(scale, 3, plotter.m_axisScale);
-    }
-
-    template <typename Layer>
-    Image Draw(Layer layer) {
-        const CurrentContext context(plotter);
-        plotter.ApplyViewVolume();
-        plotter.ApplyModelViewMatrix();
-        glClearColor(1, 1, 1, 1);
-        glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-        glDisable(GL_LIGHTING);
-        glGetError(); // making the fonts leaves one on some systems
-        layer();
-        EXPECT_EQ(glGetError(), GLenum{GL_NO_ERROR});
-        return ReadBuffer(GL_BACK, width, height);
-    }
     Image DrawPoints() {
-        return Draw([this] { plotter.RenderMeasurePoints(); });
+        return Draw(false, [this] { plotter.RenderMeasurePoints(); });
     }
     Image DrawLegend() {
-        return Draw([this] {
+        return Draw(false, [this] {
             glDisable(GL_DEPTH_TEST);
             plotter.RenderLegend();
             glEnable(GL_DEPTH_TEST);
         });
     }
-
-    TestWindow window{GetParam(), width, height};
-    std::vector<std::vector<float>> arrays; // outlive the plotter
-    GroupProbe plotter;
 
     void Add(std::vector<float> points, const char* name = "group", unsigned int floatsPerPoint = 3) {
         if (arrays.empty()) arrays.reserve(32);

@@ -37,10 +37,6 @@ Texts LabelDeletions(const CallProbe& plotter) {
     return deletions;
 }
 
-void Append(Texts& texts, const Texts& more) {
-    texts.insert(texts.end(), more.begin(), more.end());
-}
-
 class ReleaseCalls : public testing::Test {
 protected:
     ReleaseCalls() {

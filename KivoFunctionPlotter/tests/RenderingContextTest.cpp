@@ -31,7 +31,7 @@ std::vector<int> Viewport(const int* viewport) {
     return {viewport, viewport + 4};
 }
 
-bool IsInk(const unsigned char* pixel) {
+bool IsDark(const unsigned char* pixel) {
     return pixel[0] < 128;
 }
 
@@ -416,7 +416,7 @@ TEST_P(ContextInWindow, TheBitmapFontIsTenPointsHighAndNotBold) {
         SelectObject(plotter.m_hDC, previous);
         DeleteObject(font);
         const Image expected = DrawWithLists(base, text);
-        EXPECT_GT(expected.Count(IsInk), 60);
+        EXPECT_GT(expected.Count(IsDark), 60);
         EXPECT_EQ(expected.rgba == plotted.rgba, points == 10 && weight == 500) << points << ' ' << weight;
     }
     glDeleteLists(base, 256);
@@ -426,7 +426,7 @@ TEST_P(ContextInWindow, TheBitmapFontDraws) {
     const CurrentContext context(plotter);
     const Image image = DrawWithLists(plotter.m_fontListBase, "Height 42");
     const std::vector<float> position = Floats(GL_CURRENT_RASTER_POSITION, 4);
-    const int ink = image.Count(IsInk);
+    const int ink = image.Count(IsDark);
     EXPECT_GT(ink, 60);
     EXPECT_LT(ink, 3000);
     EXPECT_GT(position[0], 100 + 30) << "each glyph moves on by its width";

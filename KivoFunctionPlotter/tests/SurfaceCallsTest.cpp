@@ -15,10 +15,6 @@ using testing::ElementsAreArray;
 
 namespace {
 
-void Append(Texts& texts, const Texts& more) {
-    texts.insert(texts.end(), more.begin(), more.end());
-}
-
 class SurfaceCalls : public testing::Test {
 protected:
     SurfaceCalls() { plotter.SetData(NewHill(12, 10), 12, 10, 1, 12, 3); }

@@ -25,14 +25,6 @@ std::vector<unsigned int> Indices(const PlotterProbe& p) {
     return {p.m_indexArray, p.m_indexArray + p.m_indexCount};
 }
 
-bool IsWhite(const unsigned char* pixel) {
-    return pixel[0] == 255 && pixel[1] == 255 && pixel[2] == 255;
-}
-
-bool IsInk(const unsigned char* pixel) {
-    return !IsWhite(pixel);
-}
-
 using Normal = std::array<double, 3>;
 
 Normal FaceNormal(const float* a, const float* b, const float* c) {

@@ -13,10 +13,6 @@ using testing::ElementsAreArray;
 
 namespace {
 
-void Append(Texts& texts, const Texts& more) {
-    texts.insert(texts.end(), more.begin(), more.end());
-}
-
 std::string Number(int value) {
     return std::to_string(value);
 }

@@ -454,10 +454,6 @@ TEST_P(Trace, TheBoxTestIsOnTheInfiniteLineAndForgetsThePoint) {
 
 namespace {
 
-bool IsWhite(const unsigned char* rgb) {
-    return rgb[0] == 255 && rgb[1] == 255 && rgb[2] == 255;
-}
-
 bool IsMarker(const unsigned char* rgb) {
     return rgb[0] > 150 && rgb[2] > 150 && rgb[1] < 60;
 }
@@ -505,9 +501,6 @@ protected:
     }
     Image DrawGuides() {
         return Draw([this] { plotter.RenderTraceGuideLines(); });
-    }
-    static int CountInk(const Image& image) {
-        return image.Count([](const unsigned char* rgb) { return !IsWhite(rgb); });
     }
 
     /// Looks along -z, so that a marker's outline is a regular octagon.

@@ -51,6 +51,18 @@ int Image::Count(const std::function<bool(const unsigned char*)>& condition) con
     return count;
 }
 
+bool IsWhite(const unsigned char* rgb) {
+    return rgb[0] == 255 && rgb[1] == 255 && rgb[2] == 255;
+}
+
+bool IsInk(const unsigned char* rgb) {
+    return !IsWhite(rgb);
+}
+
+int CountInk(const Image& image) {
+    return image.Count(IsInk);
+}
+
 Image CaptureImage(CKivoFunctionPlotter& plotter) {
     Image image;
     EXPECT_EQ(CapturePicture(plotter, image.rgba, image.width, image.height), 0);

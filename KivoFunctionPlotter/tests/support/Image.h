@@ -28,6 +28,11 @@ struct Image {
     int Count(const std::function<bool(const unsigned char*)>& condition) const;
 };
 
+bool IsWhite(const unsigned char* rgb);
+/// Whether something was drawn on white.
+bool IsInk(const unsigned char* rgb);
+int CountInk(const Image& image); ///< the number of such pixels
+
 /// One frame at the window's size; an empty image and a test failure where that fails.
 Image CaptureImage(CKivoFunctionPlotter& plotter);
 /// One frame at a size of its own.

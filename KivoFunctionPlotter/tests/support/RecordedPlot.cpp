@@ -57,6 +57,10 @@ void NameFields(CallRecorder& recorder, const CallProbe& plotter) {
     if (plotter.m_plotTitleImage) name(plotter.m_plotTitleImage->pixels, "title pixels");
 }
 
+void Append(Texts& texts, const Texts& more) {
+    texts.insert(texts.end(), more.begin(), more.end());
+}
+
 Texts WithImagesInOneLine(const Texts& texts) {
     Texts lines;
     const auto argument = [](const std::string& text, std::size_t index) {

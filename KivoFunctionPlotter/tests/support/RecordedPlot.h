@@ -69,6 +69,7 @@ std::unique_ptr<CallRecorder> RecordStep(CallProbe& plotter, Action action) {
 }
 
 using Texts = std::vector<std::string>;
+void Append(Texts& texts, const Texts& more);
 
 /// The texts with each making of a text image in one line: image "0.500" as texture 7.
 Texts WithImagesInOneLine(const Texts& texts);
