@@ -169,8 +169,10 @@ bool LookAlong(const float* origin, const float* dir, const float* boxMin, const
     }
     const double toLine = std::sqrt(std::max(0.0, Dot(toBox, toBox) - distance * distance));
     view.radius = 0.5 * std::sqrt(diagonal) + toLine;
-    // What MeetTriangle may be off, across the line of sight, and the center.
-    view.margin = 32.0 * epsilon * magnitude + std::sqrt(Dot(offLine, offLine));
+    // What MeetTriangle may be off, across the line of sight, and the center. It judges a hit that is off the
+    // triangle's plane by the place below it, which another axis's scale can stretch.
+    const double spread = *std::max_element(scale, scale + 3) / *std::min_element(scale, scale + 3);
+    view.margin = 32.0 * epsilon * magnitude * spread + std::sqrt(Dot(offLine, offLine));
     // The first term keeps the rounding of normals and distances small against the triangle, the second makes
     // up for unequal scales, the third keeps squares of areas below the largest float.
     view.needle = std::max({1e-4, 2e-5 * longest / shortest, 1.5e-18 * longest * longest});

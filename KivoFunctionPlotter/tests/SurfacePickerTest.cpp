@@ -401,6 +401,25 @@ TEST(PickSurface, FindsWhatAPlainWalkFindsWithUnequalAxesAndOffsets) {
             }
 }
 
+// Rounding along the long axes moves hits along a short one by many cells.
+TEST(PickSurface, FindsWhatAPlainWalkFindsOnRidgesAlongAShortAxis) {
+    std::mt19937 random(8);
+    for (const float offset : {0.0f, 2000.0f})
+        for (const float shortSide : {0.005f, 0.002f}) {
+            TestSurface surface = PlaneSurface(60, 40);
+            for (std::size_t i = 0; i < surface.points.size(); i += 3) {
+                const std::size_t point = i / 3;
+                const float x = static_cast<float>(point % 60) / 59.0f;
+                const float y = static_cast<float>(point / 60) / 39.0f;
+                surface.points[i] = offset + 20.0f * x;
+                surface.points[i + 1] = shortSide * y;
+                surface.points[i + 2] = 10.0f * std::sin(12.0f * x) + shortSide * y;
+            }
+            const GridView view = {surface.points.data(), 60, 40, 3, 180};
+            EXPECT_GT(PickAtRandom(view, 1000, random), 50) << offset << ' ' << shortSide;
+        }
+}
+
 TEST(PickSurface, FindsWhatAPlainWalkFindsAmongDegenerateCells) {
     std::mt19937 random(5);
     std::uniform_real_distribution<float> uniform(-1.0f, 1.0f);
