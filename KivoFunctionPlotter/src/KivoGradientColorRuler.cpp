@@ -36,7 +36,7 @@ void CKivoGradientColorRuler::BuildLabels() {
     if (m_divisionCount == 0 || !m_gradient) return;
     const LabelSource source = {m_textRenderer, m_gradient->m_min, m_gradient->m_max, m_divisionCount,
                                 m_precision};
-    if (m_labels && m_textRenderer && source == m_labelSource) return;
+    if (m_textRenderer && source == m_labelSource && HasLabels()) return;
     ReleaseLabels();
     m_labels = new SKivoTexImage[std::size_t{m_divisionCount} + 1];
     bool areMade = true;
@@ -47,6 +47,12 @@ void CKivoGradientColorRuler::BuildLabels() {
             CreateTextImage(m_textRenderer, FormatNumber(value, m_precision).c_str(), &m_labels[i]) == 0;
     }
     if (areMade) m_labelSource = source;
+}
+
+// A label that was made while no context was current has no texture.
+bool CKivoGradientColorRuler::HasLabels() const {
+    return m_labels && std::all_of(m_labels, m_labels + m_divisionCount + 1,
+                                   [](const SKivoTexImage& label) { return label.texture != 0; });
 }
 
 bool CKivoGradientColorRuler::LabelSource::operator==(const LabelSource& other) const {

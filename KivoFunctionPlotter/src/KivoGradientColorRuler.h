@@ -45,6 +45,7 @@ private:
     };
     LabelSource m_labelSource;
 
+    bool HasLabels() const;
     int LabelOverhang(double barRight, int stripWidth) const;
     void RenderLabels(double barRight, double bottom, double spacing, double worldPerPixel) const;
     void RenderBar(double left, double right, double bottom, double bandHeight) const;

@@ -23,9 +23,11 @@ CKivoGridBox::~CKivoGridBox() {
 void CKivoGridBox::FitToData(const float* dataMin, const float* dataMax) {
     m_dataMin = dataMin;
     m_dataMax = dataMax;
-    // The labels go first: they are counted by the intervals that are about to change.
+    // Labels and positions go first: they are counted by the intervals that are about to change.
     for (int axis = 0; axis < 3; ++axis) {
         ReleaseTickLabels(axis);
+        delete[] m_tickPositions[axis];
+        m_tickPositions[axis] = nullptr;
         m_axisMin[axis] = dataMin[axis];
         m_axisMax[axis] = dataMax[axis];
         ChooseNiceScale(m_axisMin[axis], m_axisMax[axis], m_tickStep[axis], m_tickIntervals[axis]);

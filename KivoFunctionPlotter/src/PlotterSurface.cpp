@@ -58,11 +58,15 @@ void DrawFramelineTexture() {
 }
 
 // Draws into the lower left square of the back buffer and reads that into texels, four bytes a pixel, from
-// new[]. volume: left, right, bottom, top. Viewport and clear colour are as before afterwards; lighting is
-// on.
+// new[]. volume: left, right, bottom, top. draw must not throw. Viewport and clear colour are as before
+// afterwards; lighting is on.
 template <typename Draw>
 void DrawIntoTexels(int size, const double* volume, const float* clearColor, Draw draw,
                     unsigned char*& texels) {
+    // What can throw comes first, so that no state is left changed.
+    const std::size_t byteCount = static_cast<std::size_t>(size) * size * 4;
+    ReplaceArray(texels, byteCount);
+    std::memset(texels, 255, byteCount);
     glPushAttrib(GL_VIEWPORT_BIT | GL_COLOR_BUFFER_BIT);
     glViewport(0, 0, size, size);
     {
@@ -85,9 +89,6 @@ void DrawIntoTexels(int size, const double* volume, const float* clearColor, Dra
         glMatrixMode(GL_PROJECTION);
         glPopMatrix();
     }
-    const std::size_t byteCount = static_cast<std::size_t>(size) * size * 4;
-    ReplaceArray(texels, byteCount);
-    std::memset(texels, 255, byteCount);
     GLint readBuffer = GL_BACK;
     glGetIntegerv(GL_READ_BUFFER, &readBuffer);
     glReadBuffer(GL_BACK);
@@ -413,14 +414,15 @@ void CKivoFunctionPlotter::RenderFlatContours(const std::vector<SKivoIsoContour>
 }
 
 void CKivoFunctionPlotter::RenderIsoContour() {
+    std::vector<LevelLines> traced; // before any state is changed: it can throw
+    if (HasReadablePoints()) traced = TraceLevelLines(Grid(), ContouredAxis(), EvenHeights());
     glDisable(GL_LIGHTING);
-    if (HasReadablePoints())
-        for (const LevelLines& lines : TraceLevelLines(Grid(), ContouredAxis(), EvenHeights())) {
-            glBegin(GL_LINES);
-            for (std::uint64_t i = 0; i < lines.pointCount; ++i)
-                glVertex3fv(lines.points.get() + 3 * i);
-            glEnd();
-        }
+    for (const LevelLines& lines : traced) {
+        glBegin(GL_LINES);
+        for (std::uint64_t i = 0; i < lines.pointCount; ++i)
+            glVertex3fv(lines.points.get() + 3 * i);
+        glEnd();
+    }
     glEnable(GL_LIGHTING);
 }
 
@@ -436,10 +438,14 @@ int CKivoFunctionPlotter::ContouredAxis() const {
 void CKivoFunctionPlotter::CreateIsoContourSKivoTexImage() {
     m_isoContourTexWidth = contourTexSize;
     m_isoContourTexHeight = contourTexSize;
-    const auto draw = [this] {
+    std::vector<float> levels;
+    std::vector<LevelLines> traced;
+    if (HasReadablePoints()) {
+        levels = EvenHeights();
+        traced = TraceLevelLines(Grid(), ContouredAxis(), levels);
+    }
+    const auto draw = [&] {
         glLineWidth(2.0f);
-        const std::vector<float> levels = EvenHeights();
-        const std::vector<LevelLines> traced = TraceLevelLines(Grid(), ContouredAxis(), levels);
         for (std::size_t k = 0; k < levels.size(); ++k) {
             const LevelLines& lines = traced[k];
             float color[4] = {0, 0, 0, 1};

@@ -10,6 +10,7 @@
 #include <functional>
 #include <new>
 #include <string>
+#include <vector>
 
 using namespace KivoDrawingTools;
 using namespace KivoTest;
@@ -294,5 +295,70 @@ TEST(AllocationFaults, AFrameAfterOneThatHasThrownIsWhole) {
             hasFailed = Try(n, mode, [&] { return plot.plotter.Renderscene(); }).hasFailed;
             EXPECT_TRUE(CaptureImage(plot.plotter).rgba == expected.rgba);
         }
+    }
+}
+
+namespace {
+
+// The depths of the stacks and the viewport, which whoever changes them puts back.
+std::vector<GLint> StackedState() {
+    std::vector<GLint> state(7);
+    glGetIntegerv(GL_ATTRIB_STACK_DEPTH, &state[0]);
+    glGetIntegerv(GL_MODELVIEW_STACK_DEPTH, &state[1]);
+    glGetIntegerv(GL_PROJECTION_STACK_DEPTH, &state[2]);
+    glGetIntegerv(GL_VIEWPORT, &state[3]);
+    return state;
+}
+
+} // namespace
+
+TEST(AllocationFaults, APictureOfLinesThatThrowsLeavesTheStateAlone) {
+    RecordedPlot plot;
+    plot.Fill();
+    CallProbe& plotter = plot.plotter;
+    const std::function<void()> steps[] = {[&] { plotter.CreateFramelineSKivoTexImage(); },
+                                           [&] { plotter.CreateIsoContourSKivoTexImage(); },
+                                           [&] { plotter.RenderIsoContour(); }};
+    const CurrentContext context(plotter);
+    glEnable(GL_LIGHTING);
+    const std::vector<GLint> before = StackedState();
+    for (const std::function<void()>& step : steps) {
+        bool hasFailed = true;
+        long n = 1;
+        for (; hasFailed; ++n) {
+            const Outcome outcome = Try(n, Mode::once, [&] {
+                step();
+                return 0;
+            });
+            hasFailed = outcome.hasFailed;
+            EXPECT_EQ(outcome.hasThrown, hasFailed);
+            EXPECT_EQ(StackedState(), before) << n;
+            EXPECT_TRUE(glIsEnabled(GL_LIGHTING)) << n;
+        }
+        EXPECT_GT(n, 2) << "nothing was allocated";
+    }
+}
+
+// A derived class sets the ranges itself, with the ticks of other data still there.
+TEST(AllocationFaults, AxesThatFailHaveAsManyTicksAsTheyCount) {
+    float small[3] = {0, 0, 0}, large[3] = {10, 10, 10}, uneven[3] = {0.6f, 0.6f, 0.6f};
+    bool hasFailed = true;
+    for (long n = 1; hasFailed; n = Next(n, Mode::once)) {
+        SCOPED_TRACE(Words("new ranges", n, Mode::once));
+        RecordedPlot plot;
+        plot.Fill();
+        const CurrentContext context(plot.plotter);
+        plot.plotter.UpdateBoundingBoxToViewVolume(small, large);
+        hasFailed = Try(n, Mode::once, [&] {
+                        plot.plotter.UpdateBoundingBoxToViewVolume(small, uneven);
+                        return 0;
+                    }).hasFailed;
+        const CKivoGridBox& box = *plot.plotter.m_gridBox;
+        for (int axis = 0; axis < 3; ++axis) {
+            if (!box.m_tickPositions[axis]) continue;
+            const double last = double{box.m_tickPositions[axis][box.m_tickIntervals[axis]]};
+            EXPECT_NEAR(box.m_boxMin[axis] + last, box.m_axisMax[axis], 1e-4) << axis;
+        }
+        plot.plotter.DrawScene();
     }
 }

@@ -84,7 +84,44 @@ TEST_P(Legend, PrecisionIsThreeAtFirstAndHoldsForAllLegends) {
     EXPECT_EQ(plotter.GetGradientColorRuleFloatingPointPrecision(), 0u);
     EXPECT_EQ(wglGetCurrentContext(), nullptr);
     ExpectLabels(*plotter.m_zColorRuler, -1.0f, 0.2f, 0);
+    ExpectLabels(*plotter.m_xColorRuler, -2.0f, 0.6f, 0);
     ExpectLabels(*plotter.m_yColorRuler, 10.0f, 2.0f, 0);
+}
+
+TEST_P(Legend, ThePrecisionIsThatOfTheFirstRulerThereIs) {
+    CKivoGradientColorRuler** const rulers[] = {&plotter.m_zColorRuler, &plotter.m_xColorRuler,
+                                                &plotter.m_yColorRuler};
+    CKivoGradientColorRuler* const kept[] = {*rulers[0], *rulers[1], *rulers[2]};
+    for (unsigned int i = 0; i < 3; ++i)
+        kept[i]->m_precision = 4 + i;
+    for (unsigned int i = 0; i < 3; ++i) {
+        EXPECT_EQ(plotter.GetGradientColorRuleFloatingPointPrecision(), 4 + i);
+        *rulers[i] = nullptr;
+    }
+    EXPECT_EQ(plotter.GetGradientColorRuleFloatingPointPrecision(), 0u);
+    for (int i = 0; i < 3; ++i)
+        *rulers[i] = kept[i];
+}
+
+TEST_P(Legend, LabelsStayWhereThereAreNoDivisions) {
+    CKivoGradientColorRuler& ruler = *plotter.m_zColorRuler;
+    const SKivoTexImage* const labels = ruler.m_labels;
+    const CurrentContext context(plotter);
+    ruler.m_divisionCount = 0;
+    ruler.m_precision = 1;
+    ruler.BuildLabels();
+    EXPECT_EQ(ruler.m_labels, labels);
+    ruler.m_divisionCount = 10; // by which they are counted when they go
+}
+
+TEST_P(Legend, LabelsMadeWithoutAContextAreMadeAgain) {
+    CKivoGradientColorRuler& ruler = *plotter.m_zColorRuler;
+    ruler.m_precision = 2;
+    ruler.BuildLabels();
+    EXPECT_EQ(ruler.m_labels[0].texture, 0u) << "no context is current";
+    plotter.SetGradientColorRuleFloatingPointPrecision(2);
+    EXPECT_NE(ruler.m_labels[0].texture, 0u);
+    ExpectLabels(ruler, -1.0f, 0.2f, 2);
 }
 
 TEST_P(Legend, LabelsFollowRangePrecisionAndNewContextsButNotColours) {
