@@ -7,7 +7,8 @@ namespace KivoDrawingTools {
 void RgbToHsv(float r, float g, float b, float* h, float* s, float* v);
 
 /// Converts back, with the hue snapped to whole degrees. A hue outside 0 to 1 is folded back when positive; a
-/// negative one, or one that is no finite number, gives the colours of the first sixth of the circle.
+/// negative one, or one that is no finite number, is computed as if it lay in the first sixth of the circle,
+/// so that channels can leave the range from 0 to 1.
 void HsvToRgb(float h, float s, float v, float* r, float* g, float* b);
 
 /// Converts 0x00BBGGRR to four floats: each byte divided by 255, alpha 1.

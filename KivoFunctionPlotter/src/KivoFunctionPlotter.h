@@ -97,16 +97,20 @@ public:
     virtual ~CKivoFunctionPlotter();
 
     /// Binds the plot to a window: pixel format, OpenGL context, lights, fonts. It shows the 3-D plot in its
-    /// start view, out of trace mode, on the background that ResetBackgroundColor() gives. Text is 10 points
-    /// high. A plot that is bound already is released first, as OnDestroy does it, data included.
+    /// start view, out of trace mode, on the background that ResetBackgroundColor() gives; a pan and mirrored
+    /// axes of before stay. Text is 10 points high. A plot that is bound already is released first, as
+    /// OnDestroy does it, data included, even when binding it to the new window then fails.
     /// @param hWnd         the host's window, which must live until OnDestroy
-    /// @param accelerated  true asks for the graphics processor, false for drawing in software
-    /// @return 0; -1 for a null window or when a step of the window system fails. Nothing is rolled back:
-    ///         OnDestroy or the destructor cleans up. Where KivoWindow.h applies, LastWindowError() has
-    ///         the reason.
+    /// @param accelerated  on Windows, true asks for the graphics processor and false for drawing in
+    ///                     software; elsewhere the driver decides
+    /// @return 0; -1 for a null window, which changes nothing, or when a step of the window system fails.
+    ///         Nothing is rolled back then: OnDestroy or the destructor cleans up, and where the bitmap font
+    ///         is what failed, the new context is left current. Where KivoWindow.h applies,
+    ///         LastWindowError() has the reason.
     int OnCreate(HWND hWnd, bool accelerated);
 
-    /// The same, then lays the plot out for a client area of cx x cy pixels, even when the first step failed.
+    /// The same, then lays the plot out for a client area of cx x cy pixels, even when the first step failed;
+    /// no context is current afterwards.
     int OnCreate(HWND hWnd, int cx, int cy, bool accelerated);
 
     /// The same with a text size of its own.
@@ -134,7 +138,8 @@ public:
     int SetFont(void* font);
 
     /// Draws one frame and presents it.
-    /// @return 0, or the platform's last error code when the frame could not be presented
+    /// @return 0, or the platform's last error code when the frame could not be presented; -1 where it has
+    /// none
     int Renderscene();
 
     /// Shows the rotatable 3-D plot in its start view. @return 0
@@ -150,7 +155,7 @@ public:
 
     /// Mirrors an axis in the present view, or takes the mirroring back; setting the present state does
     /// nothing. The flat plots show it only while they keep the matrix it was set in: entering one starts
-    /// unmirrored.
+    /// unmirrored, so that switching off there what was switched on before mirrors the axis.
     /// @return 0
     int SetInverseXAxis(bool inverse);
     int SetInverseYAxis(bool inverse); ///< as SetInverseXAxis
@@ -239,7 +244,7 @@ public:
     /// @param out  receives x, y, z of the traced point in data coordinates
     /// @return whether there is one; without, out is left alone
     bool GetTracePoint(float* const out);
-    /// Finds the nearest point of the surface under a client point, in two plane intersections for each cell.
+    /// Finds the nearest point of the surface under a client point; every cell is accounted for.
     /// @return 0, or 1 when there is none; the point is forgotten then
     int Trace(POINT pt);
     /// Forgets the traced point and finds none. @return 1
@@ -255,7 +260,9 @@ public:
     /// The point at column c and row r begins at float (c * columnStride + r * rowStride) * components.
     /// Drawing takes the array as packed row by row, so the expected layout is columnStride 1 and rowStride =
     /// columns; with other strides bounds and colours follow the strides, and the surface is drawn from the
-    /// packed points. A grid one point wide or high has bounds and colours but no triangles.
+    /// packed points. Strides that address fewer floats than the packed points have, so that drawing would
+    /// read beyond them, draw no surface. A grid one point wide or high has bounds and colours but no
+    /// triangles.
     /// @param points        not null unless columns * rows is 0; from new[], freed with delete[] by the
     ///                      plotter
     /// @param columns       points in a row
@@ -274,7 +281,7 @@ public:
 
     /// Sets how many cells lie between inner frame lines; the four borders are always drawn. Steps beyond the
     /// grid leave the borders alone; a line next to the far border is left out when it would make a strip
-    /// thinner than half a step. A step of 0 draws no lines. New data go back to steps of 1.
+    /// thinner than half a step, rounded down. A step of 0 draws no lines. New data go back to steps of 1.
     void SetFrameLineStep(unsigned int columnStep, unsigned int rowStep);
     /// @param color  0x00BBGGRR; black at first
     void SetFrameLineColor(unsigned long color);
@@ -288,11 +295,12 @@ public:
     // Colour
     // ---------------------------------------------------------------------------------------------------------
 
-    // A gradient runs from its start colour at the axis's smallest value to its end colour at the largest,
-    // through hue, saturation and value. The Z gradient colours the surface and its legend, the X and Y
-    // gradients colour the legends of the flat plots. Array arguments are four floats RGBA, null is not
-    // allowed. Replacing one end re-encodes the other, so that its hue can drift by less than one degree. The
-    // X and Y setters leave the plotter's OpenGL context current when they return.
+    // A gradient runs from its start colour at the data's smallest value to its end colour at the largest,
+    // through hue, saturation and value. The Z gradient colours the surface, the z contours and their legend,
+    // the X and Y gradients colour the x and y contours and the legends of the flat plots. Array arguments
+    // are four floats RGBA, null is not allowed. Replacing one end re-encodes the other, so that its hue can
+    // drift by about one degree each time. The X and Y setters leave the plotter's OpenGL context current
+    // when they return.
 
     /// Sets both ends of all three gradients.
     void SetGradientColor(float const* startRgba, float const* endRgba);
@@ -490,7 +498,7 @@ protected:
     int SetDCPixelFormat(HDC hdc, bool accelerated);
 
     /// Builds the 256 display lists of the bitmap font. The context must be current.
-    /// @return 0, or -1 without device context or context, or when the lists could not be made
+    /// @return 0, or -1 without device context or context, or when the window system could not fill the lists
     int InitFont();
 
     /// Makes the plotter's context current for OpenGL calls of a derived class; EndGLOperation unbinds it.
@@ -505,7 +513,8 @@ protected:
     /// truncated. The plotter itself does not call it.
     void UpdateViewport(int x, int y, int width, int height);
 
-    /// Places both lights around the data box and keeps the second one off.
+    /// Places both lights around the data box and keeps the second one off. Where the view has no finite
+    /// numbers, as before the first data, they are placed as if nothing turned or moved it.
     void UpdateLightsPosition();
 
     /// Draws the frame of the active plot type into the back buffer; the context must be current.
@@ -607,7 +616,8 @@ protected:
     void UpdateXYBoundingBoxToViewVolume();
     void UpdateYZBoundingBoxToViewVolume(); ///< as UpdateXYBoundingBoxToViewVolume
     void UpdateXZBoundingBoxToViewVolume(); ///< as UpdateXYBoundingBoxToViewVolume
-    /// Takes a new data box: gradients, legends, lights, grid box and view volumes follow.
+    /// Takes a new data box: gradients, legends, lights, grid box and view volumes follow. Tracing relies on
+    /// it to hold all points.
     /// @param min, max  three floats each
     void UpdateBoundingBoxToViewVolume(float* const min, float* const max);
     /// Fits the legend's view volume to its viewport.
@@ -742,7 +752,7 @@ protected:
     // ---------------------------------------------------------------------------------------------------------
 
     // Window and OpenGL context
-    HWND m_hWnd = nullptr;   ///< the host's window; null when bound to none
+    HWND m_hWnd = nullptr;   ///< the host's window; stays after OnDestroy
     HDC m_hDC = nullptr;     ///< what the window is drawn through
     HGLRC m_hGLRC = nullptr; ///< the plotter's OpenGL context, owned
 

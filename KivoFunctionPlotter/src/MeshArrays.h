@@ -24,7 +24,8 @@ void FillTexcoords(unsigned int columns, unsigned int rows, float* texcoords);
 void FillTriangleIndices(unsigned int cellColumns, unsigned int cellRows, unsigned int* indices);
 
 /// Frame lines along the borders and along every columnStep-th column and rowStep-th row. A line right before
-/// the far border is left out where the remainder of the cells by the step is less than half a step.
+/// the far border is left out where the remainder of the cells by the step is less than half a step, rounded
+/// down.
 class FrameLines {
 public:
     /// Steps are cut down to the cells there are; with none, there are no lines.

@@ -292,6 +292,28 @@ TEST_P(Contours, RecordsLieFlatOnThePlaneOfTheirAxis) {
     }
 }
 
+// Heights are pulled in from both extremes by a fifth of a spacing; levels of x and y lie inside the range by
+// one spacing and that fifth.
+TEST_P(Contours, LevelsOfHeightAreOthersThanThoseOfXAndY) {
+    constexpr unsigned int columns = 22, rows = 43;
+    float* const points = new float[3 * columns * rows];
+    for (unsigned int i = 0; i < columns * rows; ++i) {
+        const float x = static_cast<float>(i % columns), y = static_cast<float>(i / columns);
+        const float point[] = {x, 0.5f * y, std::min(x, 19.0f)};
+        std::copy_n(point, 3, points + 3 * i);
+    }
+    plotter.SetData(points, columns, rows, 1, columns, 3); // x and y from 0 to 21, z from 0 to 19
+    ASSERT_EQ(plotter.m_flatXIsoContours.size(), 20u);
+    ASSERT_EQ(plotter.m_flatYIsoContours.size(), 20u);
+    ASSERT_EQ(plotter.m_flatZIsoContours.size(), 20u);
+    for (std::size_t k = 0; k < 20; ++k) {
+        const double number = static_cast<double>(k);
+        EXPECT_NEAR(plotter.m_flatXIsoContours[k].level, 0.2 + (number + 1) * 20.6 / 21, 1e-5);
+        EXPECT_NEAR(plotter.m_flatYIsoContours[k].level, 0.2 + (number + 1) * 20.6 / 21, 1e-5);
+        EXPECT_NEAR(plotter.m_flatZIsoContours[k].level, 0.2 + number * 18.6 / 19, 1e-5);
+    }
+}
+
 TEST_P(Contours, TheCountIsCheckedAndRebuildsOnce) {
     EXPECT_EQ(plotter.SetIsoContourCount(0), -3);
     EXPECT_EQ(plotter.m_flatZIsoContours.size(), 20u);
@@ -477,6 +499,11 @@ TEST_P(Contours, ThePictureFormKeepsViewportAndClearColour) {
     }
     EXPECT_GT(white, 80000);
     EXPECT_GT(coloured, 10000);
+    GLint alphaBits = 0;
+    glGetIntegerv(GL_ALPHA_BITS, &alphaBits);
+    if (alphaBits > 0) {
+        EXPECT_EQ(plotter.m_isoContourTexels[3], 0) << "a corner without lines is transparent";
+    }
     GLint viewport[4] = {};
     GLfloat clear[4] = {};
     glGetIntegerv(GL_VIEWPORT, viewport);

@@ -9,6 +9,7 @@
 #include "TextRenderer.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <functional>
 #include <memory>
@@ -523,6 +524,41 @@ TEST_P(LifecycleInWindow, CreatingTwiceGivesAWorkingPlotter) {
     ASSERT_EQ(plotter.OnCreate(plot.window.Handle(), 320, 240, true), 0);
     SetSurface();
     EXPECT_EQ(plotter.Renderscene(), 0);
+}
+
+TEST_P(LifecycleInWindow, CreatingAgainGivesBackTheFirstWindowsDataFirst) {
+    SetSurface();
+    EXPECT_EQ(plotter.OnCreate(nullptr, true), -1);
+    EXPECT_NE(plotter.m_points, nullptr) << "no window was named, so nothing changes";
+    EXPECT_EQ(plotter.Renderscene(), 0);
+
+    HWND gone = nullptr;
+    {
+        const TestWindow other(GetParam(), 64, 48);
+        gone = other.Handle();
+    }
+    EXPECT_EQ(plotter.OnCreate(gone, 64, 48, true), -1);
+    EXPECT_EQ(plotter.m_points, nullptr);
+    EXPECT_EQ(plotter.m_hGLRC, nullptr);
+    EXPECT_NE(plotter.Renderscene(), 0);
+
+    ASSERT_EQ(plotter.OnCreate(plot.window.Handle(), 320, 240, true), 0);
+    SetSurface();
+    EXPECT_EQ(plotter.Renderscene(), 0);
+}
+
+TEST_P(LifecycleInWindow, APanAndMirroredAxesStayForTheNextWindow) {
+    SetSurface();
+    plotter.SetInverseYAxis(true);
+    plotter.Translate(POINT{0, 0}, POINT{30, 20});
+    const std::vector<double> before(plotter.m_rotationMatrix, plotter.m_rotationMatrix + 16);
+    EXPECT_EQ(plotter.OnDestroy(), 0);
+    ASSERT_EQ(plotter.OnCreate(plot.window.Handle(), 320, 240, true), 0);
+    EXPECT_TRUE(plotter.m_inverseYAxis);
+    const double* const now = plotter.m_rotationMatrix; // the start view's tilt has turned the pan too
+    EXPECT_GT(std::abs(before[12]), 0.1);
+    EXPECT_NEAR(now[12], before[12], 1e-6);
+    EXPECT_NEAR(std::hypot(now[13], now[14]), std::hypot(before[13], before[14]), 1e-6);
 }
 
 // A context that another thread has bound cannot be deleted; the rest goes all the same.

@@ -175,6 +175,17 @@ TEST_P(PlotModes, AnInverseAxisNegatesItsColumnAndComesBackExactly) {
     }
 }
 
+// The flat plot has forgotten the mirroring, but not that it was switched on.
+TEST_P(PlotModes, SwitchingAnInverseAxisOffInAFlatPlotMirrorsIt) {
+    plotter.SetInverseXAxis(true);
+    plotter.SwitchToXYProjectPlot();
+    EXPECT_EQ(plotter.m_rotationMatrix[0], 1.0);
+    EXPECT_TRUE(plotter.m_inverseXAxis);
+    plotter.SetInverseXAxis(false);
+    EXPECT_EQ(plotter.m_rotationMatrix[0], -1.0);
+    EXPECT_FALSE(plotter.m_inverseXAxis);
+}
+
 TEST_P(PlotModes, AnInverseAxisKeepsTheCallersMatrixMode) {
     {
         const CurrentContext context(plotter);

@@ -227,6 +227,46 @@ TEST_P(ContextInWindow, ADerivedClassLightsInItsOwnWay) {
     EXPECT_FALSE(glIsEnabled(GL_LIGHTING));
 }
 
+namespace {
+
+class EvenLighting : public PlotterProbe {
+public:
+    int InitLighting() override {
+        PlotterProbe::InitLighting();
+        const GLfloat even[] = {0.8f, 0.8f, 0.8f, 1.0f};
+        const GLfloat none[] = {0.0f, 0.0f, 0.0f, 1.0f};
+        glLightfv(GL_LIGHT0, GL_AMBIENT, even);
+        glLightfv(GL_LIGHT0, GL_DIFFUSE, none);
+        glLightfv(GL_LIGHT0, GL_SPECULAR, none);
+        return 0;
+    }
+};
+
+} // namespace
+
+// OpenGL's own ambient light of 0.2 makes the rest.
+TEST_P(ContextInWindow, AmbientLightOfFourFifthsShowsTheColoursOfTheGradient) {
+    TestWindow window(GetParam(), 320, 240);
+    TestSurface surface = HillSurface(12, 10);
+    EvenLighting even;
+    ASSERT_EQ(even.OnCreate(window.Handle(), 320, 240, true), 0);
+    even.SetDataReference(surface.points.data(), surface.columns, surface.rows, 1, surface.columns, 3);
+    even.ShowFrameLines(false);
+    const int rgb[] = {153, 102, 51};
+    even.SetZGradientStartColor(0x00336699);
+    even.SetZGradientEndColor(0x00336699);
+    const Image image = CaptureImage(even);
+    int shown = 0, others = 0;
+    for (int y = 0; y < image.height; ++y)
+        for (int x = 60; x < image.width; ++x) { // the legend is on the left
+            const unsigned char* const pixel = image.Pixel(x, y);
+            const bool isBrown = pixel[0] > pixel[1] + 20 && pixel[1] > pixel[2] + 20;
+            (image.IsNear(x, y, rgb, 2) ? shown : others) += isBrown ? 1 : 0;
+        }
+    EXPECT_GT(shown, 1000);
+    EXPECT_EQ(others, 0);
+}
+
 TEST(OnCreate, TheHooksReturnZero) {
     PlotterProbe plotter;
     EXPECT_EQ(plotter.InitCustomized(), 0);

@@ -184,6 +184,25 @@ TEST_P(Text, TwoLinesAreCutInTheMiddleOfTheBytes) {
     }
 }
 
+// The first line of an odd number of bytes is the shorter one.
+TEST_P(Text, TheMiddleByteOfAnOddNumberBeginsTheSecondLine) {
+    const std::string dots(50, '.'), first(50, 'i');
+    Make(first + "W" + dots);
+    ASSERT_EQ(image.width, 512);
+    EXPECT_NEAR(InkWidth(true), Extent(first).cx, 4);
+    EXPECT_NEAR(InkWidth(false), Extent("W" + dots).cx, 4);
+}
+
+TEST_P(Text, WhatDoesNotFitIntoTwoLinesIsClipped) {
+    for (const bool isWideFirst : {true, false}) {
+        const std::string wide(200, 'W'), narrow(200, '.');
+        Make(isWideFirst ? wide + narrow : narrow + wide);
+        ASSERT_EQ(image.width, 512);
+        EXPECT_GT(InkWidth(isWideFirst), 500);
+        EXPECT_LE(InkWidth(isWideFirst), 512);
+    }
+}
+
 TEST_P(Text, ExactlyTheWidestLineStaysOne) {
     for (const int width : {511, 512, 513}) {
         const std::string text = FindTextOfWidth(width);

@@ -24,9 +24,9 @@ class EvenlyLitPlotter : public CKivoFunctionPlotter {
 protected:
     int InitLighting() override { // called by OnCreate
         CKivoFunctionPlotter::InitLighting();
-        const GLfloat full[] = {1.0f, 1.0f, 1.0f, 1.0f};
+        const GLfloat even[] = {0.8f, 0.8f, 0.8f, 1.0f}; // OpenGL adds 0.2 of its own
         const GLfloat none[] = {0.0f, 0.0f, 0.0f, 1.0f};
-        glLightfv(GL_LIGHT0, GL_AMBIENT, full);
+        glLightfv(GL_LIGHT0, GL_AMBIENT, even);
         glLightfv(GL_LIGHT0, GL_DIFFUSE, none);
         glLightfv(GL_LIGHT0, GL_SPECULAR, none);
         return 0;
