@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstddef>
 #include <iterator>
+#include <limits>
 #include <type_traits>
 
 namespace KivoDrawingTools {
@@ -131,6 +132,7 @@ bool ScaleToUnitBox(const float* boxMin, const float* boxMax, double* scale, dou
 // False where no triangle can be ruled out safely.
 bool LookAlong(const float* origin, const float* dir, const float* boxMin, const float* boxMax,
                SightView<double>& view) {
+    constexpr double largest = std::numeric_limits<float>::max() / 4.0; // of what has to fit single precision
     double scale[3], shortest = 0.0, longest = 0.0;
     if (!ScaleToUnitBox(boxMin, boxMax, scale, &shortest, &longest)) return false;
 
@@ -161,6 +163,7 @@ bool LookAlong(const float* origin, const float* dir, const float* boxMin, const
     double offLine[3]; // how far rounding puts the center off the line
     for (int i = 0; i < 3; ++i) {
         const double center = origin[i] + distance * axes[2][i] / scale[i];
+        if (!(std::fabs(center) < largest)) return false;
         view.center[i] = static_cast<float>(center);
         offLine[i] = (view.center[i] - center) * scale[i];
         view.across[i] = axes[0][i] * scale[i];
@@ -178,7 +181,7 @@ bool LookAlong(const float* origin, const float* dir, const float* boxMin, const
     view.needle = std::max({1e-4, 2e-5 * longest / shortest, 1.5e-18 * longest * longest});
     view.leastArea = 1e-17 / (shortest * shortest); // and this above the smallest
     view.areaError = 0.0;
-    return view.needle < 0.25 && std::isfinite(view.margin) && std::isfinite(view.leastArea);
+    return view.needle < 0.25 && view.margin < largest && view.leastArea < largest && view.radius < largest;
 }
 
 // The same view for single precision, with its rounding allowed for.
