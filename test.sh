@@ -15,13 +15,16 @@ without_display=(env -u DISPLAY -u WAYLAND_DISPLAY)
 
 # The library's tests, of the build release or asan.
 library_without_display() {
-    run_tests "$1-offscreen" "${without_display[@]}" "build-$1/tests/kivo-tests"
-    run_tests "$1-conformance" "${without_display[@]}" "build-$1/tests/kivo-conformance-tests"
+    run_tests "$1-computing" "${without_display[@]}" "build-$1/tests/kivo-computing-tests"
+    run_tests "$1-offscreen" "${without_display[@]}" "build-$1/tests/kivo-plotter-tests"
+    run_tests "$1-window-system" "${without_display[@]}" "build-$1/tests/kivo-window-system-tests"
+    run_tests "$1-calls" "${without_display[@]}" "build-$1/tests/kivo-call-tests"
 }
 library_in_x11() {
     # What is the same without a display is left out, but not all: the leak checker needs the driver to stay loaded.
-    run_tests "$1-x11" scripts/with-display.sh "build-$1/tests/kivo-tests" \
-        --gtest_filter='-*/Offscreen:AxisLabelLayoutSweep.*:BadNumbers.*:LevelLines.*:PickSurface.*'
+    run_tests "$1-x11" scripts/with-display.sh "build-$1/tests/kivo-plotter-tests" \
+        --gtest_filter='-*/Offscreen:BadNumbers.*'
+    run_tests "$1-window-system-x11" scripts/with-display.sh "build-$1/tests/kivo-window-system-tests"
 }
 
 # All that runs Windows programs, one after another: they share one Windows.
@@ -29,7 +32,8 @@ on_windows() {
     check "a Windows of Wine's" scripts/with-display.sh scripts/with-wine.sh cmd /c exit
     run_tests hosts scripts/with-display.sh env KIVO_WIN32_HOST="$root/build-mingw/examples/win32_host.exe" \
         build-release/tests/kivo-host-tests
-    run_tests windows scripts/with-display.sh scripts/with-wine.sh build-mingw/tests/kivo-tests.exe
+    run_tests windows scripts/with-display.sh scripts/with-wine.sh build-mingw/tests/kivo-plotter-tests.exe
+    run_tests windows-computing scripts/with-wine.sh build-mingw/tests/kivo-computing-tests.exe
     check "pictures of X11, off-screen and Windows agree" scripts/with-display.sh scripts/compare-platforms.sh
     check "package, shared, Windows" scripts/test-package.sh shared Release FetchContent mingw
     check "package, static, Windows" scripts/test-package.sh static Release add_subdirectory mingw
@@ -51,10 +55,9 @@ packages() {
 
 # What the fuzzers have found to reach the most, once more.
 inputs_of_fuzzers() {
-    local target
-    for target in formula reader plotter; do
-        check "inputs of fuzzers, $target" "${without_display[@]}" \
-            "build-asan/tests/kivo-fuzz-$target" "KivoFunctionPlotter/tests/fuzz/corpus/$target"
+    local corpus
+    for corpus in viewer/tests/fuzz/corpus/{formula,reader} KivoFunctionPlotter/tests/fuzz/corpus/plotter; do
+        check "inputs of fuzzers, ${corpus##*/}" "${without_display[@]}" "build-asan/tests/kivo-fuzz-${corpus##*/}" "$corpus"
     done
 }
 
@@ -95,7 +98,8 @@ on_windows_and_packaged() {
 
 # The builds: optimised, under sanitizers, and for Windows. Warnings are errors in all of them.
 check "build (release)" scripts/build.sh release
-check "build (asan)" scripts/build.sh asan kivo-tests kivo-conformance-tests kivo-load-tests kivo-viewer-tests \
+check "build (asan)" scripts/build.sh asan kivo-computing-tests kivo-plotter-tests kivo-window-system-tests kivo-call-tests \
+    kivo-load-tests kivo-viewer-tests \
     kivo-fuzz-formula kivo-fuzz-reader kivo-fuzz-plotter
 check "build (mingw)" scripts/build.sh mingw
 at_once on_linux under_sanitizers on_windows_and_packaged

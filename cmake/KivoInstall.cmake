@@ -9,7 +9,7 @@ install(TARGETS KivoFunctionPlotter EXPORT KivoFunctionPlotterTargets
     LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT runtime NAMELINK_COMPONENT development
     ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT development)
 install(FILES
-    src/KivoFunctionPlotter.h src/KivoHost.h src/KivoPicture.h src/KivoPlatform.h src/KivoWindow.h
+    ${kivo_headers}
     "${kivo_generated_headers}/KivoVersion.h"
     DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT development)
 

@@ -1,31 +1,17 @@
 // A plot without any window system: an off-screen window, one frame, a PNG file.
 // `offscreen_picture FILE.png [WIDTH HEIGHT]` needs no display.
 #include "Hill.h"
+#include "PngFile.h"
 
 #include <KivoFunctionPlotter.h>
 #include <KivoPicture.h>
 #include <KivoWindow.h>
-
-#include <png.h>
 
 #include <cstdio>
 #include <cstdlib>
 #include <vector>
 
 using namespace KivoDrawingTools;
-
-namespace {
-
-bool WritePng(const char* path, const std::vector<unsigned char>& rgba, int width, int height) {
-    png_image image = {};
-    image.version = PNG_IMAGE_VERSION;
-    image.width = static_cast<png_uint_32>(width);
-    image.height = static_cast<png_uint_32>(height);
-    image.format = PNG_FORMAT_RGBA;
-    return png_image_write_to_file(&image, path, 0, rgba.data(), 0, nullptr) != 0;
-}
-
-} // namespace
 
 int main(int argc, char** argv) {
     if (argc != 2 && argc != 4) {

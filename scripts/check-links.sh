@@ -42,7 +42,7 @@ done
 
 # Files of the documentation that are named in the text are links' targets or exist all the same.
 for page in "${pages[@]}"; do
-    for name in $(grep -ohE '`(docs|scripts|examples|benchmarks|viewer)/[A-Za-z0-9_./-]+`' "$page" | tr -d '`' | sort -u); do
+    for name in $(grep -ohE '`(KivoFunctionPlotter|docs|scripts|examples|viewer)/[A-Za-z0-9_./-]+`' "$page" | tr -d '`' | sort -u); do
         [ -e "$name" ] || [ -e "$name.cpp" ] || complain "$page: there is no $name"
     done
 done

@@ -5,8 +5,8 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 out=${KIVO_TEST_OUTPUT:-build-test-output}/platforms
 mkdir -p "$out"
 tests=build-release/tests
-KIVO_SCENE_OUTPUT="$out/linux" "$tests/kivo-tests" --gtest_filter='*SceneTest*'
-KIVO_SCENE_OUTPUT="$out/windows" scripts/with-wine.sh build-mingw/tests/kivo-tests.exe --gtest_filter='*SceneTest*'
+KIVO_SCENE_OUTPUT="$out/linux" "$tests/kivo-plotter-tests" --gtest_filter='*SceneTest*'
+KIVO_SCENE_OUTPUT="$out/windows" scripts/with-wine.sh build-mingw/tests/kivo-plotter-tests.exe --gtest_filter='*SceneTest*'
 for other in linux-onscreen windows-offscreen windows-onscreen; do
     "$tests/kivo-compare-pictures" "$out/linux-offscreen.pam" "$out/$other.pam" "$out/$other-difference.pam"
 done

@@ -19,7 +19,7 @@ unset DISPLAY WAYLAND_DISPLAY
 seeds=$(mktemp -d)
 trap 'rm -rf "$seeds"' EXIT
 mkdir "$seeds/reader" "$seeds/formula" "$seeds/plotter"
-for file in KivoFunctionPlotter/tests/data/*; do
+for file in viewer/tests/data/*; do
     for kind in 0 1 2; do
         { printf '%b' "\\x0$kind"; head -c 2000 "$file"; } >"$seeds/reader/$kind-$(basename "$file")"
     done
@@ -28,7 +28,8 @@ printf '%s\n' '' '' 'sin(x) * cos(y) / (1 + x^2)' >"$seeds/formula/waves"
 printf '%s\n' '-1:1:5' '0:1e3:9' 'x > 0 ? sqrt(x) : ln(y)' >"$seeds/formula/ranges"
 
 fuzz() { # target seconds
-    local corpus="KivoFunctionPlotter/tests/fuzz/corpus/$1" findings="build-fuzz/findings/$1-" new="build-fuzz/new-$1"
+    local corpus=viewer/tests/fuzz/corpus/$1 findings="build-fuzz/findings/$1-" new="build-fuzz/new-$1"
+    [ "$1" != plotter ] || corpus=KivoFunctionPlotter/tests/fuzz/corpus/plotter
     mkdir -p "$corpus" build-fuzz/findings "$new"
     "build-fuzz/tests/kivo-fuzz-$1" -max_total_time="$2" -max_len=2048 -len_control=0 -timeout=10 -rss_limit_mb=4096 \
         -print_final_stats=1 -artifact_prefix="$findings" "$new" "$corpus" "$seeds/$1" 2>"build-fuzz/$1.log" || {

@@ -29,4 +29,4 @@ awk '
         }
         declaration = ""
     }
-' KivoFunctionPlotter/src/KivoFunctionPlotter.h
+' KivoFunctionPlotter/include/KivoFunctionPlotter.h

@@ -2,7 +2,7 @@
 # Draws every picture of README.md and docs/ anew: scripts/make-pictures.sh [--check]
 # With --check the pictures are drawn into a folder of their own and compared with those that are there; the viewer's
 # windows, which look as the desktop has them, only need to come out. docs/pictures/growth.svg is a result of
-# benchmarks/compare.sh.
+# KivoFunctionPlotter/benchmarks/compare.sh.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 pictures=docs/pictures
@@ -18,7 +18,7 @@ fi
 mkdir -p "$pictures/features" "$pictures/viewer"
 
 unset WAYLAND_DISPLAY
-env -u DISPLAY build-release/examples/terrain_gallery viewer/samples/terrain.asc "$pictures"
+env -u DISPLAY build-release/docs/picture_makers/terrain_gallery viewer/samples/terrain.asc "$pictures"
 env -u DISPLAY build-release/examples/feature_pictures "$pictures/features"
 steps=$(mktemp -d) # the program keeps a picture of each step, too
 trap 'rm -rf "$steps"' EXIT

@@ -6,8 +6,8 @@ scripts/make-reference.sh
 [ -s build-reference/html/classKivoDrawingTools_1_1CKivoFunctionPlotter.html ]
 
 # The headers that are documented are those that are installed; KivoVersion.h, which is generated, has macros only.
-installed=$(sed -n '/^install(FILES$/,/)/p' cmake/KivoInstall.cmake | grep -o 'src/[A-Za-z]*\.h' | sort)
-documented=$(grep -o 'src/[A-Za-z]*\.h' docs/Doxyfile | sort)
+installed=$(sed -n '/^set(kivo_headers$/,/)/p' KivoFunctionPlotter/CMakeLists.txt | grep -o 'include/[A-Za-z]*\.h' | sort)
+documented=$(grep -o 'include/[A-Za-z]*\.h' docs/Doxyfile | sort)
 [ -n "$installed" ]
 diff <(echo "$installed") <(echo "$documented")
 

@@ -11,6 +11,10 @@ if [ "${1:-}" != --all ]; then
     omitted+=':PickSurface.FindsWhatAPlainWalkFindsWithUnequalAxesAndOffsets'
 fi
 unset DISPLAY WAYLAND_DISPLAY
-exec valgrind --quiet --error-exitcode=1 --leak-check=full --show-leak-kinds=definite,indirect \
-    --errors-for-leak-kinds=definite,indirect --suppressions=KivoFunctionPlotter/tests/support/valgrind.supp \
-    build-release/tests/kivo-tests --gtest_filter="-$omitted"
+check() {
+    valgrind --quiet --error-exitcode=1 --leak-check=full --show-leak-kinds=definite,indirect \
+        --errors-for-leak-kinds=definite,indirect --suppressions=KivoFunctionPlotter/tests/support/valgrind.supp \
+        "$1" --gtest_filter="-$omitted"
+}
+check build-release/tests/kivo-computing-tests
+check build-release/tests/kivo-plotter-tests

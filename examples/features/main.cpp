@@ -1,7 +1,7 @@
 // Draws the pictures of docs/features.md: `feature_pictures FOLDER`. It needs no display.
+#include "../PngFile.h"
 #include "FeaturePicture.h"
 #include "Plate.h"
-#include "PngWriter.h"
 
 #include <KivoPicture.h>
 #include <KivoWindow.h>
@@ -47,8 +47,10 @@ int Draw(const FeaturePicture& picture, const std::string& folder) {
     const Pixels pixels = (picture.capture ? picture.capture : Capture)(*plotter);
     plotter->OnDestroy();
     ReleaseWindow(window);
-    KivoViewer::WritePng(folder + "/" + picture.name + ".png", pixels.rgba, {pixels.width, pixels.height});
-    return 0;
+    const std::string path = folder + "/" + picture.name + ".png";
+    if (WritePng(path, pixels.rgba, pixels.width, pixels.height)) return 0;
+    std::fprintf(stderr, "feature_pictures: %s was not written\n", path.c_str());
+    return 1;
 }
 
 } // namespace

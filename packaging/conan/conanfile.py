@@ -31,7 +31,7 @@ class KivoFunctionPlotterRecipe(ConanFile):
 
     def export_sources(self):
         for pattern in ("CMakeLists.txt", "LICENSE", "cmake/*", "KivoFunctionPlotter/*"):
-            copy(self, pattern, self._checkout, self.export_sources_folder, excludes=("*/tests/*", "*/abi/*"))
+            copy(self, pattern, self._checkout, self.export_sources_folder, excludes=("*/tests/*", "*/benchmarks/*", "*/abi/*"))
 
     def validate(self):
         check_min_cppstd(self, 17)

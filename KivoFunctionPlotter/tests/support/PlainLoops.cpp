@@ -1,6 +1,6 @@
 #include "PlainLoops.h"
 
-#include "VectorMath.h"
+#include "computing/VectorMath.h"
 
 #include <algorithm>
 #include <cmath>

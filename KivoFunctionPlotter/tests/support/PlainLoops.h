@@ -2,9 +2,9 @@
 // for bit.
 #pragma once
 
-#include "GridView.h"
-#include "KivoGradientColor.h"
-#include "SurfacePicker.h"
+#include "computing/GridView.h"
+#include "computing/SurfacePicker.h"
+#include "parts/KivoGradientColor.h"
 
 #include <vector>
 

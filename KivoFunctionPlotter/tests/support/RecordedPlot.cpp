@@ -1,8 +1,8 @@
 #include "RecordedPlot.h"
 
-#include "KivoMeasurePointGroupManager.h"
+#include "parts/KivoMeasurePointGroupManager.h"
+#include "parts/TextRenderer.h"
 #include "TestSurfaces.h"
-#include "TextRenderer.h"
 
 #include <algorithm>
 #include <stdexcept>

@@ -1,6 +1,6 @@
 #include "LastError.h"
 
-#include "../../KivoWindow.h"
+#include "KivoWindow.h"
 
 #include <cstdio>
 #include <utility>

@@ -1,6 +1,6 @@
 // Windows without a screen.
 
-#include "../../KivoWindow.h"
+#include "KivoWindow.h"
 #include "LastError.h"
 #include "NativeWindow.h"
 #include "PixelFormats.h"

@@ -1,6 +1,6 @@
 #include "X11Window.h"
 
-#include "../../KivoWindow.h"
+#include "KivoWindow.h"
 #include "LastError.h"
 
 #include <cstdlib>

@@ -1,0 +1,33 @@
+// The plain records that the plotter's class and its parts share.
+#pragma once
+
+#include <cstdint>
+
+namespace KivoDrawingTools {
+
+/// A text as an image: a block of pixels and the OpenGL texture made of it.
+struct SKivoTexImage {
+    unsigned int texture = 0;        ///< OpenGL texture name, 0 when there is none yet
+    int width = 0;                   ///< in pixels
+    int height = 0;                  ///< in pixels
+    float sMax = 0.0f;               ///< width / the power of two that holds it: end of the used part in s
+    float tMax = 0.0f;               ///< height / the power of two that holds it: end of the used part in t
+    unsigned char* pixels = nullptr; ///< width * height * 4 bytes RGBA, bottom row first; from new[], owned
+};
+
+/// The line segments of one contour level.
+struct SKivoIsoContour {
+    float* points;            ///< three floats a point, two points a segment; from new[]
+    std::uint64_t pointCount; ///< always even
+    float level;              ///< value of the contoured coordinate
+};
+
+/// An RGBA colour, each channel from 0 to 1.
+struct SKivoColor {
+    float red;   ///< 0 to 1
+    float green; ///< 0 to 1
+    float blue;  ///< 0 to 1
+    float alpha; ///< 0 transparent, 1 opaque
+};
+
+} // namespace KivoDrawingTools

@@ -1,0 +1,139 @@
+#include "KivoGradientColorRuler.h"
+
+#include "drawing/GLScopes.h"
+#include "drawing/TexturedQuad.h"
+#include "KivoGradientColor.h"
+#include "TextRenderer.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+namespace KivoDrawingTools {
+
+namespace {
+
+constexpr double labelCentre = 0.6; // from the bar, in widths of the label
+constexpr double labelScale = 0.9;  // of the label's size in pixels
+
+} // namespace
+
+CKivoGradientColorRuler::~CKivoGradientColorRuler() {
+    ReleaseLabels();
+}
+
+void CKivoGradientColorRuler::SetGradient(CKivoGradientColor* gradient) {
+    m_gradient = gradient;
+    const float quarter = (gradient->m_max - gradient->m_min) / 4.0f; // four times a large range is infinite
+    for (int i = 0; i < 5; ++i) {
+        const float value = gradient->m_min + static_cast<float>(i) * quarter;
+        gradient->Evaluate(value, m_colors[i]);
+        m_colors[i][3] = 1.0f;
+    }
+}
+
+void CKivoGradientColorRuler::BuildLabels() {
+    if (m_divisionCount == 0 || !m_gradient) return;
+    const LabelSource source = {m_textRenderer, m_gradient->m_min, m_gradient->m_max, m_divisionCount,
+                                m_precision};
+    if (m_textRenderer && source == m_labelSource && HasLabels()) return;
+    ReleaseLabels();
+    m_labels = new SKivoTexImage[std::size_t{m_divisionCount} + 1];
+    bool areMade = true;
+    const float step = (m_gradient->m_max - m_gradient->m_min) / static_cast<float>(m_divisionCount);
+    for (unsigned int i = 0; i <= m_divisionCount; ++i) {
+        const float value = m_gradient->m_min + static_cast<float>(i) * step;
+        areMade &=
+            CreateTextImage(m_textRenderer, FormatNumber(value, m_precision).c_str(), &m_labels[i]) == 0;
+    }
+    if (areMade) m_labelSource = source;
+}
+
+// A label that was made while no context was current has no texture.
+bool CKivoGradientColorRuler::HasLabels() const {
+    return m_labels && std::all_of(m_labels, m_labels + m_divisionCount + 1,
+                                   [](const SKivoTexImage& label) { return label.texture != 0; });
+}
+
+bool CKivoGradientColorRuler::LabelSource::operator==(const LabelSource& other) const {
+    return renderer == other.renderer && min == other.min && max == other.max &&
+           divisionCount == other.divisionCount && precision == other.precision;
+}
+
+void CKivoGradientColorRuler::ReleaseLabels() {
+    m_labelSource = {};
+    if (!m_labels) return;
+    for (unsigned int i = 0; i <= m_divisionCount; ++i)
+        ReleaseTextImage(&m_labels[i]);
+    delete[] m_labels;
+    m_labels = nullptr;
+}
+
+void CKivoGradientColorRuler::Render(const int* viewport, const double* volume) const {
+    const double width = volume[1] - volume[0];
+    const double height = volume[3] - volume[2];
+    const double worldPerPixel = width / viewport[2];
+    const double left = volume[0] + 0.10 * width;
+    const double right = left + 0.12 * width;
+    const double bottom = volume[2] + 0.14 * height;
+
+    // In a narrow strip the labels reach beyond it, at the same place and size.
+    const int overhang = LabelOverhang((right - volume[0]) / worldPerPixel, viewport[2]);
+    glPushAttrib(GL_VIEWPORT_BIT);
+    glViewport(viewport[0], viewport[1], viewport[2] + overhang, viewport[3]);
+    const MatrixModeScope projection(GL_PROJECTION);
+    glPushMatrix();
+    glLoadIdentity();
+    glOrtho(volume[0], volume[1] + overhang * worldPerPixel, volume[2], volume[3], volume[4], volume[5]);
+    glMatrixMode(GL_MODELVIEW);
+    glPushMatrix();
+    glLoadIdentity();
+
+    RenderBar(left, right, bottom, 0.2 * height);
+    RenderLabels(right, bottom, 0.8 * height / m_divisionCount, worldPerPixel);
+
+    glPopMatrix();
+    glMatrixMode(GL_PROJECTION);
+    glPopMatrix();
+    glPopAttrib();
+}
+
+// Pixels by which the widest label passes the strip's right side.
+int CKivoGradientColorRuler::LabelOverhang(double barRight, int stripWidth) const {
+    int widest = 0;
+    for (unsigned int i = 0; m_labels && i <= m_divisionCount; ++i)
+        widest = std::max(widest, m_labels[i].width);
+    const double overhang = barRight + widest * (labelCentre + labelScale / 2.0) - stripWidth;
+    return overhang > 0.0 && overhang < 1e6 ? static_cast<int>(std::ceil(overhang)) : 0;
+}
+
+void CKivoGradientColorRuler::RenderLabels(double barRight, double bottom, double spacing,
+                                           double worldPerPixel) const {
+    constexpr float toTheRight[] = {1, 0, 0};
+    constexpr float upwards[] = {0, 1, 0};
+    const double scale = worldPerPixel * labelScale;
+    for (unsigned int i = 0; m_labels && i <= m_divisionCount; ++i) {
+        const float centre[] = {
+            static_cast<float>(barRight + m_labels[i].width * worldPerPixel * labelCentre),
+            static_cast<float>(bottom + i * spacing), 0.0f};
+        DrawTexturedQuad(centre, toTheRight, upwards, scale, scale, m_labels[i]);
+    }
+}
+
+// Four bands between the five colours.
+void CKivoGradientColorRuler::RenderBar(double left, double right, double bottom, double bandHeight) const {
+    glBegin(GL_QUADS);
+    for (int band = 0; band < 4; ++band) {
+        const double low = bottom + band * bandHeight;
+        const double high = low + bandHeight;
+        glColor4fv(m_colors[band]);
+        glVertex3d(left, low, 0.0);
+        glVertex3d(right, low, 0.0);
+        glColor4fv(m_colors[band + 1]);
+        glVertex3d(right, high, 0.0);
+        glVertex3d(left, high, 0.0);
+    }
+    glEnd();
+}
+
+} // namespace KivoDrawingTools

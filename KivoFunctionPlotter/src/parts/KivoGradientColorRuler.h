@@ -1,0 +1,57 @@
+// The colour legend: a gradient as a bar with labelled values.
+#pragma once
+
+#include "KivoTypes.h"
+
+namespace KivoDrawingTools {
+
+class CKivoGradientColor;
+struct STextRenderer;
+
+/// Shows one gradient. Labels are textures: members that build or release them want the OpenGL context
+/// current.
+class CKivoGradientColorRuler {
+public:
+    CKivoGradientColorRuler() = default;
+    CKivoGradientColorRuler(const CKivoGradientColorRuler&) = delete;
+    CKivoGradientColorRuler& operator=(const CKivoGradientColorRuler&) = delete;
+    virtual ~CKivoGradientColorRuler();
+
+    /// Takes the gradient and its colours at 0, 1/4, 1/2, 3/4 and 1 of its range.
+    void SetGradient(CKivoGradientColor* gradient);
+    /// Makes the labels from range, division count and precision. They stay as they are with 0 divisions, and
+    /// where they show these numbers already.
+    void BuildLabels();
+    void ReleaseLabels();
+    /// Draws bar and labels.
+    /// @param viewport  x, y, width, height in window pixels
+    /// @param volume    left, right, bottom, top, near, far
+    void Render(const int* viewport, const double* volume) const;
+
+    float m_colors[5][4] = {};                ///< RGBA
+    CKivoGradientColor* m_gradient = nullptr; ///< not owned
+    unsigned int m_precision = 3;             ///< digits after the decimal point
+    unsigned int m_divisionCount = 0;         ///< intervals; there is one label more
+    STextRenderer* m_textRenderer = nullptr;  ///< not owned
+    SKivoTexImage* m_labels = nullptr;        ///< m_divisionCount + 1 images, bottom to top; from new[]
+
+private:
+    // What the labels were made from.
+    struct LabelSource {
+        const STextRenderer* renderer = nullptr; // null: not all could be made
+        float min = 0.0f;
+        float max = 0.0f;
+        unsigned int divisionCount = 0;
+        unsigned int precision = 0;
+
+        bool operator==(const LabelSource& other) const;
+    };
+    LabelSource m_labelSource;
+
+    bool HasLabels() const;
+    int LabelOverhang(double barRight, int stripWidth) const;
+    void RenderLabels(double barRight, double bottom, double spacing, double worldPerPixel) const;
+    void RenderBar(double left, double right, double bottom, double bandHeight) const;
+};
+
+} // namespace KivoDrawingTools

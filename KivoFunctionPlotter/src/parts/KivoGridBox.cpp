@@ -1,0 +1,119 @@
+#include "KivoGridBox.h"
+
+#include "computing/NiceScale.h"
+#include "TextRenderer.h"
+
+#include <new>
+
+namespace KivoDrawingTools {
+
+CKivoGridBox::CKivoGridBox(const bool* inverseX, const bool* inverseY, const bool* inverseZ)
+    : m_inverseAxis{inverseX, inverseY, inverseZ} {}
+
+CKivoGridBox::~CKivoGridBox() {
+    for (int axis = 0; axis < 3; ++axis) {
+        delete[] m_tickPositions[axis];
+        m_tickPositions[axis] = nullptr;
+        ReleaseTickLabels(axis);
+        // The texture went with the plotter's context; the pixels go right before their record.
+        delete[] m_axisTitleImage[axis].pixels;
+    }
+}
+
+void CKivoGridBox::FitToData(const float* dataMin, const float* dataMax) {
+    m_dataMin = dataMin;
+    m_dataMax = dataMax;
+    // Labels and positions go first: they are counted by the intervals that are about to change.
+    for (int axis = 0; axis < 3; ++axis) {
+        ReleaseTickLabels(axis);
+        delete[] m_tickPositions[axis];
+        m_tickPositions[axis] = nullptr;
+        m_axisMin[axis] = dataMin[axis];
+        m_axisMax[axis] = dataMax[axis];
+        ChooseNiceScale(m_axisMin[axis], m_axisMax[axis], m_tickStep[axis], m_tickIntervals[axis]);
+        m_precision[axis] = LabelPrecision(m_tickStep[axis]);
+    }
+    for (int axis = 0; axis < 3; ++axis)
+        UpdateBox(axis);
+}
+
+void CKivoGridBox::SetAxisMin(int axis, float value) {
+    m_axisMin[axis] = value;
+    m_tickStep[axis] = (m_axisMax[axis] - m_axisMin[axis]) / static_cast<float>(m_tickIntervals[axis]);
+    UpdateBox(axis);
+}
+
+void CKivoGridBox::SetAxisMax(int axis, float value) {
+    m_axisMax[axis] = value;
+    m_tickStep[axis] = (m_axisMax[axis] - m_axisMin[axis]) / static_cast<float>(m_tickIntervals[axis]);
+    UpdateBox(axis);
+}
+
+void CKivoGridBox::SetTickMarkNumber(int axis, unsigned int count) {
+    ReleaseTickLabels(axis);
+    m_tickIntervals[axis] = count - 1;
+    m_tickStep[axis] = (m_axisMax[axis] - m_axisMin[axis]) / static_cast<float>(count - 1);
+    UpdateBox(axis);
+}
+
+// Box corners, tick positions and labels of an axis whose range, step or interval count has changed.
+void CKivoGridBox::UpdateBox(int axis) {
+    const float margin = (m_axisMax[axis] - m_axisMin[axis]) * m_marginRatio;
+    m_boxMin[axis] = m_axisMin[axis] - margin;
+    m_boxMax[axis] = m_axisMax[axis] + margin;
+    m_tickOffset[axis] = margin;
+    m_margin[axis] = margin;
+    BuildTickPositions(axis);
+    BuildTickLabels(axis);
+}
+
+void CKivoGridBox::BuildTickPositions(int axis) {
+    delete[] m_tickPositions[axis];
+    m_tickPositions[axis] = nullptr;
+    const unsigned int count = m_tickIntervals[axis] + 1; // 0 where the interval count has wrapped
+    m_tickPositions[axis] = new float[count];
+    for (unsigned int i = 0; i < count; ++i)
+        m_tickPositions[axis][i] = static_cast<float>(i) * m_tickStep[axis] + m_tickOffset[axis];
+}
+
+void CKivoGridBox::BuildTickLabels(int axis) {
+    if (!m_textMaker) return;
+    ReleaseTickLabels(axis);
+    const unsigned int count = m_tickIntervals[axis] + 1;
+    m_tickLabels[axis] = new (std::nothrow) SKivoTexImage[count];
+    if (!m_tickLabels[axis] || !m_tickPositions[axis]) return;
+    const std::size_t stride = LeastLabelStride(count);
+    for (unsigned int i = 0; i < count; ++i) {
+        const float value = m_tickPositions[axis][i] + m_axisMin[axis] - m_tickOffset[axis];
+        if (i % stride == 0)
+            CreateTextImage(m_textMaker, FormatNumber(value, m_precision[axis]).c_str(),
+                            &m_tickLabels[axis][i]);
+        m_tickPositions[axis][i] = static_cast<float>(i) * m_tickStep[axis] + m_tickOffset[axis];
+    }
+}
+
+void CKivoGridBox::ReleaseTickLabels(int axis) {
+    SKivoTexImage* labels = m_tickLabels[axis];
+    if (!labels) return;
+    const unsigned int count = m_tickIntervals[axis] + 1;
+    for (unsigned int i = 0; i < count; ++i)
+        ReleaseTextImage(&labels[i]);
+    delete[] labels;
+    m_tickLabels[axis] = nullptr;
+}
+
+void CKivoGridBox::ChooseBackPlanes(const double* rotation) {
+    if (m_autoSwitchFramePlanes) {
+        // Depths, in eye space, of the Y, Z and X axes: the face whose outward side is turned away is at the
+        // back.
+        m_backPlane[0] = rotation[6] >= 0.0;
+        m_backPlane[1] = rotation[10] >= 0.0;
+        m_backPlane[2] = rotation[2] >= 0.0;
+    } else {
+        m_backPlane[0] = !*m_inverseAxis[1];
+        m_backPlane[1] = !*m_inverseAxis[2];
+        m_backPlane[2] = !*m_inverseAxis[0];
+    }
+}
+
+} // namespace KivoDrawingTools

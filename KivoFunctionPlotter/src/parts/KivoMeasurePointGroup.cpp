@@ -1,0 +1,32 @@
+#include "KivoMeasurePointGroup.h"
+
+#include "computing/ColorSpace.h"
+#include "TextRenderer.h"
+
+namespace KivoDrawingTools {
+
+CKivoMeasurePointGroup::CKivoMeasurePointGroup(unsigned int pointCount, unsigned int floatsPerPoint,
+                                               float* points, const float* palette, const char* name,
+                                               STextRenderer* textMaker)
+    : m_pointCount(pointCount), m_floatsPerPoint(floatsPerPoint), m_points(points), m_color(palette),
+      m_name(name), m_textMaker(textMaker) {
+    CreateTextImage(m_textMaker, m_name.c_str(), &m_nameImage);
+}
+
+CKivoMeasurePointGroup::~CKivoMeasurePointGroup() {
+    if (!m_isReference) delete[] m_points;
+    ReleaseTextImage(&m_nameImage);
+}
+
+void CKivoMeasurePointGroup::SetName(const char* name) {
+    m_name = name;
+    ReleaseTextImage(&m_nameImage);
+    CreateTextImage(m_textMaker, m_name.c_str(), &m_nameImage);
+}
+
+void CKivoMeasurePointGroup::SetColor(unsigned long color) {
+    ColorToRgba(color, m_ownColor);
+    m_color = m_ownColor;
+}
+
+} // namespace KivoDrawingTools

@@ -1,0 +1,46 @@
+// Strings as text images.
+#pragma once
+
+#include "KivoTypes.h"
+#include "window_system/WindowSystem.h"
+
+#include <string>
+#include <vector>
+
+namespace KivoDrawingTools {
+
+/// The font that text images are drawn with, selected into a memory device context. One for each plotter,
+/// shared by pointer with the grid box, the rulers and the measure groups.
+struct STextRenderer {
+    HDC m_windowDC = nullptr; ///< the plotter's, not owned
+    HDC m_memoryDC = nullptr;
+    HFONT m_savedFont = nullptr; ///< the memory device context's first font, put back at release
+    HFONT m_font = nullptr;
+    LOGFONTA m_fontDescription = {};
+    TEXTMETRICA m_textMetrics = {};
+    /// Pixel extents of the last string's words, after a leading 0; from the 1001st word on all in one.
+    std::vector<int> m_wordExtents;
+    std::vector<int> m_reserved;
+};
+
+/// Makes the memory device context and the font, bold and fontSize points high.
+void InitTextRenderer(STextRenderer* renderer, HDC windowDC, int fontSize);
+/// Gives both back; harmless when there are none.
+void ReleaseTextRenderer(STextRenderer* renderer);
+
+/// Draws a text as an image: opaque black on a transparent ground, one line, or two halves of 512 pixels
+/// where it is wider than that. An image used before keeps its texture name. The OpenGL context must be
+/// current.
+/// @param text  UTF-8, where the platform's text operations take that
+/// @return 0; -1 when the renderer has not been initialised, then the image is untouched, or when the system
+///         cannot draw the picture, for example for lack of memory: then the image has no pixels
+int CreateTextImage(STextRenderer* renderer, const char* text, SKivoTexImage* image);
+
+/// A number as labels show it: fixed notation, in the classic locale.
+/// @param precision  digits after the decimal point, of which at most 1000 are written: the others are zeros
+std::string FormatNumber(float value, unsigned int precision);
+
+/// Frees an image's texture and pixels and sets its sizes to 0; the OpenGL context must be current.
+void ReleaseTextImage(SKivoTexImage* image);
+
+} // namespace KivoDrawingTools

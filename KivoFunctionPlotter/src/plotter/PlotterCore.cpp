@@ -1,0 +1,706 @@
+// CKivoFunctionPlotter: lifetime, rendering context, window hooks, frame driver and plot modes.
+#include "KivoFunctionPlotter.h"
+
+#include "computing/ColorSpace.h"
+#include "drawing/GLScopes.h"
+#include "parts/FontDescription.h"
+#include "parts/KivoGradientColor.h"
+#include "parts/KivoGradientColorRuler.h"
+#include "parts/KivoGridBox.h"
+#include "parts/KivoMeasurePointGroupManager.h"
+#include "parts/TextRenderer.h"
+#include "window_system/WindowSystem.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+#include <new>
+
+namespace KivoDrawingTools {
+
+namespace {
+
+enum PlotType : int { normalPlot = 0, xyPlot = 1, yzPlot = 2, xzPlot = 3 };
+
+constexpr GLsizei glyphCount = 256;
+constexpr double legendShare = 0.16;
+constexpr double plotShare = 0.84;
+
+template <typename T>
+void FreeArray(T*& array) {
+    delete[] array;
+    array = nullptr;
+}
+
+void FreeContours(std::vector<SKivoIsoContour>& contours) {
+    for (SKivoIsoContour& contour : contours)
+        delete[] contour.points;
+    contours.clear();
+}
+
+void SetColumn(double* matrix, int column, double x, double y, double z) {
+    matrix[4 * column] = x;
+    matrix[4 * column + 1] = y;
+    matrix[4 * column + 2] = z;
+}
+
+void NegateColumn(double* matrix, int column) {
+    for (int i = 4 * column; i < 4 * column + 3; ++i)
+        matrix[i] = -matrix[i];
+}
+
+// Lighting and depth test are on between frames, also after one that ran out of memory for a label.
+struct SurfaceStateAfterwards {
+    SurfaceStateAfterwards() = default;
+    ~SurfaceStateAfterwards() {
+        glEnable(GL_LIGHTING);
+        glEnable(GL_DEPTH_TEST);
+    }
+    SurfaceStateAfterwards(const SurfaceStateAfterwards&) = delete;
+    SurfaceStateAfterwards& operator=(const SurfaceStateAfterwards&) = delete;
+};
+
+// A font selected into a device context; the one before is selected again at the end of the scope.
+class SelectedFont {
+public:
+    SelectedFont(HDC dc, const LOGFONTA& description)
+        : m_dc(dc), m_font(CreateFontIndirectA(&description)), m_previous(SelectObject(dc, m_font)) {}
+    ~SelectedFont() {
+        SelectObject(m_dc, m_previous);
+        DeleteObject(m_font);
+    }
+    SelectedFont(const SelectedFont&) = delete;
+    SelectedFont& operator=(const SelectedFont&) = delete;
+
+private:
+    HDC m_dc;
+    HFONT m_font;
+    HGDIOBJ m_previous;
+};
+
+// Where there is no memory for it, groups find their room when they are added.
+void ReserveGroups(std::vector<CKivoMeasurePointGroup*>& groups) {
+    try {
+        groups.reserve(10);
+    } catch (const std::bad_alloc&) {
+    }
+}
+
+} // namespace
+
+// ---- Lifetime -------------------------------------------------------------------------------------------
+
+// An owned object that cannot be allocated stays null; later steps test for it.
+CKivoFunctionPlotter::CKivoFunctionPlotter()
+    : m_zGradientColor(new (std::nothrow) CKivoGradientColor),
+      m_xGradientColor(new (std::nothrow) CKivoGradientColor),
+      m_yGradientColor(new (std::nothrow) CKivoGradientColor),
+      m_zColorRuler(new (std::nothrow) CKivoGradientColorRuler),
+      m_xColorRuler(new (std::nothrow) CKivoGradientColorRuler),
+      m_yColorRuler(new (std::nothrow) CKivoGradientColorRuler),
+      m_gridBox(new (std::nothrow) CKivoGridBox(&m_inverseXAxis, &m_inverseYAxis, &m_inverseZAxis)),
+      m_textRenderer(new (std::nothrow) STextRenderer), m_plotTitleImage(new (std::nothrow) SKivoTexImage),
+      m_measureGroups(new (std::nothrow) CKivoMeasurePointGroupManager) {
+    if (m_gridBox) m_gridBox->m_autoSwitchFramePlanes = true;
+    if (m_measureGroups) ReserveGroups(m_measureGroups->m_groups);
+}
+
+CKivoFunctionPlotter::CKivoFunctionPlotter(const CKivoFunctionPlotter& other) = default;
+
+CKivoFunctionPlotter& CKivoFunctionPlotter::operator=(const CKivoFunctionPlotter& other) = default;
+
+CKivoFunctionPlotter::~CKivoFunctionPlotter() {
+    Release();
+    delete m_gridBox;
+    if (m_textRenderer) ReleaseTextRenderer(m_textRenderer);
+    delete m_textRenderer;
+    delete m_measureGroups;
+    delete m_xGradientColor;
+    delete m_yGradientColor;
+    delete m_zGradientColor;
+    delete m_xColorRuler;
+    delete m_yColorRuler;
+    delete m_zColorRuler;
+    // The texture went with the context; the pixels go right before their record.
+    if (m_plotTitleImage) FreeArray(m_plotTitleImage->pixels);
+    delete m_plotTitleImage;
+}
+
+int CKivoFunctionPlotter::ReleaseTex(SKivoTexImage* image) {
+    if (image->texture != 0) {
+        glDeleteTextures(1, &image->texture);
+        image->texture = 0;
+    }
+    if (image->pixels) FreeArray(image->pixels);
+    image->width = 0;
+    return 0;
+}
+
+int CKivoFunctionPlotter::ReleaseIsoContour() {
+    const ContextScope context(m_hDC, m_hGLRC);
+    if (m_isoContourTexId != 0) {
+        glDeleteTextures(1, &m_isoContourTexId);
+        m_isoContourTexId = 0;
+    }
+    FreeContours(m_flatZIsoContours);
+    FreeContours(m_flatXIsoContours);
+    FreeContours(m_flatYIsoContours);
+    FreeArray(m_isoContourTexels);
+    return 0;
+}
+
+int CKivoFunctionPlotter::ReleaseDataRelativeResource() {
+    {
+        const ContextScope context(m_hDC, m_hGLRC);
+        for (int axis = 0; m_gridBox && axis < 3; ++axis) {
+            FreeArray(m_gridBox->m_tickPositions[axis]);
+            m_gridBox->ReleaseTickLabels(axis);
+        }
+        for (CKivoGradientColorRuler* ruler : {m_xColorRuler, m_yColorRuler, m_zColorRuler})
+            if (ruler) ruler->ReleaseLabels();
+        FreeArray(m_colorArray);
+        FreeArray(m_normalArray);
+        FreeArray(m_texcoordArray);
+        FreeArray(m_indexArray);
+        FreeArray(m_framelineIndexArray);
+        if (m_framelineTexId != 0) {
+            glDeleteTextures(1, &m_framelineTexId);
+            m_framelineTexId = 0;
+            m_framelineIndexCount = 0;
+        }
+        FreeArray(m_framelineTexels);
+    }
+    ReleaseIsoContour();
+    m_curveData.clear();
+    m_curvePointCounts.clear();
+    m_curveVisible.clear();
+    m_curveColors.clear();
+    m_curveWidths.clear();
+    if (!m_isDataReference) delete[] m_points;
+    m_points = nullptr;
+    return 0;
+}
+
+int CKivoFunctionPlotter::Release() {
+    ReleaseDataRelativeResource();
+    {
+        const ContextScope context(m_hDC, m_hGLRC);
+        glDeleteLists(m_fontListBase, glyphCount);
+        m_fontListBase = 0;
+    }
+    if (m_textRenderer) ReleaseTextRenderer(m_textRenderer);
+
+    int result = 0;
+    if (m_hGLRC) {
+        wglMakeCurrent(m_hDC, nullptr);
+        result = wglDeleteContext(m_hGLRC) ? 0 : -1;
+        m_hGLRC = nullptr;
+        ForgetNameTextures();
+    }
+    // The device context stays with the window.
+    if (m_hDC) {
+        wglMakeCurrent(m_hDC, nullptr);
+        m_hDC = nullptr;
+    }
+    return result;
+}
+
+// The textures of titles and group names go with the context. Their names mean nothing in another one.
+void CKivoFunctionPlotter::ForgetNameTextures() {
+    if (m_plotTitleImage) m_plotTitleImage->texture = 0;
+    for (int axis = 0; m_gridBox && axis < 3; ++axis)
+        m_gridBox->m_axisTitleImage[axis].texture = 0;
+    for (unsigned int i = 0; i < GetNumMeasureGroups(); ++i)
+        FindMeasureGroup(i)->m_nameImage.texture = 0;
+}
+
+// ---- Rendering context and window hooks -----------------------------------------------------------------
+
+int CKivoFunctionPlotter::OnCreate(HWND hWnd, bool accelerated) {
+    return Init(hWnd, 10, accelerated);
+}
+
+int CKivoFunctionPlotter::OnCreate(HWND hWnd, int cx, int cy, bool accelerated) {
+    return OnCreate(hWnd, cx, cy, 10, accelerated);
+}
+
+int CKivoFunctionPlotter::OnCreate(HWND hWnd, int cx, int cy, int fontSize, bool accelerated) {
+    const int result = Init(hWnd, fontSize, accelerated);
+    Reshape(cx, cy); // after a failure too: the sizes are then known to a later OnCreate
+    return result;
+}
+
+int CKivoFunctionPlotter::OnDestroy() {
+    return Release();
+}
+
+void CKivoFunctionPlotter::OnDraw() {
+    Renderscene();
+}
+
+void CKivoFunctionPlotter::OnSize(unsigned int, int cx, int cy) {
+    Reshape(cx, cy);
+}
+
+int CKivoFunctionPlotter::SetFont(void*) {
+    if (m_textRenderer && m_textRenderer->m_windowDC && m_textRenderer->m_memoryDC) {
+        SelectObject(m_textRenderer->m_memoryDC, m_textRenderer->m_font);
+        GetTextMetricsA(m_textRenderer->m_memoryDC, &m_textRenderer->m_textMetrics);
+    }
+    return 0;
+}
+
+int CKivoFunctionPlotter::InitCustomized() {
+    return 0;
+}
+
+int CKivoFunctionPlotter::Init(HWND hWnd, int fontSize, bool accelerated) {
+    if (!hWnd) return -1;
+    if (m_hGLRC) Release(); // bound to a window already: what belongs to that context goes with it
+    m_hWnd = hWnd;
+    m_hDC = GetDC(m_hWnd);
+    if (SetDCPixelFormat(m_hDC, accelerated) != 0) return -1;
+    m_hGLRC = wglCreateContext(m_hDC);
+    if (!m_hGLRC) return -1;
+    m_plotType = normalPlot;
+    m_traceEnabled = false;
+    m_hasTracePoint = 0;
+
+    ContextScope context(m_hDC, m_hGLRC);
+    std::copy(std::begin(m_defaultBackgroundColor), std::end(m_defaultBackgroundColor), m_backgroundColor);
+    glClearColor(m_backgroundColor[0], m_backgroundColor[1], m_backgroundColor[2], m_backgroundColor[3]);
+    glClearDepth(1.0);
+    glEnable(GL_DEPTH_TEST);
+    InitLighting();
+    glShadeModel(GL_SMOOTH);
+    if (InitFont() != 0) {
+        context.Keep();
+        return -1;
+    }
+
+    if (m_textRenderer) InitTextRenderer(m_textRenderer, m_hDC, fontSize);
+    if (m_gridBox) m_gridBox->m_textMaker = m_textRenderer;
+    InitRuler(m_xColorRuler, m_xGradientColor);
+    InitRuler(m_yColorRuler, m_yGradientColor);
+    InitRuler(m_zColorRuler, m_zGradientColor);
+    switch (m_plotType) {
+    case normalPlot:
+        ApplyNormalPlotView();
+        break;
+    case xyPlot:
+        ApplyXYPlotView();
+        break;
+    case yzPlot:
+        ApplyYZPlotView();
+        break;
+    case xzPlot:
+        ApplyXZPlotView();
+        break;
+    default:
+        break;
+    }
+    return 0;
+}
+
+void CKivoFunctionPlotter::InitRuler(CKivoGradientColorRuler* ruler, CKivoGradientColor* gradient) {
+    constexpr unsigned int divisions = 10; // eleven labels
+    if (!ruler || !gradient) return;
+    ruler->m_textRenderer = m_textRenderer;
+    ruler->SetGradient(gradient);
+    ruler->ReleaseLabels(); // they are counted by the divisions
+    ruler->m_divisionCount = divisions;
+    ruler->BuildLabels();
+}
+
+int CKivoFunctionPlotter::SetDCPixelFormat(HDC hdc, bool accelerated) {
+    PIXELFORMATDESCRIPTOR descriptor = {};
+    descriptor.nSize = sizeof(descriptor);
+    descriptor.nVersion = 1;
+    // Formats of the software renderer are asked for without naming OpenGL: all of them support it.
+    descriptor.dwFlags = PFD_DRAW_TO_WINDOW | PFD_DOUBLEBUFFER | PFD_STEREO_DONTCARE |
+                         (accelerated ? PFD_SUPPORT_OPENGL | PFD_GENERIC_ACCELERATED : PFD_GENERIC_FORMAT);
+    descriptor.iPixelType = PFD_TYPE_RGBA;
+    descriptor.cColorBits = 32;
+    descriptor.cRedBits = 8;
+    descriptor.cRedShift = 16;
+    descriptor.cGreenBits = 8;
+    descriptor.cGreenShift = 8;
+    descriptor.cBlueBits = 8;
+    descriptor.cBlueShift = 0;
+    descriptor.cAccumBits = 64;
+    descriptor.cAccumRedBits = 16;
+    descriptor.cAccumGreenBits = 16;
+    descriptor.cAccumBlueBits = 16;
+    descriptor.cDepthBits = 32;
+    descriptor.cStencilBits = 8;
+    descriptor.iLayerType = PFD_MAIN_PLANE;
+
+    int format = ChoosePixelFormat(hdc, &descriptor);
+    if (format == 0) {
+        format = 1;
+        if (DescribePixelFormat(hdc, format, sizeof(descriptor), &descriptor) == 0) return -1;
+    }
+    return SetPixelFormat(hdc, format, &descriptor) ? 0 : -1;
+}
+
+int CKivoFunctionPlotter::InitFont() {
+    if (!m_hDC || !m_hGLRC) return -1;
+    m_fontListBase = glGenLists(glyphCount);
+    const SelectedFont font(m_hDC, DescribeFont(m_hDC, 10, FW_MEDIUM, "Arial"));
+    return wglUseFontBitmapsA(m_hDC, 0, glyphCount, m_fontListBase) == 1 ? 0 : -1;
+}
+
+int CKivoFunctionPlotter::InitLighting() {
+    glEnable(GL_LIGHTING);
+    glLightModelf(GL_LIGHT_MODEL_LOCAL_VIEWER, 0.0f);
+    glLightModeli(GL_LIGHT_MODEL_TWO_SIDE, GL_TRUE);
+
+    glEnable(GL_COLOR_MATERIAL);
+    glColorMaterial(GL_FRONT_AND_BACK, GL_AMBIENT_AND_DIFFUSE);
+
+    constexpr GLfloat materialAmbient[] = {0.11f, 0.11f, 0.11f, 1.0f};
+    constexpr GLfloat materialDiffuse[] = {0.2f, 0.2f, 0.2f, 1.0f};
+    constexpr GLfloat materialSpecular[] = {0.11f, 0.11f, 0.11f, 1.0f};
+    glMaterialfv(GL_FRONT_AND_BACK, GL_AMBIENT, materialAmbient);
+    glMaterialfv(GL_FRONT_AND_BACK, GL_DIFFUSE, materialDiffuse);
+    glMaterialfv(GL_FRONT_AND_BACK, GL_SPECULAR, materialSpecular);
+    glMaterialf(GL_FRONT_AND_BACK, GL_SHININESS, 0.0f);
+
+    constexpr GLfloat position[] = {0.8f, 1.0f, 1.0f, 1.0f};
+    constexpr GLfloat ambient[] = {0.65f, 0.65f, 0.65f, 1.0f};
+    constexpr GLfloat diffuse[] = {0.2f, 0.2f, 0.2f, 1.0f};
+    constexpr GLfloat specular[] = {0.4f, 0.4f, 0.4f, 1.0f};
+    glLightfv(GL_LIGHT0, GL_POSITION, position);
+    glLightfv(GL_LIGHT0, GL_AMBIENT, ambient);
+    glLightfv(GL_LIGHT0, GL_DIFFUSE, diffuse);
+    glLightfv(GL_LIGHT0, GL_SPECULAR, specular);
+    glEnable(GL_LIGHT0);
+    return 0;
+}
+
+void CKivoFunctionPlotter::BeginGLOperation() {
+    wglMakeCurrent(m_hDC, m_hGLRC);
+}
+
+void CKivoFunctionPlotter::EndGLOperation() {
+    wglMakeCurrent(m_hDC, nullptr);
+}
+
+void CKivoFunctionPlotter::UpdateLightsPosition() {
+    const float* min = m_boundingBoxMin;
+    const float* max = m_boundingBoxMax;
+    const GLfloat light0[] = {max[0] * 1.2f, max[1] * 1.2f, max[2] * 1.8f, 1.0f};
+    const GLfloat light1[] = {min[0] * 1.2f, min[1] * 1.2f, max[2] * 1.8f, 1.0f};
+    // Positions go through the model-view matrix, which holds no numbers while the axes have no ranges.
+    GLdouble modelView[16] = {};
+    glGetDoublev(GL_MODELVIEW_MATRIX, modelView);
+    const bool isUsable =
+        std::all_of(modelView, modelView + 16, [](double element) { return std::isfinite(element); });
+    const MatrixModeScope modelViewMode(GL_MODELVIEW);
+    glPushMatrix();
+    if (!isUsable) glLoadIdentity();
+    glLightfv(GL_LIGHT0, GL_POSITION, light0);
+    glLightfv(GL_LIGHT1, GL_POSITION, light1);
+    glPopMatrix();
+    glDisable(GL_LIGHT1); // placed for derived classes, but kept off
+}
+
+void CKivoFunctionPlotter::Reshape(int cx, int cy) {
+    const ContextScope context(m_hDC, m_hGLRC);
+    m_clientHeight = cy;
+    const int legendWidth = static_cast<int>(cx * legendShare);
+    const int plotViewport[] = {legendWidth, 0, static_cast<int>(cx * plotShare), cy};
+    const int legendViewport[] = {0, 0, legendWidth, cy};
+    std::copy(std::begin(plotViewport), std::end(plotViewport), m_plotViewport);
+    std::copy(std::begin(legendViewport), std::end(legendViewport), m_legendViewport);
+
+    switch (m_plotType) {
+    case xyPlot:
+        UpdateXYBoundingBoxToViewVolume();
+        break;
+    case yzPlot:
+        UpdateYZBoundingBoxToViewVolume();
+        break;
+    case xzPlot:
+        UpdateXZBoundingBoxToViewVolume();
+        break;
+    default:
+        UpdateBoundingBoxToViewVolume();
+        break;
+    }
+    UpdateLegendViewVolume();
+
+    const double width = m_plotViewport[2];
+    const double height = m_plotViewport[3];
+    if (width >= height) {
+        m_viewBottom = -(std::fabs(m_viewLeft) * height / width);
+        m_viewTop = std::fabs(m_viewRight) * height / width;
+    } else {
+        m_viewLeft = -(std::fabs(m_viewBottom) * width / height);
+        m_viewRight = std::fabs(m_viewTop) * width / height;
+    }
+    ApplyViewVolume();
+}
+
+void CKivoFunctionPlotter::UpdateViewport(int x, int y, int width, int height) {
+    const int legendWidth = static_cast<int>(width * legendShare);
+    const int legendViewport[] = {x, y, legendWidth, height};
+    const int plotViewport[] = {x + legendWidth, y, static_cast<int>(width * plotShare), height};
+    std::copy(std::begin(legendViewport), std::end(legendViewport), m_legendViewport);
+    std::copy(std::begin(plotViewport), std::end(plotViewport), m_plotViewport);
+}
+
+// ---- Frame driver ---------------------------------------------------------------------------------------
+
+int CKivoFunctionPlotter::Renderscene() {
+    const ContextScope context(m_hDC, m_hGLRC);
+    DrawScene();
+    if (SwapBuffers(m_hDC)) return 0;
+    const int error = static_cast<int>(GetLastError());
+    return error != 0 ? error : -1; // a failure that the platform does not explain is one all the same
+}
+
+void CKivoFunctionPlotter::DrawScene() {
+    switch (m_plotType) {
+    case normalPlot:
+        DrawNormalPlot();
+        break;
+    case xyPlot:
+    case yzPlot:
+    case xzPlot:
+        DrawProjectionPlot();
+        break;
+    default:
+        break;
+    }
+}
+
+void CKivoFunctionPlotter::ClearFrame() {
+    glClearColor(m_backgroundColor[0], m_backgroundColor[1], m_backgroundColor[2], m_backgroundColor[3]);
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+}
+
+void CKivoFunctionPlotter::DrawNormalPlot() {
+    const SurfaceStateAfterwards stateAfterwards;
+    ClearFrame();
+    ApplyModelViewMatrix();
+
+    glDisable(GL_LIGHTING);
+    if (m_gridBox) m_gridBox->Render(PixelToWorld(1.0), m_axisScale, m_rotationMatrix);
+    if (m_hasTracePoint != 0) RenderTraceGuideLines();
+    glEnable(GL_LIGHTING);
+    RenderTracePoints();
+    glDisable(GL_LIGHTING);
+
+    if (m_showXIsoContours) RenderFlatXIsoContour();
+    if (m_showYIsoContours) RenderFlatYIsoContour();
+    if (m_showZIsoContours) RenderFlatZIsoContour();
+
+    glEnable(GL_LIGHTING);
+    RenderCurves();
+    RenderSurface();
+    RenderMeasurePoints();
+
+    glDisable(GL_LIGHTING);
+    glDisable(GL_DEPTH_TEST);
+    RenderPlotName();
+    glDisable(GL_LIGHTING); // the title's quad leaves it on, and the bar shows the gradient's own colours
+    RenderTraceLegend();
+    if (m_zColorRuler) m_zColorRuler->Render(m_legendViewport, m_legendViewVolume);
+}
+
+void CKivoFunctionPlotter::DrawProjectionPlot() {
+    ClearFrame();
+    ApplyModelViewMatrix();
+
+    glDisable(GL_LIGHTING);
+    RenderProjectionFrame();
+    const CKivoGradientColorRuler* ruler = m_zColorRuler;
+    if (m_plotType == xyPlot) {
+        RenderFlatZIsoContour();
+    } else if (m_plotType == yzPlot) {
+        RenderFlatXIsoContour();
+        ruler = m_xColorRuler;
+    } else {
+        RenderFlatYIsoContour();
+        ruler = m_yColorRuler;
+    }
+
+    glDisable(GL_DEPTH_TEST);
+    RenderPlotName();
+    glDisable(GL_LIGHTING); // as in the 3-D plot
+    if (ruler) ruler->Render(m_legendViewport, m_legendViewVolume);
+
+    glEnable(GL_DEPTH_TEST);
+    glEnable(GL_LIGHTING);
+}
+
+void CKivoFunctionPlotter::RenderProjectionFrame() {
+    if (!m_gridBox) return;
+    const double pixel = PixelToWorld(1.0);
+    switch (m_plotType) {
+    case xyPlot:
+        m_gridBox->RenderXYFrame(pixel, m_axisScale);
+        break;
+    case yzPlot:
+        m_gridBox->RenderYZFrame(pixel, m_axisScale);
+        break;
+    default:
+        m_gridBox->RenderXZFrame(pixel, m_axisScale);
+        break;
+    }
+}
+
+void CKivoFunctionPlotter::RenderTraceGuideLines() {
+    if (!m_gridBox) return;
+    const float* min = m_gridBox->m_boxMin;
+    const float* max = m_gridBox->m_boxMax;
+    const float wallY = m_gridBox->m_backPlane[0] ? min[1] : max[1];
+    const float wallZ = m_gridBox->m_backPlane[1] ? min[2] : max[2];
+    const float wallX = m_gridBox->m_backPlane[2] ? min[0] : max[0];
+    const float* p = m_tracePoint;
+
+    glColor4f(0.3f, 0.3f, 0.3f, 1.0f);
+    glBegin(GL_LINES);
+    glVertex3f(p[0], wallY, min[2]);
+    glVertex3f(p[0], wallY, max[2]);
+    glVertex3f(min[0], wallY, p[2]);
+    glVertex3f(max[0], wallY, p[2]);
+    glVertex3f(p[0], min[1], wallZ);
+    glVertex3f(p[0], max[1], wallZ);
+    glVertex3f(min[0], p[1], wallZ);
+    glVertex3f(max[0], p[1], wallZ);
+    glVertex3f(wallX, p[1], min[2]);
+    glVertex3f(wallX, p[1], max[2]);
+    glVertex3f(wallX, min[1], p[2]);
+    glVertex3f(wallX, max[1], p[2]);
+    glEnd();
+}
+
+// ---- Plot modes and switches ----------------------------------------------------------------------------
+
+int CKivoFunctionPlotter::SwitchToNormalPlot() {
+    const ContextScope context(m_hDC, m_hGLRC);
+    m_plotType = normalPlot;
+    ApplyNormalPlotView();
+    return 0;
+}
+
+// The XY and YZ plots set their orientation here, the other two leave it to their start view.
+int CKivoFunctionPlotter::SwitchToXYProjectPlot() {
+    const ContextScope context(m_hDC, m_hGLRC);
+    m_plotType = xyPlot;
+    UpdateXYBoundingBoxToViewVolume();
+    SetColumn(m_rotationMatrix, 0, 1, 0, 0);
+    SetColumn(m_rotationMatrix, 1, 0, 1, 0);
+    SetColumn(m_rotationMatrix, 2, 0, 0, 1);
+    ApplyModelViewMatrix();
+    return 0;
+}
+
+int CKivoFunctionPlotter::SwitchToYZProjectPlot() {
+    const ContextScope context(m_hDC, m_hGLRC);
+    m_plotType = yzPlot;
+    UpdateYZBoundingBoxToViewVolume();
+    SetColumn(m_rotationMatrix, 0, 0, 0, 1);
+    SetColumn(m_rotationMatrix, 1, 1, 0, 0);
+    SetColumn(m_rotationMatrix, 2, 0, 1, 0);
+    ApplyModelViewMatrix();
+    return 0;
+}
+
+int CKivoFunctionPlotter::SwitchToZXProjectPlot() {
+    const ContextScope context(m_hDC, m_hGLRC);
+    m_plotType = xzPlot;
+    ApplyXZPlotView();
+    return 0;
+}
+
+int CKivoFunctionPlotter::GetCurrentPlotType() const {
+    return m_plotType;
+}
+
+int CKivoFunctionPlotter::SetInverseAxis(int axis, bool& current, bool inverse) {
+    if (inverse == current) return 0;
+    current = inverse;
+    NegateColumn(m_rotationMatrix, axis);
+    const ContextScope context(m_hDC, m_hGLRC);
+    ApplyModelViewMatrix();
+    return 0;
+}
+
+int CKivoFunctionPlotter::SetInverseXAxis(bool inverse) {
+    return SetInverseAxis(0, m_inverseXAxis, inverse);
+}
+
+int CKivoFunctionPlotter::SetInverseYAxis(bool inverse) {
+    return SetInverseAxis(1, m_inverseYAxis, inverse);
+}
+
+int CKivoFunctionPlotter::SetInverseZAxis(bool inverse) {
+    return SetInverseAxis(2, m_inverseZAxis, inverse);
+}
+
+void CKivoFunctionPlotter::SetAutoSwitchFramePlanes(bool autoSwitch) {
+    if (m_gridBox) m_gridBox->m_autoSwitchFramePlanes = autoSwitch;
+}
+
+void CKivoFunctionPlotter::SetBackgroundColor(float r, float g, float b, float a) {
+    m_backgroundColor[0] = r;
+    m_backgroundColor[1] = g;
+    m_backgroundColor[2] = b;
+    m_backgroundColor[3] = a;
+}
+
+void CKivoFunctionPlotter::SetBackgroundColor(unsigned long color) {
+    ColorToRgba(color, m_backgroundColor);
+}
+
+void CKivoFunctionPlotter::ResetBackgroundColor() {
+    std::copy(std::begin(m_defaultBackgroundColor), std::end(m_defaultBackgroundColor), m_backgroundColor);
+}
+
+void CKivoFunctionPlotter::ShowFrameLines(bool show) {
+    m_showFrameLines = show;
+}
+
+bool CKivoFunctionPlotter::IsShowFrameLines() const {
+    return m_showFrameLines;
+}
+
+int CKivoFunctionPlotter::ShowXIsoContours(bool show) {
+    m_showXIsoContours = show;
+    return 0;
+}
+
+int CKivoFunctionPlotter::ShowYIsoContours(bool show) {
+    m_showYIsoContours = show;
+    return 0;
+}
+
+int CKivoFunctionPlotter::ShowZIsoContours(bool show) {
+    m_showZIsoContours = show;
+    return 0;
+}
+
+bool CKivoFunctionPlotter::IsShowXIsoContours() const {
+    return m_showXIsoContours;
+}
+
+bool CKivoFunctionPlotter::IsShowYIsoContours() const {
+    return m_showYIsoContours;
+}
+
+bool CKivoFunctionPlotter::IsShowZIsoContours() const {
+    return m_showZIsoContours;
+}
+
+void CKivoFunctionPlotter::ShowGridLines(bool show) {
+    if (m_gridBox) m_gridBox->m_showGridLines = show;
+}
+
+bool CKivoFunctionPlotter::IsShowGridLines() const {
+    return m_gridBox && m_gridBox->m_showGridLines;
+}
+
+} // namespace KivoDrawingTools

@@ -1,0 +1,283 @@
+// CKivoFunctionPlotter: curves, point markers and measure groups.
+#include "KivoFunctionPlotter.h"
+
+#include "computing/ColorSpace.h"
+#include "drawing/GLScopes.h"
+#include "drawing/PointMarker.h"
+#include "parts/KivoMeasurePointGroupManager.h"
+#include "window_system/WindowSystem.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <limits>
+
+namespace KivoDrawingTools {
+
+namespace {
+
+constexpr int badIndex = -2;
+constexpr int refusedArgument = -3;
+
+template <typename Container>
+bool IsIndexOf(const Container& container, int index) {
+    return index >= 0 && static_cast<std::size_t>(index) < container.size();
+}
+
+template <typename Container>
+void MakeRoom(Container& container) {
+    if (container.size() == container.capacity()) container.reserve(2 * container.size() + 8);
+}
+
+// x, y, z of a point of a curve; a coordinate that it does not have is 0.
+void CopyCurvePoint(const std::vector<float>& data, std::size_t stride, std::size_t i, float* point) {
+    for (std::size_t k = 0; k < 3; ++k)
+        point[k] = k < stride ? data[i * stride + k] : 0.0f;
+}
+
+} // namespace
+
+// ---- Curves ---------------------------------------------------------------------------------------------
+
+int CKivoFunctionPlotter::AddCurveData(float* points, unsigned int pointCount, unsigned int floatsPerPoint) {
+    if (!points || pointCount == 0 || floatsPerPoint == 0) return refusedArgument;
+    const std::size_t size = std::size_t{pointCount} * floatsPerPoint;
+    // Room first, so that all containers grow or none does.
+    MakeRoom(m_curvePointCounts);
+    MakeRoom(m_curveVisible);
+    MakeRoom(m_curveColors);
+    MakeRoom(m_curveWidths);
+    m_curveData.emplace_back(points, points + size);
+    m_curvePointCounts.push_back(pointCount);
+    m_curveVisible.push_back(true);
+    m_curveColors.push_back({1.0f, 0.0f, 0.0f, 1.0f});
+    m_curveWidths.push_back(1.0f);
+    return static_cast<int>(m_curveData.size()) - 1;
+}
+
+int CKivoFunctionPlotter::SetCurveColor(int index, unsigned long color) {
+    if (!IsIndexOf(m_curveColors, index)) return badIndex;
+    float rgba[4];
+    ColorToRgba(color, rgba);
+    m_curveColors[static_cast<std::size_t>(index)] = {rgba[0], rgba[1], rgba[2], rgba[3]};
+    return 0;
+}
+
+int CKivoFunctionPlotter::SetCurveVisibility(int index, bool visible) {
+    if (!IsIndexOf(m_curveVisible, index)) return badIndex;
+    m_curveVisible[static_cast<std::size_t>(index)] = visible;
+    return 0;
+}
+
+int CKivoFunctionPlotter::SetCurveWidth(int index, float width) {
+    if (!IsIndexOf(m_curveWidths, index)) return badIndex;
+    m_curveWidths[static_cast<std::size_t>(index)] = width;
+    return 0;
+}
+
+void CKivoFunctionPlotter::RenderCurves() {
+    glDisable(GL_LIGHTING);
+    ForEachVisibleCurve([this](const std::vector<float>& data, std::size_t index) {
+        const std::size_t count = m_curvePointCounts[index];
+        const std::size_t stride = data.size() / count;
+        float point[3];
+        glLineWidth(m_curveWidths[index]);
+        glBegin(GL_LINES);
+        for (std::size_t k = 0; k + 1 < count; ++k)
+            for (const std::size_t end : {k, k + 1}) {
+                CopyCurvePoint(data, stride, end, point);
+                glVertex3fv(point);
+            }
+        glEnd();
+    });
+    glLineWidth(1.0f);
+    glEnable(GL_LIGHTING);
+
+    const float size = MarkerSize(0.7);
+    ForEachVisibleCurve([this, size](const std::vector<float>& data, std::size_t index) {
+        const std::size_t count = m_curvePointCounts[index];
+        const std::size_t stride = data.size() / count;
+        float point[3];
+        for (std::size_t k = 0; k < count; ++k) {
+            CopyCurvePoint(data, stride, k, point);
+            DrawPointMarker(point[0], point[1], point[2], size, m_axisScale);
+        }
+    });
+}
+
+// Sets each visible curve's colour and draws it.
+template <typename Draw>
+void CKivoFunctionPlotter::ForEachVisibleCurve(Draw draw) {
+    std::size_t index = 0;
+    for (const std::vector<float>& data : m_curveData) {
+        if (m_curveVisible[index]) {
+            glColor4fv(&m_curveColors[index].red);
+            draw(data, index);
+        }
+        ++index;
+    }
+}
+
+// ---- Point size -----------------------------------------------------------------------------------------
+
+unsigned int CKivoFunctionPlotter::GetPointRadiusPixelSize() const {
+    constexpr float pastLargest = 4294967296.0f;
+    if (m_pointRadiusPixelSize >= pastLargest) return std::numeric_limits<unsigned int>::max();
+    return m_pointRadiusPixelSize > 0.0f ? static_cast<unsigned int>(m_pointRadiusPixelSize) : 0;
+}
+
+int CKivoFunctionPlotter::SetPointRadiusPixelSize(unsigned int pixels) {
+    m_pointRadiusPixelSize = static_cast<float>(pixels);
+    return 0;
+}
+
+// Radius of a marker in view-volume units.
+float CKivoFunctionPlotter::MarkerSize(double factor) const {
+    const double pixel = (m_viewRight - m_viewLeft) / m_plotViewport[2];
+    return static_cast<float>(pixel * static_cast<double>(m_pointRadiusPixelSize) * factor);
+}
+
+// ---- Measure groups -------------------------------------------------------------------------------------
+
+CKivoMeasurePointGroup* CKivoFunctionPlotter::FindMeasureGroup(unsigned int index) const {
+    return m_measureGroups && index < m_measureGroups->m_groups.size() ? m_measureGroups->m_groups[index]
+                                                                       : nullptr;
+}
+
+int CKivoFunctionPlotter::AddMeasurePoints(unsigned int pointCount, unsigned int floatsPerPoint,
+                                           float* points, const char* name) {
+    if (pointCount == 0 || floatsPerPoint == 0 || !points) return refusedArgument;
+    const ContextScope context(m_hDC, m_hGLRC);
+    if (m_measureGroups) m_measureGroups->AddGroup(pointCount, floatsPerPoint, points, name, m_textRenderer);
+    return 0;
+}
+
+int CKivoFunctionPlotter::AddReferenceMeasurePoints(unsigned int pointCount, unsigned int floatsPerPoint,
+                                                    float* points, const char* name) {
+    return AddMeasurePoints(pointCount, floatsPerPoint, points, name);
+}
+
+unsigned int CKivoFunctionPlotter::GetNumMeasureGroups() {
+    return m_measureGroups ? static_cast<unsigned int>(m_measureGroups->m_groups.size()) : 0;
+}
+
+unsigned int CKivoFunctionPlotter::GetMeasureGroupSize(unsigned int index) {
+    const CKivoMeasurePointGroup* group = FindMeasureGroup(index);
+    return group ? group->m_pointCount : 0;
+}
+
+int CKivoFunctionPlotter::ShowMeasureGroup(unsigned int index, bool show) {
+    CKivoMeasurePointGroup* group = FindMeasureGroup(index);
+    if (!group) return badIndex;
+    group->m_visible = show;
+    return 0;
+}
+
+bool CKivoFunctionPlotter::IsShowMeasureGroup(unsigned int index) {
+    const CKivoMeasurePointGroup* group = FindMeasureGroup(index);
+    return group && group->m_visible;
+}
+
+int CKivoFunctionPlotter::ShowAllMeasureGroups(bool show) {
+    for (unsigned int i = 0; i < GetNumMeasureGroups(); ++i)
+        ShowMeasureGroup(i, show);
+    return 0;
+}
+
+unsigned long CKivoFunctionPlotter::GetMeasureGroupColor(unsigned int index) {
+    const CKivoMeasurePointGroup* group = FindMeasureGroup(index);
+    return group ? RgbaToColor(group->m_color) : 0;
+}
+
+int CKivoFunctionPlotter::SetMeasureGroupColor(unsigned int index, unsigned long color) {
+    CKivoMeasurePointGroup* group = FindMeasureGroup(index);
+    if (!group) return badIndex;
+    group->SetColor(color);
+    return 0;
+}
+
+int CKivoFunctionPlotter::GetMeasureGroupName(unsigned int index, std::string* name) {
+    const CKivoMeasurePointGroup* group = FindMeasureGroup(index);
+    if (!group) return badIndex;
+    *name = group->m_name;
+    return 0;
+}
+
+int CKivoFunctionPlotter::SetMeasureGroupName(unsigned int index, const char* name) {
+    CKivoMeasurePointGroup* group = FindMeasureGroup(index);
+    if (!group) return badIndex;
+    const ContextScope context(m_hDC, m_hGLRC);
+    group->SetName(name);
+    return 0;
+}
+
+int CKivoFunctionPlotter::GetMeasureGroupIndexByName(std::string name) {
+    for (unsigned int i = 0; i < GetNumMeasureGroups(); ++i)
+        if (FindMeasureGroup(i)->m_name == name) return static_cast<int>(i);
+    return -1;
+}
+
+void CKivoFunctionPlotter::RenderMeasurePoints() {
+    const float size = MarkerSize(1.0);
+    const MatrixModeScope modelView(GL_MODELVIEW);
+    for (unsigned int g = 0; g < GetNumMeasureGroups(); ++g) {
+        const CKivoMeasurePointGroup& group = *FindMeasureGroup(g);
+        if (!group.m_visible) continue;
+        glColor4fv(group.m_color);
+        const std::size_t stride = group.m_floatsPerPoint;
+        for (std::size_t k = 0; k < group.m_pointCount; ++k) {
+            const float* p = group.m_points + k * stride;
+            DrawPointMarker(p[0], stride > 1 ? p[1] : 0.0f, stride > 2 ? p[2] : 0.0f, size, m_axisScale);
+        }
+    }
+}
+
+void CKivoFunctionPlotter::RenderLegend() {
+    const float pixel = static_cast<float>(PixelToWorld(1.0));
+    const float margin = static_cast<float>((m_viewRight - m_viewLeft) * 0.01);
+    int maxWidth = 0;
+    int maxHeight = 0;
+    for (unsigned int g = 0; g < GetNumMeasureGroups(); ++g) {
+        maxWidth = std::max(maxWidth, FindMeasureGroup(g)->m_nameImage.width);
+        maxHeight = std::max(maxHeight, FindMeasureGroup(g)->m_nameImage.height);
+    }
+    const float rowHeight = static_cast<float>(maxHeight) * pixel;
+    const float square = rowHeight * 0.8f;
+    const float nameX = static_cast<float>(m_viewRight) - margin - static_cast<float>(maxWidth) * pixel;
+    const float squareRight = nameX - 0.2f * square;
+    const float squareLeft = squareRight - square;
+    const float z = static_cast<float>((m_viewNear + m_viewFar) / 2.0);
+    float y = static_cast<float>(m_viewTop) - margin - rowHeight;
+
+    const MatrixModeScope modelView(GL_MODELVIEW);
+    glPushMatrix();
+    glLoadIdentity();
+    for (unsigned int g = 0; g < GetNumMeasureGroups(); ++g, y -= rowHeight) {
+        const CKivoMeasurePointGroup& group = *FindMeasureGroup(g);
+        const float right = nameX + static_cast<float>(group.m_nameImage.width) * pixel;
+        const float top = y + static_cast<float>(group.m_nameImage.height) * pixel;
+        const float corners[4][3] = {{nameX, y, z}, {right, y, z}, {right, top, z}, {nameX, top, z}};
+        RenderLegendRow(group, corners, squareLeft, squareRight);
+    }
+    glPopMatrix();
+}
+
+// The name on its quad, and the square in the group's colour left of it, with the caller's lighting.
+void CKivoFunctionPlotter::RenderLegendRow(const CKivoMeasurePointGroup& group, const float (*corners)[3],
+                                           float squareLeft, float squareRight) {
+    const GLboolean isLit = glIsEnabled(GL_LIGHTING);
+    RenderTextTex(corners[0], corners[1], corners[2], corners[3], &group.m_nameImage);
+    if (!isLit) glDisable(GL_LIGHTING);
+
+    const float y = corners[0][1];
+    const float z = corners[0][2];
+    const float top = y + (squareRight - squareLeft);
+    glColor4fv(group.m_color);
+    glBegin(GL_QUADS);
+    glVertex3f(squareLeft, y, z);
+    glVertex3f(squareRight, y, z);
+    glVertex3f(squareRight, top, z);
+    glVertex3f(squareLeft, top, z);
+    glEnd();
+}
+
+} // namespace KivoDrawingTools

@@ -1,0 +1,469 @@
+// CKivoFunctionPlotter: surface data, mesh arrays, frame lines and iso-contours.
+#include "KivoFunctionPlotter.h"
+
+#include "computing/ColorSpace.h"
+#include "computing/MarchingSquares.h"
+#include "computing/MeshArrays.h"
+#include "drawing/GLScopes.h"
+#include "parts/KivoGradientColor.h"
+#include "parts/KivoGridBox.h"
+#include "window_system/WindowSystem.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <memory>
+
+namespace KivoDrawingTools {
+
+namespace {
+
+constexpr int framelineTexSize = 400;
+constexpr int framelineTexCells = 20;
+constexpr int contourTexSize = 400;
+
+template <typename T>
+void ReplaceArray(T*& array, std::size_t count) {
+    delete[] array;
+    array = nullptr;
+    array = new T[count];
+}
+
+// Cells along a side of so many points.
+unsigned int CellCount(unsigned int points) {
+    return points == 0 ? 0 : points - 1;
+}
+
+void DrawFramelineTexture() {
+    constexpr float size = framelineTexSize;
+    glColor4f(0.2f, 0.2f, 0.2f, 1.0f);
+    glBegin(GL_LINES);
+    const auto line = [](float x0, float y0, float x1, float y1) {
+        glVertex3f(x0, y0, 0.5f);
+        glVertex3f(x1, y1, 0.5f);
+    };
+    for (int i = 1; i < framelineTexCells; ++i) {
+        const float x = size / framelineTexCells * static_cast<float>(i);
+        line(x, 0.0f, x, size);
+    }
+    line(1.0f, 0.0f, 1.0f, size); // at 1: a line at 0 falls outside the picture
+    line(size, 0.0f, size, size);
+    for (int i = 1; i < framelineTexCells; ++i) {
+        const float y = size / framelineTexCells * static_cast<float>(i);
+        line(0.0f, y, size, y);
+    }
+    line(0.0f, 0.0f, size, 0.0f);
+    line(0.0f, size, size, size);
+    glEnd();
+}
+
+// Draws into the lower left square of the back buffer and reads that into texels, four bytes a pixel, from
+// new[]. volume: left, right, bottom, top. draw must not throw. Viewport and clear colour are as before
+// afterwards; lighting is on.
+template <typename Draw>
+void DrawIntoTexels(int size, const double* volume, const float* clearColor, Draw draw,
+                    unsigned char*& texels) {
+    // What can throw comes first, so that no state is left changed.
+    const std::size_t byteCount = static_cast<std::size_t>(size) * size * 4;
+    ReplaceArray(texels, byteCount);
+    std::memset(texels, 255, byteCount);
+    glPushAttrib(GL_VIEWPORT_BIT | GL_COLOR_BUFFER_BIT);
+    glViewport(0, 0, size, size);
+    {
+        const MatrixModeScope projection(GL_PROJECTION);
+        glPushMatrix();
+        glLoadIdentity();
+        glOrtho(volume[0], volume[1], volume[2], volume[3], -1.0, 1.0);
+        glMatrixMode(GL_MODELVIEW);
+        glPushMatrix();
+        glLoadIdentity();
+
+        glDisable(GL_LIGHTING);
+        glClearColor(clearColor[0], clearColor[1], clearColor[2], clearColor[3]);
+        glClearDepth(1.0);
+        glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+        draw();
+        glEnable(GL_LIGHTING);
+
+        glPopMatrix();
+        glMatrixMode(GL_PROJECTION);
+        glPopMatrix();
+    }
+    GLint readBuffer = GL_BACK;
+    glGetIntegerv(GL_READ_BUFFER, &readBuffer);
+    glReadBuffer(GL_BACK);
+    glReadPixels(0, 0, size, size, GL_RGBA, GL_UNSIGNED_BYTE, texels);
+    glReadBuffer(static_cast<GLenum>(readBuffer));
+    glPopAttrib();
+}
+
+} // namespace
+
+// ---- Data -----------------------------------------------------------------------------------------------
+
+int CKivoFunctionPlotter::SetData(float* points, unsigned int columns, unsigned int rows,
+                                  unsigned int columnStride, unsigned int rowStride,
+                                  unsigned int components) {
+    const unsigned int counts[] = {columns, rows};
+    const unsigned int strides[] = {columnStride, rowStride};
+    return TakeData(points, false, counts, strides, components);
+}
+
+int CKivoFunctionPlotter::SetDataReference(float* points, unsigned int columns, unsigned int rows,
+                                           unsigned int columnStride, unsigned int rowStride,
+                                           unsigned int components) {
+    const unsigned int counts[] = {columns, rows};
+    const unsigned int strides[] = {columnStride, rowStride};
+    return TakeData(points, true, counts, strides, components);
+}
+
+int CKivoFunctionPlotter::TakeData(float* points, bool isReference, const unsigned int* counts,
+                                   const unsigned int* strides, unsigned int components) {
+    ReleaseDataRelativeResource();
+    m_points = points;
+    m_isDataReference = isReference;
+    m_columnCount = counts[0];
+    m_rowCount = counts[1];
+    m_vertexCount = m_columnCount * m_rowCount;
+    m_componentCount = components;
+    m_columnStride = strides[0] * components;
+    m_rowStride = strides[1] * components;
+
+    float min[3] = {};
+    float max[3] = {};
+    if (HasReadablePoints()) FindBounds(Grid(), min, max);
+
+    const ContextScope context(m_hDC, m_hGLRC);
+    UpdateBoundingBoxToViewVolume(min, max);
+    AssignColorData();
+    AssignTexcoordData();
+    AssignIndexData();
+    AssignFramelineIndexData(1, 1);
+    CreateIsoContourData();
+    if (m_useFramelineTexture) CreateFramelineSKivoTexImage();
+    return 0;
+}
+
+bool CKivoFunctionPlotter::HasReadablePoints() const {
+    return m_points && m_columnCount != 0 && m_rowCount != 0 && m_componentCount >= 3;
+}
+
+// Drawing takes the points as packed. Where the strides address fewer floats than that, the host's array may
+// end before them.
+bool CKivoFunctionPlotter::HasDrawablePoints() const {
+    if (!HasReadablePoints()) return false;
+    const std::uint64_t packed = std::uint64_t{m_columnCount} * m_rowCount * m_componentCount;
+    const std::uint64_t addressed = std::uint64_t{m_columnCount - 1} * m_columnStride +
+                                    std::uint64_t{m_rowCount - 1} * m_rowStride + m_componentCount;
+    return packed <= addressed;
+}
+
+// ---- Mesh arrays ----------------------------------------------------------------------------------------
+
+void CKivoFunctionPlotter::AssignColorData() {
+    if (!HasReadablePoints() || !m_zGradientColor) return;
+    const std::size_t size = std::size_t{m_columnCount} * m_rowCount * 4;
+    // An array of this size is written once more: large blocks are slow to come by.
+    if (!m_colorArray || m_colorArraySize != size) {
+        ReplaceArray(m_colorArray, size);
+        m_colorArraySize = size;
+    }
+    for (std::size_t r = 0; r < m_rowCount; ++r)
+        m_zGradientColor->EvaluateAll(Grid().At(0, r) + 2, m_columnStride, m_columnCount,
+                                      m_colorArray + r * m_columnCount * 4);
+}
+
+void CKivoFunctionPlotter::AssignTexcoordData() {
+    ReplaceArray(m_texcoordArray, std::size_t{m_columnCount} * m_rowCount * 2);
+    FillTexcoords(m_columnCount, m_rowCount, m_texcoordArray);
+}
+
+void CKivoFunctionPlotter::AssignIndexData() {
+    const unsigned int cellColumns = CellCount(m_columnCount);
+    const unsigned int cellRows = CellCount(m_rowCount);
+    m_indexCount = 6 * cellRows * cellColumns;
+    ReplaceArray(m_indexArray, std::size_t{cellRows} * cellColumns * 6);
+    FillTriangleIndices(cellColumns, cellRows, m_indexArray);
+}
+
+void CKivoFunctionPlotter::AssignNormalData() {
+    if (!HasReadablePoints()) return;
+    const std::size_t cs = m_columnStride;
+    const std::size_t rs = m_rowStride;
+    const std::size_t cellColumns = m_columnCount - 1;
+    const std::size_t cellRows = m_rowCount - 1;
+
+    // Two face normals a cell: the triangle at its (c + 1, r) corner, then the one at (c, r + 1).
+    std::vector<SPoint3f> faces(cellColumns * cellRows * 2);
+    for (std::size_t r = 0; r < cellRows; ++r)
+        for (std::size_t c = 0; c < cellColumns; ++c) {
+            const float* p00 = m_points + c * cs + r * rs;
+            const float* p11 = p00 + cs + rs;
+            SPoint3f* face = &faces[(r * cellColumns + c) * 2];
+            CalNormal(p00, p00 + cs, p11, &face[0].x);
+            CalNormal(p00, p11, p00 + rs, &face[1].x);
+        }
+
+    const std::size_t size = cellColumns * cs + cellRows * rs + 3;
+    ReplaceArray(m_normalArray, size);
+    std::fill(m_normalArray, m_normalArray + size, 0.0f);
+    for (std::size_t r = 0; r <= cellRows; ++r)
+        for (std::size_t c = 0; c <= cellColumns; ++c) {
+            float* normal = m_normalArray + c * cs + r * rs;
+            if (r == 0 || c == 0 || r == cellRows || c == cellColumns) {
+                normal[0] = normal[1] = 0.0f;
+                normal[2] = 1.0f;
+                continue;
+            }
+            const SPoint3f* lowerLeft = &faces[((r - 1) * cellColumns + c - 1) * 2];
+            const SPoint3f* lowerRight = &faces[((r - 1) * cellColumns + c) * 2];
+            const SPoint3f* upperLeft = &faces[(r * cellColumns + c - 1) * 2];
+            const SPoint3f* upperRight = &faces[(r * cellColumns + c) * 2];
+            const SPoint3f* touching[] = {lowerLeft, lowerLeft + 1, lowerRight + 1,
+                                          upperLeft, upperRight,    upperRight + 1};
+            float sum[3] = {};
+            for (const SPoint3f* face : touching)
+                VectorOffset3(sum, &face->x);
+            for (int i = 0; i < 3; ++i)
+                normal[i] = sum[i] / 6.0f;
+        }
+}
+
+void CKivoFunctionPlotter::AssignPositionData() {}
+
+// ---- Drawing --------------------------------------------------------------------------------------------
+
+// OpenGL takes two to four floats of a point; of longer points it gets the first three, with their stride.
+void CKivoFunctionPlotter::SetVertexPointer() const {
+    if (m_componentCount <= 4)
+        glVertexPointer(static_cast<GLint>(m_componentCount), GL_FLOAT, 0, m_points);
+    else
+        glVertexPointer(3, GL_FLOAT, static_cast<GLsizei>(m_componentCount * sizeof(float)), m_points);
+}
+
+void CKivoFunctionPlotter::UploadFramelineTexture() const {
+    glTexCoordPointer(2, GL_FLOAT, 0, m_texcoordArray);
+    glEnableClientState(GL_TEXTURE_COORD_ARRAY);
+    glEnable(GL_TEXTURE_2D);
+    glBindTexture(GL_TEXTURE_2D, m_framelineTexId);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_REPEAT);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_REPEAT);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
+    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA8, m_framelineTexWidth, m_framelineTexHeight, 0, GL_RGBA,
+                 GL_UNSIGNED_BYTE, m_framelineTexels);
+}
+
+void CKivoFunctionPlotter::RenderSurface() {
+    if (!HasDrawablePoints() || !m_colorArray || !m_indexArray) return;
+    SetVertexPointer();
+    glEnableClientState(GL_VERTEX_ARRAY);
+    glColorPointer(4, GL_FLOAT, 0, m_colorArray);
+    glEnableClientState(GL_COLOR_ARRAY);
+
+    if (m_showFrameLines) {
+        if (m_useFramelineTexture && m_framelineTexels && m_framelineTexId != 0) {
+            UploadFramelineTexture();
+        } else if (m_framelineIndexArray) {
+            glDisable(GL_LIGHTING);
+            glDisableClientState(GL_COLOR_ARRAY);
+            glColor4fv(m_framelineColor);
+            glDrawElements(GL_LINES, m_framelineIndexCount, GL_UNSIGNED_INT, m_framelineIndexArray);
+            glEnable(GL_LIGHTING);
+            glEnableClientState(GL_COLOR_ARRAY);
+        }
+    }
+
+    // The surface is pushed back a little, so that the lines on it win the depth test.
+    glPolygonOffset(1.0f, 1.0f);
+    glEnable(GL_POLYGON_OFFSET_FILL);
+    glDrawElements(GL_TRIANGLES, static_cast<GLsizei>(m_indexCount), GL_UNSIGNED_INT, m_indexArray);
+    glDisable(GL_POLYGON_OFFSET_FILL);
+
+    glDisable(GL_TEXTURE_2D);
+    glDisable(GL_BLEND);
+    glDisableClientState(GL_VERTEX_ARRAY);
+    glDisableClientState(GL_COLOR_ARRAY);
+    glBindTexture(GL_TEXTURE_2D, 0);
+    glDisableClientState(GL_TEXTURE_COORD_ARRAY);
+}
+
+// ---- Frame lines ----------------------------------------------------------------------------------------
+
+void CKivoFunctionPlotter::SetFrameLineStep(unsigned int columnStep, unsigned int rowStep) {
+    AssignFramelineIndexData(columnStep, rowStep);
+}
+
+void CKivoFunctionPlotter::SetFrameLineColor(unsigned long color) {
+    ColorToRgba(color, m_framelineColor);
+}
+
+void CKivoFunctionPlotter::AssignFramelineIndexData() {
+    AssignFramelineIndexData(1, 1);
+}
+
+void CKivoFunctionPlotter::AssignFramelineIndexData(unsigned int columnStep, unsigned int rowStep) {
+    delete[] m_framelineIndexArray;
+    m_framelineIndexArray = nullptr;
+    m_framelineIndexCount = 0;
+    if (!HasReadablePoints()) return;
+
+    const FrameLines lines(CellCount(m_columnCount), CellCount(m_rowCount), columnStep, rowStep);
+    if (lines.IndexCount() == 0) return;
+    m_framelineIndexArray = new unsigned int[lines.IndexCount()];
+    lines.Fill(m_framelineIndexArray);
+    m_framelineIndexCount = static_cast<int>(lines.IndexCount());
+}
+
+void CKivoFunctionPlotter::CreateFramelineSKivoTexImage() {
+    m_framelineTexWidth = framelineTexSize;
+    m_framelineTexHeight = framelineTexSize;
+    constexpr double volume[] = {0.0, framelineTexSize, 0.0, framelineTexSize};
+    constexpr float white[] = {1.0f, 1.0f, 1.0f, 1.0f};
+    DrawIntoTexels(framelineTexSize, volume, white, DrawFramelineTexture, m_framelineTexels);
+    if (m_framelineTexId == 0) glGenTextures(1, &m_framelineTexId);
+}
+
+// ---- Iso-contours ---------------------------------------------------------------------------------------
+
+int CKivoFunctionPlotter::SetIsoContourCount(unsigned int count) {
+    if (count == 0) return -3;
+    if (count == m_isoContourCount) return 0;
+    m_isoContourCount = count;
+    ReleaseIsoContour();
+    const ContextScope context(m_hDC, m_hGLRC);
+    CreateIsoContourData();
+    return 0;
+}
+
+void CKivoFunctionPlotter::CreateIsoContourData() {
+    if (!m_points) return;
+    if (m_useIsoContourTexture)
+        CreateIsoContourSKivoTexImage();
+    else
+        AssignFlatZIsoContourData();
+    AssignFlatXIsoContourData();
+    AssignFlatYIsoContourData();
+}
+
+void CKivoFunctionPlotter::AssignFlatZIsoContourData() {
+    AssignFlatContours(m_flatZIsoContours, 2,
+                       ContourLevelsOfHeight(m_boundingBoxMin[2], m_boundingBoxMax[2], m_isoContourCount));
+}
+
+void CKivoFunctionPlotter::AssignFlatXIsoContourData() {
+    AssignFlatContours(m_flatXIsoContours, 0,
+                       ContourLevelsInside(m_boundingBoxMin[0], m_boundingBoxMax[0], m_isoContourCount));
+}
+
+void CKivoFunctionPlotter::AssignFlatYIsoContourData() {
+    AssignFlatContours(m_flatYIsoContours, 1,
+                       ContourLevelsInside(m_boundingBoxMin[1], m_boundingBoxMax[1], m_isoContourCount));
+}
+
+void CKivoFunctionPlotter::AssignFlatContours(std::vector<SKivoIsoContour>& contours, int axis,
+                                              const std::vector<float>& levels) {
+    if (!HasReadablePoints()) return;
+    std::vector<LevelLines> lines = TraceLevelLines(Grid(), axis, levels);
+    contours.reserve(contours.size() + levels.size());
+    for (std::size_t k = 0; k < levels.size(); ++k) {
+        if (!lines[k].points) continue;
+        for (std::uint64_t i = 0; i < lines[k].pointCount; ++i)
+            lines[k].points[3 * i + axis] = 0.0f;
+        contours.push_back({lines[k].points.release(), lines[k].pointCount, levels[k]});
+    }
+}
+
+GridView CKivoFunctionPlotter::Grid() const {
+    return {m_points, m_columnCount, m_rowCount, m_columnStride, m_rowStride};
+}
+
+void CKivoFunctionPlotter::RenderFlatXIsoContour() {
+    RenderFlatContours(m_flatXIsoContours, m_xGradientColor, 0);
+}
+
+void CKivoFunctionPlotter::RenderFlatYIsoContour() {
+    RenderFlatContours(m_flatYIsoContours, m_yGradientColor, 1);
+}
+
+void CKivoFunctionPlotter::RenderFlatZIsoContour() {
+    RenderFlatContours(m_flatZIsoContours, m_zGradientColor, 2);
+}
+
+void CKivoFunctionPlotter::RenderFlatContours(const std::vector<SKivoIsoContour>& contours,
+                                              const CKivoGradientColor* gradient, int axis) {
+    if (!m_gridBox || !gradient) return;
+    constexpr int backPlaneOfAxis[] = {2, 0, 1};
+    float wall[3] = {};
+    wall[axis] =
+        m_gridBox->m_backPlane[backPlaneOfAxis[axis]] ? m_gridBox->m_boxMin[axis] : m_gridBox->m_boxMax[axis];
+
+    const MatrixModeScope modelView(GL_MODELVIEW);
+    glPushMatrix();
+    glTranslatef(wall[0], wall[1], wall[2]);
+    glEnableClientState(GL_VERTEX_ARRAY);
+    for (const SKivoIsoContour& contour : contours) {
+        float color[4] = {0, 0, 0, 1};
+        gradient->Evaluate(contour.level, color);
+        glColor4fv(color);
+        glVertexPointer(3, GL_FLOAT, 0, contour.points);
+        glDrawArrays(GL_LINES, 0, static_cast<GLsizei>(contour.pointCount));
+    }
+    glDisableClientState(GL_VERTEX_ARRAY);
+    glPopMatrix();
+}
+
+void CKivoFunctionPlotter::RenderIsoContour() {
+    std::vector<LevelLines> traced; // before any state is changed: it can throw
+    if (HasReadablePoints()) traced = TraceLevelLines(Grid(), ContouredAxis(), EvenHeights());
+    glDisable(GL_LIGHTING);
+    for (const LevelLines& lines : traced) {
+        glBegin(GL_LINES);
+        for (std::uint64_t i = 0; i < lines.pointCount; ++i)
+            glVertex3fv(lines.points.get() + 3 * i);
+        glEnd();
+    }
+    glEnable(GL_LIGHTING);
+}
+
+std::vector<float> CKivoFunctionPlotter::EvenHeights() const {
+    return ContourLevelsEven(m_boundingBoxMin[2], m_boundingBoxMax[2], m_isoContourCount);
+}
+
+// The last coordinate of a point; of points with more than three floats that is z too.
+int CKivoFunctionPlotter::ContouredAxis() const {
+    return std::min(static_cast<int>(m_componentCount) - 1, 2);
+}
+
+void CKivoFunctionPlotter::CreateIsoContourSKivoTexImage() {
+    m_isoContourTexWidth = contourTexSize;
+    m_isoContourTexHeight = contourTexSize;
+    std::vector<float> levels;
+    std::vector<LevelLines> traced;
+    if (HasReadablePoints()) {
+        levels = EvenHeights();
+        traced = TraceLevelLines(Grid(), ContouredAxis(), levels);
+    }
+    const auto draw = [&] {
+        glLineWidth(2.0f);
+        for (std::size_t k = 0; k < levels.size(); ++k) {
+            const LevelLines& lines = traced[k];
+            float color[4] = {0, 0, 0, 1};
+            if (m_zGradientColor) m_zGradientColor->Evaluate(levels[k], color);
+            glColor4fv(color);
+            glBegin(GL_LINES);
+            for (std::uint64_t i = 0; i < lines.pointCount; ++i)
+                glVertex3f(lines.points[3 * i], lines.points[3 * i + 1], 0.5f);
+            glEnd();
+        }
+        glLineWidth(1.0f);
+    };
+    const double volume[] = {m_boundingBoxMin[0], m_boundingBoxMax[0], m_boundingBoxMin[1],
+                             m_boundingBoxMax[1]};
+    constexpr float transparentWhite[] = {1.0f, 1.0f, 1.0f, 0.0f};
+    if (HasReadablePoints())
+        DrawIntoTexels(contourTexSize, volume, transparentWhite, draw, m_isoContourTexels);
+    if (m_isoContourTexId == 0) glGenTextures(1, &m_isoContourTexId);
+}
+
+} // namespace KivoDrawingTools

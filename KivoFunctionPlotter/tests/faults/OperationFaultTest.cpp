@@ -1,0 +1,235 @@
+// Every operation of the window system made to fail in turn: the documented result, nothing lost, and a
+// plotter that goes on working.
+#include "parts/KivoGradientColorRuler.h"
+#include "support/Holdings.h"
+#include "support/OperationFaults.h"
+#include "support/PublicOperations.h"
+
+#include <algorithm>
+#include <map>
+#include <string>
+
+using namespace KivoDrawingTools;
+using namespace KivoTest;
+
+namespace {
+
+// The operation to fail after the n-th. Labels are made alike, by twelve operations each: beyond the first
+// ones every seventh operation fails, each at another place in its label.
+long Next(long n) {
+    return n < 40 ? n + 1 : n + 7;
+}
+
+// The how manieth of its name the n-th operation is; 0 where there was none.
+int Occurrence(const OperationFault& fault, long n) {
+    const auto& names = fault.Operations();
+    if (fault.Failed().empty()) return 0;
+    return static_cast<int>(std::count(names.begin(), names.begin() + n, fault.Failed()));
+}
+
+// Text whose making failed must not show as a black box: a letter's ink leaves most of its image clear.
+bool IsTextOrNothing(const SKivoTexImage& image) {
+    if (!image.pixels) return true;
+    const int area = image.width * image.height;
+    int ink = 0;
+    for (int i = 0; i < area; ++i)
+        if (image.pixels[4 * i + 3] != 0) ++ink;
+    return ink < area / 2;
+}
+
+void ExpectLabelsToBeText(const CallProbe& plotter) {
+    for (const CKivoGradientColorRuler* ruler :
+         {plotter.m_xColorRuler, plotter.m_yColorRuler, plotter.m_zColorRuler})
+        for (unsigned int i = 0; ruler->m_labels && i <= ruler->m_divisionCount; ++i)
+            EXPECT_TRUE(IsTextOrNothing(ruler->m_labels[i])) << i;
+}
+
+void ExpectToWorkIn(const TestWindow& window, CallProbe& plotter) {
+    EXPECT_EQ(plotter.OnCreate(window.Handle(), 120, 90, true), 0);
+    plotter.SetData(NewHill(6, 5), 6, 5, 1, 6, 3);
+    EXPECT_EQ(plotter.Renderscene(), 0);
+    EXPECT_TRUE(IsOpenGlInOrder(plotter));
+}
+
+} // namespace
+
+// ---- OnCreate
+
+namespace {
+
+// The result when the n-th operation of a name fails. Other operations leave out a font or a label.
+int ResultOfCreation(const std::string& name, int n) {
+    const bool isNeeded = name == "GetDC" || name == "SetPixelFormat" || name == "wglCreateContext" ||
+                          name == "wglUseFontBitmapsA" ||
+                          (name == "wglMakeCurrent" && n == 1); // the font lists want the context
+    return isNeeded ? -1 : 0;
+}
+
+// Calls of SelectObject: the bitmap font and the font before it, the text font, then each text's bitmap and
+// the one before that. What cannot be taken out of its device context cannot be deleted either: it is the
+// only thing lost.
+bool IsObjectKept(const std::string& name, int n) {
+    return name == "SelectObject" && (n == 2 || (n > 3 && n % 2 == 1));
+}
+
+} // namespace
+
+TEST(OperationFaults, InOnCreateGiveTheDocumentedResultAndLoseNothing) {
+    WarmUp();
+    bool hasFailed = true;
+    for (long n = 1; hasFailed; n = Next(n)) {
+        Holdings before;
+        {
+            TestWindow window(WindowKind::offscreen, 120, 90), another(WindowKind::offscreen, 120, 90);
+            CallProbe plotter;
+            OperationFault fault(n);
+            const int result = plotter.OnCreate(window.Handle(), 120, 90, true);
+            fault.Stop();
+            hasFailed = !fault.Failed().empty();
+            SCOPED_TRACE(fault.Failed() + ", operation " + std::to_string(n));
+            const int nth = Occurrence(fault, n);
+            EXPECT_EQ(result, ResultOfCreation(fault.Failed(), nth));
+            if (result != 0) {
+                EXPECT_NE(std::string(LastWindowError()), "");
+            }
+            ExpectLabelsToBeText(plotter);
+            if (IsObjectKept(fault.Failed(), nth)) {
+                Uncounted([&] { return ++before.resources["object"]; });
+                before.blocks +=
+                    nth == 2 ? 2 : 3; // the font, or the bitmap and its pixels; and a list's entry
+            }
+            plotter.EndGLOperation();
+
+            // It can be used, destroyed and created again.
+            plotter.SetData(NewHill(6, 5), 6, 5, 1, 6, 3);
+            if (n < 40) plotter.OnDraw();
+            EXPECT_EQ(plotter.OnDestroy(), 0);
+            if (n < 40) ExpectToWorkIn(another, plotter);
+        }
+        EXPECT_TRUE(AreEqual(Holdings(), before)) << n;
+    }
+}
+
+// Formats come in two steps: the nearest, else the first one.
+TEST(OperationFaults, WithoutTheNearestFormatTheFirstOneIsTaken) {
+    const TestWindow window(WindowKind::offscreen, 120, 90);
+    CallProbe plotter;
+    CallRecorder recorder;
+    OperationFault fault(2); // ChoosePixelFormat
+    EXPECT_EQ(plotter.OnCreate(window.Handle(), 120, 90, true), 0);
+    fault.Stop();
+    recorder.Stop();
+    NameFields(recorder, plotter);
+    const Texts formats = recorder.TextsOf({"DescribePixelFormat", "SetPixelFormat"});
+    EXPECT_EQ(formats, (Texts{"DescribePixelFormat(dc, 1, 40)", "SetPixelFormat(dc, 1)"}));
+}
+
+TEST(OperationFaults, ADeviceContextWithoutFormatsIsRefused) {
+    const TestWindow window(WindowKind::offscreen, 120, 90);
+    CallProbe plotter;
+    OperationFault fault(0);
+    EXPECT_EQ(plotter.SetDCPixelFormat(nullptr, true), -1);
+    EXPECT_EQ(fault.Operations(), (Texts{"ChoosePixelFormat", "DescribePixelFormat"}));
+}
+
+// As it is documented: a failure of the font lists leaves the context current, for the caller to see to.
+TEST(OperationFaults, AFailureOfTheFontListsLeavesTheContextCurrent) {
+    const TestWindow window(WindowKind::offscreen, 120, 90);
+    CallProbe plotter;
+    long lists = 0;
+    {
+        const TestWindow first(WindowKind::offscreen, 120, 90);
+        CallProbe another;
+        OperationFault fault(0);
+        another.OnCreate(first.Handle(), true);
+        const auto& names = fault.Operations();
+        lists = std::find(names.begin(), names.end(), "wglUseFontBitmapsA") - names.begin() + 1;
+    }
+    OperationFault fault(lists);
+    EXPECT_EQ(plotter.OnCreate(window.Handle(), true), -1);
+    EXPECT_EQ(fault.Failed(), "wglUseFontBitmapsA");
+    EXPECT_EQ(wglGetCurrentContext(), plotter.m_hGLRC);
+    fault.Stop();
+    EXPECT_EQ(plotter.OnDestroy(), 0);
+    EXPECT_EQ(wglGetCurrentContext(), nullptr);
+}
+
+// ---- OnDestroy
+
+TEST(OperationFaults, InOnDestroyGiveTheDocumentedResult) {
+    WarmUp();
+    bool hasFailed = true;
+    for (long n = 1; hasFailed; n = Next(n)) {
+        const Holdings before;
+        {
+            const TestWindow another(WindowKind::offscreen, 120, 90);
+            RecordedPlot plot;
+            plot.Fill();
+            OperationFault fault(n);
+            const int result = plot.plotter.OnDestroy();
+            fault.Stop();
+            hasFailed = !fault.Failed().empty();
+            SCOPED_TRACE(fault.Failed() + ", operation " + std::to_string(n));
+            EXPECT_EQ(result, fault.Failed() == "wglDeleteContext" ? -1 : 0);
+            EXPECT_EQ(wglGetCurrentContext(), nullptr);
+            EXPECT_EQ(plot.plotter.m_hGLRC, nullptr);
+            EXPECT_EQ(plot.plotter.OnDestroy(), 0) << "there is nothing left to fail";
+            ExpectToWorkIn(another, plot.plotter);
+        }
+        EXPECT_TRUE(AreEqual(Holdings(), before)) << n;
+    }
+}
+
+// ---- All other members
+
+namespace {
+
+bool HasOperations(const PublicOperation& member, CallProbe& plotter) {
+    OperationFault fault(0);
+    member.run(plotter);
+    fault.Stop();
+    plotter.EndGLOperation();
+    return !fault.Operations().empty();
+}
+
+// The result of a member when the n-th operation of a name fails in it.
+int ResultOf(const std::string& member, const std::string& failed, int n) {
+    const bool isFirstBinding = failed == "wglMakeCurrent" && n == 1;
+    if (member == "Renderscene") {
+        if (isFirstBinding)
+            return ERROR_INVALID_HANDLE; // nothing could be drawn, so nothing can be presented
+        return failed == "SwapBuffers" ? ERROR_GEN_FAILURE : 0;
+    }
+    // A picture needs the window's size and the context.
+    if (member.rfind("CapturePicture", 0) == 0) return failed == "GetClientRect" || isFirstBinding ? -1 : 0;
+    return 0;
+}
+
+} // namespace
+
+TEST(OperationFaults, InAnyMemberGiveTheDocumentedResultAndLoseNothing) {
+    WarmUp();
+    RecordedPlot counted;
+    counted.Fill();
+    for (const PublicOperation& member : PublicOperations()) {
+        if (member.context == ContextUse::callers || !HasOperations(member, counted.plotter)) continue;
+        RecordedPlot plot;
+        plot.Fill();
+        CallProbe& plotter = plot.plotter;
+        bool hasFailed = true;
+        for (long n = 1; hasFailed; n = Next(n)) {
+            SCOPED_TRACE(member.name + ", operation " + std::to_string(n));
+            OperationFault fault(n);
+            const int result = member.run(plotter);
+            fault.Stop();
+            hasFailed = !fault.Failed().empty();
+            SCOPED_TRACE(fault.Failed());
+            const int nth = Occurrence(fault, n);
+            EXPECT_EQ(result, ResultOf(member.name, fault.Failed(), nth));
+            ExpectLabelsToBeText(plotter);
+            plotter.EndGLOperation();
+            EXPECT_TRUE(IsOpenGlInOrder(plotter));
+        }
+        EXPECT_EQ(plotter.Renderscene(), 0);
+    }
+}

@@ -1,0 +1,54 @@
+// kivo-viewer-pictures: draws the pictures of docs/viewer.md, the real viewer on a display, into the folder
+// that KIVO_TEST_OUTPUT names.
+#include "support/PngImage.h"
+#include "ViewerWindow.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+using namespace KivoTest;
+
+namespace {
+
+class GuidePictures : public ViewerWindow {
+protected:
+    void Begin(std::vector<std::string> arguments) {
+        arguments.insert(arguments.end(), {"--size", "640x480"});
+        Start(arguments);
+    }
+
+    void KeepWindow(const std::string& name) {
+        MoveBy(0, 0); // no button of the window is lit up
+        Settled();
+        KeepPng(Grab(AreaOf(m_window)), name);
+    }
+
+    const std::string data = KIVO_TEST_DATA "/";
+};
+
+TEST_F(GuidePictures, Window) {
+    Begin({"--z-contours", "--z-min", "-400", "--z-max", "1200", "--z-ticks", "5"});
+    KeepWindow("window");
+}
+
+TEST_F(GuidePictures, FlatPlot) {
+    Begin({"--mode", "1", "--title", "Cumberland Mountains, 20 contours"});
+    KeepWindow("flat-plot");
+}
+
+TEST_F(GuidePictures, PointsAndTrace) {
+    Begin({"--points", data + "wells.csv", "--curve", data + "flight.csv", "--point-size", "6"});
+    Press('t');
+    MoveBy(60, 30);
+    Settled();
+    KeepPng(Grab(AreaOf(m_window)), "points");
+}
+
+TEST_F(GuidePictures, Keys) {
+    Begin({});
+    Press(f1Key);
+    KeepPng(Grab(AreaOf(WaitForDialog())), "keys");
+}
+
+} // namespace

@@ -1,0 +1,211 @@
+#include "ViewerWindow.h"
+
+#include "support/PngImage.h"
+#include "support/X11TestWindow.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstring>
+#include <thread>
+#include <utility>
+
+namespace KivoTest {
+
+using KivoDrawingTools::Compare;
+
+void ViewerWindow::SetUpTestSuite() {
+    desktop = std::make_unique<Desktop>();
+}
+
+void ViewerWindow::TearDownTestSuite() {
+    desktop.reset();
+}
+
+void ViewerWindow::SetUp() {
+    if (!HasDisplay()) GTEST_SKIP() << "no display";
+    ASSERT_TRUE(desktop->Ok());
+    m_folder = std::filesystem::temp_directory_path() / ("kivo-window-" + std::to_string(getpid()));
+    std::filesystem::create_directories(m_folder);
+    Start({"--size", std::to_string(plotWidth) + "x" + std::to_string(plotHeight)});
+}
+
+void ViewerWindow::TearDown() {
+    if (!m_viewer) return;
+    for (const xcb_keysym_t key : {controlKey, shiftKey, altKey})
+        desktop->Key(key, false);
+    for (const PointerButton button : {leftButton, rightButton})
+        desktop->Button(button, false);
+    m_viewer.reset();
+    std::filesystem::remove_all(m_folder);
+}
+
+void ViewerWindow::Start(const std::vector<std::string>& arguments, Environment environment) {
+    environment["QT_QPA_PLATFORM"] = std::nullopt;
+    environment["XDG_CONFIG_HOME"] = Path("config");
+    environment["HOME"] = m_folder.string();
+    m_viewer = std::make_unique<ViewerProcess>(arguments, environment);
+    ASSERT_TRUE(WaitFor([this] { return FindWindows(); })) << "no window; " << m_viewer->Errors();
+    desktop->MovePointer(m_plotArea.x + plotWidth / 2, m_plotArea.y + plotHeight / 2);
+    desktop->Focus(m_window);
+    WaitFor([this] { return CountOf(Grab(), IsColorful) > 5000; }); // a busy machine draws late
+    m_start = Settled();
+    Keep(m_start, "start");
+    ASSERT_GT(CountOf(m_start, IsColorful), 5000) << "no surface on the screen";
+}
+
+std::vector<xcb_window_t> ViewerWindow::Windows() const {
+    std::vector<xcb_window_t> windows = desktop->ChildrenOf(desktop->Root());
+    const auto process = static_cast<std::uint32_t>(m_viewer->Id());
+    windows.erase(std::remove_if(windows.begin(), windows.end(),
+                                 [&](xcb_window_t window) {
+                                     return !desktop->IsShown(window) ||
+                                            desktop->ProcessOf(window) != process;
+                                 }),
+                  windows.end());
+    return windows;
+}
+
+bool ViewerWindow::FindWindows() {
+    const std::vector<xcb_window_t> windows = Windows();
+    m_window = windows.empty() ? XCB_NONE : windows.back();
+    m_plotArea = {};
+    if (m_window == XCB_NONE) return false;
+    for (const xcb_window_t child : desktop->ChildrenOf(m_window)) {
+        const ScreenArea area = AreaOf(child);
+        if (desktop->IsShown(child) && area.width * area.height > m_plotArea.width * m_plotArea.height)
+            m_plotArea = area;
+    }
+    return m_plotArea.width > 1;
+}
+
+Image ViewerWindow::Grab(const ScreenArea& area) {
+    const Image image = desktop->Grab(area);
+    if (image.width == area.width) return image;
+    ADD_FAILURE() << "the screen cannot be read";
+    return Image(area.width, area.height);
+}
+
+Image ViewerWindow::Settled() const {
+    Image last = Grab();
+    WaitFor([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(250));
+        Image now = Grab();
+        const bool same = now.rgba == last.rgba && m_viewer->IsIdle();
+        last = std::move(now);
+        return same;
+    });
+    return last;
+}
+
+void ViewerWindow::Keep(const Image& image, const std::string& step) {
+    KeepPng(image, std::string("viewer-") + testing::UnitTest::GetInstance()->current_test_info()->name() +
+                       "-" + step);
+}
+
+bool ViewerWindow::IsColorful(const unsigned char* rgb) {
+    return std::max({rgb[0], rgb[1], rgb[2]}) - std::min({rgb[0], rgb[1], rgb[2]}) > 60;
+}
+
+int ViewerWindow::DifferingPixels(const Image& a, const Image& b, int first, int last) {
+    int count = 0;
+    for (int y = first; y < last; ++y)
+        for (int x = 0; x < a.width; ++x)
+            count += std::memcmp(a.Pixel(x, y), b.Pixel(x, y), 3) != 0;
+    return count;
+}
+
+int ViewerWindow::CountOf(const Image& image, bool (*condition)(const unsigned char*)) {
+    return image.Count(condition);
+}
+
+Image ViewerWindow::After(const std::string& step, const std::function<void()>& action, double leastMean) {
+    const Image before = Settled();
+    action();
+    WaitFor([&] { return Grab().rgba != before.rgba; });
+    const Image after = Settled();
+    Keep(before, step + "-before");
+    Keep(after, step + "-after");
+    EXPECT_GT(Compare(before, after).mean, leastMean) << step << " changes nothing";
+    return after;
+}
+
+void ViewerWindow::ExpectNoChange(const std::string& step, const std::function<void()>& action) {
+    const Image before = Settled();
+    action();
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    const Image after = Settled();
+    if (before.rgba == after.rgba) return;
+    Keep(before, step + "-before");
+    Keep(after, step + "-after");
+    ADD_FAILURE() << step << " changes the picture";
+}
+
+void ViewerWindow::ExpectStart(const Image& image) {
+    EXPECT_EQ(Compare(image, m_start).max, 0) << "the picture is not that of the start";
+}
+
+void ViewerWindow::MoveBy(int dx, int dy) {
+    constexpr int steps = 10;
+    const int x = m_plotArea.x + m_plotArea.width / 2;
+    const int y = m_plotArea.y + m_plotArea.height / 2;
+    for (int i = 0; i <= steps; ++i) {
+        desktop->MovePointer(x + dx * i / steps, y + dy * i / steps);
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
+}
+
+void ViewerWindow::Drag(PointerButton button, int dx, int dy, xcb_keysym_t modifier) {
+    MoveBy(0, 0);
+    if (modifier != 0) desktop->Key(modifier, true);
+    desktop->Button(button, true);
+    MoveBy(dx, dy);
+    desktop->Button(button, false);
+    if (modifier != 0) desktop->Key(modifier, false);
+}
+
+bool ViewerWindow::WaitForPlotSize(int width, int height) {
+    return WaitFor([&] { return FindWindows() && m_plotArea.width == width && m_plotArea.height == height; });
+}
+
+int ViewerWindow::Close() {
+    desktop->AskToClose(m_window);
+    return m_viewer->WaitForExit().value_or(-1);
+}
+
+// ---- Dialogs --------------------------------------------------------------------------------------------
+
+xcb_window_t ViewerWindow::WaitForDialog(int startMilliseconds) {
+    xcb_window_t dialog = XCB_NONE;
+    WaitFor([&] {
+        for (const xcb_window_t window : Windows())
+            if (window != m_window) dialog = window;
+        return dialog != XCB_NONE;
+    });
+    EXPECT_NE(dialog, xcb_window_t{XCB_NONE}) << "no dialog";
+    std::this_thread::sleep_for(std::chrono::milliseconds(startMilliseconds));
+    desktop->Focus(dialog);
+    return dialog;
+}
+
+void ViewerWindow::WaitForNoDialog() {
+    EXPECT_TRUE(WaitFor([this] {
+        const std::vector<xcb_window_t> windows = Windows();
+        return windows.empty() || (windows.size() == 1 && windows.front() == m_window);
+    })) << "a dialog stays";
+    desktop->Focus(m_window);
+}
+
+void ViewerWindow::Type(const std::string& text) {
+    for (const char character : text)
+        Press(static_cast<xcb_keysym_t>(character));
+}
+
+void ViewerWindow::PressWith(xcb_keysym_t modifier, xcb_keysym_t symbol) {
+    desktop->Key(modifier, true);
+    Press(symbol);
+    desktop->Key(modifier, false);
+}
+
+} // namespace KivoTest

@@ -1,0 +1,125 @@
+// The viewer as a user has it: the real program on a real display, driven by injected input and judged by
+// what the screen shows. Pictures of each step go to the folder in KIVO_TEST_OUTPUT, else to test-output.
+#pragma once
+
+#include "support/Desktop.h"
+#include "support/Image.h"
+#include "support/WaitFor.h"
+#include "support/Xcb.h"
+#include "ViewerProcess.h"
+
+#include <gtest/gtest.h>
+
+#include <xcb/xcb.h>
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace KivoTest {
+
+using KivoDrawingTools::Image;
+
+constexpr int plotWidth = 800;
+constexpr int plotHeight = 600;
+
+/// Starts the viewer for each test, with a home of its own: nothing is remembered from before. Skips where
+/// there is no display.
+class ViewerWindow : public testing::Test {
+protected:
+    // An X server starts anew when the last of its clients leaves; one stays from test to test.
+    static void SetUpTestSuite();
+    static void TearDownTestSuite();
+
+    void SetUp() override;
+
+    void TearDown() override;
+
+    /// Starts the viewer, in place of the one before, and waits for its picture.
+    void Start(const std::vector<std::string>& arguments, Environment environment = {});
+
+    // ---- Windows
+
+    /// The viewer's shown windows.
+    std::vector<xcb_window_t> Windows() const;
+
+    static ScreenArea AreaOf(xcb_window_t window) { return desktop->AreaOf(window); }
+
+    /// The viewer's shown window and, inside it, the plot's: the largest.
+    bool FindWindows();
+
+    // ---- Pictures
+
+    /// What the screen shows of the plot.
+    Image Grab() const { return Grab(m_plotArea); }
+
+    static Image Grab(const ScreenArea& area);
+
+    /// The picture once it has stayed the same for a while and the viewer waits.
+    Image Settled() const;
+
+    /// Keeps a picture for a person to look at.
+    static void Keep(const Image& image, const std::string& step);
+
+    static bool IsColorful(const unsigned char* rgb);
+
+    /// Pixels of the rows from first to last that differ.
+    static int DifferingPixels(const Image& a, const Image& b, int first, int last);
+
+    static int CountOf(const Image& image, bool (*condition)(const unsigned char*));
+
+    /// Does something and returns the picture afterwards, which must differ from the one before.
+    Image After(const std::string& step, const std::function<void()>& action, double leastMean = 0.2);
+
+    /// Does something that must leave the picture alone.
+    void ExpectNoChange(const std::string& step, const std::function<void()>& action);
+
+    /// Fails where the picture is not that of the start.
+    void ExpectStart(const Image& image);
+
+    // ---- Input
+
+    static void Press(xcb_keysym_t symbol) { desktop->Press(symbol); }
+
+    /// To a place in the plot, in steps as a hand makes them.
+    void MoveBy(int dx, int dy);
+
+    /// A drag from the middle of the plot.
+    void Drag(PointerButton button, int dx, int dy, xcb_keysym_t modifier = 0);
+
+    static void Wheel(PointerButton direction) { desktop->Click(direction); }
+
+    void Resize(int width, int height) { desktop->ResizeWindow(m_window, width, height); }
+
+    /// Waits until the plot's window has changed its size.
+    bool WaitForPlotSize(int width, int height);
+
+    /// Asks the viewer to close, as the window's frame does, and waits for its end. @return its exit code
+    int Close();
+
+    // ---- Dialogs
+
+    /// Waits for a window of the viewer beside its main one, and gives it the keys.
+    /// @param startMilliseconds  that it has to get ready for them
+    xcb_window_t WaitForDialog(int startMilliseconds = 300);
+    /// Waits until there is none but the main window, and gives that the keys.
+    void WaitForNoDialog();
+    /// Presses the keys of a text of small letters, digits, points, dashes and slashes.
+    static void Type(const std::string& text);
+    /// Presses a key while another is down.
+    static void PressWith(xcb_keysym_t modifier, xcb_keysym_t symbol);
+
+    /// A path in this test's folder.
+    std::string Path(const std::string& name) const { return (m_folder / name).string(); }
+
+    inline static std::unique_ptr<Desktop> desktop;
+    std::filesystem::path m_folder; ///< removed afterwards
+    std::unique_ptr<ViewerProcess> m_viewer;
+    xcb_window_t m_window = XCB_NONE;
+    ScreenArea m_plotArea;
+    Image m_start; ///< the first picture
+};
+
+} // namespace KivoTest

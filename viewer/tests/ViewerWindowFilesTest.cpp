@@ -1,0 +1,328 @@
+// The viewer's window: files in, pictures out, dialogs, and what it remembers.
+#include "support/Image.h"
+#include "support/PngImage.h"
+#include "support/X11TestWindow.h"
+#include "ViewerWindow.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cstdint>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <thread>
+#include <vector>
+
+using namespace KivoTest;
+using KivoDrawingTools::Compare;
+
+namespace {
+
+const std::string hill = KIVO_TEST_DATA "/hill.csv";
+
+class ViewerWindowFilesTest : public ViewerWindow {
+protected:
+    static void Pause() { std::this_thread::sleep_for(std::chrono::milliseconds(300)); }
+
+    // Chooses a file in the open dialog.
+    void OpenByDialog(const std::string& path) {
+        PressWith(controlKey, 'o');
+        WaitForDialog();
+        Type(path);
+        Press(returnKey);
+    }
+
+    // Saves the picture with these answers to the first questions, and the suggestions for the others.
+    Image SaveByDialog(const std::vector<std::string>& answers) {
+        PressWith(controlKey, 's');
+        Keep(Grab(AreaOf(WaitForDialog())), "questions");
+        for (const std::string& answer : answers) {
+            PressWith(controlKey, 'a');
+            Type(answer);
+            Press(tabKey);
+        }
+        Press(returnKey);
+        if (answers.empty()) Press(returnKey); // the first has ended the editing
+        Pause();
+        WaitForDialog();
+        Type(Path("saved"));
+        Press(returnKey);
+        WaitForNoDialog();
+        if (!WaitFor([this] { return std::filesystem::exists(Path("saved.png")); })) {
+            ADD_FAILURE() << "no picture";
+            return {};
+        }
+        const Image saved = ReadPng(Path("saved.png"));
+        Keep(saved, "saved");
+        return saved;
+    }
+
+    // A file in this test's folder, whose name has nothing but small letters.
+    std::string Copy(const std::string& source, const std::string& name) const {
+        std::filesystem::copy_file(source, Path(name));
+        return Path(name);
+    }
+
+    // ---- Dragging a file, as file managers do it by the XDND protocol
+
+    void SendDragMessage(const char* type, const std::array<std::uint32_t, 5>& data) {
+        xcb_client_message_event_t event = {};
+        event.response_type = XCB_CLIENT_MESSAGE;
+        event.format = 32;
+        event.window = m_window;
+        event.type = desktop->Atom(type);
+        std::copy(data.begin(), data.end(), event.data.data32);
+        event.data.data32[0] = static_cast<std::uint32_t>(m_source.Id());
+        xcb_send_event(m_source.Connection(), 0, m_window, XCB_EVENT_MASK_NO_EVENT,
+                       reinterpret_cast<const char*>(&event));
+        xcb_flush(m_source.Connection());
+    }
+
+    // Answers the viewer's question for the dragged files.
+    void HandOver(const std::string& list) {
+        xcb_generic_event_t event = {};
+        ASSERT_TRUE(m_source.WaitForEvent(XCB_SELECTION_REQUEST, event)) << "nobody asks for the file";
+        xcb_selection_request_event_t request = {};
+        std::memcpy(&request, &event, sizeof request);
+        EXPECT_EQ(request.target, desktop->Atom("text/uri-list"));
+        xcb_change_property(m_source.Connection(), XCB_PROP_MODE_REPLACE, request.requestor, request.property,
+                            request.target, 8, static_cast<std::uint32_t>(list.size()), list.data());
+        xcb_selection_notify_event_t answer = {};
+        answer.response_type = XCB_SELECTION_NOTIFY;
+        answer.requestor = request.requestor;
+        answer.selection = request.selection;
+        answer.target = request.target;
+        answer.property = request.property;
+        answer.time = request.time;
+        xcb_send_event(m_source.Connection(), 0, request.requestor, XCB_EVENT_MASK_NO_EVENT,
+                       reinterpret_cast<const char*>(&answer));
+        xcb_flush(m_source.Connection());
+    }
+
+    void DropFile(const std::string& path) {
+        const std::uint32_t version = 5U << 24;
+        const auto position = static_cast<std::uint32_t>((m_plotArea.x + 400) << 16 | (m_plotArea.y + 300));
+        xcb_set_selection_owner(m_source.Connection(), static_cast<xcb_window_t>(m_source.Id()),
+                                desktop->Atom("XdndSelection"), XCB_CURRENT_TIME);
+        SendDragMessage("XdndEnter", {0, version, desktop->Atom("text/uri-list"), 0, 0});
+        SendDragMessage("XdndPosition", {0, 0, position, XCB_CURRENT_TIME, desktop->Atom("XdndActionCopy")});
+        HandOver("file://" + path + "\r\n"); // to see what is dragged
+        Pause();
+        SendDragMessage("XdndDrop", {0, 0, XCB_CURRENT_TIME, 0, 0});
+        HandOver("file://" + path + "\r\n"); // to take it
+    }
+
+    // What the clipboard holds as PNG.
+    std::string ClipboardPng() {
+        const xcb_atom_t property = desktop->Atom("KIVO_TEST");
+        xcb_convert_selection(m_source.Connection(), static_cast<xcb_window_t>(m_source.Id()),
+                              desktop->Atom("CLIPBOARD"), desktop->Atom("image/png"), property,
+                              XCB_CURRENT_TIME);
+        xcb_generic_event_t event = {};
+        if (!m_source.WaitForEvent(XCB_SELECTION_NOTIFY, event)) return {};
+        const auto cookie =
+            xcb_get_property(m_source.Connection(), 1, static_cast<xcb_window_t>(m_source.Id()), property,
+                             XCB_GET_PROPERTY_TYPE_ANY, 0, 1U << 24);
+        const Reply<xcb_get_property_reply_t> reply(
+            xcb_get_property_reply(m_source.Connection(), cookie, nullptr));
+        if (!reply || reply->type != desktop->Atom("image/png")) return {};
+        return {static_cast<const char*>(xcb_get_property_value(reply.get())),
+                static_cast<std::size_t>(xcb_get_property_value_length(reply.get()))};
+    }
+
+    // Without a size worth mentioning, so that it covers nothing.
+    static X11TestWindow::Options Unseen() {
+        X11TestWindow::Options options;
+        options.inputOnly = true;
+        options.width = 1;
+        options.height = 1;
+        return options;
+    }
+
+    X11TestWindow m_source{
+        Unseen()}; ///< another program: files are dragged from it, and it asks for the clipboard
+};
+
+TEST_F(ViewerWindowFilesTest, OpensAFileByDialog) {
+    const std::string path = Copy(hill, "hill.csv");
+    const Image opened = After("open", [&] { OpenByDialog(path); });
+    Start({path, "--size", "800x600"});
+    EXPECT_EQ(Compare(opened, m_start).max, 0);
+}
+
+TEST_F(ViewerWindowFilesTest, OpensAFileThatIsDropped) {
+    const Image dropped = After("drop", [this] { DropFile(hill); });
+    Start({hill, "--size", "800x600"});
+    EXPECT_EQ(Compare(dropped, m_start).max, 0);
+}
+
+TEST_F(ViewerWindowFilesTest, SaysWhatIsWrongWithAFile) {
+    const std::string path = Copy(KIVO_TEST_DATA "/short-row.asc", "short.asc");
+    OpenByDialog(path);
+    Pause();
+    const xcb_window_t message = WaitForDialog();
+    Keep(Grab(AreaOf(message)), "message");
+    Press(escapeKey);
+    WaitForNoDialog();
+    ExpectStart(Settled());
+}
+
+TEST_F(ViewerWindowFilesTest, ReadsLargeFilesWithAWayOut) {
+    std::ofstream file(Path("large.asc"));
+    file << "ncols 4000\nnrows 4000\nxllcorner 0\nyllcorner 0\ncellsize 1\n";
+    for (int r = 0; r < 4000; ++r) {
+        std::string line;
+        for (int c = 0; c < 4000; ++c) {
+            line += static_cast<char>('0' + (r / 400 + c / 400) % 10);
+            line += ' ';
+        }
+        file << line << '\n';
+    }
+    file.close();
+    OpenByDialog(Path("large.asc"));
+    WaitForNoDialog();
+    const Image progress = Grab(AreaOf(WaitForDialog(100))); // at once: reading takes a second or so
+    Press(escapeKey);
+    WaitForNoDialog();
+    Keep(progress, "progress");
+    ExpectStart(Settled());
+    EXPECT_FALSE(m_viewer->WaitForExit(std::chrono::milliseconds(0)));
+}
+
+TEST_F(ViewerWindowFilesTest, ListsRecentFiles) {
+    const std::string path = Copy(hill, "hill.csv");
+    Start({path, "--size", "800x600"});
+    const Image first = m_start;
+    EXPECT_EQ(Close(), 0);
+    Start({"--size", "800x600"});
+    const Image again = After("recent", [this] {
+        PressWith(altKey, 'f');
+        Pause();
+        Press('r');
+        Pause();
+        Press(returnKey);
+    });
+    EXPECT_EQ(Compare(first, again).max, 0);
+}
+
+TEST_F(ViewerWindowFilesTest, SavesAPictureOfAnySize) {
+    const Image saved = SaveByDialog({"1000", "500"});
+    EXPECT_EQ(saved.width, 1000);
+    EXPECT_EQ(saved.height, 500);
+    EXPECT_GT(CountOf(saved, IsColorful), 5000);
+    EXPECT_EQ(ReadPngResolution(Path("saved.png")), 96);
+    ExpectStart(Settled());
+}
+
+TEST_F(ViewerWindowFilesTest, SavesWhatTheScreenShows) {
+    After("turn", [this] { Drag(rightButton, 120, 40); });
+    After("move", [this] { Drag(rightButton, 60, -30, shiftKey); });
+    const Image shown = After("zoom", [this] { Wheel(wheelUp); });
+    EXPECT_EQ(Compare(SaveByDialog({}), shown).max, 0);
+    std::filesystem::remove(Path("saved.png"));
+    const Image fine = SaveByDialog({"1600", "1200", "192"});
+    EXPECT_EQ(ReadPngResolution(Path("saved.png")), 192);
+    const double colorful = CountOf(shown, IsColorful); // fourfold and more: lines stay as thin
+    EXPECT_NEAR(CountOf(fine, IsColorful), 4.3 * colorful, 0.5 * colorful);
+    EXPECT_EQ(Compare(Settled(), shown).max, 0);
+}
+
+// The saved picture has the resolution that the display gives the window.
+TEST_F(ViewerWindowFilesTest, SavesWithTheResolutionOfTheDisplay) {
+    const std::string before = desktop->Resources();
+    desktop->SetResources("Xft.dpi:\t144\n");
+    Start({"--size", "800x600"}, {{"QT_ENABLE_HIGHDPI_SCALING", "0"}});
+    const Image saved = SaveByDialog({});
+    desktop->SetResources(before);
+    EXPECT_EQ(Compare(saved, m_start).max, 0);
+    EXPECT_EQ(ReadPngResolution(Path("saved.png")), 144);
+}
+
+TEST_F(ViewerWindowFilesTest, CopiesThePicture) {
+    PressWith(controlKey, 'c');
+    Pause();
+    const std::string png = ClipboardPng();
+    ASSERT_FALSE(png.empty());
+    std::ofstream(Path("clip.png"), std::ios::binary) << png;
+    EXPECT_LT(Compare(ReadPng(Path("clip.png")), m_start).mean, 0.1);
+}
+
+TEST_F(ViewerWindowFilesTest, AddsPointsAndCurvesByDialog) {
+    const ScreenArea before = AreaOf(m_window);
+    for (const char key : {'m', 'u'}) {
+        const std::string path = Copy(KIVO_TEST_DATA "/flight.csv", std::string("flight") + key + ".csv");
+        const Image plot = Settled();
+        PressWith(controlKey, static_cast<xcb_keysym_t>(key));
+        WaitForDialog();
+        Type(path);
+        Press(returnKey);
+        WaitForNoDialog();
+        EXPECT_GT(DifferingPixels(Settled(), plot, 0, plotHeight), 100) << key;
+    }
+    Keep(Grab(before), "list");
+}
+
+// Without printers the dialog offers a PDF file in the home folder.
+TEST_F(ViewerWindowFilesTest, Prints) {
+    PressWith(controlKey, 'p');
+    const xcb_window_t dialog = WaitForDialog();
+    Keep(Grab(AreaOf(dialog)), "dialog");
+    Press(returnKey);
+    WaitForNoDialog();
+    const auto hasPdf = [this] {
+        for (const auto& entry : std::filesystem::directory_iterator(m_folder))
+            if (entry.path().extension() == ".pdf" && entry.file_size() > 10000) return true;
+        return false;
+    };
+    EXPECT_TRUE(WaitFor(hasPdf));
+    ExpectStart(Settled());
+}
+
+TEST_F(ViewerWindowFilesTest, RemembersSettingsAndWindow) {
+    After("no-lines", [this] { Press('f'); });
+    const Image changed = After("contours", [this] { Press('z'); });
+    const ScreenArea before = AreaOf(m_window);
+    EXPECT_EQ(Close(), 0);
+    Start({});
+    EXPECT_EQ(AreaOf(m_window).width, before.width);
+    EXPECT_EQ(AreaOf(m_window).height, before.height);
+    EXPECT_EQ(m_plotArea.width, plotWidth);
+    EXPECT_EQ(Compare(m_start, changed).max, 0);
+    // The command line counts more, and pictures do not depend on it all.
+    Start({"--frame-lines", "--no-z-contours"});
+    EXPECT_GT(Compare(m_start, changed).mean, 0.2);
+    Environment environment = WithoutDisplay();
+    environment["XDG_CONFIG_HOME"] = Path("config");
+    ASSERT_EQ(RunViewer({"--picture", Path("a.png"), "--size", "800x600"}, environment).exitCode, 0);
+    EXPECT_LT(Compare(ReadPng(Path("a.png")), m_start).mean, 0.5);
+}
+
+TEST_F(ViewerWindowFilesTest, RemembersWhetherThePanelIsShown) {
+    Press(f9Key);
+    const int width = AreaOf(m_window).width;
+    ASSERT_TRUE(WaitForPlotSize(width, plotHeight));
+    EXPECT_EQ(Close(), 0);
+    Start({});
+    EXPECT_EQ(m_plotArea.width, width);
+}
+
+TEST_F(ViewerWindowFilesTest, TellsKeysAndWhatItIs) {
+    Press(f1Key);
+    Keep(Grab(AreaOf(WaitForDialog())), "keys");
+    Press(escapeKey);
+    WaitForNoDialog();
+    PressWith(altKey, 'h');
+    Pause();
+    Press('a');
+    Pause();
+    Keep(Grab(AreaOf(WaitForDialog())), "about");
+    Press(escapeKey);
+    WaitForNoDialog();
+    ExpectStart(Settled());
+}
+
+} // namespace
