@@ -97,18 +97,18 @@ void ReadRow(const TextLines& lines, const std::vector<std::string_view>& fields
 }
 
 // Centres of the cells along an axis.
-std::vector<double> Centres(const TextLines& lines, const Entry& start, const Entry& cell,
+std::vector<double> Centers(const TextLines& lines, const Entry& start, const Entry& cell,
                             std::size_t count) {
-    std::vector<double> centres;
+    std::vector<double> centers;
     for (std::size_t i = 0; i < count; ++i) {
-        centres.push_back(*start.value + (static_cast<double>(i) + (start.corner ? 0.5 : 0.0)) * *cell.value);
-        if (!FitsSinglePrecision(centres.back()))
+        centers.push_back(*start.value + (static_cast<double>(i) + (start.corner ? 0.5 : 0.0)) * *cell.value);
+        if (!FitsSinglePrecision(centers.back()))
             lines.FailAt(cell.line, "the cells reach beyond single precision");
-        if (!IsLastInOrder(centres))
+        if (!IsLastInOrder(centers))
             lines.FailAt(cell.line,
                          "the cells are too small for coordinates of this size in single precision");
     }
-    return centres;
+    return centers;
 }
 
 } // namespace
@@ -125,8 +125,8 @@ GridData ReadAsciiGrid(TextLines& lines) {
     const Header header = ReadHeader(lines, fields);
     const auto columns = static_cast<std::size_t>(*header.columns.value);
     const auto rows = static_cast<std::size_t>(*header.rows.value);
-    const std::vector<double> x = Centres(lines, header.x, header.cell, columns);
-    std::vector<double> y = Centres(lines, header.y, header.cell, rows);
+    const std::vector<double> x = Centers(lines, header.x, header.cell, columns);
+    std::vector<double> y = Centers(lines, header.y, header.cell, rows);
     std::reverse(y.begin(), y.end()); // the northernmost row comes first
 
     std::vector<float> z;

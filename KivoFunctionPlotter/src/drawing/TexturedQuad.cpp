@@ -4,14 +4,14 @@
 
 namespace KivoDrawingTools {
 
-void DrawTexturedQuad(const float* centre, const float* right, const float* up, double scaleRight,
+void DrawTexturedQuad(const float* center, const float* right, const float* up, double scaleRight,
                       double scaleUp, const SKivoTexImage& image) {
     if (image.texture == 0 || !image.pixels) return;
     const float width = static_cast<float>(image.width * scaleRight);
     const float height = static_cast<float>(image.height * scaleUp);
     float bottomLeft[3], bottomRight[3], topRight[3], topLeft[3];
     for (int i = 0; i < 3; ++i) {
-        bottomLeft[i] = centre[i] - right[i] * width * 0.5f - up[i] * height * 0.5f;
+        bottomLeft[i] = center[i] - right[i] * width * 0.5f - up[i] * height * 0.5f;
         bottomRight[i] = bottomLeft[i] + right[i] * width;
         topRight[i] = bottomRight[i] + up[i] * height;
         topLeft[i] = bottomLeft[i] + up[i] * height;

@@ -13,7 +13,7 @@ namespace KivoDrawingTools {
 
 namespace {
 
-constexpr double labelCentre = 0.6; // from the bar, in widths of the label
+constexpr double labelCenter = 0.6; // from the bar, in widths of the label
 constexpr double labelScale = 0.9;  // of the label's size in pixels
 
 } // namespace
@@ -103,7 +103,7 @@ int CKivoGradientColorRuler::LabelOverhang(double barRight, int stripWidth) cons
     int widest = 0;
     for (unsigned int i = 0; m_labels && i <= m_divisionCount; ++i)
         widest = std::max(widest, m_labels[i].width);
-    const double overhang = barRight + widest * (labelCentre + labelScale / 2.0) - stripWidth;
+    const double overhang = barRight + widest * (labelCenter + labelScale / 2.0) - stripWidth;
     return overhang > 0.0 && overhang < 1e6 ? static_cast<int>(std::ceil(overhang)) : 0;
 }
 
@@ -113,10 +113,10 @@ void CKivoGradientColorRuler::RenderLabels(double barRight, double bottom, doubl
     constexpr float upwards[] = {0, 1, 0};
     const double scale = worldPerPixel * labelScale;
     for (unsigned int i = 0; m_labels && i <= m_divisionCount; ++i) {
-        const float centre[] = {
-            static_cast<float>(barRight + m_labels[i].width * worldPerPixel * labelCentre),
+        const float center[] = {
+            static_cast<float>(barRight + m_labels[i].width * worldPerPixel * labelCenter),
             static_cast<float>(bottom + i * spacing), 0.0f};
-        DrawTexturedQuad(centre, toTheRight, upwards, scale, scale, m_labels[i]);
+        DrawTexturedQuad(center, toTheRight, upwards, scale, scale, m_labels[i]);
     }
 }
 

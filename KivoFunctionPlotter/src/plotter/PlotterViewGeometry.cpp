@@ -684,7 +684,7 @@ void CKivoFunctionPlotter::RenderTraceLegend() {
     // Both margins are a hundredth of the width, and both sides are measured by the width of a pixel.
     const float margin = static_cast<float>((m_viewRight - m_viewLeft) * 0.01);
     const float pixel = static_cast<float>(PixelToWorld(1.0));
-    const float centre[] = {0.5f * static_cast<float>(image.width) * pixel,
+    const float center[] = {0.5f * static_cast<float>(image.width) * pixel,
                             0.5f * static_cast<float>(image.height) * pixel, 0.0f};
     constexpr float toTheRight[] = {1, 0, 0};
     constexpr float upwards[] = {0, 1, 0};
@@ -694,7 +694,7 @@ void CKivoFunctionPlotter::RenderTraceLegend() {
         glLoadIdentity();
         glTranslatef(static_cast<float>(m_viewLeft) + margin, static_cast<float>(m_viewBottom) + margin,
                      0.0f);
-        DrawTexturedQuad(centre, toTheRight, upwards, pixel, pixel, image);
+        DrawTexturedQuad(center, toTheRight, upwards, pixel, pixel, image);
         glPopMatrix();
     }
     ReleaseTextImage(&image);

@@ -160,7 +160,7 @@ TEST_F(TextCalls, RenderTextTexUploadsOnEveryCallAndUsesTheWholeRange) {
 // The used part of the padded texture, without an upload.
 TEST_F(TextCalls, DrawTexturedQuadUsesThePartOfTheTextureThatIsUsed) {
     Make("text");
-    const float centre[] = {1, 2, 3}, right[] = {0, 1, 0}, up[] = {-1, 0, 0};
+    const float center[] = {1, 2, 3}, right[] = {0, 1, 0}, up[] = {-1, 0, 0};
     const float w = static_cast<float>(image.width * 0.5), h = static_cast<float>(image.height * 0.25);
     const auto corner = [&](float alongRight, float alongUp) {
         const float v[] = {1 - alongUp * h, 2 + alongRight * w, 3};
@@ -186,7 +186,7 @@ TEST_F(TextCalls, DrawTexturedQuadUsesThePartOfTheTextureThatIsUsed) {
                             "glEnd()",
                             "glBindTexture(GL_TEXTURE_2D, 0)",
                             "glPopAttrib()"};
-    const auto recorder = RecordStep(plotter, [&] { DrawTexturedQuad(centre, right, up, 0.5, 0.25, image); });
+    const auto recorder = RecordStep(plotter, [&] { DrawTexturedQuad(center, right, up, 0.5, 0.25, image); });
     EXPECT_THAT(recorder->Texts(), ElementsAreArray(expected));
 }
 

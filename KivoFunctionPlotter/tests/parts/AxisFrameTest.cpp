@@ -55,9 +55,9 @@ protected:
 
     unsigned int TickCount(int axis) const { return Box().m_tickIntervals[axis] + 1; }
 
-    void ExpectCentre(const DrawnQuad& quad, double x, double y) {
-        EXPECT_NEAR(quad.CentreX(), x, 0.01);
-        EXPECT_NEAR(quad.CentreY(), y, 0.01);
+    void ExpectCenter(const DrawnQuad& quad, double x, double y) {
+        EXPECT_NEAR(quad.CenterX(), x, 0.01);
+        EXPECT_NEAR(quad.CenterY(), y, 0.01);
     }
     void ExpectSize(const DrawnQuad& quad, const SKivoTexImage& image) {
         EXPECT_NEAR(quad.Width(), image.width, 0.01);
@@ -117,12 +117,12 @@ void AxisFrame::ExpectFlatTexts(int h, int v, bool isStaggered) {
         const SKivoTexImage& label = Box().m_tickLabels[h][i];
         const std::array<double, 3> place = foot(h, Box().m_tickPositions[h][i]);
         const double row = isStaggered && i % 2 == 1 ? 1.65 : 0.5;
-        ExpectCentre(*quad, place[0], place[1] - tick - row * label.height);
+        ExpectCenter(*quad, place[0], place[1] - tick - row * label.height);
         ExpectSize(*quad, label);
         tallest = std::max(tallest, double{2.15} * label.height);
     }
     const SKivoTexImage& horizontalTitle = Box().m_axisTitleImage[h];
-    ExpectCentre(*quad, middle(h)[0], middle(h)[1] - tick - tallest - horizontalTitle.height);
+    ExpectCenter(*quad, middle(h)[0], middle(h)[1] - tick - tallest - horizontalTitle.height);
     ExpectSize(*quad, horizontalTitle);
     EXPECT_GT(quad->corners[1].x, quad->corners[0].x) << "it reads to the right";
     ++quad;
@@ -131,12 +131,12 @@ void AxisFrame::ExpectFlatTexts(int h, int v, bool isStaggered) {
     for (unsigned int i = 0; i < TickCount(v); ++i, ++quad) {
         const SKivoTexImage& label = Box().m_tickLabels[v][i];
         const std::array<double, 3> place = foot(v, Box().m_tickPositions[v][i]);
-        ExpectCentre(*quad, place[0] - tick - 0.8 * label.width, place[1]);
+        ExpectCenter(*quad, place[0] - tick - 0.8 * label.width, place[1]);
         ExpectSize(*quad, label);
         widest = std::max(widest, label.width);
     }
     const SKivoTexImage& verticalTitle = Box().m_axisTitleImage[v];
-    ExpectCentre(*quad, middle(v)[0] - tick - widest - 1.85 * verticalTitle.height, middle(v)[1]);
+    ExpectCenter(*quad, middle(v)[0] - tick - widest - 1.85 * verticalTitle.height, middle(v)[1]);
     ExpectSize(*quad, verticalTitle);
     EXPECT_GT(quad->corners[1].y, quad->corners[0].y) << "it reads upwards";
     EXPECT_LT(quad->corners[3].x, quad->corners[0].x);

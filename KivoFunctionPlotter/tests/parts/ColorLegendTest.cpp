@@ -197,8 +197,8 @@ TEST_P(Legend, LabelsStandBesideTheBarAtTheirValues) {
         ASSERT_EQ(quads.size(), 11u);
         for (std::size_t i = 0; i < 11; ++i) {
             const SKivoTexImage& label = ruler.m_labels[i];
-            EXPECT_NEAR(quads[i].CentreX(), strip[0] + 0.22 * stripWidth + 0.6 * label.width, 0.01) << i;
-            EXPECT_NEAR(quads[i].CentreY(), strip[1] + (0.14 + 0.08 * static_cast<double>(i)) * strip[3],
+            EXPECT_NEAR(quads[i].CenterX(), strip[0] + 0.22 * stripWidth + 0.6 * label.width, 0.01) << i;
+            EXPECT_NEAR(quads[i].CenterY(), strip[1] + (0.14 + 0.08 * static_cast<double>(i)) * strip[3],
                         0.01)
                 << i;
             EXPECT_NEAR(quads[i].Width(), 0.9 * label.width, 0.01) << i;

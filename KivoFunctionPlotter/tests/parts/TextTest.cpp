@@ -333,8 +333,8 @@ TEST_P(Text, TheTitleStandsAtDepthOneOfTheView) {
     ASSERT_GT(plotter.m_viewFar, 1.0);
     const int* viewport = plotter.m_plotViewport;
     const SKivoTexImage& title = *plotter.m_plotTitleImage;
-    EXPECT_NEAR(quads[0].CentreX(), viewport[0] + viewport[2] / 2.0, 0.01);
-    EXPECT_NEAR(quads[0].CentreY(), viewport[3] - title.height / 2.0, 0.01);
+    EXPECT_NEAR(quads[0].CenterX(), viewport[0] + viewport[2] / 2.0, 0.01);
+    EXPECT_NEAR(quads[0].CenterY(), viewport[3] - title.height / 2.0, 0.01);
     EXPECT_NEAR(quads[0].Width(), title.width, 0.01);
     EXPECT_NEAR(quads[0].Height(), title.height, 0.01);
     for (const DrawnVertex& corner : quads[0].corners)

@@ -37,7 +37,7 @@ protected:
     }
 
     Drawing Draw() {
-        return Record([this] { DrawTexturedQuad(centre, right.data(), up.data(), 2.0, 3.0, image); });
+        return Record([this] { DrawTexturedQuad(center, right.data(), up.data(), 2.0, 3.0, image); });
     }
 
     // What the routine uses, set to values of its own.
@@ -69,14 +69,14 @@ protected:
     TestPlot plot{GetParam(), side, side};
     std::array<unsigned char, 8 * 4 * 4> pixels = {};
     SKivoTexImage image; // its pixels belong to the test
-    const float centre[3] = {30, 20, 0.5f};
+    const float center[3] = {30, 20, 0.5f};
     std::array<float, 3> right = {1, 0, 0};
     std::array<float, 3> up = {0, 1, 0};
 };
 
 } // namespace
 
-TEST_P(TexturedQuad, IsCentredAndScaledAlongItsSides) {
+TEST_P(TexturedQuad, IsCenterdAndScaledAlongItsSides) {
     const std::vector<DrawnQuad> quads = TexturedQuads(Draw());
     ASSERT_EQ(quads.size(), 1u);
     const double expected[4][2] = {{22, 14}, {38, 14}, {38, 26}, {22, 26}};
@@ -106,7 +106,7 @@ TEST_P(TexturedQuad, TurnsWithItsSides) {
 TEST_P(TexturedQuad, LeavesTheStateAsItWasAndTheColourWhite) {
     SetState();
     const std::vector<float> before = State();
-    DrawTexturedQuad(centre, right.data(), up.data(), 2.0, 3.0, image);
+    DrawTexturedQuad(center, right.data(), up.data(), 2.0, 3.0, image);
     EXPECT_EQ(State(), before);
     EXPECT_EQ(CurrentColor(), (std::array<float, 4>{1, 1, 1, 1}));
 }
@@ -122,7 +122,7 @@ TEST_P(TexturedQuad, AnImageWithoutTextureOrPixelsDrawsNothingAndTouchesNothing)
             const std::vector<float> before = State();
             const std::array<float, 4> color = CurrentColor();
             const Drawing drawing =
-                Record([&] { DrawTexturedQuad(centre, right.data(), up.data(), 2.0, 3.0, empty); });
+                Record([&] { DrawTexturedQuad(center, right.data(), up.data(), 2.0, 3.0, empty); });
             EXPECT_TRUE(drawing.empty()) << hasTexture << hasPixels;
             EXPECT_EQ(State(), before) << hasTexture << hasPixels;
             EXPECT_EQ(CurrentColor(), color) << hasTexture << hasPixels;

@@ -67,7 +67,7 @@ protected:
             EXPECT_EQ(plotter.m_rotationMatrix[i / 3 * 4 + i % 3], columns[i]) << i;
     }
 
-    void ExpectCentreShares(double x, double y, double z) {
+    void ExpectCenterShares(double x, double y, double z) {
         const double shares[] = {x, y, z};
         for (int axis = 0; axis < 3; ++axis) {
             const double min = plotter.m_boundingBoxMin[axis], max = plotter.m_boundingBoxMax[axis];
@@ -106,7 +106,7 @@ TEST_P(PlotModes, SwitchToXY) {
     EXPECT_EQ(plotter.GetCurrentPlotType(), 1);
     ExpectBlock({1, 0, 0, 0, 1, 0, 0, 0, 1});
     ExpectMarks();
-    ExpectCentreShares(0.5, 0.35, 0.5);
+    ExpectCenterShares(0.5, 0.35, 0.5);
     plotter.SwitchToXYProjectPlot();
     ExpectLoadedCamera();
 }
@@ -118,7 +118,7 @@ TEST_P(PlotModes, SwitchToYZ) {
     EXPECT_EQ(plotter.GetCurrentPlotType(), 2);
     ExpectBlock({0, 0, 1, 1, 0, 0, 0, 1, 0});
     ExpectMarks();
-    ExpectCentreShares(0.5, 0.35, 0.35);
+    ExpectCenterShares(0.5, 0.35, 0.35);
     plotter.SwitchToYZProjectPlot();
     ExpectLoadedCamera();
 }
@@ -130,7 +130,7 @@ TEST_P(PlotModes, SwitchToXZ) {
     EXPECT_EQ(plotter.GetCurrentPlotType(), 3);
     ExpectBlock({1, 0, 0, 0, 0, -1, 0, 1, 0});
     ExpectMarks();
-    ExpectCentreShares(0.35, 0.5, 0.35);
+    ExpectCenterShares(0.35, 0.5, 0.35);
     plotter.SwitchToZXProjectPlot();
     ExpectLoadedCamera();
 }
@@ -145,7 +145,7 @@ TEST_P(PlotModes, SwitchingBackToTheNormalPlotStartsItAnew) {
     EXPECT_EQ(plotter.GetCurrentPlotType(), 0);
     ExpectMatrixNear(FromArray(plotter.m_rotationMatrix), start, 1e-6);
     EXPECT_NEAR(plotter.m_viewRight, right, 1e-6 * right);
-    ExpectCentreShares(0.5, 0.5, 0.5);
+    ExpectCenterShares(0.5, 0.5, 0.5);
     ExpectLoadedCamera();
 }
 

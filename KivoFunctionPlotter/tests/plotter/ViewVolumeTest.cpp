@@ -70,7 +70,7 @@ void ExpectSymmetricVolume(const PlotterProbe& p, double radius) {
     EXPECT_EQ(p.m_viewNear, -p.m_viewFar);
 }
 
-void ExpectCentre(const PlotterProbe& p, const double (&shares)[3]) {
+void ExpectCenter(const PlotterProbe& p, const double (&shares)[3]) {
     for (int axis = 0; axis < 3; ++axis) {
         const double min = p.m_boundingBoxMin[axis], max = p.m_boundingBoxMax[axis];
         EXPECT_NEAR(p.m_volumeTranslate[axis], -(min + shares[axis] * (max - min)), 1e-5) << axis;
@@ -134,14 +134,14 @@ TEST_P(ViewVolume, ApplyModelViewMatrixComposesPanRotationScaleAndTranslation) {
     ExpectMatrixNear(LoadedMatrix(GL_MODELVIEW_MATRIX), Camera(plotter), 1e-5);
 }
 
-TEST_P(ViewVolume, TheDataCentreComesToThePan) {
+TEST_P(ViewVolume, TheDataCenterComesToThePan) {
     SetBoxes(plotter);
     plotter.UpdateBoundingBoxToViewVolume();
     plotter.ApplyModelViewMatrix();
-    const Vector4 centre = LoadedMatrix(GL_MODELVIEW_MATRIX) * Vector4{1, 12, 2.25, 1};
-    EXPECT_NEAR(centre[0], 0.11 * plotter.m_viewRight, 1e-4);
-    EXPECT_NEAR(centre[1], -0.05 * plotter.m_viewTop, 1e-4);
-    EXPECT_NEAR(centre[2], 0, 1e-4);
+    const Vector4 center = LoadedMatrix(GL_MODELVIEW_MATRIX) * Vector4{1, 12, 2.25, 1};
+    EXPECT_NEAR(center[0], 0.11 * plotter.m_viewRight, 1e-4);
+    EXPECT_NEAR(center[1], -0.05 * plotter.m_viewTop, 1e-4);
+    EXPECT_NEAR(center[2], 0, 1e-4);
 }
 
 TEST_P(ViewVolume, FitsTheNormalPlotInEveryAspect) {
@@ -155,7 +155,7 @@ TEST_P(ViewVolume, FitsTheNormalPlotInEveryAspect) {
         EXPECT_NEAR(plotter.m_axisScale[1], 1.2 * 4.5 / 6, 1e-7);
         EXPECT_EQ(plotter.m_axisScale[2], 1.0);
         ExpectSymmetricVolume(plotter, 0.6 * Diagonal(plotter, {0, 1, 2}));
-        ExpectCentre(plotter, {0.5, 0.5, 0.5});
+        ExpectCenter(plotter, {0.5, 0.5, 0.5});
         ExpectMatrixNear(LoadedMatrix(GL_PROJECTION_MATRIX), Volume(plotter), 1e-6);
     }
 }
@@ -188,7 +188,7 @@ TEST_P(ViewVolume, FitsTheFlatPlots) {
             EXPECT_EQ((std::vector<double>(plotter.m_axisScale, plotter.m_axisScale + 3)),
                       (std::vector<double>{0.5, 2, 3}));
             ExpectSymmetricVolume(plotter, 0.55 * Diagonal(plotter, flat.axes));
-            ExpectCentre(plotter, flat.shares);
+            ExpectCenter(plotter, flat.shares);
             ExpectMatrixNear(LoadedMatrix(GL_PROJECTION_MATRIX), Volume(plotter), 1e-6);
         }
 }
@@ -223,7 +223,7 @@ TEST_P(ViewVolume, ANewDataBoxReachesEverythingThatDependsOnIt) {
     EXPECT_EQ(plotter.m_gridBox->m_dataMax, plotter.m_boundingBoxMax);
     EXPECT_NEAR(plotter.m_axisScale[0], 1.2 * 3.5 / 120, 1e-7);
     ExpectSymmetricVolume(plotter, 0.6 * Diagonal(plotter, {0, 1, 2}));
-    ExpectCentre(plotter, {0.5, 0.5, 0.5});
+    ExpectCenter(plotter, {0.5, 0.5, 0.5});
 }
 
 TEST_P(ViewVolume, TheLegendVolumeFollowsItsViewport) {
@@ -256,7 +256,7 @@ TEST_P(ViewVolume, InverseAxesNegateTheirColumns) {
     }
 }
 
-TEST_P(ViewVolume, SetVolumeCenterMovesAPointToTheCentre) {
+TEST_P(ViewVolume, SetVolumeCenterMovesAPointToTheCenter) {
     plotter.SetVolumeCenter(1, -2, 3);
     EXPECT_EQ(plotter.m_volumeTranslate[0], -1);
     EXPECT_EQ(plotter.m_volumeTranslate[1], 2);
@@ -437,15 +437,15 @@ TEST_P(ViewVolume, FlatPlotsStartUnmirrored) {
     PutPan(plotter);
     plotter.ApplyXYPlotView();
     ExpectColumns(plotter, {1, 0, 0}, {0, 1, 0}, {0, 0, 1});
-    ExpectCentre(plotter, {0.5, 0.35, 0.5});
+    ExpectCenter(plotter, {0.5, 0.35, 0.5});
     ExpectMatrixNear(LoadedMatrix(GL_MODELVIEW_MATRIX), Camera(plotter), 1e-5);
     plotter.ApplyYZPlotView();
     ExpectColumns(plotter, {0, 0, 1}, {1, 0, 0}, {0, 1, 0});
-    ExpectCentre(plotter, {0.5, 0.35, 0.35});
+    ExpectCenter(plotter, {0.5, 0.35, 0.35});
     ExpectMatrixNear(LoadedMatrix(GL_MODELVIEW_MATRIX), Camera(plotter), 1e-5);
     plotter.ApplyXZPlotView();
     ExpectColumns(plotter, {1, 0, 0}, {0, 0, -1}, {0, 1, 0});
-    ExpectCentre(plotter, {0.35, 0.5, 0.35});
+    ExpectCenter(plotter, {0.35, 0.5, 0.35});
     ExpectMatrixNear(LoadedMatrix(GL_MODELVIEW_MATRIX), Camera(plotter), 1e-5);
     EXPECT_EQ(plotter.m_rotationMatrix[12], 0.5);
     EXPECT_EQ(plotter.m_rotationMatrix[13], -0.75);

@@ -135,11 +135,11 @@ Drawing WithoutLinesOfColor(const Drawing& drawing, const std::array<float, 3>& 
     return rest;
 }
 
-double DrawnQuad::CentreX() const {
+double DrawnQuad::CenterX() const {
     return (corners[0].x + corners[2].x) / 2.0;
 }
 
-double DrawnQuad::CentreY() const {
+double DrawnQuad::CenterY() const {
     return (corners[0].y + corners[2].y) / 2.0;
 }
 

@@ -34,8 +34,8 @@ Drawing WithoutLinesOfColor(const Drawing& drawing, const std::array<float, 3>& 
 struct DrawnQuad {
     std::array<DrawnVertex, 4> corners;
 
-    double CentreX() const;
-    double CentreY() const;
+    double CenterX() const;
+    double CenterY() const;
     double Width() const;  ///< length of the lower side
     double Height() const; ///< length of the left side
 };

@@ -286,7 +286,7 @@ TEST_F(FontTest, WhatHasBeenMeasuredDoesNotChangeWhatIsDrawn) {
     EXPECT_EQ(label, draw("-12.5")) << "measured on a thread that has ended";
 }
 
-TEST_F(FontTest, CentresAndClipsToTheRectangle) {
+TEST_F(FontTest, CentersAndClipsToTheRectangle) {
     UseBitmap(200, 100, WHITE);
     RECT place{20, 30, 180, 40};
     DrawTextA(m_dc, "centred", -1, &place, DT_CENTER);

@@ -16,8 +16,8 @@ namespace KivoDrawingTools {
 
 namespace {
 
-constexpr int WIDTH = 160;
-constexpr int HEIGHT = 120;
+constexpr int usualWidth = 160;
+constexpr int usualHeight = 120;
 
 enum class Kind { Offscreen, X11 };
 
@@ -26,12 +26,12 @@ class AnyWindow {
 public:
     explicit AnyWindow(Kind kind) {
         if (kind == Kind::Offscreen) {
-            m_handle = CreateOffscreenWindow(WIDTH, HEIGHT);
+            m_handle = CreateOffscreenWindow(usualWidth, usualHeight);
             return;
         }
         KivoTest::X11TestWindow::Options options;
-        options.width = WIDTH;
-        options.height = HEIGHT;
+        options.width = usualWidth;
+        options.height = usualHeight;
         m_host = std::make_unique<KivoTest::X11TestWindow>(options);
         m_handle = AttachX11Window(m_host->Id());
     }
@@ -83,8 +83,8 @@ std::array<int, 3> PixelAt(int x, int y) {
     return {rgba[0], rgba[1], rgba[2]};
 }
 
-const std::array<int, 3> GREEN{0, 255, 0};
-const std::array<int, 3> RED{255, 0, 0};
+const std::array<int, 3> green{0, 255, 0};
+const std::array<int, 3> red{255, 0, 0};
 
 void Clear(const std::array<int, 3>& rgb) {
     glClearColor(static_cast<float>(rgb[0]) / 255, static_cast<float>(rgb[1]) / 255,
@@ -127,10 +127,10 @@ TEST_P(AnyWindowTest, TellsItsSize) {
     ASSERT_TRUE(GetWindowRect(Window(), &whole));
     EXPECT_EQ(0, client.left);
     EXPECT_EQ(0, client.top);
-    EXPECT_EQ(WIDTH, client.right);
-    EXPECT_EQ(HEIGHT, client.bottom);
-    EXPECT_EQ(WIDTH, whole.right - whole.left);
-    EXPECT_EQ(HEIGHT, whole.bottom - whole.top);
+    EXPECT_EQ(usualWidth, client.right);
+    EXPECT_EQ(usualHeight, client.bottom);
+    EXPECT_EQ(usualWidth, whole.right - whole.left);
+    EXPECT_EQ(usualHeight, whole.bottom - whole.top);
 }
 
 TEST_P(AnyWindowTest, HasOneDeviceContext) {
@@ -182,8 +182,8 @@ TEST_P(AnyWindowTest, DrawsWithTheFixedFunctionInterface) {
     GLint depth = 0;
     glGetIntegerv(GL_DEPTH_BITS, &depth);
     EXPECT_GE(depth, 24);
-    glViewport(0, 0, WIDTH, HEIGHT);
-    Clear(RED);
+    glViewport(0, 0, usualWidth, usualHeight);
+    Clear(red);
     glBegin(GL_QUADS);
     glColor3f(0, 1, 0);
     glVertex2f(0, 0);
@@ -191,22 +191,22 @@ TEST_P(AnyWindowTest, DrawsWithTheFixedFunctionInterface) {
     glVertex2f(1, 1);
     glVertex2f(0, 1);
     glEnd();
-    EXPECT_EQ(RED, PixelAt(WIDTH / 2 - 2, HEIGHT / 2 - 2));
-    EXPECT_EQ(GREEN, PixelAt(WIDTH / 2 + 2, HEIGHT / 2 + 2));
+    EXPECT_EQ(red, PixelAt(usualWidth / 2 - 2, usualHeight / 2 - 2));
+    EXPECT_EQ(green, PixelAt(usualWidth / 2 + 2, usualHeight / 2 + 2));
     EXPECT_EQ(static_cast<GLenum>(GL_NO_ERROR), glGetError());
     EXPECT_TRUE(SwapBuffers(Dc())) << LastWindowError();
 }
 
 TEST_P(AnyWindowTest, FollowsItsSizeWhenMadeCurrent) {
     MakeCurrentContext();
-    Clear(RED);
+    Clear(red);
     EXPECT_TRUE(SwapBuffers(Dc()));
     for (const auto& size : {SIZE{300, 200}, SIZE{40, 30}, SIZE{500, 400}}) {
         m_window->Resize(size.cx, size.cy);
         ASSERT_TRUE(wglMakeCurrent(Dc(), m_context)) << LastWindowError();
         glViewport(0, 0, size.cx, size.cy);
-        Clear(GREEN);
-        EXPECT_EQ(GREEN, PixelAt(size.cx - 1, size.cy - 1));
+        Clear(green);
+        EXPECT_EQ(green, PixelAt(size.cx - 1, size.cy - 1));
         EXPECT_TRUE(SwapBuffers(Dc())) << LastWindowError();
         EXPECT_TRUE(wglMakeCurrent(Dc(), nullptr));
     }
@@ -258,7 +258,7 @@ TEST_P(AnyWindowTest, AContextBelongsToOneThreadAtATime) {
 TEST_P(AnyWindowTest, ContextAndWindowGoInAnyOrder) {
     MakeCurrentContext();
     const HDC dc = Dc();
-    Clear(RED);
+    Clear(red);
     EXPECT_EQ(0, m_window->Release());
     EXPECT_EQ(nullptr, wglGetCurrentContext());
     EXPECT_FALSE(wglMakeCurrent(dc, m_context));
@@ -278,15 +278,15 @@ TEST_P(AnyWindowTest, RefusesAReleasedHandle) {
 
 TEST_P(AnyWindowTest, TwoWindowsShareAThread) {
     MakeCurrentContext();
-    Clear(RED);
+    Clear(red);
     AnyWindow other(GetParam());
     const HGLRC context = MakeContext(other.Handle());
     ASSERT_TRUE(wglMakeCurrent(GetDC(other.Handle()), context)) << LastWindowError();
-    Clear(GREEN);
-    EXPECT_EQ(GREEN, PixelAt(1, 1));
+    Clear(green);
+    EXPECT_EQ(green, PixelAt(1, 1));
     ASSERT_TRUE(wglMakeCurrent(Dc(), m_context)) << LastWindowError();
-    Clear(RED);
-    EXPECT_EQ(RED, PixelAt(1, 1));
+    Clear(red);
+    EXPECT_EQ(red, PixelAt(1, 1));
     EXPECT_TRUE(wglDeleteContext(context));
     EXPECT_EQ(m_context, wglGetCurrentContext());
 }
@@ -297,8 +297,8 @@ TEST_P(AnyWindowTest, WindowsOfDifferentThreadsAreIndependent) {
             AnyWindow window(kind);
             const HGLRC context = MakeContext(window.Handle());
             ASSERT_TRUE(wglMakeCurrent(GetDC(window.Handle()), context)) << LastWindowError();
-            Clear(GREEN);
-            EXPECT_EQ(GREEN, PixelAt(1, 1));
+            Clear(green);
+            EXPECT_EQ(green, PixelAt(1, 1));
             EXPECT_TRUE(SwapBuffers(GetDC(window.Handle())));
             EXPECT_TRUE(wglDeleteContext(context));
         }
@@ -318,17 +318,17 @@ TEST_P(AnyWindowTest, MakesGlyphListsAndKeepsTheUnpackState) {
     GLint alignment = 0;
     glGetIntegerv(GL_UNPACK_ALIGNMENT, &alignment);
     EXPECT_EQ(2, alignment);
-    Clear(RED);
+    Clear(red);
     glColor3f(0, 1, 0);
     glRasterPos2f(-0.9F, 0);
     glCallList(lists + 'H');
     float after[4];
     glGetFloatv(GL_CURRENT_RASTER_POSITION, after);
-    EXPECT_GT(after[0], 0.05F * WIDTH + 3);
+    EXPECT_GT(after[0], 0.05F * usualWidth + 3);
     int green = 0;
-    for (int y = 0; y < HEIGHT; ++y)
-        for (int x = 0; x < WIDTH / 2; ++x)
-            green += PixelAt(x, y) == GREEN;
+    for (int y = 0; y < usualHeight; ++y)
+        for (int x = 0; x < usualWidth / 2; ++x)
+            green += PixelAt(x, y) == green;
     EXPECT_GT(green, 10);
     EXPECT_EQ(static_cast<GLenum>(GL_NO_ERROR), glGetError());
 }
@@ -393,8 +393,8 @@ TEST(OffscreenWindow, DrawsAtTheLargestWidth) {
     const HWND window = CreateOffscreenWindow(16384, 2);
     const HGLRC context = MakeContext(window);
     ASSERT_TRUE(wglMakeCurrent(GetDC(window), context)) << LastWindowError();
-    Clear(GREEN);
-    EXPECT_EQ(GREEN, PixelAt(16383, 1));
+    Clear(green);
+    EXPECT_EQ(green, PixelAt(16383, 1));
     EXPECT_TRUE(wglDeleteContext(context));
     EXPECT_EQ(0, ReleaseWindow(window));
 }

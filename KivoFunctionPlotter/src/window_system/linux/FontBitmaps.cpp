@@ -14,7 +14,7 @@ namespace KivoDrawingTools {
 
 namespace {
 
-constexpr unsigned GLYPHS = 256;
+constexpr unsigned glyphs = 256;
 
 /// The Unicode character of a Windows-1252 byte; 0 for those that draw nothing.
 gunichar CharacterOf(unsigned byte) {
@@ -97,7 +97,7 @@ public:
 BOOL wglUseFontBitmapsA(HDC dc, DWORD first, DWORD count, DWORD listBase) {
     const DeviceContext* const live = ValidDc(dc, "wglUseFontBitmaps");
     if (!live) return 0;
-    if (first > GLYPHS || count > GLYPHS - first)
+    if (first > glyphs || count > glyphs - first)
         return Fail(ERROR_INVALID_PARAMETER,
                     "wglUseFontBitmaps: glyph numbers end at 255; ask for fewer glyphs.");
     if (!wglGetCurrentContext())

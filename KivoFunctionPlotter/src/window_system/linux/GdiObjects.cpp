@@ -12,7 +12,7 @@ namespace KivoDrawingTools {
 
 namespace {
 
-constexpr int LARGEST_BITMAP_SIDE = 32767; // what Cairo can draw on
+constexpr int largestBitmapSide = 32767; // what Cairo can draw on
 
 LOGFONTA DefaultFontDescription() {
     LOGFONTA description{};
@@ -89,7 +89,7 @@ HBRUSH CreateSolidBrush(COLORREF color) {
 }
 
 HBITMAP CreateCompatibleBitmap(HDC dc, int width, int height) {
-    if (!dc || width < 1 || height < 1 || width > LARGEST_BITMAP_SIDE || height > LARGEST_BITMAP_SIDE) {
+    if (!dc || width < 1 || height < 1 || width > largestBitmapSide || height > largestBitmapSide) {
         Fail(ERROR_INVALID_PARAMETER, "CreateCompatibleBitmap: the device context is null or the size is not "
                                       "1 to 32767; pass both.");
         return nullptr;

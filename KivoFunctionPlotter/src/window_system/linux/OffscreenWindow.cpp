@@ -13,11 +13,11 @@ namespace KivoDrawingTools {
 
 namespace {
 
-constexpr int LARGEST_SIDE = 16384;
-constexpr int LARGEST_DOTS_PER_INCH = 1200;
+constexpr int largestSide = 16384;
+constexpr int largestDotsPerInch = 1200;
 // Above this the memory for a surface is tried out when the window is made or resized. Drivers allocate when
 // they draw first, and then have no way to report that there is not enough.
-constexpr LONG PIXELS_TAKEN_FOR_GRANTED = 4096 * 4096;
+constexpr LONG pixelsTakenForGranted = 4096 * 4096;
 
 class OffscreenWindow final : public NativeWindow {
 public:
@@ -54,7 +54,7 @@ private:
 };
 
 bool IsSize(int width, int height) {
-    return width >= 1 && height >= 1 && width <= LARGEST_SIDE && height <= LARGEST_SIDE;
+    return width >= 1 && height >= 1 && width <= largestSide && height <= largestSide;
 }
 
 /// Whether the current context's surface has memory behind it.
@@ -66,7 +66,7 @@ bool CanReadCurrentSurface() {
 }
 
 bool OffscreenWindow::HasMemoryFor(const SIZE& size) {
-    if (size.cx * size.cy <= PIXELS_TAKEN_FOR_GRANTED) return true;
+    if (size.cx * size.cy <= pixelsTakenForGranted) return true;
     OffscreenWindow trial(Display(), size, m_dotsPerInch);
     const PIXELFORMATDESCRIPTOR format = FullFormat();
     bool ample = false;
@@ -94,7 +94,7 @@ bool OffscreenWindow::Resize(const SIZE& size) {
 } // namespace
 
 HWND CreateOffscreenWindow(int width, int height, int dpi) {
-    if (!IsSize(width, height) || dpi < 1 || dpi > LARGEST_DOTS_PER_INCH) {
+    if (!IsSize(width, height) || dpi < 1 || dpi > largestDotsPerInch) {
         Fail(ERROR_INVALID_PARAMETER,
              "CreateOffscreenWindow: the size is not 1 to 16384 pixels or the resolution "
              "not 1 to 1200 dots per inch; pass values within.");

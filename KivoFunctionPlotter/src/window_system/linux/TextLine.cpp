@@ -8,12 +8,12 @@ namespace KivoDrawingTools {
 
 namespace {
 
-constexpr int DEFAULT_EM = 12;
-constexpr int LARGEST_EM = 2048;
+constexpr int defaultEm = 12;
+constexpr int largestEm = 2048;
 // Pango counts in 1/1024 pixel in 32 bits: wider lines would overflow.
-constexpr int WIDEST_LINE = 1000000;
+constexpr int widestLine = 1000000;
 // Shaping takes a microsecond for a letter, and a hundred where the script changes from one to the next.
-constexpr int LONGEST_LINE = 4096;
+constexpr int longestLine = 4096;
 
 struct DescriptionFree {
     void operator()(PangoFontDescription* description) const { pango_font_description_free(description); }
@@ -69,8 +69,8 @@ FontMeasures MeasureAt(const LOGFONTA& font, int em, Smoothing smoothing) {
 
 int EmHeight(const LOGFONTA& font) {
     const auto height = static_cast<std::int64_t>(font.lfHeight);
-    if (height == 0) return DEFAULT_EM;
-    const int em = static_cast<int>(std::clamp<std::int64_t>(std::llabs(height), 1, LARGEST_EM));
+    if (height == 0) return defaultEm;
+    const int em = static_cast<int>(std::clamp<std::int64_t>(std::llabs(height), 1, largestEm));
     if (height < 0) return em;
     // A positive height is that of the line, of which the em is a part.
     const FontMeasures measures = MeasureAt(font, em, Smoothing::Grey);
@@ -79,7 +79,7 @@ int EmHeight(const LOGFONTA& font) {
 
 /// The text as Pango may have it: valid UTF-8 of bounded length, without line ends.
 std::string Clean(std::string_view text, int em) {
-    const auto longest = static_cast<std::size_t>(std::min(LONGEST_LINE, WIDEST_LINE / em));
+    const auto longest = static_cast<std::size_t>(std::min(longestLine, widestLine / em));
     std::string kept;
     for (const char c : text) {
         if (kept.size() == longest) break;

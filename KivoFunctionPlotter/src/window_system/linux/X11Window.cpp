@@ -11,14 +11,14 @@ namespace KivoDrawingTools {
 
 namespace {
 
-constexpr EGLint DEPTH_NEEDED = 24;
-constexpr EGLint STENCIL_NEEDED = 8;
-constexpr int DEPTH_WITH_ALPHA = 32;
+constexpr EGLint depthNeeded = 24;
+constexpr EGLint stencilNeeded = 8;
+constexpr int depthWithAlpha = 32;
 
 /// Whether pictures come out right in a visual: colours by channels, and no alpha, which a compositor would
 /// take for transparency.
 bool ShowsPictures(const XVisual& visual) {
-    return visual.type->_class == XCB_VISUAL_CLASS_TRUE_COLOR && visual.depth != DEPTH_WITH_ALPHA;
+    return visual.type->_class == XCB_VISUAL_CLASS_TRUE_COLOR && visual.depth != depthWithAlpha;
 }
 
 XVisual FindVisual(const xcb_screen_t& screen, xcb_visualid_t id) {
@@ -33,8 +33,8 @@ XVisual FindVisual(const xcb_screen_t& screen, xcb_visualid_t id) {
 bool HasFullConfig(const EglDisplay& display, const std::vector<EGLConfig>& configs, xcb_visualid_t visual) {
     for (const EGLConfig config : configs) {
         if (display.Attribute(config, EGL_NATIVE_VISUAL_ID) == static_cast<EGLint>(visual) &&
-            display.Attribute(config, EGL_DEPTH_SIZE) >= DEPTH_NEEDED &&
-            display.Attribute(config, EGL_STENCIL_SIZE) >= STENCIL_NEEDED)
+            display.Attribute(config, EGL_DEPTH_SIZE) >= depthNeeded &&
+            display.Attribute(config, EGL_STENCIL_SIZE) >= stencilNeeded)
             return true;
     }
     return false;
@@ -84,8 +84,7 @@ bool X11Window::FindTarget(const std::shared_ptr<XConnection>& connection, const
     target.isSent = true;
     target.display = EglDisplay::WithoutScreen();
     if (!target.display) return false;
-    if (target.visual.type->_class != XCB_VISUAL_CLASS_DIRECT_COLOR &&
-        target.visual.depth != DEPTH_WITH_ALPHA)
+    if (target.visual.type->_class != XCB_VISUAL_CLASS_DIRECT_COLOR && target.visual.depth != depthWithAlpha)
         return true;
     // Nobody but the host knows what is in the colormap of a DirectColor window.
     const XVisual other = NearestTo24Bits(screen, [](const XVisual&) { return true; });

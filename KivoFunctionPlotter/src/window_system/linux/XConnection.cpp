@@ -11,20 +11,20 @@ namespace KivoDrawingTools {
 
 namespace {
 
-constexpr int USUAL_DOTS_PER_INCH = 96;
+constexpr int usualDotsPerInch = 96;
 
 /// Takes the value of Xft.dpi from lines of the form "name:<blank>value".
 int ParseDotsPerInch(std::string_view settings) {
-    constexpr std::string_view NAME = "Xft.dpi:";
-    auto at = settings.find(NAME);
+    constexpr std::string_view name = "Xft.dpi:";
+    auto at = settings.find(name);
     while (at != std::string_view::npos && at > 0 && settings[at - 1] != '\n')
-        at = settings.find(NAME, at + 1);
-    if (at == std::string_view::npos) return USUAL_DOTS_PER_INCH;
-    settings.remove_prefix(at + NAME.size());
+        at = settings.find(name, at + 1);
+    if (at == std::string_view::npos) return usualDotsPerInch;
+    settings.remove_prefix(at + name.size());
     settings.remove_prefix(std::min(settings.find_first_not_of(" \t"), settings.size()));
     double value = 0;
     std::from_chars(settings.data(), settings.data() + settings.size(), value);
-    return value >= 1 && value <= 1200 ? static_cast<int>(std::lround(value)) : USUAL_DOTS_PER_INCH;
+    return value >= 1 && value <= 1200 ? static_cast<int>(std::lround(value)) : usualDotsPerInch;
 }
 
 } // namespace
@@ -91,7 +91,7 @@ int XConnection::DotsPerInch(xcb_window_t root) const {
     const auto request =
         xcb_get_property(m_handle, 0, root, XCB_ATOM_RESOURCE_MANAGER, XCB_ATOM_STRING, 0, LONGEST);
     const XReply<xcb_get_property_reply_t> reply(xcb_get_property_reply(m_handle, request, nullptr));
-    if (!reply || reply->format != 8) return USUAL_DOTS_PER_INCH;
+    if (!reply || reply->format != 8) return usualDotsPerInch;
     return ParseDotsPerInch({static_cast<const char*>(xcb_get_property_value(reply.get())),
                              static_cast<std::size_t>(xcb_get_property_value_length(reply.get()))});
 }

@@ -24,9 +24,9 @@ struct PaletteColor {
     int blue;
 };
 
-constexpr int CUBE_SIDE = 6;       // shades of each primary allocated in a palette
-constexpr int PALETTE_BITS = 5;    // of each primary in the table
-constexpr std::size_t HEADER = 32; // more than the header of a request that puts an image
+constexpr int cubeSide = 6;        // shades of each primary allocated in a palette
+constexpr int paletteBits = 5;     // of each primary in the table
+constexpr std::size_t header = 32; // more than the header of a request that puts an image
 
 /// The level 0 to 255 as the bits of a channel.
 std::uint32_t Channel(std::uint32_t mask, unsigned level) {
@@ -39,10 +39,10 @@ std::uint32_t Channel(std::uint32_t mask, unsigned level) {
 /// Asks for an even cube of colours; what a full palette refuses is left out.
 void AllocateCube(xcb_connection_t* connection, xcb_colormap_t colormap) {
     std::vector<xcb_alloc_color_cookie_t> requests;
-    const auto level = [](int step) { return static_cast<std::uint16_t>(step * 0xFFFF / (CUBE_SIDE - 1)); };
-    for (int i = 0; i < CUBE_SIDE * CUBE_SIDE * CUBE_SIDE; ++i)
-        requests.push_back(xcb_alloc_color(connection, colormap, level(i / (CUBE_SIDE * CUBE_SIDE)),
-                                           level(i / CUBE_SIDE % CUBE_SIDE), level(i % CUBE_SIDE)));
+    const auto level = [](int step) { return static_cast<std::uint16_t>(step * 0xFFFF / (cubeSide - 1)); };
+    for (int i = 0; i < cubeSide * cubeSide * cubeSide; ++i)
+        requests.push_back(xcb_alloc_color(connection, colormap, level(i / (cubeSide * cubeSide)),
+                                           level(i / cubeSide % cubeSide), level(i % cubeSide)));
     for (const auto request : requests)
         XReply<xcb_alloc_color_reply_t>(xcb_alloc_color_reply(connection, request, nullptr));
 }
@@ -147,13 +147,13 @@ void XImagePresenter::FillPaletteTable(xcb_colormap_t colormap) {
     const auto palette = QueryPalette(connection, colormap, entries);
     const bool isGrey =
         visualClass == XCB_VISUAL_CLASS_STATIC_GRAY || visualClass == XCB_VISUAL_CLASS_GRAY_SCALE;
-    constexpr int LEVELS = 1 << PALETTE_BITS;
+    constexpr int levels = 1 << paletteBits;
     m_hasPalette = true;
-    m_pixels.reserve(LEVELS * LEVELS * LEVELS);
-    for (int i = 0; i < LEVELS * LEVELS * LEVELS; ++i) {
-        int red = (i >> (2 * PALETTE_BITS)) * 255 / (LEVELS - 1);
-        int green = (i >> PALETTE_BITS) % LEVELS * 255 / (LEVELS - 1);
-        int blue = i % LEVELS * 255 / (LEVELS - 1);
+    m_pixels.reserve(levels * levels * levels);
+    for (int i = 0; i < levels * levels * levels; ++i) {
+        int red = (i >> (2 * paletteBits)) * 255 / (levels - 1);
+        int green = (i >> paletteBits) % levels * 255 / (levels - 1);
+        int blue = i % levels * 255 / (levels - 1);
         if (isGrey) red = green = blue = (red * 30 + green * 59 + blue * 11) / 100;
         m_pixels.push_back(Nearest(palette, red, green, blue));
     }
@@ -161,10 +161,10 @@ void XImagePresenter::FillPaletteTable(xcb_colormap_t colormap) {
 
 std::uint32_t XImagePresenter::PixelOf(const std::uint8_t* bgra) const {
     if (!m_hasPalette) return m_pixels[bgra[2]] | m_pixels[256U + bgra[1]] | m_pixels[512U + bgra[0]];
-    constexpr int DROPPED = 8 - PALETTE_BITS;
-    const unsigned index = static_cast<unsigned>(bgra[2] >> DROPPED) << (2 * PALETTE_BITS) |
-                           static_cast<unsigned>(bgra[1] >> DROPPED) << PALETTE_BITS |
-                           static_cast<unsigned>(bgra[0] >> DROPPED);
+    constexpr int dropped = 8 - paletteBits;
+    const unsigned index = static_cast<unsigned>(bgra[2] >> dropped) << (2 * paletteBits) |
+                           static_cast<unsigned>(bgra[1] >> dropped) << paletteBits |
+                           static_cast<unsigned>(bgra[0] >> dropped);
     return m_pixels[index];
 }
 
@@ -202,7 +202,7 @@ bool XImagePresenter::Send(xcb_window_t window, const std::vector<std::uint8_t>&
                            std::size_t stride) {
     xcb_connection_t* const connection = m_connection->Handle();
     const std::size_t longest =
-        static_cast<std::size_t>(xcb_get_maximum_request_length(connection)) * 4 - HEADER;
+        static_cast<std::size_t>(xcb_get_maximum_request_length(connection)) * 4 - header;
     const int rowsAtOnce = static_cast<int>(std::max<std::size_t>(1, longest / stride));
     const xcb_gcontext_t gc = xcb_generate_id(connection);
     xcb_create_gc(connection, gc, window, 0, nullptr);
