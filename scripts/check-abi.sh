@@ -8,13 +8,13 @@ record=$folder/$(g++ -dumpmachine).abi
 place=$(mktemp -d)
 trap 'rm -rf "$place"' EXIT
 
-# The build for packages is the optimised one with debug information.
-cmake --preset debian
-cmake --build --preset debian --target KivoFunctionPlotter
-cmake --install build-debian --prefix "$place" --component development
+# The builds for packages and for tests are optimised and have debug information.
+build=${KIVO_BUILD:-build-debian}
+[ -n "${KIVO_BUILD:-}" ] || scripts/build.sh debian KivoFunctionPlotter
+cmake --install "$build" --prefix "$place" --component development
 abidw --exported-interfaces-only --drop-private-types --drop-undefined-syms --headers-dir "$place/include" \
     --suppressions "$folder/inside.suppr" --type-id-style hash --no-corpus-path --no-comp-dir-path --no-show-locs \
-    --no-elf-needed --no-parameter-names --out-file "$place/now.abi" build-debian/KivoFunctionPlotter/libKivoFunctionPlotter.so
+    --no-elf-needed --no-parameter-names --out-file "$place/now.abi" "$build"/KivoFunctionPlotter/libKivoFunctionPlotter.so
 grep -q "class-decl name='CKivoFunctionPlotter' size-in-bits=" "$place/now.abi" # else the debug information is missing
 
 if [ "${1:-}" = --update ]; then

@@ -6,6 +6,7 @@
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 pictures=docs/pictures
+build=${KIVO_BUILD:-build-release}
 if [ "${1:-}" = --check ]; then
     pictures=${KIVO_TEST_OUTPUT:-build-test-output}/pictures
     rm -rf "$pictures"
@@ -13,16 +14,16 @@ else
     . scripts/packages.sh
     install_packages "${kivo_run_packages[@]}" "${kivo_test_packages[@]}"
     cmake --preset release
-    cmake --build build-release --target terrain_gallery feature_pictures kivo-viewer-pictures
+    cmake --build "$build" --target terrain_gallery feature_pictures kivo-viewer-pictures
 fi
 mkdir -p "$pictures/features" "$pictures/viewer"
 
 unset WAYLAND_DISPLAY
-env -u DISPLAY build-release/docs/picture_makers/terrain_gallery viewer/samples/terrain.asc "$pictures"
-env -u DISPLAY build-release/examples/feature_pictures "$pictures/features"
+env -u DISPLAY "$build"/docs/picture_makers/terrain_gallery viewer/samples/terrain.asc "$pictures"
+env -u DISPLAY "$build"/examples/feature_pictures "$pictures/features"
 steps=$(mktemp -d) # the program keeps a picture of each step, too
 trap 'rm -rf "$steps"' EXIT
-KIVO_TEST_OUTPUT=$steps scripts/with-display.sh build-release/tests/kivo-viewer-pictures
+KIVO_TEST_OUTPUT=$steps scripts/with-display.sh "$build"/tests/kivo-viewer-pictures
 for name in window flat-plot points keys; do
     cp "$steps/$name.png" "$pictures/viewer/$name.png"
 done
@@ -31,7 +32,7 @@ done
 status=0
 diff <(cd docs/pictures && find . -name '*.png' | sort) <(cd "$pictures" && find . -name '*.png' | sort) || status=1
 for drawn in "$pictures"/*.png "$pictures"/features/*.png; do
-    build-release/tests/kivo-compare-pictures "docs/pictures/${drawn#"$pictures/"}" "$drawn" "${drawn%.png}.pam" || status=1
+    "$build"/tests/kivo-compare-pictures "docs/pictures/${drawn#"$pictures/"}" "$drawn" "${drawn%.png}.pam" || status=1
 done
 [ $status -eq 0 ] || echo "run scripts/make-pictures.sh and look at the pictures that change"
 exit $status

@@ -10,7 +10,7 @@ kivo_run_packages=(
 
 # What the tests take on top of that.
 kivo_test_packages=(
-    libgtest-dev libgmock-dev googletest clang-format doxygen git
+    libgtest-dev libgmock-dev googletest clang-format clang-tidy doxygen git
     libx11-dev libxcb-xtest0-dev xvfb libgdal-dev
     libgtk-3-dev libwxgtk3.2-dev libglfw3-dev libsdl2-dev libfltk1.3-dev weston xwayland
     wine wine64 g++-mingw-w64-x86-64

@@ -17,9 +17,10 @@ fail() {
     exit 1
 }
 
-scripts/build.sh debian
-rm -f build-debian/*.deb
-(cd build-debian && cpack)
+build=${KIVO_BUILD:-build-debian} # that of the tests is made for packages, too
+[ -n "${KIVO_BUILD:-}" ] || scripts/build.sh debian
+rm -f "$build"/*.deb
+(cd "$build" && cpack)
 
 # same_files <package> <file>...: it has these, its documents and nothing else.
 same_files() {
@@ -37,7 +38,7 @@ has_field() {
 }
 
 for package in "${packages[@]}"; do
-    cp "build-debian/${package}_$version-1_$architecture.deb" "$place/$package.deb"
+    cp "$build/${package}_$version-1_$architecture.deb" "$place/$package.deb"
     has_field "$package" Maintainer '^The KivoFunctionPlotter developers <'
     has_field "$package" Version "^$version-1\$"
     odd=$(dpkg-deb --contents "$place/$package.deb" | grep -vE '^(drwxr-xr-x|-rw-r--r--|lrwxrwxrwx) root/root ' |

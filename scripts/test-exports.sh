@@ -2,7 +2,7 @@
 # The shared library exports the class and the functions of KivoWindow.h and KivoPicture.h, nothing else.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
-library=build-release/KivoFunctionPlotter/libKivoFunctionPlotter.so
+library=${KIVO_BUILD:-build-release}/KivoFunctionPlotter/libKivoFunctionPlotter.so
 class='(vtable for |typeinfo for |typeinfo name for )?KivoDrawingTools::CKivoFunctionPlotter(::|$)'
 functions='KivoDrawingTools::(AttachX11Window|CreateOffscreenWindow|ResizeOffscreenWindow|ReleaseWindow|LastWindowError|CapturePicture)\('
 exported=$(nm --dynamic --defined-only --demangle "$library" | cut -d ' ' -f 3-)

@@ -18,7 +18,8 @@ refuse() {
     status=1
 }
 
-for file in build-release/KivoFunctionPlotter/libKivoFunctionPlotter.so build-release/viewer/kivo-viewer; do
+build=${KIVO_BUILD:-build-release}
+for file in "$build/KivoFunctionPlotter/libKivoFunctionPlotter.so" "$build/viewer/kivo-viewer"; do
     symbols=$(nm --dynamic --undefined-only "$file")
     segments=$(readelf --program-headers --wide "$file")
     expect "$file" "stack protector" "$symbols" '__stack_chk_fail'
@@ -31,6 +32,7 @@ for file in build-release/KivoFunctionPlotter/libKivoFunctionPlotter.so build-re
 done
 
 file=build-mingw/KivoFunctionPlotter/libKivoFunctionPlotter.dll
+[ -e "$file" ] || exit $status # not built for Windows
 characteristics=$(x86_64-w64-mingw32-objdump --private-headers "$file")
 expect "$file" "address that is chosen when it is loaded" "$characteristics" 'DYNAMIC_BASE'
 expect "$file" "64-bit choice of the address" "$characteristics" 'HIGH_ENTROPY_VA'

@@ -8,7 +8,7 @@ if ! diff -u docs/members.md <(scripts/list-members.sh); then
 fi
 # Overloads count: as many definitions of a name as declarations. Constructors and destructors come in several
 # variants of one definition.
-defined=$(nm --dynamic --defined-only --demangle build-release/KivoFunctionPlotter/libKivoFunctionPlotter.so |
+defined=$(nm --dynamic --defined-only --demangle "${KIVO_BUILD:-build-release}"/KivoFunctionPlotter/libKivoFunctionPlotter.so |
     sed -n 's/.* [TW] KivoDrawingTools::CKivoFunctionPlotter::\(.*\)/\1/p' | sort -u)
 status=0
 while read -r count name; do

@@ -1,10 +1,16 @@
 #!/usr/bin/env bash
-# Builds the library as a part of another project, installs it from there, and uses the installed one by find_package and
-# pkg-config; each of these programs draws a picture. All paths have a blank in them.
-#   scripts/test-package.sh shared|static Debug|Release add_subdirectory|FetchContent [mingw]
+# Uses the library as other projects do; each of their programs draws a picture. All paths have a blank in them.
+#   scripts/test-package.sh part shared|static Debug|Release add_subdirectory|FetchContent [mingw]
+#       builds it as a part of another project, installs it from there, and uses that by find_package and pkg-config
+#   scripts/test-package.sh installed linux|mingw
+#       installs what is built already, and uses that by find_package and pkg-config
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
-kind=$1 configuration=$2 way=$3 platform=${4:-linux}
+mode=$1
+case $mode in
+part) kind=$2 configuration=$3 way=$4 platform=${5:-linux} ;;
+installed) kind=shared configuration=Release platform=$2 ;;
+esac
 place=$(mktemp -d)
 trap 'rm -rf "$place"' EXIT
 ln -s "$root" "$place/the checkout"
@@ -34,11 +40,18 @@ try() {
     [ "$printed" = "$version" ]
 }
 
-build "as a part" -DCONSUME="$way" -DCHECKOUT="$place/the checkout" -DKIVO_INSTALL=ON -DCMAKE_INSTALL_PREFIX="$prefix" \
-    -DBUILD_SHARED_LIBS="$([ "$kind" = shared ] && echo ON || echo OFF)"
-try "$place/as a part/consumer"
-cmake --install "$place/as a part"
-rm -r "$place/as a part" # the installation does not need it
+if [ "$mode" = part ]; then
+    build "as a part" -DCONSUME="$way" -DCHECKOUT="$place/the checkout" -DKIVO_INSTALL=ON -DCMAKE_INSTALL_PREFIX="$prefix" \
+        -DBUILD_SHARED_LIBS="$([ "$kind" = shared ] && echo ON || echo OFF)"
+    try "$place/as a part/consumer"
+    cmake --install "$place/as a part"
+    rm -r "$place/as a part" # the installation does not need it
+else
+    built=${KIVO_BUILD:-$root/build-$([ "$platform" = mingw ] && echo mingw || echo release)}
+    for component in runtime development; do
+        cmake --install "$built" --prefix "$prefix" --component "$component"
+    done
+fi
 
 # It may be moved.
 mv "$prefix" "$place/another prefix"

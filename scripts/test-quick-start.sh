@@ -26,7 +26,7 @@ if [ "$1" = windows ]; then
 else
     lines=$(awk '/\[docs: end\]/ { print NR - first } /\[docs: host\]/ { first = NR + 1 }' "$root/examples/quick_start/linux.cpp")
     [ "$lines" -le 30 ] || { echo "the host has $lines lines"; exit 1; }
-    build build-release
+    build "$(realpath --relative-to="$root" "${KIVO_BUILD:-$root/build-release}")"
     "$root/scripts/with-display.sh" timeout --signal=TERM 3 "$place/build/quick_start" || status=$?
     [ "$status" -eq 124 ]
 fi

@@ -16,5 +16,6 @@ check() {
         --errors-for-leak-kinds=definite,indirect --suppressions=KivoFunctionPlotter/tests/support/valgrind.supp \
         "$1" --gtest_filter="-$omitted"
 }
-check build-release/tests/kivo-computing-tests
-check build-release/tests/kivo-plotter-tests
+tests=${KIVO_BUILD:-build-release}/tests
+check "$tests/kivo-computing-tests"
+check "$tests/kivo-plotter-tests"

@@ -1,0 +1,23 @@
+#!/usr/bin/env bash
+# Runs a GoogleTest program as one test of CTest's: scripts/run-tests.sh NAME COMMAND...
+# What it draws goes to a folder of its own below KIVO_TEST_OUTPUT, its report beside that, where scripts/count-tests.py
+# finds it. A program that leaves no report, or runs nothing, has failed.
+set -uo pipefail
+name=$1
+shift
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+output=${KIVO_TEST_OUTPUT:-build-test-output}
+mkdir -p "$output/$name"
+report=$output/$name.xml
+rm -f "$report"
+report=${report#"$PWD/"} # relative, so that Windows programs find it, too
+
+KIVO_TEST_OUTPUT=$output/$name GTEST_OUTPUT=xml:$report "$@"
+status=$?
+read -r tests skipped < <(sed -nE 's/.*<testsuites tests="([0-9]+)".*/\1/p' "$report" 2>/dev/null | head -n 1 | tr '\n' ' '
+    grep -c 'result="skipped"' "$report" 2>/dev/null)
+if [ "${tests:-0}" -le "${skipped:-0}" ]; then
+    echo "$name: nothing was run" >&2
+    exit 1
+fi
+exit $status
