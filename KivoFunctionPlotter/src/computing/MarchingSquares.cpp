@@ -1,3 +1,9 @@
+// Contours of many levels in one walk over a grid. The position of a value among evenly spaced levels,
+// (value - base) * perLevel, never decreases with the value, however it is rounded. So where level k has a
+// position within slack of k, every value at or above it has a position above k - slack, and every value
+// below it one below k + slack. Rounding positions down and up by the slack bounds the number of levels that
+// a point is not below; a cell whose four corners agree is crossed by none. The others are compared with each
+// level in question exactly.
 #include "MarchingSquares.h"
 
 #include "CellMarks.h"
@@ -54,9 +60,7 @@ void AppendSegments(const float* const (&corners)[4], int axis, float level, std
 using Rank = std::int16_t;
 constexpr std::size_t mostRanks = 16384; // levels of one walk; a multiple, so that a Rank holds every sum
 
-// Levels about evenly spaced. The position of a value, (value - base) * perLevel, is k within slack at level
-// k; and because subtraction and product never decrease when the value increases, however they are rounded,
-// a value at or above level k has a position above k - slack, one below it a position below k + slack.
+// Levels about evenly spaced: the position of level k is k within slack.
 struct EvenLevels {
     float base;
     float perLevel;

@@ -3,6 +3,8 @@
 
 #include "GridView.h"
 
+#include <cstddef>
+
 namespace KivoDrawingTools {
 
 /// Whether an infinite line meets a box, faces and edges included.
@@ -22,7 +24,10 @@ enum class PickResult {
 /// @param boxMin, boxMax  the bounding box of the grid's points, three floats each
 /// @param limit           distances have to be below it, in multiples of dir
 /// @param hit             receives x, y, z with PickResult::triangle, else it is left alone
+/// @param triedCells      if given, receives the number of cells whose triangles were computed; the others
+/// were
+///                        passed over
 PickResult PickSurface(const GridView& grid, const float* boxMin, const float* boxMax, const float* origin,
-                       const float* dir, float limit, float* hit);
+                       const float* dir, float limit, float* hit, std::size_t* triedCells = nullptr);
 
 } // namespace KivoDrawingTools

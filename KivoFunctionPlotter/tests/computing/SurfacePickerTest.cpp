@@ -473,3 +473,48 @@ TEST(PickSurface, FindsWhatAPlainWalkFindsInWideGrids) {
         EXPECT_GT(PickAtRandom({surface.points.data(), 5, columns, 3 * columns, 3}, 60, random), 5);
     }
 }
+
+// Reaching triangles one by one would find the same, a hundred times slower.
+TEST(PickSurface, PassesOverNearlyAllCells) {
+    std::mt19937 random(9);
+    for (const float offset : {0.0f, 300.0f})
+        for (const float high : {1.0f, 0.05f}) {
+            TestSurface surface = TerrainSurface(300, 300);
+            for (std::size_t i = 0; i < surface.points.size(); i += 3) {
+                surface.points[i] += offset;
+                surface.points[i + 2] *= high;
+            }
+            const GridView grid = {surface.points.data(), 300, 300, 3, 900};
+            float low[3] = {}, top[3] = {};
+            PlainBounds(grid, low, top);
+            std::size_t all = 0;
+            for (int i = 0; i < 40; ++i) {
+                const Ray ray = RandomRay(grid, random);
+                float hit[3] = {};
+                std::size_t tried = 0;
+                PickSurface(grid, low, top, ray.origin, ray.dir, 1e30f, hit, &tried);
+                all += tried;
+            }
+            EXPECT_LT(all / 40, 299 * 299 / 20) << offset << ' ' << high;
+            EXPECT_GT(all, 40u);
+        }
+}
+
+// The products of such lines leave the range of single precision.
+TEST(PickSurface, FindsWhatAPlainWalkFindsAtTinyAndHugeScales) {
+    std::mt19937 random(10);
+    for (const float scale : {1e-20f, 1e-12f, 1e-9f, 1e-6f, 1e6f, 1e9f, 1e12f, 1e18f})
+        for (const float dirScale : {1e-42f, 1e-38f, 1e-9f, 1.0f, 1e9f, 1e37f}) {
+            TestSurface surface = HillSurface(17, 13);
+            for (float& value : surface.points)
+                value *= scale;
+            const GridView grid = {surface.points.data(), 17, 13, 3, 51};
+            for (int i = 0; i < 60; ++i) {
+                Ray ray = RandomRay(grid, random);
+                for (float& value : ray.dir)
+                    value *= dirScale;
+                float hit[3] = {7, 7, 7};
+                Pick(grid, ray, 1e30f, hit);
+            }
+        }
+}
