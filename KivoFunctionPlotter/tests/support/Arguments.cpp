@@ -1,8 +1,9 @@
 #include "Arguments.h"
 
+#include "SampleGrids.h"
+
 #include <algorithm>
 #include <climits>
-#include <cmath>
 #include <limits>
 #include <utility>
 
@@ -21,17 +22,19 @@ const char* Arguments::Keep(std::string text) {
 
 // ---- Plausible
 
+namespace {
+
+float* NewArray(const std::vector<float>& numbers) {
+    float* const array = new float[numbers.size()];
+    std::copy(numbers.begin(), numbers.end(), array);
+    return array;
+}
+
+} // namespace
+
 GridArguments PlausibleArguments::GridToTakeOver() {
     constexpr unsigned int columns = 12, rows = 10;
-    float* const points = new float[std::size_t{columns} * rows * 3];
-    float* next = points;
-    for (unsigned int r = 0; r < rows; ++r)
-        for (unsigned int c = 0; c < columns; ++c) {
-            const double x = -3.0 + 8.0 * c / (columns - 1), y = -2.0 + 5.0 * r / (rows - 1);
-            for (const double value : {x, y, 2.0 * std::sin(x) * std::cos(y)})
-                *next++ = static_cast<float>(value);
-        }
-    return {points, columns, rows, 1, columns, 3};
+    return {NewArray(KivoSamples::HighHillPoints(columns, rows)), columns, rows, 1, columns, 3};
 }
 
 GridArguments PlausibleArguments::GridToRefer() {
@@ -151,16 +154,13 @@ std::vector<float> BadArguments::BadGrid(GridArguments& grid) {
 
 GridArguments BadArguments::GridToTakeOver() {
     GridArguments grid;
-    const std::vector<float> points = BadGrid(grid);
-    grid.points = new float[points.size()];
-    std::copy(points.begin(), points.end(), grid.points);
+    grid.points = NewArray(BadGrid(grid));
     return grid;
 }
 
 GridArguments BadArguments::GridToRefer() {
     GridArguments grid;
-    const std::vector<float> points = BadGrid(grid);
-    grid.points = Keep(points);
+    grid.points = Keep(BadGrid(grid));
     return grid;
 }
 
