@@ -67,7 +67,7 @@ documentation() {
     check "words of the troubleshooting guide" scripts/check-messages.sh
     check "reference of the headers" scripts/test-reference.sh
     check "links of the documentation" scripts/check-links.sh
-    check "list of members" scripts/test-members.sh
+    check "members in the library" scripts/test-members.sh
     check "formatting" scripts/check-format.sh
     check "repository rules" scripts/check-repository.sh
 }
