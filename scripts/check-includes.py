@@ -35,12 +35,14 @@ PURE = {"computing"}
 # Other folders: from where their quoted includes may come, besides their own folder.
 SURROUNDINGS = {
     f"{LIBRARY}/include": [],
-    f"{LIBRARY}/tests": [f"{LIBRARY}/tests", f"{LIBRARY}/src", f"{LIBRARY}/include"],
-    f"{LIBRARY}/benchmarks": [f"{LIBRARY}/benchmarks", f"{LIBRARY}/tests", f"{LIBRARY}/src", f"{LIBRARY}/include"],
+    f"{LIBRARY}/samples": [],
+    f"{LIBRARY}/tests": [f"{LIBRARY}/tests", f"{LIBRARY}/samples", f"{LIBRARY}/src", f"{LIBRARY}/include"],
+    f"{LIBRARY}/benchmarks": [
+        f"{LIBRARY}/benchmarks", f"{LIBRARY}/samples", f"{LIBRARY}/tests", f"{LIBRARY}/src", f"{LIBRARY}/include"],
     "viewer/src": [f"{LIBRARY}/include"],
     "viewer/tests": ["viewer/src", f"{LIBRARY}/tests", f"{LIBRARY}/tests/fuzz", f"{LIBRARY}/src", f"{LIBRARY}/include"],
-    "examples/tests": ["examples", f"{LIBRARY}/tests", f"{LIBRARY}/include"],
-    "examples": [f"{LIBRARY}/include"],
+    "examples/tests": ["examples", f"{LIBRARY}/tests", f"{LIBRARY}/samples", f"{LIBRARY}/include"],
+    "examples": [f"{LIBRARY}/samples", f"{LIBRARY}/include"],
     "docs/picture_makers": ["viewer/src", "viewer/tests", f"{LIBRARY}/tests", f"{LIBRARY}/include"],
 }
 

@@ -1,14 +1,25 @@
 #!/usr/bin/env bash
-# docs/members.md lists the members that the header declares, and the shared library has every one of them.
+# The shared library has every public and protected member function that the class declares, with all its overloads.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
-if ! diff -u docs/members.md <(scripts/list-members.sh); then
-    echo "docs/members.md is out of date; run scripts/list-members.sh >docs/members.md"
-    exit 1
-fi
-# Overloads count: as many definitions of a name as declarations. Constructors and destructors come in several
-# variants of one definition.
-defined=$(nm --dynamic --defined-only --demangle "${KIVO_BUILD:-build-release}"/KivoFunctionPlotter/libKivoFunctionPlotter.so |
+library=${1:-${KIVO_BUILD:-build-release}/KivoFunctionPlotter/libKivoFunctionPlotter.so}
+
+# The names of the member functions, each as often as it is declared.
+declared=$(awk '
+    /^class KIVO_API CKivoFunctionPlotter/ { inside = 1; next }
+    !inside { next }
+    /^private:/ { exit }
+    /^(public|protected):/ { declaration = ""; next }
+    { sub(/\/\/.*/, ""); declaration = declaration " " $0 }
+    /; *$/ {
+        if (match(declaration, /[A-Za-z0-9_~=]+\(/)) print substr(declaration, RSTART, RLENGTH - 1)
+        declaration = ""
+    }
+' KivoFunctionPlotter/include/KivoFunctionPlotter.h | sort | uniq -c)
+[ "$(wc -l <<<"$declared")" -gt 100 ]
+
+# Constructors and destructors come in several variants of one definition.
+defined=$(nm --dynamic --defined-only --demangle "$library" |
     sed -n 's/.* [TW] KivoDrawingTools::CKivoFunctionPlotter::\(.*\)/\1/p' | sort -u)
 status=0
 while read -r count name; do
@@ -17,5 +28,5 @@ while read -r count name; do
         echo "$name: $count declared, $found in the library"
         status=1
     fi
-done < <(sed -n 's/^| [^|]* | [^|]* | `\(.*\)` |$/\1/p' docs/members.md | sed -E 's/^([^(]*[ *&])?([A-Za-z0-9_~=]+)\(.*/\2/' | sort | uniq -c)
+done <<<"$declared"
 exit $status

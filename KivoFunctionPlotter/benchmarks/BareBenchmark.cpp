@@ -1,7 +1,7 @@
 // Frames of the plotter's surface by bare OpenGL 1.1 client arrays: the same arrays in the same state, with
 // nothing around them.
+#include "SampleGrids.h"
 #include "support/BareSurface.h"
-#include "support/BenchmarkGrid.h"
 #include "support/BenchmarkPlot.h"
 #include "support/OffscreenContext.h"
 #include "support/Registration.h"
@@ -40,7 +40,7 @@ struct Scene {
 
 // The plotter is gone when this returns; its arrays and its state remain.
 Scene MakeScene(unsigned int columns, unsigned int rows) {
-    std::vector<float> points = GridPoints(columns, rows);
+    std::vector<float> points = KivoSamples::RipplePoints(columns, rows);
     BenchmarkPlot plot;
     plot.SetPoints(points, columns, rows);
     plot.plotter.Renderscene();

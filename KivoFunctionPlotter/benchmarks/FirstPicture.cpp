@@ -1,6 +1,6 @@
 // A host that shows a grid of 50 x 40 points off-screen and writes a byte to standard output as soon as the
 // picture is presented.
-#include "support/BenchmarkGrid.h"
+#include "SampleGrids.h"
 #include "support/OffscreenContext.h"
 
 #include <KivoFunctionPlotter.h>
@@ -14,7 +14,7 @@ using namespace KivoDrawingTools;
 
 int main() {
     constexpr unsigned int columns = 50, rows = 40;
-    std::vector<float> points = GridPoints(columns, rows);
+    std::vector<float> points = KivoSamples::RipplePoints(columns, rows);
     CKivoFunctionPlotter plotter;
     const HWND window = CreateOffscreenWindow(windowWidth, windowHeight);
     if (plotter.OnCreate(window, windowWidth, windowHeight, true) != 0) {

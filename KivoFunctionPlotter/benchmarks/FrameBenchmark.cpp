@@ -1,5 +1,6 @@
 // Frames, presented and finished: large surfaces with and without frame lines, and a small one with
 // everything shown.
+#include "SampleGrids.h"
 #include "support/BenchmarkGrid.h"
 #include "support/BenchmarkPlot.h"
 #include "support/Registration.h"
@@ -65,9 +66,9 @@ void ShowEverything(BenchmarkPlot& plot, std::vector<float>& curve, std::vector<
 
 void SmallFrame(benchmark::State& state) {
     constexpr unsigned int columns = 50, rows = 40;
-    std::vector<float> points = GridPoints(columns, rows);
+    std::vector<float> points = KivoSamples::RipplePoints(columns, rows);
     std::vector<float> curve(points.begin(), points.begin() + 3 * columns);
-    std::vector<float> measured = GridPoints(4, 4);
+    std::vector<float> measured = KivoSamples::RipplePoints(4, 4);
     BenchmarkPlot plot;
     plot.SetPoints(points, columns, rows);
     plot.plotter.Renderscene();

@@ -1,5 +1,5 @@
 // A frame of QwtPlot3D: the surface with its mesh, axes and colour legend, in a window of an X server.
-#include "support/BenchmarkGrid.h"
+#include "SampleGrids.h"
 #include "support/Registration.h"
 #include "support/ResidentMemory.h"
 
@@ -21,7 +21,7 @@ namespace {
 // Heights as the widget takes them: a pointer to each column.
 struct Heights {
     explicit Heights(unsigned int n) : values(std::size_t{n} * n) {
-        const std::vector<float> points = GridPoints(n, n);
+        const std::vector<float> points = KivoSamples::RipplePoints(n, n);
         for (std::size_t c = 0; c < n; ++c) {
             columns.push_back(&values[c * n]);
             for (std::size_t r = 0; r < n; ++r)

@@ -1,6 +1,5 @@
 // Feature pictures of what only classes derived from the plotter can do.
 #include "FeaturePicture.h"
-#include "Plate.h"
 
 #include <GL/gl.h>
 

@@ -1,7 +1,7 @@
 // Draws the pictures of docs/features.md: `feature_pictures FOLDER`. It needs no display.
 #include "../PngFile.h"
 #include "FeaturePicture.h"
-#include "Plate.h"
+#include "SampleGrids.h"
 
 #include <KivoPicture.h>
 #include <KivoWindow.h>
@@ -11,6 +11,7 @@
 #include <string>
 
 using namespace KivoDrawingTools;
+using namespace KivoSamples;
 
 void LoadPlate(CKivoFunctionPlotter& plotter) {
     // [docs: surface]

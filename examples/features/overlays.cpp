@@ -1,10 +1,12 @@
 // Feature pictures of what lies over the surface: curves, measure points, the traced point.
 #include "FeaturePicture.h"
-#include "Plate.h"
+#include "SampleGrids.h"
 
+#include <cmath>
 #include <cstdio>
 
 using KivoDrawingTools::CKivoFunctionPlotter;
+using namespace KivoSamples;
 
 namespace {
 

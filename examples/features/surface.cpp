@@ -1,10 +1,11 @@
 // Feature pictures of the surface: colours, frame lines, contours, holes.
 #include "FeaturePicture.h"
-#include "Plate.h"
+#include "SampleGrids.h"
 
 #include <limits>
 
 using KivoDrawingTools::CKivoFunctionPlotter;
+using namespace KivoSamples;
 
 namespace {
 

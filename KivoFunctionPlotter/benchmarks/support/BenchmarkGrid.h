@@ -5,11 +5,8 @@
 
 namespace KivoBenchmark {
 
-/// z = sin(6x) cos(5y) exp(-(x^2 + y^2)) on [-1, 1] x [-1, 1]: packed x, y, z triples, row by row.
-std::vector<float> GridPoints(unsigned int columns, unsigned int rows);
-
-/// The points of a grid of n x n points, which stay as they are. The last grid asked for is kept, since
-/// making one takes longer than most of what is done with it.
+/// The ripples of SampleGrids.h at n x n points, which stay as they are. The last grid asked for is kept,
+/// since making one takes longer than most of what is done with it.
 std::vector<float>& SquareGrid(unsigned int n);
 
 /// One coordinate of all points: 0 = x, 1 = y, 2 = z.

@@ -87,10 +87,10 @@ TEST_F(ContextCalls, OtherMembersLeaveOpenGlAlone) {
         EXPECT_FALSE(CallsOpenGl(*recorder));
         ++count;
     }
-    EXPECT_EQ(count, 57);
+    EXPECT_EQ(count, 58);
 }
 
-TEST_F(ContextCalls, BitmapTextIsDrawnInTheCallersBracket) {
+TEST_F(ContextCalls, TextIsDrawnInTheCallersBracket) {
     int count = 0;
     for (const PublicOperation& operation : PublicOperations()) {
         if (operation.context != ContextUse::callers) continue;
@@ -101,7 +101,7 @@ TEST_F(ContextCalls, BitmapTextIsDrawnInTheCallersBracket) {
         EXPECT_TRUE(AllHaveTheContext(*recorder));
         ++count;
     }
-    EXPECT_EQ(count, 6);
+    EXPECT_EQ(count, 7);
 }
 
 TEST_F(ContextCalls, BeginAndEndBindAndUnbind) {

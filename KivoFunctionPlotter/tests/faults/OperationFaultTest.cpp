@@ -195,11 +195,13 @@ bool HasOperations(const PublicOperation& member, CallProbe& plotter) {
 // The result of a member when the n-th operation of a name fails in it.
 int ResultOf(const std::string& member, const std::string& failed, int n) {
     const bool isFirstBinding = failed == "wglMakeCurrent" && n == 1;
-    if (member == "Renderscene") {
+    if (member == "Renderscene()") {
         if (isFirstBinding)
             return ERROR_INVALID_HANDLE; // nothing could be drawn, so nothing can be presented
         return failed == "SwapBuffers" ? ERROR_GEN_FAILURE : 0;
     }
+    // Without the view's matrices there is no line of sight.
+    if (member == "Trace(point)") return isFirstBinding ? 1 : 0;
     // A picture needs the window's size and the context.
     if (member.rfind("CapturePicture", 0) == 0) return failed == "GetClientRect" || isFirstBinding ? -1 : 0;
     return 0;

@@ -4,6 +4,7 @@
 #include "parts/KivoGridBox.h"
 #include "support/Deadline.h"
 #include "support/Image.h"
+#include "support/PublicMembers.h"
 #include "support/TestSurfaces.h"
 #include "support/TestWindow.h"
 
@@ -126,6 +127,25 @@ protected:
         for (const auto& [name, step] : steps)
             ExpectWithinASecond(name, step);
         plotter.Trace(false);
+    }
+
+    // Calls all members that repeat themselves in this way. Each comes back in time, with a result that it
+    // documents.
+    void RunAll(Repetition repetition, Arguments& arguments, bool isEachToBeDrawn) {
+        for (const PublicMember& member : PublicMembers()) {
+            if (member.context == ContextUse::lifetime || member.repetition != repetition) continue;
+            SCOPED_TRACE(member.name);
+            ExpectWithinASecond("call", [&] {
+                if (member.context == ContextUse::callers) plotter.BeginGLOperation();
+                EXPECT_TRUE(member.IsDocumented(member.run(plotter, arguments)));
+                if (member.context == ContextUse::none || member.context == ContextUse::bracketed) {
+                    EXPECT_EQ(wglGetCurrentContext(), nullptr);
+                }
+                plotter.EndGLOperation();
+            });
+            if (!isEachToBeDrawn) continue;
+            ExpectWithinASecond("frame", [&] { EXPECT_EQ(plotter.Renderscene(), 0); });
+        }
     }
 
     TestPlot plot{WindowKind::offscreen, 320, 240};
@@ -415,23 +435,35 @@ TEST_F(BadNumbers, AxisEndsAreTakenAsTheyAre) {
     }
 }
 
-TEST_F(BadNumbers, ColoursAreTakenAsTheyAre) {
-    const float numbers[] = {notANumber, infinity, -infinity, 3e38f, -7.5f};
-    for (const float number : numbers) {
-        SCOPED_TRACE(number);
-        const float rgba[] = {number, 0.5f, number, number};
-        const float other[] = {0.5f, number, -number, 1.0f};
-        plotter.SetBackgroundColor(number, number, 0.0f, number);
-        plotter.SetGradientColor(rgba, other);
-        plotter.SetXGradientStartColor(other);
-        plotter.SetYGradientEndColor(rgba);
-        plotter.SetZGradientColor(other, rgba);
+// What a call with sensible arguments replaces leaves nothing of the bad ones behind.
+TEST_F(BadNumbers, NoMemberLeavesThemBehind) {
+    PlausibleArguments plausible;
+    RunAll(Repetition::adds, plausible, false);
+    RunAll(Repetition::same, plausible, false);
+    m_reference = GoodPicture();
+    for (unsigned int round = 0; round < BadArguments::roundCount; ++round) {
+        SCOPED_TRACE(testing::Message() << "round " << round);
+        BadArguments bad(round);
+        RunAll(Repetition::same, bad, true);
         UseEverything();
-        plotter.ResetBackgroundColor();
-        plotter.SetGradientColor(0xFF0000ul, 0x0000FFul);
+        RunAll(Repetition::same, plausible, false);
+        ExpectStillGood("bad-members-" + std::to_string(round));
     }
-    // From blue to red, as at first.
-    ExpectStillGood("colours");
+}
+
+TEST_F(BadNumbers, NoMemberFailsOverThem) {
+    std::vector<std::unique_ptr<BadArguments>> all; // measure groups refer to their points
+    for (unsigned int round = 0; round < BadArguments::roundCount; ++round) {
+        SCOPED_TRACE(testing::Message() << "round " << round);
+        all.push_back(std::make_unique<BadArguments>(round));
+        RunAll(Repetition::adds, *all.back(), true);
+        RunAll(Repetition::changes, *all.back(), true);
+        plotter.OnSize(0, 320, 240);
+        GoodPicture();
+        for (const double element : plotter.m_rotationMatrix)
+            EXPECT_TRUE(std::isfinite(element));
+    }
+    plotter.OnDestroy();
 }
 
 TEST_F(BadNumbers, OverlaysAreDrawnAsFarAsTheyCanBe) {

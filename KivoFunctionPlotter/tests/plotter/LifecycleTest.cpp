@@ -5,6 +5,7 @@
 #include "parts/KivoMeasurePointGroupManager.h"
 #include "parts/TextRenderer.h"
 #include "support/Image.h"
+#include "support/PublicMembers.h"
 #include "support/TestSurfaces.h"
 #include "support/TestWindow.h"
 
@@ -594,78 +595,51 @@ TEST(Lifecycle, ReleasingWhatWasNeverCreatedSucceeds) {
 
 namespace {
 
-std::vector<std::function<void(PlotterProbe&)>> PublicCalls(const TestSurface& surface) {
-    using P = PlotterProbe;
-    static const float rgba[] = {0.2f, 0.4f, 0.6f, 1};
-    return {
-        [](P& p) { p.OnDraw(); },
-        [](P& p) { p.Renderscene(); },
-        [](P& p) { p.OnSize(0, 300, 200); },
-        [](P& p) { p.OnSize(0, 0, 0); },
-        [](P& p) { p.SetFont(nullptr); },
-        [](P& p) { p.OnDestroy(); },
-        [](P& p) { p.SwitchToNormalPlot(); },
-        [](P& p) { p.SwitchToXYProjectPlot(); },
-        [](P& p) { p.SwitchToYZProjectPlot(); },
-        [](P& p) { p.SwitchToZXProjectPlot(); },
-        [](P& p) { p.SetInverseXAxis(!p.m_inverseXAxis); },
-        [](P& p) { p.SetInverseYAxis(!p.m_inverseYAxis); },
-        [](P& p) { p.SetInverseZAxis(!p.m_inverseZAxis); },
-        [](P& p) { p.SetAutoSwitchFramePlanes(false); },
-        [](P& p) { p.SetBackgroundColor(0x00112233ul); },
-        [](P& p) { p.ResetBackgroundColor(); },
-        [](P& p) { p.ShowGridLines(!p.IsShowGridLines()); },
-        [](P& p) { p.ShowFrameLines(!p.IsShowFrameLines()); },
-        [](P& p) { p.AutoAdjustAxisLengthRatio(); },
-        [](P& p) {
-            p.OnRButtonDown(MK_RBUTTON, POINT{0, 1});
-        },
-        [](P& p) {
-            p.OnMouseMove(MK_RBUTTON, POINT{0, 0});
-        },
-        [](P& p) {
-            p.OnMouseMove(MK_RBUTTON | MK_CONTROL, POINT{0, 1});
-        },
-        [](P& p) {
-            p.OnMouseMove(MK_RBUTTON | MK_SHIFT, POINT{0, 0});
-        },
-        [](P& p) {
-            p.OnRButtonUp(0, POINT{0, 1});
-        },
-        [](P& p) {
-            p.OnMouseWheel(0, 120, POINT{0, 1});
-        },
-        [](P& p) {
-            p.Rotate(POINT{0, 0}, POINT{5, 5});
-        },
-        [](P& p) {
-            p.Translate(POINT{0, 0}, POINT{5, 5});
-        },
-        [](P& p) { p.Zoom(0.9f); },
-        [&](P& p) { p.SetData(surface.NewArray(), surface.columns, surface.rows, 1, surface.columns, 3); },
-        [](P& p) { p.SetData(nullptr, 0, 0, 1, 0, 3); },
-        [](P& p) { p.SetFrameLineStep(2, 3); },
-        [](P& p) { p.SetFrameLineStep(0, 0); },
-        [](P& p) { p.SetFrameLineColor(0x00FF00FFul); },
-        [](P& p) { p.SetGradientColor(rgba, rgba); },
-        [](P& p) { p.SetGradientStartColor(0x00FF00FFul); },
-        [](P& p) { p.SetXGradientColor(rgba, rgba); },
-        [](P& p) { p.SetYGradientEndColor(0x0000FFFFul); },
-        [](P& p) { p.SetZGradientStartColor(rgba); },
-    };
-}
+// Before its first size the viewport is one pixel high and none wide: drags begin there, and go on in every
+// way.
+class ArgumentsBeforeOnCreate : public PlausibleArguments {
+public:
+    explicit ArgumentsBeforeOnCreate(std::mt19937& generator) : m_generator(generator) {}
+
+    bool Flag(bool) override { return Below(2) == 0; }
+    int Int(int plausible) override { return Below(2) == 0 ? 0 : plausible; }
+    unsigned int Unsigned(unsigned int) override { return Below(4); }
+    unsigned int KeyState(unsigned int) override {
+        constexpr unsigned int further[] = {0, MK_SHIFT, MK_CONTROL};
+        return MK_RBUTTON | further[Below(3)];
+    }
+    POINT Point(POINT) override {
+        constexpr POINT points[] = {{0, 0}, {0, 1}, {5, 5}};
+        return points[Below(3)];
+    }
+    GridArguments GridToTakeOver() override {
+        if (Below(2) == 0) return {nullptr, 0, 0, 1, 0, 3};
+        return PlausibleArguments::GridToTakeOver();
+    }
+
+private:
+    unsigned int Below(unsigned int limit) { return static_cast<unsigned int>(m_generator() % limit); }
+
+    std::mt19937& m_generator;
+};
 
 } // namespace
 
+// Text is drawn in a context of the caller's, who has none; OnCreate is given no window.
 TEST(Lifecycle, EveryCallBeforeOnCreateIsHarmlessInEveryOrder) {
-    const TestSurface surface = SaddleSurface(6, 5);
-    std::vector<std::function<void(PlotterProbe&)>> calls = PublicCalls(surface);
+    std::vector<const PublicMember*> members;
+    for (const PublicMember& member : PublicMembers())
+        if (member.context != ContextUse::callers) members.push_back(&member);
     std::mt19937 generator(3);
-    for (int round = 0; round < 60; ++round) {
-        std::shuffle(calls.begin(), calls.end(), generator);
+    for (unsigned int round = 0; round < 60; ++round) {
+        std::shuffle(members.begin(), members.end(), generator);
+        ArgumentsBeforeOnCreate early(generator);
+        BadArguments bad(round);
         PlotterProbe plotter;
-        for (const auto& call : calls)
-            call(plotter);
+        for (const PublicMember* const member : members) {
+            Arguments& arguments = generator() % 3 == 0 ? static_cast<Arguments&>(bad) : early;
+            EXPECT_TRUE(member->IsDocumented(member->run(plotter, arguments))) << member->name;
+        }
         EXPECT_EQ(wglGetCurrentContext(), nullptr);
     }
 }

@@ -1,6 +1,8 @@
-// All public members of the plotter as a list, for what has to hold for each of them.
+// What a host does with a plot, as a list, for what has to hold for each of it while calls or the memory
+// fail.
 #pragma once
 
+#include "PublicMembers.h"
 #include "RecordedPlot.h"
 
 #include <functional>
@@ -9,23 +11,19 @@
 
 namespace KivoTest {
 
-/// What a member does with the OpenGL context.
-enum class ContextUse {
-    none,        ///< calls neither OpenGL nor wglMakeCurrent
-    callers,     ///< draws in the caller's bracket
-    bracketed,   ///< makes the context current for its work and none afterwards
-    staysCurrent ///< makes it current and leaves it so
-};
+using KivoDrawingTools::ContextUse;
+using KivoDrawingTools::Repetition;
 
 struct PublicOperation {
-    std::string name;
+    std::string name; ///< as in the table of the public members
     ContextUse context;
-    /// Calls the member with plausible arguments. @return its int result; 0 where it has another one or none
+    Repetition repetition;
+    /// Does it with plausible arguments. @return 0 where it has done what it is asked for
     std::function<int(CallProbe&)> run;
 };
 
-/// Every public member but construction, OnCreate and OnDestroy, in the order of the header; then
-/// CapturePicture. They work on a plot as RecordedPlot::Fill leaves it, in any order and repeatedly.
+/// The members in the table of PublicMembers.h but those of the lifetime; then drags and tracing, which take
+/// several. They work on a plot as RecordedPlot::Fill leaves it, in any order and repeatedly.
 const std::vector<PublicOperation>& PublicOperations();
 
 /// A grid of points from new[], made without regard to faults.

@@ -1,29 +1,11 @@
 #include "TestSurfaces.h"
 
+#include "SampleGrids.h"
+
 #include <algorithm>
-#include <cmath>
 #include <cstddef>
-#include <cstdint>
 
 namespace KivoDrawingTools {
-
-namespace {
-
-template <typename Height>
-TestSurface MakeSurface(const char* name, unsigned int columns, unsigned int rows, Height height) {
-    TestSurface surface = {name, columns, rows, {}};
-    surface.points.reserve(std::size_t{columns} * rows * 3);
-    for (unsigned int r = 0; r < rows; ++r)
-        for (unsigned int c = 0; c < columns; ++c) {
-            const double x = -3.0 + (columns > 1 ? 8.0 * c / (columns - 1) : 0.0);
-            const double y = -2.0 + (rows > 1 ? 5.0 * r / (rows - 1) : 0.0);
-            for (const double value : {x, y, height(x, y)})
-                surface.points.push_back(static_cast<float>(value));
-        }
-    return surface;
-}
-
-} // namespace
 
 float* TestSurface::NewArray() const {
     float* array = new float[points.size()];
@@ -50,48 +32,31 @@ float TestSurface::Max(int coordinate) const {
 }
 
 TestSurface PlaneSurface(unsigned int columns, unsigned int rows) {
-    return MakeSurface("plane", columns, rows, [](double x, double y) { return 0.5 * x + y + 1.0; });
+    return {"plane", columns, rows, KivoSamples::PlanePoints(columns, rows)};
 }
 
 TestSurface HillSurface(unsigned int columns, unsigned int rows) {
-    return MakeSurface("hill", columns, rows,
-                       [](double x, double y) { return 2.0 * std::sin(x) * std::cos(y); });
+    return {"hill", columns, rows, KivoSamples::HighHillPoints(columns, rows)};
 }
 
 TestSurface SaddleSurface(unsigned int columns, unsigned int rows) {
-    return MakeSurface("saddle", columns, rows, [](double x, double y) { return x * x / 4.0 - y * y / 2.0; });
+    return {"saddle", columns, rows, KivoSamples::SaddlePoints(columns, rows)};
 }
 
 TestSurface StepSurface(unsigned int columns, unsigned int rows) {
-    return MakeSurface("steps", columns, rows, [](double x, double y) { return std::floor(x + y); });
+    return {"steps", columns, rows, KivoSamples::StepPoints(columns, rows)};
 }
 
 TestSurface NoiseSurface(unsigned int columns, unsigned int rows) {
-    std::uint32_t state = 12345;
-    return MakeSurface("noise", columns, rows, [&state](double, double) {
-        state = state * 1664525u + 1013904223u;
-        return (state >> 8) / 16777216.0;
-    });
+    return {"noise", columns, rows, KivoSamples::NoisePoints(columns, rows)};
 }
 
 TestSurface ConstantSurface(unsigned int columns, unsigned int rows) {
-    return MakeSurface("constant", columns, rows, [](double, double) { return 5.0; });
+    return {"constant", columns, rows, KivoSamples::ConstantPoints(columns, rows)};
 }
 
 TestSurface TerrainSurface(unsigned int columns, unsigned int rows) {
-    const auto height = [](double x, double y) {
-        return 14.0 * std::sin(0.06 * x) * std::cos(0.05 * y) + 8.0 * std::sin(0.13 * x + 0.11 * y) +
-               4.0 * std::cos(0.21 * x - 0.17 * y);
-    };
-    TestSurface surface = {"terrain", columns, rows, {}};
-    for (unsigned int r = 0; r < rows; ++r)
-        for (unsigned int c = 0; c < columns; ++c) {
-            const double x = 100.0 * c / (columns - 1);
-            const double y = 100.0 * r / (rows - 1);
-            for (const double value : {x, y, height(x, y)})
-                surface.points.push_back(static_cast<float>(value));
-        }
-    return surface;
+    return {"terrain", columns, rows, KivoSamples::TerrainPoints(columns, rows)};
 }
 
 std::vector<TestSurface> AllTestSurfaces() {

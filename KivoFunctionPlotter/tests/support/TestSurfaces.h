@@ -1,4 +1,4 @@
-// Grids of points that tests share.
+// The sample grids as tests use them.
 #pragma once
 
 #include <string>

@@ -1,0 +1,437 @@
+#include "PublicMembers.h"
+
+#include "KivoPicture.h"
+
+#include <algorithm>
+#include <cstring>
+#include <tuple>
+#include <type_traits>
+#include <utility>
+
+namespace KivoDrawingTools {
+
+PublicMember& PublicMember::Adds() {
+    repetition = Repetition::adds;
+    return *this;
+}
+
+PublicMember& PublicMember::Changes() {
+    repetition = Repetition::changes;
+    return *this;
+}
+
+PublicMember& PublicMember::Refuses(int result) {
+    refusals.push_back(result);
+    return *this;
+}
+
+PublicMember& PublicMember::GivesSystemCodes() {
+    hasSystemCodes = true;
+    return *this;
+}
+
+std::string PublicMember::MemberName() const {
+    return name.substr(0, name.find('('));
+}
+
+bool PublicMember::IsDocumented(int result) const {
+    return result == 0 || hasSystemCodes ||
+           std::find(refusals.begin(), refusals.end(), result) != refusals.end();
+}
+
+namespace {
+
+using P = PlotterProbe;
+using A = Arguments;
+
+constexpr ContextUse none = ContextUse::none;
+constexpr ContextUse callers = ContextUse::callers;
+constexpr ContextUse bracketed = ContextUse::bracketed;
+constexpr ContextUse staysCurrent = ContextUse::staysCurrent;
+constexpr ContextUse lifetime = ContextUse::lifetime;
+
+constexpr POINT inPlot = {230, 150};
+constexpr POINT besideIt = {236, 146};
+constexpr float blue[] = {0, 0, 1, 1};
+constexpr float red[] = {1, 0, 0, 1};
+
+// ---- Kinds of arguments, each with what a sensible caller would pass
+
+template <typename Take>
+struct Argument {
+    const char* kind;
+    Take From; ///< takes it from a source
+};
+
+template <typename Take>
+Argument(const char*, Take) -> Argument<Take>;
+
+auto Window() {
+    return Argument{"window", [](A& a) { return a.Window(); }};
+}
+auto Flag(bool plausible) {
+    return Argument{"flag", [=](A& a) { return a.Flag(plausible); }};
+}
+auto Float(float plausible) {
+    return Argument{"float", [=](A& a) { return a.Float(plausible); }};
+}
+auto Int(int plausible) {
+    return Argument{"int", [=](A& a) { return a.Int(plausible); }};
+}
+auto Delta(int plausible) {
+    return Argument{"delta", [=](A& a) { return static_cast<short>(a.Int(plausible)); }};
+}
+auto Unsigned(unsigned int plausible) {
+    return Argument{"unsigned", [=](A& a) { return a.Unsigned(plausible); }};
+}
+auto Group() {
+    return Argument{"group", [](A& a) { return a.GroupIndex(); }};
+}
+auto TextHeight(int plausible) {
+    return Argument{"height", [=](A& a) { return a.Of(Amount::textHeight, plausible); }};
+}
+auto Count(const char* kind, Amount amount, int plausible) {
+    return Argument{kind, [=](A& a) { return static_cast<unsigned int>(a.Of(amount, plausible)); }};
+}
+auto Ticks(int plausible) {
+    return Count("ticks", Amount::ticks, plausible);
+}
+auto Contours(int plausible) {
+    return Count("contours", Amount::contours, plausible);
+}
+auto Digits(int plausible) {
+    return Count("digits", Amount::digits, plausible);
+}
+auto Keys(unsigned int plausible) {
+    return Argument{"keys", [=](A& a) { return a.KeyState(plausible); }};
+}
+auto Point(POINT plausible) {
+    return Argument{"point", [=](A& a) { return a.Point(plausible); }};
+}
+auto Color(unsigned long plausible) {
+    return Argument{"color", [=](A& a) { return a.Color(plausible); }};
+}
+auto Rgba(const float* plausible) {
+    return Argument{"rgba", [=](A& a) { return a.Rgba(plausible); }};
+}
+auto Text(const char* plausible) {
+    return Argument{"text", [=](A& a) { return a.Text(plausible); }};
+}
+
+// ---- Rows of the table
+
+// A member called by a function of plotter and source, whose result counts when it is an int.
+template <typename Call>
+PublicMember Member(const std::string& name, ContextUse context, Call call) {
+    if constexpr (std::is_same_v<std::invoke_result_t<Call, P&, A&>, int>)
+        return {name, context, call};
+    else
+        return {name, context, [call](P& plotter, A& source) {
+                    call(plotter, source);
+                    return 0;
+                }};
+}
+
+// They are drawn in the order of the list in braces; in which order a call evaluates its arguments is the
+// compiler's choice.
+template <typename Call, typename... Kinds>
+PublicMember Named(const char* name, Call call, ContextUse context, Kinds... kinds) {
+    std::string list;
+    for (const char* const kind : std::initializer_list<const char*>{kinds.kind...})
+        list += (list.empty() ? "" : ", ") + std::string(kind);
+    return Member(std::string(name) + "(" + list + ")", context, [=](P& plotter, [[maybe_unused]] A& source) {
+        const auto drawn = std::tuple{kinds.From(source)...};
+        return std::apply([&](const auto&... arguments) { return call(plotter, arguments...); }, drawn);
+    });
+}
+
+// KIVO_MEMBER(name, context, arguments...): the member of this name, whichever of its overloads takes these
+// kinds of arguments.
+#define KIVO_MEMBER(name, ...)                                                                               \
+    Named(                                                                                                   \
+        #name, [](P& plotter, const auto&... arguments) { return plotter.name(arguments...); }, __VA_ARGS__)
+
+int Capture(P& plotter, A&) {
+    std::vector<unsigned char> rgba;
+    int width = 0, height = 0;
+    const int result = CapturePicture(plotter, rgba, width, height);
+    return rgba.size() == std::size_t{4} * width * height ? result : contradiction;
+}
+
+int CaptureSized(P& plotter, A& source) {
+    std::vector<unsigned char> rgba;
+    const int width = source.Of(Amount::pictureSize, 500);
+    const int height = source.Of(Amount::pictureSize, 200);
+    const int result = CapturePicture(plotter, width, height, rgba);
+    return rgba.size() == (result == 0 ? std::size_t{4} * width * height : 0) ? result : contradiction;
+}
+
+// Some members are called with two values, so that there is something to do each time.
+
+// ---- Core
+
+const std::vector<PublicMember> coreMembers = {
+    KIVO_MEMBER(OnCreate, lifetime, Window(), Flag(true)).Refuses(-1),
+    KIVO_MEMBER(OnCreate, lifetime, Window(), Int(400), Int(300), Flag(true)).Refuses(-1),
+    KIVO_MEMBER(OnCreate, lifetime, Window(), Int(400), Int(300), TextHeight(10), Flag(true)).Refuses(-1),
+    KIVO_MEMBER(OnDestroy, lifetime),
+    KIVO_MEMBER(OnDraw, bracketed),
+    KIVO_MEMBER(OnSize, bracketed, Unsigned(0), Int(400), Int(300)),
+    Member("SetFont(font)", none, [](P& p, A&) { return p.SetFont(nullptr); }),
+    KIVO_MEMBER(Renderscene, bracketed).GivesSystemCodes(),
+    KIVO_MEMBER(SwitchToXYProjectPlot, bracketed),
+    KIVO_MEMBER(SwitchToYZProjectPlot, bracketed),
+    KIVO_MEMBER(SwitchToZXProjectPlot, bracketed),
+    KIVO_MEMBER(SwitchToNormalPlot, bracketed),
+    Member("GetCurrentPlotType()", none,
+           [](P& p, A&) {
+               const int type = p.GetCurrentPlotType();
+               return type >= 0 && type <= 3 ? 0 : contradiction;
+           }),
+    Member("SetInverseXAxis(flag)", bracketed,
+           [](P& p, A& a) { return p.SetInverseXAxis(a.Flag(!p.m_inverseXAxis)); })
+        .Changes(),
+    Member("SetInverseYAxis(flag)", bracketed,
+           [](P& p, A& a) { return p.SetInverseYAxis(a.Flag(!p.m_inverseYAxis)); })
+        .Changes(),
+    Member("SetInverseZAxis(flag)", bracketed,
+           [](P& p, A& a) { return p.SetInverseZAxis(a.Flag(!p.m_inverseZAxis)); })
+        .Changes(),
+    KIVO_MEMBER(SetAutoSwitchFramePlanes, none, Flag(true)),
+    KIVO_MEMBER(SetBackgroundColor, none, Float(1.0f), Float(1.0f), Float(0.9f), Float(1.0f)),
+    KIVO_MEMBER(SetBackgroundColor, none, Color(0xFFF0E0)),
+    KIVO_MEMBER(ResetBackgroundColor, none),
+    KIVO_MEMBER(ShowFrameLines, none, Flag(true)),
+    KIVO_MEMBER(IsShowFrameLines, none),
+    KIVO_MEMBER(ShowXIsoContours, none, Flag(true)),
+    KIVO_MEMBER(IsShowXIsoContours, none),
+    KIVO_MEMBER(ShowYIsoContours, none, Flag(true)),
+    KIVO_MEMBER(IsShowYIsoContours, none),
+    KIVO_MEMBER(ShowZIsoContours, none, Flag(true)),
+    KIVO_MEMBER(IsShowZIsoContours, none),
+    KIVO_MEMBER(ShowGridLines, none, Flag(true)),
+    KIVO_MEMBER(IsShowGridLines, none),
+};
+
+// ---- View geometry
+
+const std::vector<PublicMember> viewMembers = {
+    KIVO_MEMBER(AutoAdjustAxisLengthRatio, bracketed),
+    KIVO_MEMBER(OnLButtonDown, none, Keys(0), Point(inPlot)),
+    KIVO_MEMBER(OnLButtonUp, none, Keys(0), Point(inPlot)),
+    KIVO_MEMBER(OnRButtonDown, none, Keys(MK_RBUTTON), Point(inPlot)),
+    KIVO_MEMBER(OnRButtonUp, none, Keys(0), Point(inPlot)),
+    KIVO_MEMBER(OnMouseMove, none, Keys(0), Point(inPlot)).Changes(),
+    KIVO_MEMBER(OnMouseWheel, bracketed, Keys(0), Delta(120), Point(inPlot)).Changes(),
+    KIVO_MEMBER(Rotate, bracketed, Point(inPlot), Point(besideIt)).Changes(),
+    KIVO_MEMBER(Translate, bracketed, Point(inPlot), Point(besideIt)).Changes(),
+    KIVO_MEMBER(Zoom, bracketed, Float(1.0f)),
+    KIVO_MEMBER(Trace, none, Flag(false)),
+    KIVO_MEMBER(IsTracing, none),
+    Member("GetTracePoint(point)", none,
+           [](P& p, A&) {
+               float point[3];
+               p.GetTracePoint(point);
+           }),
+    KIVO_MEMBER(Trace, bracketed, Point(inPlot)).Refuses(1),
+    Member("Trace_New(point)", bracketed,
+           [](P& p, A& a) { return p.Trace_New(a.Point(inPlot)) == 1 ? 0 : contradiction; }),
+};
+
+// ---- Surface
+
+const std::vector<PublicMember> surfaceMembers = {
+    Member("SetData(grid)", bracketed,
+           [](P& p, A& a) {
+               const GridArguments grid = a.GridToTakeOver();
+               return p.SetData(grid.points, grid.columns, grid.rows, grid.columnStride, grid.rowStride,
+                                grid.components);
+           }),
+    Member("SetDataReference(grid)", bracketed,
+           [](P& p, A& a) {
+               const GridArguments grid = a.GridToRefer();
+               return p.SetDataReference(grid.points, grid.columns, grid.rows, grid.columnStride,
+                                         grid.rowStride, grid.components);
+           }),
+    KIVO_MEMBER(SetFrameLineStep, none, Unsigned(1), Unsigned(1)),
+    KIVO_MEMBER(SetFrameLineColor, none, Color(0)),
+    Member("SetIsoContourCount(contours)", bracketed,
+           [](P& p, A& a) {
+               p.SetIsoContourCount(Contours(10).From(a));
+               return p.SetIsoContourCount(Contours(20).From(a));
+           })
+        .Refuses(-3),
+};
+
+// ---- Colour
+
+const std::vector<PublicMember> colorMembers = {
+    KIVO_MEMBER(SetGradientColor, bracketed, Rgba(blue), Rgba(red)),
+    KIVO_MEMBER(SetGradientStartColor, bracketed, Rgba(blue)),
+    KIVO_MEMBER(SetGradientEndColor, bracketed, Rgba(red)),
+    KIVO_MEMBER(SetGradientColor, bracketed, Color(0xFF0000), Color(0x0000FF)),
+    KIVO_MEMBER(SetGradientStartColor, bracketed, Color(0xFF0000)),
+    KIVO_MEMBER(SetGradientEndColor, bracketed, Color(0x0000FF)),
+    KIVO_MEMBER(SetXGradientColor, staysCurrent, Rgba(blue), Rgba(red)),
+    KIVO_MEMBER(SetXGradientStartColor, staysCurrent, Rgba(blue)),
+    KIVO_MEMBER(SetXGradientEndColor, staysCurrent, Rgba(red)),
+    KIVO_MEMBER(SetXGradientColor, staysCurrent, Color(0xFF0000), Color(0x0000FF)),
+    KIVO_MEMBER(SetXGradientStartColor, staysCurrent, Color(0xFF0000)),
+    KIVO_MEMBER(SetXGradientEndColor, staysCurrent, Color(0x0000FF)),
+    KIVO_MEMBER(SetYGradientColor, staysCurrent, Rgba(blue), Rgba(red)),
+    KIVO_MEMBER(SetYGradientStartColor, staysCurrent, Rgba(blue)),
+    KIVO_MEMBER(SetYGradientEndColor, staysCurrent, Rgba(red)),
+    KIVO_MEMBER(SetYGradientColor, staysCurrent, Color(0xFF0000), Color(0x0000FF)),
+    KIVO_MEMBER(SetYGradientStartColor, staysCurrent, Color(0xFF0000)),
+    KIVO_MEMBER(SetYGradientEndColor, staysCurrent, Color(0x0000FF)),
+    KIVO_MEMBER(SetZGradientColor, bracketed, Rgba(blue), Rgba(red)),
+    KIVO_MEMBER(SetZGradientStartColor, bracketed, Rgba(blue)),
+    KIVO_MEMBER(SetZGradientEndColor, bracketed, Rgba(red)),
+    KIVO_MEMBER(SetZGradientColor, bracketed, Color(0xFF0000), Color(0x0000FF)),
+    KIVO_MEMBER(SetZGradientStartColor, bracketed, Color(0xFF0000)),
+    KIVO_MEMBER(SetZGradientEndColor, bracketed, Color(0x0000FF)),
+    Member("SetGradientColorRuleFloatingPointPrecision(digits)", bracketed,
+           [](P& p, A& a) {
+               p.SetGradientColorRuleFloatingPointPrecision(Digits(2).From(a));
+               return p.SetGradientColorRuleFloatingPointPrecision(Digits(3).From(a));
+           }),
+    KIVO_MEMBER(GetGradientColorRuleFloatingPointPrecision, none),
+};
+
+// ---- Annotation
+
+const std::vector<PublicMember> annotationMembers = {
+    KIVO_MEMBER(GetPlotTitle, none),
+    KIVO_MEMBER(GetXAxisTitle, none),
+    KIVO_MEMBER(GetYAxisTitle, none),
+    KIVO_MEMBER(GetZAxisTitle, none),
+    KIVO_MEMBER(SetPlotTitle, bracketed, Text("A title of some length")),
+    KIVO_MEMBER(SetXAxisTitle, bracketed, Text("A title of some length")),
+    KIVO_MEMBER(SetYAxisTitle, bracketed, Text("A title of some length")),
+    KIVO_MEMBER(SetZAxisTitle, bracketed, Text("A title of some length")),
+    Member("CreateTextImage(text)", callers,
+           [](P& p, A& a) {
+               SKivoTexImage image;
+               const int result = p.CreateTextImage(p.m_textRenderer, a.Text("A text"), &image);
+               p.ReleaseTex(&image);
+               return result;
+           })
+        .Refuses(-1),
+    Member("RenderText(float, float, float, text, count)", callers,
+           [](P& p, A& a) {
+               const float x = a.Float(0.0f), y = a.Float(0.0f), z = a.Float(0.0f);
+               const char* const text = a.Text("abcd");
+               p.RenderText(x, y, z, text, std::strlen(text) / 2);
+           }),
+    KIVO_MEMBER(RenderText, callers, Float(0.0f), Float(0.0f), Float(0.0f), Text("abc")),
+    Member("RenderFarText(float, float, text, count)", callers,
+           [](P& p, A& a) {
+               const float x = a.Float(0.0f), y = a.Float(0.0f);
+               const char* const text = a.Text("abcd");
+               p.RenderFarText(x, y, text, std::strlen(text) / 2);
+           }),
+    KIVO_MEMBER(RenderFarText, callers, Float(0.0f), Float(0.0f), Text("abc")),
+    Member("RenderNearText(float, float, text, count)", callers,
+           [](P& p, A& a) {
+               const float x = a.Float(0.0f), y = a.Float(0.0f);
+               const char* const text = a.Text("abcd");
+               p.RenderNearText(x, y, text, std::strlen(text) / 2);
+           }),
+    KIVO_MEMBER(RenderNearText, callers, Float(0.0f), Float(0.0f), Text("abc")),
+    KIVO_MEMBER(GetXAxisMin, none),
+    KIVO_MEMBER(GetYAxisMin, none),
+    KIVO_MEMBER(GetZAxisMin, none),
+    KIVO_MEMBER(GetXAxisMax, none),
+    KIVO_MEMBER(GetYAxisMax, none),
+    KIVO_MEMBER(GetZAxisMax, none),
+    KIVO_MEMBER(SetXAxisMin, bracketed, Float(-4.0f)),
+    KIVO_MEMBER(SetYAxisMin, bracketed, Float(-4.0f)),
+    KIVO_MEMBER(SetZAxisMin, bracketed, Float(-4.0f)),
+    KIVO_MEMBER(SetXAxisMax, bracketed, Float(6.0f)),
+    KIVO_MEMBER(SetYAxisMax, bracketed, Float(6.0f)),
+    KIVO_MEMBER(SetZAxisMax, bracketed, Float(6.0f)),
+    KIVO_MEMBER(GetXAxisTickMarkNumber, none),
+    KIVO_MEMBER(GetYAxisTickMarkNumber, none),
+    KIVO_MEMBER(GetZAxisTickMarkNumber, none),
+    KIVO_MEMBER(SetXAxisTickMarkNumber, bracketed, Ticks(5)),
+    KIVO_MEMBER(SetYAxisTickMarkNumber, bracketed, Ticks(5)),
+    KIVO_MEMBER(SetZAxisTickMarkNumber, bracketed, Ticks(5)),
+    KIVO_MEMBER(GetXAxisFloatingPointPrecision, none),
+    KIVO_MEMBER(GetYAxisFloatingPointPrecision, none),
+    KIVO_MEMBER(GetZAxisFloatingPointPrecision, none),
+    KIVO_MEMBER(SetXAxisFloatingPointPrecision, bracketed, Digits(2)),
+    KIVO_MEMBER(SetYAxisFloatingPointPrecision, bracketed, Digits(2)),
+    KIVO_MEMBER(SetZAxisFloatingPointPrecision, bracketed, Digits(2)),
+};
+
+// ---- Overlays
+
+const std::vector<PublicMember> overlayMembers = {
+    Member("AddCurveData(points)", none,
+           [](P& p, A& a) {
+               const PointArguments curve = a.Points();
+               return std::min(p.AddCurveData(curve.points, curve.count, curve.floatsPerPoint), 0);
+           })
+        .Adds()
+        .Refuses(-3),
+    KIVO_MEMBER(SetCurveColor, none, Int(0), Color(0x00FF00)).Refuses(-2),
+    KIVO_MEMBER(SetCurveVisibility, none, Int(0), Flag(true)).Refuses(-2),
+    KIVO_MEMBER(SetCurveWidth, none, Int(0), Float(2.0f)).Refuses(-2),
+    KIVO_MEMBER(GetPointRadiusPixelSize, none),
+    KIVO_MEMBER(SetPointRadiusPixelSize, none, Unsigned(4)),
+    Member("AddMeasurePoints(points, text)", bracketed,
+           [](P& p, A& a) {
+               const PointArguments group = a.Points();
+               return p.AddMeasurePoints(group.count, group.floatsPerPoint, group.points, a.Text("Group"));
+           })
+        .Adds()
+        .Refuses(-3),
+    Member("AddReferenceMeasurePoints(points, text)", bracketed,
+           [](P& p, A& a) {
+               const PointArguments group = a.Points();
+               return p.AddReferenceMeasurePoints(group.count, group.floatsPerPoint, group.points,
+                                                  a.Text("Group"));
+           })
+        .Adds()
+        .Refuses(-3),
+    KIVO_MEMBER(GetNumMeasureGroups, none),
+    KIVO_MEMBER(GetMeasureGroupSize, none, Group()),
+    KIVO_MEMBER(ShowMeasureGroup, none, Group(), Flag(true)).Refuses(-2),
+    KIVO_MEMBER(IsShowMeasureGroup, none, Group()),
+    KIVO_MEMBER(ShowAllMeasureGroups, none, Flag(true)),
+    KIVO_MEMBER(GetMeasureGroupColor, none, Group()),
+    KIVO_MEMBER(SetMeasureGroupColor, none, Group(), Color(0x00FF00)).Refuses(-2),
+    Member("GetMeasureGroupName(group)", none,
+           [](P& p, A& a) {
+               std::string name;
+               return p.GetMeasureGroupName(a.GroupIndex(), &name);
+           })
+        .Refuses(-2),
+    KIVO_MEMBER(SetMeasureGroupName, bracketed, Group(), Text("A name of some length")).Refuses(-2),
+    Member("GetMeasureGroupIndexByName(text)", none,
+           [](P& p, A& a) { p.GetMeasureGroupIndexByName(a.Text("A name of some length")); }),
+};
+
+// ---- KivoPicture.h
+
+const std::vector<PublicMember> pictureFunctions = {
+    Member("CapturePicture()", bracketed, Capture).Refuses(-1),
+    Member("CapturePicture(size, size)", bracketed, CaptureSized).Refuses(-1).Refuses(-3),
+};
+
+std::vector<PublicMember> AllMembers() {
+    std::vector<PublicMember> all;
+    for (const auto* const part : {&coreMembers, &viewMembers, &surfaceMembers, &colorMembers,
+                                   &annotationMembers, &overlayMembers, &pictureFunctions})
+        all.insert(all.end(), part->begin(), part->end());
+    return all;
+}
+
+} // namespace
+
+const std::vector<PublicMember>& PublicMembers() {
+    static const std::vector<PublicMember> all = AllMembers();
+    return all;
+}
+
+} // namespace KivoDrawingTools
