@@ -872,8 +872,9 @@ private:
 
     void InitRuler(CKivoGradientColorRuler* ruler, CKivoGradientColor* gradient);
     void ForgetNameTextures();
+    void ApplyStartView();
+    void FitToPlotType();
     void ClearFrame();
-    void RenderProjectionFrame();
     int SetInverseAxis(int axis, bool& current, bool inverse);
     void FitFlatPlot(int horizontalAxis, int verticalAxis, const bool* shifted);
     void SetViewVolume(double diagonal, double share);

@@ -9,6 +9,7 @@
 #include "parts/KivoGradientColor.h"
 #include "parts/KivoGridBox.h"
 #include "parts/TextRenderer.h"
+#include "PlotType.h"
 #include "window_system/WindowSystem.h"
 
 #include <algorithm>
@@ -439,11 +440,11 @@ void CKivoFunctionPlotter::OnMouseMove(unsigned int flags, POINT pt) {
             Zoom(last, pt);
         else if (flags & MK_SHIFT)
             Translate(last, pt);
-        else if (m_plotType != 0)
+        else if (m_plotType != normalPlot)
             return;
         else
             Rotate(last, pt);
-    } else if (!m_traceEnabled || m_plotType != 0) {
+    } else if (!m_traceEnabled || m_plotType != normalPlot) {
         return;
     } else {
         Trace(pt);
