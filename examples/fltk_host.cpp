@@ -83,7 +83,8 @@ public:
             m_plotter.OnMouseMove(State(), client);
             return 1;
         case FL_MOUSEWHEEL:
-            if (Fl::event_dy() != 0) m_plotter.OnMouseWheel(State(), Fl::event_dy() < 0 ? 120 : -120, screen);
+            for (int step = 0; step < std::abs(Fl::event_dy()); ++step)
+                m_plotter.OnMouseWheel(State(), Fl::event_dy() < 0 ? 120 : -120, screen);
             return 1;
         default:
             return Fl_Window::handle(event);

@@ -12,6 +12,7 @@
 #include <GLFW/glfw3native.h>
 
 #include <cstdio>
+#include <cstdlib>
 
 using namespace KivoDrawingTools;
 
@@ -21,6 +22,7 @@ struct Plot {
     CKivoFunctionPlotter plotter;
     std::vector<float> points = HillPoints();
     POINT pointer = {}; // where the last event saw it; glfwGetCursorPos says where it is by now
+    int wheel = 0;      // turned beyond whole steps
 };
 
 Plot& PlotOf(GLFWwindow* window) {
@@ -76,12 +78,15 @@ void OnMove(GLFWwindow* window, double x, double y) {
     PlotOf(window).plotter.OnMouseMove(State(window), PlotOf(window).pointer);
 }
 
+// Touchpads turn parts of a step in one event, fast wheels several.
 void OnScroll(GLFWwindow* window, double, double offset) {
     const POINT client = PlotOf(window).pointer;
     int left = 0, top = 0;
     glfwGetWindowPos(window, &left, &top);
     const POINT screen = {left + client.x, top + client.y};
-    if (offset != 0) PlotOf(window).plotter.OnMouseWheel(State(window), offset > 0 ? 120 : -120, screen);
+    const int steps = WheelSteps(PlotOf(window).wheel, ToPixels(offset, 120));
+    for (int i = 0; i < std::abs(steps); ++i)
+        PlotOf(window).plotter.OnMouseWheel(State(window), steps > 0 ? 120 : -120, screen);
 }
 
 void OnKey(GLFWwindow* window, int key, int, int action, int) {

@@ -83,11 +83,9 @@ protected:
         if (event->button() == Qt::RightButton) m_plotter.OnRButtonUp(State(*event), Client(*event));
     }
     void mouseMoveEvent(QMouseEvent* event) override { m_plotter.OnMouseMove(State(*event), Client(*event)); }
-    // Wheels and touchpads of a high resolution turn a step in many small events.
+    // Wheels and touchpads of a high resolution turn a step in many small events, fast ones several in one.
     void wheelEvent(QWheelEvent* event) override {
-        m_wheel += event->angleDelta().y();
-        const int steps = m_wheel / 120;
-        m_wheel %= 120;
+        const int steps = WheelSteps(m_wheel, event->angleDelta().y());
         for (int i = 0; i < std::abs(steps); ++i)
             m_plotter.OnMouseWheel(State(*event), steps > 0 ? 120 : -120, Screen(event->globalPosition()));
     }
@@ -115,7 +113,7 @@ private:
     CKivoFunctionPlotter m_plotter;
     std::vector<float> m_points = HillPoints();
     POINT m_size = {};
-    int m_wheel = 0; // in eighths of a degree
+    int m_wheel = 0; // turned beyond whole steps
 };
 
 } // namespace

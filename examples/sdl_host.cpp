@@ -13,6 +13,7 @@
 #include <X11/Xlib.h>
 
 #include <cstdio>
+#include <cstdlib>
 
 using namespace KivoDrawingTools;
 
@@ -68,13 +69,16 @@ void OnMotion(CKivoFunctionPlotter& plotter, SDL_Window* window, const SDL_Mouse
     plotter.OnMouseMove(buttons | keys, ToPixels(event.x, event.y, Scale(window)));
 }
 
-// SDL adds up the small turns of wheels of a high resolution: y counts whole steps.
+// Wheels and touchpads of a high resolution turn parts of a step in one event, fast ones several steps.
 void OnWheel(CKivoFunctionPlotter& plotter, SDL_Window* window, const SDL_MouseWheelEvent& event) {
     int left = 0, top = 0;
     SDL_GetWindowPosition(window, &left, &top);
     const POINT screen = ToPixels(left + event.mouseX, top + event.mouseY, Scale(window));
-    const int up = event.direction == SDL_MOUSEWHEEL_FLIPPED ? -event.y : event.y;
-    if (up != 0) plotter.OnMouseWheel(State(), up > 0 ? 120 : -120, screen);
+    static int remainder = 0; // turned beyond whole steps
+    const int direction = event.direction == SDL_MOUSEWHEEL_FLIPPED ? -1 : 1;
+    const int steps = WheelSteps(remainder, ToPixels(event.preciseY, 120.0 * direction));
+    for (int i = 0; i < std::abs(steps); ++i)
+        plotter.OnMouseWheel(State(), steps > 0 ? 120 : -120, screen);
 }
 
 // @return whether the host goes on

@@ -3,9 +3,12 @@
 // 3 choose the plot.
 #include "Hill.h"
 
+#include <KivoHost.h>
+
 #include <windowsx.h>
 
 #include <cstdio>
+#include <cstdlib>
 
 using KivoDrawingTools::CKivoFunctionPlotter;
 
@@ -15,6 +18,7 @@ struct Host {
     SIZE size = {};
     CKivoFunctionPlotter plotter;
     std::vector<float> points = HillPoints();
+    int wheel = 0; // turned beyond whole steps
 };
 
 // [docs: forward]
@@ -37,6 +41,13 @@ void OnSize(Host& host, WPARAM type, SIZE size) {
 void Capture(HWND window, UINT message, unsigned int state) {
     if (message == WM_RBUTTONDOWN || message == WM_LBUTTONDOWN) SetCapture(window);
     if ((state & (MK_LBUTTON | MK_RBUTTON)) == 0 && GetCapture() == window) ReleaseCapture();
+}
+
+// Wheels and touchpads of a high resolution turn a step in many small messages, fast ones several in one.
+void OnWheel(Host& host, unsigned int state, int delta, POINT screen) {
+    const int steps = KivoDrawingTools::WheelSteps(host.wheel, delta);
+    for (int i = 0; i < std::abs(steps); ++i)
+        host.plotter.OnMouseWheel(state, steps > 0 ? 120 : -120, screen);
 }
 
 LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -74,7 +85,7 @@ LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
         host->plotter.OnMouseMove(state, point);
         return 0;
     case WM_MOUSEWHEEL:
-        host->plotter.OnMouseWheel(state, GET_WHEEL_DELTA_WPARAM(wParam), point);
+        OnWheel(*host, state, GET_WHEEL_DELTA_WPARAM(wParam), point);
         return 0;
     case WM_KEYDOWN:
         if (ChoosePlot(host->plotter, static_cast<int>(wParam))) InvalidateRect(window, nullptr, FALSE);

@@ -98,12 +98,11 @@ private:
         if (event.RightUp()) m_plotter.OnRButtonUp(State(event), client);
     }
 
-    // Wheels and touchpads of a high resolution turn a step in many small events.
+    // Wheels and touchpads of a high resolution turn a step in many small events, fast ones several in one.
     void OnWheel(wxMouseEvent& event) {
         const POINT screen = Pixels(ClientToScreen(event.GetPosition()));
-        m_wheel += event.GetWheelRotation();
-        const int steps = m_wheel / event.GetWheelDelta();
-        m_wheel %= event.GetWheelDelta();
+        const int steps =
+            WheelSteps(m_wheel, ToPixels(event.GetWheelRotation(), 120.0 / event.GetWheelDelta()));
         for (int i = 0; i < std::abs(steps); ++i)
             m_plotter.OnMouseWheel(State(event), steps > 0 ? 120 : -120, screen);
     }
@@ -113,7 +112,7 @@ private:
     CKivoFunctionPlotter m_plotter;
     std::vector<float> m_points = HillPoints();
     POINT m_size = {};
-    int m_wheel = 0;
+    int m_wheel = 0; // turned beyond whole steps
 };
 
 class HostApp : public wxApp {

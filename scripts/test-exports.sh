@@ -4,7 +4,7 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 library=${KIVO_BUILD:-build-release}/KivoFunctionPlotter/libKivoFunctionPlotter.so
 class='(vtable for |typeinfo for |typeinfo name for )?KivoDrawingTools::CKivoFunctionPlotter(::|$)'
-functions='KivoDrawingTools::(AttachX11Window|CreateOffscreenWindow|ResizeOffscreenWindow|ReleaseWindow|LastWindowError|CapturePicture)\('
+functions='KivoDrawingTools::(AttachX11Window|CreateOffscreenWindow|ResizeOffscreenWindow|ReleaseWindow|GetWindowDpi|LastWindowError|CapturePicture|TakeView)\('
 exported=$(nm --dynamic --defined-only --demangle "$library" | cut -d ' ' -f 3-)
 unexpected=$(printf '%s\n' "$exported" | grep -Ev "^($class|$functions)" || true)
 if [ -n "$unexpected" ]; then
@@ -12,6 +12,6 @@ if [ -n "$unexpected" ]; then
     exit 1
 fi
 for name in 'CKivoFunctionPlotter::OnCreate(' AttachX11Window CreateOffscreenWindow ResizeOffscreenWindow ReleaseWindow \
-    LastWindowError CapturePicture; do
+    GetWindowDpi LastWindowError CapturePicture TakeView; do
     printf '%s\n' "$exported" | grep -qF "KivoDrawingTools::$name" || { echo "Not exported: $name"; exit 1; }
 done

@@ -779,7 +779,8 @@ protected:
     float m_boundingBoxMin[3] = {}; ///< smallest x, y, z
     float m_boundingBoxMax[3] = {}; ///< largest x, y, z
 
-    float m_viewVolumeFactor[3] = {1.01f, 1.01f, 15.0f}; ///< fitted half sizes: width, height, depth
+    /// Fitted half sizes: width, height, depth.
+    float m_viewVolumeFactor[3] = {1.01f, 1.01f, viewDepthFactor};
 
     CKivoGridBox* m_gridBox = nullptr; ///< owned
 
@@ -867,16 +868,19 @@ protected:
 
 private:
     friend struct PictureAccess; // draws without presenting, for KivoPicture.h
+    friend struct ViewAccess;    // saves and restores what a view consists of
 
     std::size_t m_colorArraySize = 0; // floats that m_colorArray had room for when it was made
 
     void InitRuler(CKivoGradientColorRuler* ruler, CKivoGradientColor* gradient);
     void ForgetNameTextures();
+    void ApplyStartView();
+    void FitToPlotType();
     void ClearFrame();
-    void RenderProjectionFrame();
     int SetInverseAxis(int axis, bool& current, bool inverse);
     void FitFlatPlot(int horizontalAxis, int verticalAxis, const bool* shifted);
     void SetViewVolume(double diagonal, double share);
+    void ScaleView(double scale);
     void SetRotationBlock(const double* x, const double* y, const double* z);
     void ApplyOrientation(const double* x, const double* y, const double* z);
     int TakeData(float* points, bool isReference, const unsigned int* counts, const unsigned int* strides,

@@ -1,11 +1,13 @@
-// For hosts: the key state and the positions of mouse messages, made of what a toolkit reports. Where the
-// system's own messages carry both, as on Windows, they are passed on as they are.
+// For hosts: the key state and the positions of mouse messages and the steps of the wheel, made of what a
+// toolkit reports. Where the system's own messages carry state and position, as on Windows, they are passed
+// on as they are.
 #pragma once
 
 #include "KivoPlatform.h"
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 namespace KivoDrawingTools {
 
@@ -33,6 +35,21 @@ inline int ToPixels(double length, double scale) {
 /// A position in a toolkit's units as the pixel there.
 inline POINT ToPixels(double x, double y, double scale) {
     return {ToPixels(x, scale), ToPixels(y, scale)};
+}
+
+/// The whole steps that a wheel has been turned by now. OnMouseWheel zooms one step a message, so that a host
+/// sends as many messages as this says, with a delta of 120 for a positive number and of -120 for a negative
+/// one. Nothing overflows, whatever is handed in.
+/// @param remainder  what has been turned beyond whole steps, with its sign; 0 at first, and kept by the host
+///                   from one event to the next
+/// @param delta      what has been turned since, away from the user, 120 a step: touchpads and wheels of a
+///                   high resolution report parts of a step, fast turns several steps
+/// @return the steps, negative towards the user
+inline int WheelSteps(int& remainder, int delta) {
+    constexpr int step = 120;
+    const std::int64_t turned = std::int64_t{remainder} + delta;
+    remainder = static_cast<int>(turned % step);
+    return static_cast<int>(turned / step);
 }
 
 } // namespace KivoDrawingTools

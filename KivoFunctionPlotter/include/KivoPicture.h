@@ -24,4 +24,14 @@ KIVO_API int CapturePicture(CKivoFunctionPlotter& plotter, std::vector<unsigned 
 KIVO_API int CapturePicture(CKivoFunctionPlotter& plotter, int wantedWidth, int wantedHeight,
                             std::vector<unsigned char>& rgba);
 
+/// Makes a plotter show its data in the view of another, for pictures of what that shows by a plotter with a
+/// window of its own, such as one with texts of another size. Plot type, rotation, pan, zoom, mirrored axes,
+/// lengths and middle of the axes and the size laid out for become the other's; everything else stays. The
+/// next OnSize fits the view anew.
+/// @param plotter  a plotter whose OnCreate succeeded
+/// @param shown    the other; not changed
+/// @return 0; -1 when the plotter has no usable window or OpenGL context, -3 when the other has not been laid
+///         out for any size yet: then nothing is changed
+KIVO_API int TakeView(CKivoFunctionPlotter& plotter, const CKivoFunctionPlotter& shown);
+
 } // namespace KivoDrawingTools

@@ -1,4 +1,4 @@
-// The plain records that the plotter's class and its parts share.
+// The plain records and numbers that the plotter's class, its parts and derived classes share.
 #pragma once
 
 #include <cstdint>
@@ -29,5 +29,21 @@ struct SKivoColor {
     float blue;  ///< 0 to 1
     float alpha; ///< 0 transparent, 1 opaque
 };
+
+/// How the 3-D plot is fitted: this share of the grid box's diagonal is half of what the view volume shows
+/// along its shorter side, up to 1 %.
+constexpr double viewShareOfBox = 0.6;
+
+/// So many of these halves the view volume reaches towards the viewer, and away, as long as
+/// m_viewVolumeFactor says nothing else.
+constexpr float viewDepthFactor = 15.0f;
+
+/// Scales the bounds of a view volume about its middle; a scale below 1 enlarges the picture.
+inline void ScaleViewBounds(double scale, double& left, double& right, double& bottom, double& top) {
+    left *= scale;
+    right *= scale;
+    bottom *= scale;
+    top *= scale;
+}
 
 } // namespace KivoDrawingTools

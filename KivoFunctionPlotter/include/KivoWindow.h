@@ -38,6 +38,12 @@ KIVO_API HWND CreateOffscreenWindow(int width, int height, int dpi = 96);
 ///         as before
 KIVO_API int ResizeOffscreenWindow(HWND window, int width, int height);
 
+/// Dots per inch that a plotter in this window sizes its texts for when it is created: off-screen what the
+/// window was made with, in an X11 window the display's present setting Xft.dpi, 96 where there is none; on
+/// Windows what the system says of the window, 96 for processes that do not say that they care.
+/// @return 1 or more; 0 for a handle that is no window
+KIVO_API int GetWindowDpi(HWND window);
+
 /// Gives back a handle made by one of the functions above, after the plotter's OnDestroy. A window that the
 /// host owns is never touched. Null is accepted.
 /// @return 0, or -1 for a handle that is not one of those

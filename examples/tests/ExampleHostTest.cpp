@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <thread>
@@ -189,6 +190,20 @@ TEST_P(ExampleHostTest, WheelKnowsItsPlaceOnTheScreen) {
     EXPECT_TRUE(StillShowsExpected("wheel-outside"));
     Wheel(400, 300, false);
     EXPECT_TRUE(ShowsExpected("wheel-back"));
+}
+
+// Toolkits report several steps in one event where the wheel is fast, or the program slow.
+TEST_P(ExampleHostTest, ZoomsForEachStepOfAnEvent) {
+    if (!GetParam().canLoseSteps) GTEST_SKIP() << "an event is one step, or the same as for other hosts";
+    const std::string library = KIVO_THREEFOLD_WHEEL "/" + GetParam().name + "-threefold-wheel.so";
+    ASSERT_TRUE(std::filesystem::exists(library)) << library;
+    Start({{"LD_PRELOAD", library}});
+    for (const bool isUp : {true, false, false}) {
+        Wheel(400, 300, isUp);
+        for (int more = 0; more < 2; ++more)
+            m_expected->plotter.OnMouseWheel(0, isUp ? 120 : -120, {400, 300});
+        EXPECT_TRUE(ShowsExpected(isUp ? "three-steps-up" : "three-steps-down"));
+    }
 }
 
 TEST_P(ExampleHostTest, KeepsTheViewWhenItIsMovedOrHidden) {

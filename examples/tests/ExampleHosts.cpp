@@ -13,9 +13,9 @@ std::vector<ExampleHost> HostsOnX11() {
         {"qt_host", true, false, {{"QT_SCALE_FACTOR", "2"}}},
         {"gtk_host", true, false, {{"GDK_SCALE", "2"}}},
         {"wx_host", true, false, {{"GDK_SCALE", "2"}}},
-        {"glfw_host"},
-        {"sdl_host"},
-        {"fltk_host", true, true},
+        {"glfw_host", false, false, {}, 96, 0.0, true},
+        {"sdl_host", false, false, {}, 96, 0.0, true},
+        {"fltk_host", true, true, {}, 96, 0.0, true},
     };
 }
 

@@ -25,6 +25,7 @@ struct ExampleHost {
     Environment twofold = {};    ///< makes it count in units of two pixels
     int twofoldDpi = 96;         ///< dots per inch that it then sizes text for
     double meanLimit = 0.0;      ///< of the differences from the expected picture, of 255
+    bool canLoseSteps = false;   ///< of the wheel: several come in one event, though not on X11
 };
 
 /// How GoogleTest names it.

@@ -1,6 +1,7 @@
 #include "MainWindow.h"
 
 #include "Failure.h"
+#include "Numbers.h"
 #include "PlotWidget.h"
 #include "PointsPanel.h"
 #include "Preferences.h"
@@ -237,9 +238,10 @@ void MainWindow::RefreshControls() {
 }
 
 void MainWindow::ShowTrace(const float* point) {
-    QString text;
-    if (point) text = QString("x = %1   y = %2   z = %3").arg(point[0]).arg(point[1]).arg(point[2]);
-    m_tracePoint->setText(text);
+    const auto text = [](float number) { return QString::fromStdString(FormatRounded(number)); };
+    m_tracePoint->setText(
+        point ? QString("x = %1   y = %2   z = %3").arg(text(point[0]), text(point[1]), text(point[2]))
+              : QString());
 }
 
 void MainWindow::ShowWarning(const QString& text) {

@@ -18,6 +18,15 @@ std::optional<Number> ParseWhole(std::string_view text) {
     return number;
 }
 
+// @param how  as std::to_chars takes it
+template <typename... How>
+std::string Written(float number, How... how) {
+    if (std::isnan(number)) return "NaN";
+    char text[64];
+    const auto result = std::to_chars(text, text + sizeof text, number, how...);
+    return {text, result.ptr};
+}
+
 } // namespace
 
 std::optional<double> ParseNumber(std::string_view text) {
@@ -26,6 +35,15 @@ std::optional<double> ParseNumber(std::string_view text) {
 
 std::optional<unsigned long> ParseCount(std::string_view text) {
     return ParseWhole<unsigned long>(text);
+}
+
+std::string FormatNumber(float number) {
+    return Written(number);
+}
+
+std::string FormatRounded(float number) {
+    constexpr int digits = 6;
+    return Written(number, std::chars_format::general, digits);
 }
 
 bool FitsSinglePrecision(double number) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace KivoViewer {
@@ -12,6 +13,12 @@ std::optional<double> ParseNumber(std::string_view text);
 
 /// The same for whole numbers that are not negative.
 std::optional<unsigned long> ParseCount(std::string_view text);
+
+/// The shortest text that ParseNumber reads as the same number; "NaN", "inf" and "-inf" as the plot has them.
+std::string FormatNumber(float number);
+
+/// The same with six digits at most, for reading.
+std::string FormatRounded(float number);
 
 /// Whether a number is finite in single precision.
 bool FitsSinglePrecision(double number);

@@ -3,6 +3,8 @@
 #include "Failure.h"
 #include "SettingTable.h"
 
+#include <KivoPicture.h>
+
 #include <algorithm>
 #include <cmath>
 #include <iterator>
@@ -112,13 +114,6 @@ bool Change(Plotter& plotter, T (Plotter::*get)() const, int (Plotter::*set)(T),
 
 } // namespace
 
-namespace {
-
-constexpr float usualDepth = 15.0f; // of the view volume, in half sizes of its shorter side
-constexpr double usualShare = 0.6;  // of the box's diagonal, which becomes that half size
-
-} // namespace
-
 ViewerPlotter::AxisScale ViewerPlotter::Scale() const {
     return {m_axisScale[0], m_axisScale[1], m_axisScale[2]};
 }
@@ -139,9 +134,8 @@ void ViewerPlotter::FitWithScale(const AxisScale& scale) {
     if (!std::isfinite(own) || own <= 0.0) return; // axes without ranges have no scale
     std::copy(scale.begin(), scale.end(), m_axisScale);
     const double growth = BoxDiagonal() / own;
-    for (double* const bound : {&m_viewLeft, &m_viewRight, &m_viewBottom, &m_viewTop})
-        *bound *= growth;
-    const double depth = BoxDiagonal() * usualShare * usualDepth;
+    KivoDrawingTools::ScaleViewBounds(growth, m_viewLeft, m_viewRight, m_viewBottom, m_viewTop);
+    const double depth = BoxDiagonal() * KivoDrawingTools::viewShareOfBox * KivoDrawingTools::viewDepthFactor;
     m_viewVolumeFactor[2] = static_cast<float>(m_viewVolumeFactor[2] * depth / m_viewFar);
     m_viewFar = depth;
     m_viewNear = -depth;
@@ -152,7 +146,7 @@ void ViewerPlotter::FitWithScale(const AxisScale& scale) {
 }
 
 void ViewerPlotter::ForgetScale() {
-    m_viewVolumeFactor[2] = usualDepth;
+    m_viewVolumeFactor[2] = KivoDrawingTools::viewDepthFactor;
 }
 
 void ViewerPlotter::ForgetShift() {
@@ -180,28 +174,9 @@ void ViewerPlotter::ReferToGridOf(const ViewerPlotter& other) {
 }
 
 void ViewerPlotter::TakeViewOf(const ViewerPlotter& other) {
-    m_clientHeight = other.m_clientHeight;
-    std::copy(std::begin(other.m_plotViewport), std::end(other.m_plotViewport), m_plotViewport);
-    std::copy(std::begin(other.m_legendViewport), std::end(other.m_legendViewport), m_legendViewport);
-    m_viewLeft = other.m_viewLeft;
-    m_viewRight = other.m_viewRight;
-    m_viewBottom = other.m_viewBottom;
-    m_viewTop = other.m_viewTop;
-    m_viewNear = other.m_viewNear;
-    m_viewFar = other.m_viewFar;
-    m_viewVolumeFactor[2] = other.m_viewVolumeFactor[2];
-    std::copy(std::begin(other.m_axisScale), std::end(other.m_axisScale), m_axisScale);
-    std::copy(std::begin(other.m_volumeTranslate), std::end(other.m_volumeTranslate), m_volumeTranslate);
-    MatrixCopy(m_rotationMatrix, other.m_rotationMatrix);
-    m_inverseXAxis = other.m_inverseXAxis;
-    m_inverseYAxis = other.m_inverseYAxis;
-    m_inverseZAxis = other.m_inverseZAxis;
+    KivoDrawingTools::TakeView(*this, other);
     m_hasTracePoint = other.m_hasTracePoint;
     std::copy(std::begin(other.m_tracePoint), std::end(other.m_tracePoint), m_tracePoint);
-    BeginGLOperation();
-    ApplyViewVolume();
-    ApplyModelViewMatrix();
-    EndGLOperation();
 }
 
 void PlotScene::ShowGrid(const GridData& grid) {

@@ -1,37 +1,29 @@
 #include "PlotWidget.h"
 
-#include "Display.h"
 #include "Failure.h"
+
+#include <KivoHost.h>
 
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QScreen>
 #include <QWheelEvent>
 
-#include <cmath>
+#include <cstdlib>
 #include <string>
 
 namespace KivoViewer {
 
-using KivoDrawingTools::HWND;
 using KivoDrawingTools::POINT;
 
 namespace {
 
-constexpr int wheelStep = 120;
-
-unsigned int KeyState(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers) {
-    unsigned int state = 0;
-    if (buttons & Qt::LeftButton) state |= KivoDrawingTools::MK_LBUTTON;
-    if (buttons & Qt::RightButton) state |= KivoDrawingTools::MK_RBUTTON;
-    if (buttons & Qt::MiddleButton) state |= KivoDrawingTools::MK_MBUTTON;
-    if (modifiers & Qt::ShiftModifier) state |= KivoDrawingTools::MK_SHIFT;
-    if (modifiers & Qt::ControlModifier) state |= KivoDrawingTools::MK_CONTROL;
-    return state;
-}
-
-unsigned int KeyState(const QMouseEvent& event) {
-    return KeyState(event.buttons(), event.modifiers());
+unsigned int KeyState(const QSinglePointEvent& event) {
+    const Qt::MouseButtons buttons = event.buttons();
+    const Qt::KeyboardModifiers keys = event.modifiers();
+    return KivoDrawingTools::KeyState(buttons & Qt::LeftButton, buttons & Qt::MiddleButton,
+                                      buttons & Qt::RightButton, keys & Qt::ShiftModifier,
+                                      keys & Qt::ControlModifier);
 }
 
 } // namespace
@@ -71,7 +63,8 @@ void PlotWidget::SetWantedSize(const QSize& size) {
 }
 
 PictureFormat PlotWidget::Format() const {
-    return {ToDevice(width()), ToDevice(height()), TextResolution(winId())};
+    const int dpi = KivoDrawingTools::GetWindowDpi(m_window);
+    return {ToDevice(width()), ToDevice(height()), dpi > 0 ? dpi : usualResolution};
 }
 
 void PlotWidget::ReportTrace() {
@@ -111,22 +104,19 @@ void PlotWidget::mouseMoveEvent(QMouseEvent* event) {
     ReportTrace();
 }
 
-// High-resolution wheels turn a step in many small events; the plotter gets one message where a step is full.
+// Wheels and touchpads of a high resolution turn a step in many small events, fast ones several in one.
 void PlotWidget::wheelEvent(QWheelEvent* event) {
-    m_wheelAngle += event->angleDelta().y();
-    const int steps = m_wheelAngle / wheelStep;
-    if (steps == 0) return;
-    m_wheelAngle -= steps * wheelStep;
-    Plotter().OnMouseWheel(KeyState(event->buttons(), event->modifiers()),
-                           static_cast<short>(steps * wheelStep), ToScreen(event->globalPosition()));
+    const int steps = KivoDrawingTools::WheelSteps(m_wheelRemainder, event->angleDelta().y());
+    for (int i = 0; i < std::abs(steps); ++i)
+        Plotter().OnMouseWheel(KeyState(*event), steps > 0 ? 120 : -120, ToScreen(event->globalPosition()));
 }
 
 int PlotWidget::ToDevice(double length) const {
-    return static_cast<int>(std::lround(length * devicePixelRatioF()));
+    return KivoDrawingTools::ToPixels(length, devicePixelRatioF());
 }
 
 POINT PlotWidget::ToDevice(const QPointF& position) const {
-    return {ToDevice(position.x()), ToDevice(position.y())};
+    return KivoDrawingTools::ToPixels(position.x(), position.y(), devicePixelRatioF());
 }
 
 // Qt scales the positions on a screen, not those of the screens.

@@ -56,7 +56,7 @@ private:
     PlotScene m_scene;
     QSize m_wantedSize;
     KivoDrawingTools::HWND m_window = nullptr;
-    int m_wheelAngle = 0; ///< turned since the last step, in eighths of a degree
+    int m_wheelRemainder = 0; ///< turned since the last step, in eighths of a degree
 };
 
 } // namespace KivoViewer

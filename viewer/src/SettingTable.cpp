@@ -5,7 +5,6 @@
 #include "PlotScene.h"
 
 #include <algorithm>
-#include <charconv>
 
 namespace KivoViewer {
 
@@ -173,10 +172,7 @@ std::string Format(const std::optional<unsigned>& count) {
 }
 
 std::string Format(const std::optional<float>& number) {
-    if (!number) return {};
-    char text[64];
-    const auto result = std::to_chars(text, text + sizeof text, *number);
-    return {text, result.ptr};
+    return number ? FormatNumber(*number) : std::string();
 }
 
 std::string Format(const std::optional<std::string>& text) {

@@ -2,6 +2,7 @@
 #include "Failure.h"
 #include "FormulaGrid.h"
 #include "GridReader.h"
+#include "Numbers.h"
 #include "Options.h"
 #include "PointFile.h"
 #include "ViewerData.h"
@@ -9,6 +10,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <locale>
 #include <string>
 #include <vector>
@@ -274,6 +276,25 @@ TEST(ViewerReaderTest, TakesNumbersAloneOfTheLocale) {
     EXPECT_TRUE(AreSame(MakeFormulaGrid("x*0.5", {0, 1, 2}, {0, 1, 2}).z, {0, 0.5, 0, 0.5}));
     EXPECT_EQ(Parse({"--function", "x", "--x", "0.5:1000.5:3"}).x.to, 1000.5);
     std::locale::global(before);
+}
+
+TEST(ViewerNumbersTest, WritesWhatItReads) {
+    for (const float number : {0.0f, -1.5f, 0.1f, 1e-7f, 123456789.0f, 3.4028235e38f})
+        EXPECT_EQ(static_cast<float>(ParseNumber(FormatNumber(number)).value()), number);
+    EXPECT_EQ(FormatNumber(0.1f), "0.1");
+    EXPECT_EQ(FormatRounded(0.123456789f), "0.123457");
+    EXPECT_EQ(FormatRounded(1234567.0f), "1.23457e+06");
+}
+
+// As the labels of the plot write them.
+TEST(ViewerNumbersTest, WritesWhatIsNoNumberLikeThePlot) {
+    using Limits = std::numeric_limits<float>;
+    for (std::string (*const format)(float) : {FormatNumber, FormatRounded}) {
+        EXPECT_EQ(format(Limits::quiet_NaN()), "NaN");
+        EXPECT_EQ(format(-Limits::quiet_NaN()), "NaN");
+        EXPECT_EQ(format(Limits::infinity()), "inf");
+        EXPECT_EQ(format(-Limits::infinity()), "-inf");
+    }
 }
 
 TEST(ViewerFormulaTest, EvaluatesOnTheGrid) {

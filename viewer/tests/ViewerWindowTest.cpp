@@ -82,6 +82,19 @@ TEST_F(ViewerWindowTest, WheelZooms) {
     ExpectStart(After("reset", [this] { Press('0'); }));
 }
 
+TEST_F(ViewerWindowTest, WheelZoomsForEachStepOfAnEvent) {
+    const Image one = After("wheel-once", [] { Wheel(wheelUp); });
+    const Image three = After("wheel-thrice", [] {
+        Wheel(wheelUp);
+        Wheel(wheelUp);
+    });
+    Start({"--size", std::to_string(plotWidth) + "x" + std::to_string(plotHeight)},
+          {{"LD_PRELOAD", KIVO_THREEFOLD_WHEEL}});
+    const Image atOnce = After("wheel-thrice-at-once", [] { Wheel(wheelUp); });
+    EXPECT_GT(Compare(atOnce, one).max, 0);
+    EXPECT_EQ(Compare(atOnce, three).max, 0);
+}
+
 TEST_F(ViewerWindowTest, OtherButtonsAndMovesDoNothing) {
     ExpectNoChange("left-drag", [this] { Drag(leftButton, 100, 50); });
     ExpectNoChange("move", [this] { MoveBy(100, 50); });

@@ -259,8 +259,9 @@ void ProjectAxisBox(const AxisBoxInData& box, double worldPerPixel, const double
         for (int axis = 0; axis < 3; ++axis)
             out->corners[corner] = out->corners[corner] + (2.0 * Bit(corner, axis) - 1.0) * half[axis];
     }
-    out->backCorner =
-        (box.backPlane[2] ? 0U : 1U) | (box.backPlane[0] ? 0U : 2U) | (box.backPlane[1] ? 0U : 4U);
+    out->backCorner = 0;
+    for (int axis = 0; axis < 3; ++axis)
+        if (!box.isGridAtMin[axis]) out->backCorner |= 1U << axis;
     for (int axis = 0; axis < 3; ++axis) {
         AxisEdge& edge = out->axes[axis];
         unsigned int begin = 0;

@@ -49,7 +49,7 @@ struct AxisBoxOnScreen {
 struct AxisBoxInData {
     const float* boxMin;
     const float* boxMax;
-    const bool* backPlane;           ///< XZ at y min, XY at z min, YZ at x min; false: at max
+    bool isGridAtMin[3];             ///< for each axis, whether the grid is on the face at its minimum
     const float (*tickBase)[3];      ///< a point of the edge of each axis
     const float (*tickDirection)[3]; ///< unit vectors along an axis other than the edge's
 };

@@ -103,17 +103,10 @@ void CKivoGridBox::ReleaseTickLabels(int axis) {
 }
 
 void CKivoGridBox::ChooseBackPlanes(const double* rotation) {
-    if (m_autoSwitchFramePlanes) {
-        // Depths, in eye space, of the Y, Z and X axes: the face whose outward side is turned away is at the
-        // back.
-        m_backPlane[0] = rotation[6] >= 0.0;
-        m_backPlane[1] = rotation[10] >= 0.0;
-        m_backPlane[2] = rotation[2] >= 0.0;
-    } else {
-        m_backPlane[0] = !*m_inverseAxis[1];
-        m_backPlane[1] = !*m_inverseAxis[2];
-        m_backPlane[2] = !*m_inverseAxis[0];
-    }
+    // In eye space, an axis that points towards the viewer has its minimum at the back.
+    for (int axis = 0; axis < 3; ++axis)
+        m_backPlane[planeAcross[axis]] =
+            m_autoSwitchFramePlanes ? rotation[4 * axis + 2] >= 0.0 : !*m_inverseAxis[axis];
 }
 
 } // namespace KivoDrawingTools

@@ -30,6 +30,11 @@ public:
     /// Chooses the planes behind the surface.
     /// @param rotation  sixteen doubles, column-major
     void ChooseBackPlanes(const double* rotation);
+    /// Which of the two faces across an axis is the back plane that carries the grid: whether it is the one
+    /// at the box's minimum.
+    bool IsGridAtMin(int axis) const { return m_backPlane[planeAcross[axis]]; }
+    /// Where that face stands on the axis.
+    float GridFace(int axis) const { return IsGridAtMin(axis) ? m_boxMin[axis] : m_boxMax[axis]; }
 
     /// Places the ticks of an axis, from the box's low face.
     void BuildTickPositions(int axis);
@@ -64,7 +69,8 @@ public:
     float m_marginRatio = 0.0f;               ///< margin as a fraction of the axis length
     float m_tickStep[3] = {};                 ///< in data units
     unsigned int m_tickIntervals[3] = {};     ///< there are m_tickIntervals + 1 ticks
-    bool m_backPlane[3] = {true, true, true}; ///< XZ at y min, XY at z min, YZ at x min; false: at max
+    bool m_backPlane[3] = {true, true, true}; ///< XZ at y min, XY at z min, YZ at x min; false: at max.
+                                              ///< IsGridAtMin tells it by the axis.
     bool m_autoSwitchFramePlanes = false;
 
     // Plane geometry of the last 3-D frame. Points lie on the box's low face along their own axis.
@@ -87,6 +93,8 @@ public:
     AxisLabelLayout m_labelLayout;
 
 private:
+    static constexpr int planeAcross[] = {2, 0, 1}; // an axis's entry of m_backPlane
+
     void UpdateBox(int axis);
     void UpdatePlaneGeometry();
     void RenderOutlines() const;

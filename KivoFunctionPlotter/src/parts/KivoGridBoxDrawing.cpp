@@ -117,12 +117,10 @@ void CKivoGridBox::Render(double worldPerPixel, const double* axisScale, const d
 void CKivoGridBox::UpdatePlaneGeometry() {
     const float* low = m_boxMin;
     const float* high = m_boxMax;
-    const bool backYLow = m_backPlane[0];
-    const bool backZLow = m_backPlane[1];
-    const bool backXLow = m_backPlane[2];
-    const float backX = backXLow ? low[0] : high[0], frontX = backXLow ? high[0] : low[0];
-    const float backY = backYLow ? low[1] : high[1], frontY = backYLow ? high[1] : low[1];
-    const float backZ = backZLow ? low[2] : high[2], frontZ = backZLow ? high[2] : low[2];
+    const bool backXLow = IsGridAtMin(0), backYLow = IsGridAtMin(1), backZLow = IsGridAtMin(2);
+    const float backX = GridFace(0), frontX = backXLow ? high[0] : low[0];
+    const float backY = GridFace(1), frontY = backYLow ? high[1] : low[1];
+    const float backZ = GridFace(2), frontZ = backZLow ? high[2] : low[2];
 
     SetPoint(m_tickBase[0], low[0], frontY, backZ);
     SetPoint(m_tickBase[1], frontX, low[1], backZ);
@@ -224,7 +222,8 @@ void CKivoGridBox::PlaceLabels(double worldPerPixel, const double* axisScale, co
     gluProject(0.5 * (m_boxMin[0] + m_boxMax[0]), 0.5 * (m_boxMin[1] + m_boxMax[1]),
                0.5 * (m_boxMin[2] + m_boxMax[2]), modelView, projection, viewport, &x, &y, &depth);
 
-    const AxisBoxInData box = {m_boxMin, m_boxMax, m_backPlane, m_tickBase, m_tickDirection};
+    const AxisBoxInData box = {
+        m_boxMin, m_boxMax, {IsGridAtMin(0), IsGridAtMin(1), IsGridAtMin(2)}, m_tickBase, m_tickDirection};
     const ScreenVector center = {x - viewport[0], y - viewport[1]};
     ProjectAxisBox(box, worldPerPixel, axisScale, rotation, center, &m_screenBox);
     m_screenBox.labelOffset = static_cast<double>(m_labelOffset);

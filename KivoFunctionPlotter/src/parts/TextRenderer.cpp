@@ -3,6 +3,7 @@
 #include "FontDescription.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <cstring>
 #include <locale>
@@ -268,6 +269,9 @@ int CreateTextImage(STextRenderer* renderer, const char* text, SKivoTexImage* im
 }
 
 std::string FormatNumber(float value, unsigned int precision) {
+    // The standard libraries write them in several ways.
+    if (std::isnan(value)) return "NaN";
+    if (std::isinf(value)) return value < 0.0f ? "-inf" : "inf";
     std::ostringstream stream;
     stream.imbue(std::locale::classic());
     stream.setf(std::ios::fixed, std::ios::floatfield);

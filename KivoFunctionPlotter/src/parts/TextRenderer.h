@@ -37,6 +37,7 @@ void ReleaseTextRenderer(STextRenderer* renderer);
 int CreateTextImage(STextRenderer* renderer, const char* text, SKivoTexImage* image);
 
 /// A number as labels show it: fixed notation, in the classic locale.
+/// Infinities are "inf" and "-inf", and what is no number is "NaN", on every platform.
 /// @param precision  digits after the decimal point, of which at most 1000 are written: the others are zeros
 std::string FormatNumber(float value, unsigned int precision);
 

@@ -9,6 +9,7 @@
 #include "parts/KivoGridBox.h"
 #include "parts/KivoMeasurePointGroupManager.h"
 #include "parts/TextRenderer.h"
+#include "PlotType.h"
 #include "window_system/WindowSystem.h"
 
 #include <algorithm>
@@ -19,8 +20,6 @@
 namespace KivoDrawingTools {
 
 namespace {
-
-enum PlotType : int { normalPlot = 0, xyPlot = 1, yzPlot = 2, xzPlot = 3 };
 
 constexpr GLsizei glyphCount = 256;
 constexpr double legendShare = 0.16;
@@ -283,7 +282,13 @@ int CKivoFunctionPlotter::Init(HWND hWnd, int fontSize, bool accelerated) {
     InitRuler(m_xColorRuler, m_xGradientColor);
     InitRuler(m_yColorRuler, m_yGradientColor);
     InitRuler(m_zColorRuler, m_zGradientColor);
-    switch (m_plotType) {
+    ApplyStartView();
+    return 0;
+}
+
+// InitLighting may have chosen another plot type; none for what is no plot type.
+void CKivoFunctionPlotter::ApplyStartView() {
+    switch (static_cast<PlotType>(m_plotType)) {
     case normalPlot:
         ApplyNormalPlotView();
         break;
@@ -296,10 +301,7 @@ int CKivoFunctionPlotter::Init(HWND hWnd, int fontSize, bool accelerated) {
     case xzPlot:
         ApplyXZPlotView();
         break;
-    default:
-        break;
     }
-    return 0;
 }
 
 void CKivoFunctionPlotter::InitRuler(CKivoGradientColorRuler* ruler, CKivoGradientColor* gradient) {
@@ -414,20 +416,7 @@ void CKivoFunctionPlotter::Reshape(int cx, int cy) {
     std::copy(std::begin(plotViewport), std::end(plotViewport), m_plotViewport);
     std::copy(std::begin(legendViewport), std::end(legendViewport), m_legendViewport);
 
-    switch (m_plotType) {
-    case xyPlot:
-        UpdateXYBoundingBoxToViewVolume();
-        break;
-    case yzPlot:
-        UpdateYZBoundingBoxToViewVolume();
-        break;
-    case xzPlot:
-        UpdateXZBoundingBoxToViewVolume();
-        break;
-    default:
-        UpdateBoundingBoxToViewVolume();
-        break;
-    }
+    FitToPlotType();
     UpdateLegendViewVolume();
 
     const double width = m_plotViewport[2];
@@ -440,6 +429,23 @@ void CKivoFunctionPlotter::Reshape(int cx, int cy) {
         m_viewRight = std::fabs(m_viewTop) * width / height;
     }
     ApplyViewVolume();
+}
+
+void CKivoFunctionPlotter::FitToPlotType() {
+    switch (static_cast<PlotType>(m_plotType)) {
+    case xyPlot:
+        UpdateXYBoundingBoxToViewVolume();
+        return;
+    case yzPlot:
+        UpdateYZBoundingBoxToViewVolume();
+        return;
+    case xzPlot:
+        UpdateXZBoundingBoxToViewVolume();
+        return;
+    case normalPlot:
+        break;
+    }
+    UpdateBoundingBoxToViewVolume(); // what is no plot type is fitted like the 3-D plot
 }
 
 void CKivoFunctionPlotter::UpdateViewport(int x, int y, int width, int height) {
@@ -461,7 +467,7 @@ int CKivoFunctionPlotter::Renderscene() {
 }
 
 void CKivoFunctionPlotter::DrawScene() {
-    switch (m_plotType) {
+    switch (static_cast<PlotType>(m_plotType)) {
     case normalPlot:
         DrawNormalPlot();
         break;
@@ -470,9 +476,7 @@ void CKivoFunctionPlotter::DrawScene() {
     case xzPlot:
         DrawProjectionPlot();
         break;
-    default:
-        break;
-    }
+    } // nothing for what is no plot type
 }
 
 void CKivoFunctionPlotter::ClearFrame() {
@@ -510,21 +514,33 @@ void CKivoFunctionPlotter::DrawNormalPlot() {
 }
 
 void CKivoFunctionPlotter::DrawProjectionPlot() {
+    // The plot of X and Z; a derived class that calls this with another type than those of flat plots gets
+    // it.
+    void (CKivoGridBox::*renderFrame)(double, const double*) = &CKivoGridBox::RenderXZFrame;
+    void (CKivoFunctionPlotter::*renderContours)() = &CKivoFunctionPlotter::RenderFlatYIsoContour;
+    const CKivoGradientColorRuler* ruler = m_yColorRuler;
+    switch (static_cast<PlotType>(m_plotType)) {
+    case xyPlot:
+        renderFrame = &CKivoGridBox::RenderXYFrame;
+        renderContours = &CKivoFunctionPlotter::RenderFlatZIsoContour;
+        ruler = m_zColorRuler;
+        break;
+    case yzPlot:
+        renderFrame = &CKivoGridBox::RenderYZFrame;
+        renderContours = &CKivoFunctionPlotter::RenderFlatXIsoContour;
+        ruler = m_xColorRuler;
+        break;
+    case xzPlot:
+    case normalPlot:
+        break;
+    }
+
     ClearFrame();
     ApplyModelViewMatrix();
 
     glDisable(GL_LIGHTING);
-    RenderProjectionFrame();
-    const CKivoGradientColorRuler* ruler = m_zColorRuler;
-    if (m_plotType == xyPlot) {
-        RenderFlatZIsoContour();
-    } else if (m_plotType == yzPlot) {
-        RenderFlatXIsoContour();
-        ruler = m_xColorRuler;
-    } else {
-        RenderFlatYIsoContour();
-        ruler = m_yColorRuler;
-    }
+    if (m_gridBox) (m_gridBox->*renderFrame)(PixelToWorld(1.0), m_axisScale);
+    (this->*renderContours)();
 
     glDisable(GL_DEPTH_TEST);
     RenderPlotName();
@@ -535,29 +551,13 @@ void CKivoFunctionPlotter::DrawProjectionPlot() {
     glEnable(GL_LIGHTING);
 }
 
-void CKivoFunctionPlotter::RenderProjectionFrame() {
-    if (!m_gridBox) return;
-    const double pixel = PixelToWorld(1.0);
-    switch (m_plotType) {
-    case xyPlot:
-        m_gridBox->RenderXYFrame(pixel, m_axisScale);
-        break;
-    case yzPlot:
-        m_gridBox->RenderYZFrame(pixel, m_axisScale);
-        break;
-    default:
-        m_gridBox->RenderXZFrame(pixel, m_axisScale);
-        break;
-    }
-}
-
 void CKivoFunctionPlotter::RenderTraceGuideLines() {
     if (!m_gridBox) return;
     const float* min = m_gridBox->m_boxMin;
     const float* max = m_gridBox->m_boxMax;
-    const float wallY = m_gridBox->m_backPlane[0] ? min[1] : max[1];
-    const float wallZ = m_gridBox->m_backPlane[1] ? min[2] : max[2];
-    const float wallX = m_gridBox->m_backPlane[2] ? min[0] : max[0];
+    const float wallX = m_gridBox->GridFace(0);
+    const float wallY = m_gridBox->GridFace(1);
+    const float wallZ = m_gridBox->GridFace(2);
     const float* p = m_tracePoint;
 
     glColor4f(0.3f, 0.3f, 0.3f, 1.0f);

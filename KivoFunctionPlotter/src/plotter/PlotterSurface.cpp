@@ -393,10 +393,8 @@ void CKivoFunctionPlotter::RenderFlatZIsoContour() {
 void CKivoFunctionPlotter::RenderFlatContours(const std::vector<SKivoIsoContour>& contours,
                                               const CKivoGradientColor* gradient, int axis) {
     if (!m_gridBox || !gradient) return;
-    constexpr int backPlaneOfAxis[] = {2, 0, 1};
     float wall[3] = {};
-    wall[axis] =
-        m_gridBox->m_backPlane[backPlaneOfAxis[axis]] ? m_gridBox->m_boxMin[axis] : m_gridBox->m_boxMax[axis];
+    wall[axis] = m_gridBox->GridFace(axis);
 
     const MatrixModeScope modelView(GL_MODELVIEW);
     glPushMatrix();

@@ -9,6 +9,7 @@
 #include "parts/KivoGradientColor.h"
 #include "parts/KivoGridBox.h"
 #include "parts/TextRenderer.h"
+#include "PlotType.h"
 #include "window_system/WindowSystem.h"
 
 #include <algorithm>
@@ -222,11 +223,11 @@ void CKivoFunctionPlotter::IncreaseRotation(float angle, float x, float y, float
 }
 
 void CKivoFunctionPlotter::IncreaseZooming(float factor) {
-    const double scale = 1.0 / static_cast<double>(factor);
-    m_viewLeft *= scale;
-    m_viewRight *= scale;
-    m_viewBottom *= scale;
-    m_viewTop *= scale;
+    ScaleView(1.0 / static_cast<double>(factor));
+}
+
+void CKivoFunctionPlotter::ScaleView(double scale) {
+    ScaleViewBounds(scale, m_viewLeft, m_viewRight, m_viewBottom, m_viewTop);
     ApplyViewVolume();
 }
 
@@ -268,7 +269,7 @@ void CKivoFunctionPlotter::UpdateBoundingBoxToViewVolume() {
                             static_cast<double>(max[axis]) * m_axisScale[axis];
         squares += side * side;
     }
-    SetViewVolume(std::sqrt(squares), 0.6);
+    SetViewVolume(std::sqrt(squares), viewShareOfBox);
 
     for (int axis = 0; axis < 3; ++axis)
         m_volumeTranslate[axis] =
@@ -439,11 +440,11 @@ void CKivoFunctionPlotter::OnMouseMove(unsigned int flags, POINT pt) {
             Zoom(last, pt);
         else if (flags & MK_SHIFT)
             Translate(last, pt);
-        else if (m_plotType != 0)
+        else if (m_plotType != normalPlot)
             return;
         else
             Rotate(last, pt);
-    } else if (!m_traceEnabled || m_plotType != 0) {
+    } else if (!m_traceEnabled || m_plotType != normalPlot) {
         return;
     } else {
         Trace(pt);
@@ -482,12 +483,8 @@ void CKivoFunctionPlotter::Translate(POINT from, POINT to) {
 
 void CKivoFunctionPlotter::Zoom(float factor) {
     const ContextScope context(m_hDC, m_hGLRC);
-    const float scale = 1.0f / (1.0f / factor);
-    m_viewLeft *= scale;
-    m_viewRight *= scale;
-    m_viewBottom *= scale;
-    m_viewTop *= scale;
-    ApplyViewVolume();
+    const float scale = 1.0f / (1.0f / factor); // in single precision
+    ScaleView(scale);
 }
 
 void CKivoFunctionPlotter::Zoom(POINT from, POINT to) {
@@ -495,12 +492,7 @@ void CKivoFunctionPlotter::Zoom(POINT from, POINT to) {
     const double dy = WayBetween(from, to).y;
     const double height = m_plotViewport[3];
     const double factor = dy > 0.0 ? 1.0 + dy / height : 1.0 - (-dy) / height;
-    const double scale = 1.0 / factor;
-    m_viewLeft *= scale;
-    m_viewRight *= scale;
-    m_viewBottom *= scale;
-    m_viewTop *= scale;
-    ApplyViewVolume();
+    ScaleView(1.0 / factor);
 }
 
 // ---- Screen mapping -------------------------------------------------------------------------------------

@@ -1,8 +1,8 @@
 // The operations of the window system that the plotter and its helpers call, by their Win32 names.
 //
 // Windows supplies them itself. Elsewhere they live in the namespace KivoDrawingTools with the same meaning,
-// arguments and results; window_system/linux/ holds them. Everything above this header has one text for all
-// platforms.
+// arguments and results; linux/Win32Names.h names them by the sources beside it that hold them. Everything
+// above this header has one text for all platforms.
 #pragma once
 
 #include "KivoPlatform.h"

@@ -326,6 +326,20 @@ TEST_F(FrameCalls, AnUnknownPlotTypeOnlyPresents) {
     plotter.m_plotType = 0;
 }
 
+// A derived class may call what draws the flat plots in any type.
+TEST_F(FrameCalls, TheFlatPlotOfAnotherTypeIsThatOfXAndZ) {
+    const auto drawn = [this](int type) {
+        plotter.m_plotType = type;
+        return RecordStep(plotter, [this] { plotter.DrawProjectionPlot(); })->Texts();
+    };
+    const std::vector<std::string> expected = drawn(3);
+    EXPECT_NE(drawn(1), expected);
+    EXPECT_NE(drawn(2), expected);
+    for (const int type : {0, 4, -1})
+        EXPECT_EQ(drawn(type), expected) << type;
+    plotter.m_plotType = 0;
+}
+
 TEST_F(FrameCalls, AFailedPresentationAsksForTheErrorAndUnbinds) {
     plotter.m_plotType = 4;
     const auto recorder = Record(plotter, [&] {

@@ -189,6 +189,27 @@ TEST(GridBox, BackPlanesFollowTheDepthsOfTheAxes) {
     }
 }
 
+TEST(GridBox, TheGridStandsOnTheBackPlanes) {
+    Box b;
+    for (int axis = 0; axis < 3; ++axis) {
+        b.box.m_boxMin[axis] = static_cast<float>(1 + axis);
+        b.box.m_boxMax[axis] = static_cast<float>(10 + axis);
+    }
+    for (int flags = 0; flags < 8; ++flags) {
+        SCOPED_TRACE(flags);
+        bool* const planes = b.box.m_backPlane;
+        planes[0] = (flags & 1) != 0; // XZ at y min
+        planes[1] = (flags & 2) != 0; // XY at z min
+        planes[2] = (flags & 4) != 0; // YZ at x min
+        EXPECT_EQ(b.box.IsGridAtMin(0), (flags & 4) != 0);
+        EXPECT_EQ(b.box.IsGridAtMin(1), (flags & 1) != 0);
+        EXPECT_EQ(b.box.IsGridAtMin(2), (flags & 2) != 0);
+        EXPECT_EQ(b.box.GridFace(0), flags & 4 ? 1.0f : 10.0f);
+        EXPECT_EQ(b.box.GridFace(1), flags & 1 ? 2.0f : 11.0f);
+        EXPECT_EQ(b.box.GridFace(2), flags & 2 ? 3.0f : 12.0f);
+    }
+}
+
 TEST(GridBox, FixedBackPlanesFollowTheInverseAxes) {
     Box b;
     double rotation[16];

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <limits>
 #include <string>
 #include <utility>
 #include <vector>
@@ -126,6 +127,17 @@ TEST(TextImage, NumbersAreFixed) {
     EXPECT_EQ(FormatNumber(1234567.0f, 0), "1234567");
     EXPECT_EQ(FormatNumber(0.15f, 1), "0.2");
     EXPECT_EQ(FormatNumber(1e-7f, 2), "0.00");
+}
+
+TEST(TextImage, WhatIsNoNumberReadsTheSameEverywhere) {
+    using Limits = std::numeric_limits<float>;
+    for (const unsigned int precision : {0u, 3u, 1000u}) {
+        EXPECT_EQ(FormatNumber(Limits::quiet_NaN(), precision), "NaN");
+        EXPECT_EQ(FormatNumber(std::copysign(Limits::quiet_NaN(), -1.0f), precision), "NaN")
+            << "without sign";
+        EXPECT_EQ(FormatNumber(Limits::infinity(), precision), "inf");
+        EXPECT_EQ(FormatNumber(-Limits::infinity(), precision), "-inf");
+    }
 }
 
 TEST(TextImage, NumbersHaveAtMostAThousandDigits) {

@@ -38,4 +38,36 @@ TEST(HostTest, PixelsStayWithinTheirRange) {
     EXPECT_EQ(ToPixels(std::numeric_limits<double>::infinity(), 0.0), 0);
 }
 
+TEST(HostTest, WheelStepsAreWholeAndNoTurnIsLost) {
+    int remainder = 0;
+    EXPECT_EQ(WheelSteps(remainder, 120), 1);
+    EXPECT_EQ(WheelSteps(remainder, -120), -1);
+    EXPECT_EQ(WheelSteps(remainder, 360), 3);
+    EXPECT_EQ(WheelSteps(remainder, 0), 0);
+    EXPECT_EQ(remainder, 0);
+    for (const int delta : {40, 40, 39}) // a touchpad
+        EXPECT_EQ(WheelSteps(remainder, delta), 0);
+    EXPECT_EQ(WheelSteps(remainder, 1), 1);
+    EXPECT_EQ(remainder, 0);
+    EXPECT_EQ(WheelSteps(remainder, -200), -1);
+    EXPECT_EQ(remainder, -80) << "with its sign";
+    EXPECT_EQ(WheelSteps(remainder, 100), 0) << "back again";
+    EXPECT_EQ(remainder, 20);
+}
+
+// Whatever comes in, steps and remainder add up to it.
+TEST(HostTest, WheelStepsNeverOverflow) {
+    using Limits = std::numeric_limits<int>;
+    const int numbers[] = {Limits::min(), Limits::min() + 1, -121,         -119, 0, 119,
+                           121,           Limits::max() - 1, Limits::max()};
+    for (const int before : numbers)
+        for (const int delta : numbers) {
+            int remainder = before;
+            const long long steps = WheelSteps(remainder, delta);
+            EXPECT_LT(remainder, 120);
+            EXPECT_GT(remainder, -120);
+            EXPECT_EQ(120 * steps + remainder, static_cast<long long>(before) + delta);
+        }
+}
+
 } // namespace

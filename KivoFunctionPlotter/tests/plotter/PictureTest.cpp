@@ -40,6 +40,10 @@ std::vector<double> LayoutOf(const PlotterProbe& p) {
     values.insert(values.end(), p.m_rotationMatrix, p.m_rotationMatrix + 16);
     values.insert(values.end(), p.m_axisScale, p.m_axisScale + 3);
     values.insert(values.end(), p.m_volumeTranslate, p.m_volumeTranslate + 3);
+    values.insert(values.end(), p.m_viewVolumeFactor, p.m_viewVolumeFactor + 3);
+    values.insert(values.end(), {p.m_panFractionX, p.m_panFractionY});
+    for (const bool isInverse : {p.m_inverseXAxis, p.m_inverseYAxis, p.m_inverseZAxis})
+        values.push_back(isInverse);
     return values;
 }
 
@@ -220,6 +224,54 @@ TEST_P(Picture, NeedsAWindowAndAContext) {
     plotter.OnDestroy();
     const std::vector<double> layout = LayoutOf(plotter);
     ExpectNoPicture(plotter);
+    EXPECT_EQ(LayoutOf(plotter), layout);
+}
+
+// ---- The view of another plotter
+
+TEST_P(Picture, TakesTheViewOfAnother) {
+    Arrange(plotter);
+    plotter.SetInverseYAxis(true);
+    plotter.m_panFractionX = 0.1;
+    plotter.m_viewVolumeFactor[2] = 20.0f;
+    plotter.m_axisScale[0] *= 1.25; // as a derived class may
+    for (const int mode : {0, 1, 2, 3}) {
+        SCOPED_TRACE(mode);
+        if (mode != 0) SwitchTo(plotter, mode);
+        plotter.Zoom(0.9f);
+        TestPlot other(GetParam(), 411, 307);
+        const TestSurface surface = HillSurface(20, 15);
+        other.plotter.SetData(surface.NewArray(), 20, 15, 1, 20, 3);
+        EXPECT_NE(LayoutOf(other.plotter), LayoutOf(plotter));
+        const std::vector<double> layout = LayoutOf(plotter);
+        EXPECT_EQ(TakeView(other.plotter, plotter), 0);
+        EXPECT_EQ(wglGetCurrentContext(), nullptr);
+        EXPECT_EQ(LayoutOf(plotter), layout);
+        EXPECT_EQ(LayoutOf(other.plotter), layout);
+        for (const unsigned int matrix : {GL_PROJECTION_MATRIX, GL_MODELVIEW_MATRIX}) {
+            plotter.BeginGLOperation();
+            plotter.ApplyViewVolume();
+            plotter.ApplyModelViewMatrix();
+            const Matrix expected = LoadedMatrix(matrix);
+            plotter.EndGLOperation();
+            const CurrentContext context(other.plotter);
+            EXPECT_EQ(LoadedMatrix(matrix), expected);
+        }
+        EXPECT_TRUE(ImagesAgree(CaptureImage(other.plotter, 320, 240), CaptureImage(plotter, 320, 240), 0, 0,
+                                "view-of-another"));
+    }
+}
+
+TEST_P(Picture, TakesNoViewWhereThereIsNone) {
+    Arrange(plotter);
+    const std::vector<double> layout = LayoutOf(plotter);
+    PlotterProbe none;
+    const std::vector<double> layoutOfNone = LayoutOf(none);
+    EXPECT_EQ(TakeView(plotter, none), -3);
+    EXPECT_EQ(LayoutOf(plotter), layout);
+    EXPECT_EQ(TakeView(none, plotter), -1);
+    EXPECT_EQ(LayoutOf(none), layoutOfNone);
+    EXPECT_EQ(TakeView(plotter, plotter), 0);
     EXPECT_EQ(LayoutOf(plotter), layout);
 }
 

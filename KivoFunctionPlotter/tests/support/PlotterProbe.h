@@ -9,6 +9,7 @@ class PlotterProbe : public CKivoFunctionPlotter {
 public:
     // Core
     using CKivoFunctionPlotter::BeginGLOperation;
+    using CKivoFunctionPlotter::DrawProjectionPlot;
     using CKivoFunctionPlotter::DrawScene;
     using CKivoFunctionPlotter::EndGLOperation;
     using CKivoFunctionPlotter::Init;

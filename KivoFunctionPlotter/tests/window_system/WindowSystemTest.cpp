@@ -381,6 +381,7 @@ TEST(OffscreenWindow, RefusesSizesOutOfRange) {
     EXPECT_EQ(ERROR_INVALID_PARAMETER, GetLastError());
     const HWND window = CreateOffscreenWindow(16, 16, 144);
     EXPECT_EQ(144, GetDeviceCaps(GetDC(window), LOGPIXELSY));
+    EXPECT_EQ(144, GetWindowDpi(window));
     EXPECT_EQ(-1, ResizeOffscreenWindow(window, -1, 10));
     EXPECT_EQ(-1, ResizeOffscreenWindow(nullptr, 10, 10));
     RECT rect{};

@@ -342,11 +342,15 @@ TEST_F(X11WindowTest, TakesTheDisplaysResolution) {
     {
         const AttachedWindow window(host.Id());
         EXPECT_EQ(144, GetDeviceCaps(window.Dc(), LOGPIXELSY));
+        EXPECT_EQ(144, GetWindowDpi(window.Handle()));
+        host.SetResources("Xft.dpi:\t120\n");
+        EXPECT_EQ(120, GetWindowDpi(window.Handle())) << "as it is at present";
     }
     for (const char* const useless : {"", "Xft.dpi:\n", "Xft.dpi: many", "Xft.dpi: -3", "NotXft.dpi: 144"}) {
         host.SetResources(useless);
         const AttachedWindow window(host.Id());
         EXPECT_EQ(96, GetDeviceCaps(window.Dc(), LOGPIXELSY)) << useless;
+        EXPECT_EQ(96, GetWindowDpi(window.Handle())) << useless;
     }
 }
 

@@ -85,6 +85,11 @@ BOOL GetWindowRect(HWND window, RECT* rect) {
     return 1;
 }
 
+int GetWindowDpi(HWND window) {
+    NativeWindow* const live = ValidWindow(window, "GetWindowDpi");
+    return live ? live->DotsPerInch() : 0;
+}
+
 int ReleaseWindow(HWND window) {
     if (!window) return 0;
     if (!ValidWindow(window, "ReleaseWindow")) return -1;

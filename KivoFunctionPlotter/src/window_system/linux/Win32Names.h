@@ -156,11 +156,13 @@ constexpr DWORD ERROR_BUSY = 170;
 constexpr DWORD ERROR_INVALID_WINDOW_HANDLE = 1400;
 constexpr DWORD ERROR_INVALID_PIXEL_FORMAT = 2000;
 
-DWORD GetLastError();
-/// a * b / c in 64 bits, rounded half away from zero; -1 when c is 0 or the result does not fit.
-int MulDiv(int a, int b, int c);
+// The operations, by the source that holds them.
 
-// Windows
+// ---- LastError.cpp
+
+DWORD GetLastError();
+
+// ---- NativeWindow.cpp
 
 /// The device context of the window; one per window, freed with it.
 HDC GetDC(HWND window);
@@ -169,7 +171,7 @@ BOOL GetClientRect(HWND window, RECT* rect);
 /// The client area in screen coordinates. For an off-screen window the screen is the window.
 BOOL GetWindowRect(HWND window, RECT* rect);
 
-// Pixel formats and contexts
+// ---- PixelFormats.cpp
 
 /// The number (from 1) of the format that serves the descriptor best; 0 when none does.
 int ChoosePixelFormat(HDC dc, const PIXELFORMATDESCRIPTOR* wanted);
@@ -177,6 +179,9 @@ int ChoosePixelFormat(HDC dc, const PIXELFORMATDESCRIPTOR* wanted);
 int DescribePixelFormat(HDC dc, int format, UINT size, PIXELFORMATDESCRIPTOR* descriptor);
 /// Gives the window its format, once in its life: again with the same number succeeds, with another fails.
 BOOL SetPixelFormat(HDC dc, int format, const PIXELFORMATDESCRIPTOR* descriptor);
+
+// ---- RenderingContext.cpp
+
 HGLRC wglCreateContext(HDC dc);
 /// Binds a context to the calling thread. With a null context whatever is bound to the thread is unbound, a
 /// context of the host's own too; dc is then ignored. A window whose size has changed is followed here.
@@ -187,12 +192,17 @@ BOOL wglDeleteContext(HGLRC context);
 HGLRC wglGetCurrentContext();
 HDC wglGetCurrentDC();
 BOOL SwapBuffers(HDC dc);
+
+// ---- FontBitmaps.cpp
+
 /// Makes count display lists from listBase, each drawing one glyph of the selected font as a bitmap and
 /// moving the raster position by its advance. Glyph numbers are bytes of the Windows-1252 character set.
 BOOL wglUseFontBitmapsA(HDC dc, DWORD first, DWORD count, DWORD listBase);
 
-// Device contexts and objects
+// ---- DeviceContext.cpp
 
+/// a * b / c in 64 bits, rounded half away from zero; -1 when c is 0 or the result does not fit.
+int MulDiv(int a, int b, int c);
 int GetDeviceCaps(HDC dc, int index);
 /// A memory device context with the settings of dc: 1 x 1 bitmap, default font, black text on opaque white.
 HDC CreateCompatibleDC(HDC dc);
@@ -200,29 +210,28 @@ BOOL DeleteDC(HDC dc);
 /// Selects a font, bitmap or brush; returns the one of that kind selected before. A bitmap is accepted by a
 /// memory device context only, and by one at a time.
 HGDIOBJ SelectObject(HDC dc, HGDIOBJ object);
-/// Frees an object; fails where a device context has it selected.
-BOOL DeleteObject(HGDIOBJ object);
 
-/// Copies at most size bytes of the object's description: a BITMAP, or a LOGFONTA. Returns the bytes copied.
-int GetObjectA(HGDIOBJ object, int size, void* description);
+// ---- GdiObjects.cpp
 
-// Bitmaps
-
+HFONT CreateFontIndirectA(const LOGFONTA* description);
+HBRUSH CreateSolidBrush(COLORREF color);
 /// 32 bits per pixel, blue, green, red, unused; top row first; cleared to black.
 HBITMAP CreateCompatibleBitmap(HDC dc, int width, int height);
-HBRUSH CreateSolidBrush(COLORREF color);
-int FillRect(HDC dc, const RECT* rect, HBRUSH brush);
+/// Frees an object; fails where a device context has it selected.
+BOOL DeleteObject(HGDIOBJ object);
+/// Copies at most size bytes of the object's description: a BITMAP, or a LOGFONTA. Returns the bytes copied.
+int GetObjectA(HGDIOBJ object, int size, void* description);
 /// Copies at most size bytes of the bitmap's rows, top row first. Returns the bytes copied.
 LONG GetBitmapBits(HBITMAP bitmap, LONG size, void* bits);
 
-// Text. Strings are UTF-8; invalid bytes show as a replacement character.
+// ---- Text.cpp. Strings are UTF-8; invalid bytes show as a replacement character.
 
-HFONT CreateFontIndirectA(const LOGFONTA* description);
 BOOL GetTextMetricsA(HDC dc, TEXTMETRICA* metrics);
 /// Width of the text on one line and height of the line, in pixels. A length of 0 measures (0, line height).
 BOOL GetTextExtentPoint32A(HDC dc, const char* text, int length, SIZE* size);
 /// Draws text into the rectangle, clipped by it. length -1: up to the terminating zero. Returns the height
 /// drawn.
 int DrawTextA(HDC dc, const char* text, int length, RECT* rect, UINT format);
+int FillRect(HDC dc, const RECT* rect, HBRUSH brush);
 
 } // namespace KivoDrawingTools

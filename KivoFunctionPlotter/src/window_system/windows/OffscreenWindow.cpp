@@ -1,4 +1,5 @@
-// Windows without a screen, on Windows: hidden windows of a class of their own.
+// Windows without a screen, on Windows: hidden windows of a class of their own. And what KivoWindow.h says of
+// all windows.
 #include "KivoWindow.h"
 
 #include <string>
@@ -74,6 +75,18 @@ int ResizeOffscreenWindow(HWND window, int width, int height) {
     if (!SetWindowPos(window, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE))
         return Refuse(GetLastError(), "Window: the system refused the new size; ask for a smaller one.");
     return 0;
+}
+
+int GetWindowDpi(HWND window) {
+    const HDC dc = IsWindow(window) ? GetDC(window) : nullptr; // without a window, the screen's
+    if (!dc) {
+        Refuse(ERROR_INVALID_WINDOW_HANDLE,
+               "Window: there is no such window; pass one that has not been destroyed.");
+        return 0;
+    }
+    const int dpi = GetDeviceCaps(dc, LOGPIXELSY);
+    ReleaseDC(window, dc);
+    return dpi;
 }
 
 int ReleaseWindow(HWND window) {
