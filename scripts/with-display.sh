@@ -4,15 +4,12 @@ set -euo pipefail
 place=$(mktemp -d)
 server=
 trap '[ -z "$server" ] || { kill "$server" && wait "$server"; } || true; rm -rf "$place"' EXIT
-: >"$place/number"
+mkfifo "$place/number"
 # The server chooses a free number by itself, so that several can start at once, and says it when it is ready.
 Xvfb -displayfd 3 -screen 0 1280x1024x24 +extension GLX -nolisten tcp -noreset 3>"$place/number" 2>"$place/errors" &
 server=$!
-until read -r number <"$place/number"; do
-    kill -0 "$server" 2>/dev/null || {
-        cat "$place/errors" >&2
-        exit 1
-    }
-    sleep 0.05
-done
+read -r number <"$place/number" || { # it has ended without a word
+    cat "$place/errors" >&2
+    exit 1
+}
 DISPLAY=":$number" env -u WAYLAND_DISPLAY -u XAUTHORITY "$@"

@@ -7,8 +7,12 @@ export WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe=" # no downloads, 
 unset XDG_RUNTIME_DIR
 if [ ! -e "$WINEPREFIX/.ready" ]; then
     mkdir -p "$WINEPREFIX"
-    wineboot --init >/dev/null 2>&1
-    wineserver --wait
-    touch "$WINEPREFIX/.ready"
+    (
+        flock 9 # whoever comes meanwhile waits until it is there
+        [ ! -e "$WINEPREFIX/.ready" ] || exit 0
+        wineboot --init >/dev/null 2>&1
+        wineserver --wait
+        touch "$WINEPREFIX/.ready"
+    ) 9>"$WINEPREFIX/.lock"
 fi
 exec wine "$@"

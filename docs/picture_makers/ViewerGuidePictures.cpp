@@ -48,7 +48,7 @@ TEST_F(GuidePictures, PointsAndTrace) {
 TEST_F(GuidePictures, Keys) {
     Begin({});
     Press(f1Key);
-    KeepPng(Grab(AreaOf(WaitForDialog())), "keys");
+    KeepPng(Grab(AreaOf(WaitForDialog("Keys and mouse"))), "keys");
 }
 
 } // namespace

@@ -36,11 +36,18 @@ std::vector<std::string> CommandOf(const ExampleHost& host) {
     return command;
 }
 
-std::unique_ptr<ChildProcess> StartHost(const ExampleHost& host, const Environment& environment) {
-    std::vector<std::string> words = CommandOf(host);
-    const std::string program = words.front();
-    words.erase(words.begin());
-    return std::make_unique<ChildProcess>(program, words, environment);
+HostProcess::HostProcess(const ExampleHost& host, const Environment& environment)
+    : HostProcess(CommandOf(host), environment) {}
+
+HostProcess::HostProcess(const std::vector<std::string>& command, const Environment& environment)
+    : ChildProcess(command.front(), {command.begin() + 1, command.end()}, InHome(environment)) {}
+
+Environment HostProcess::InHome(Environment environment) const {
+    environment["HOME"] = m_home.Path();
+    environment.insert({"XDG_RUNTIME_DIR", m_home.Path()}); // a session's own counts more
+    for (const char* const name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME", "XDG_CACHE_HOME"})
+        environment[name] = std::nullopt; // all are in the home then
+    return environment;
 }
 
 ExpectedPlot::ExpectedPlot(int dpi) : m_window(CreateOffscreenWindow(plotWidth, plotHeight, dpi)) {

@@ -4,6 +4,7 @@
 #include "Hill.h"
 #include "KivoWindow.h"
 #include "support/ChildProcess.h"
+#include "support/PrivateFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -40,8 +41,21 @@ std::vector<ExampleHost> AllHosts();
 /// Program and arguments; empty where it is not built. The Windows host is the file that KIVO_WIN32_HOST
 /// names.
 std::vector<std::string> CommandOf(const ExampleHost& host);
-/// Starts it.
-std::unique_ptr<ChildProcess> StartHost(const ExampleHost& host, const Environment& environment);
+
+/// What a host has of its own, made before it and removed after it.
+struct HostHome {
+    PrivateFolder m_home;
+};
+
+/// A running host with a home of its own.
+class HostProcess : private HostHome, public ChildProcess {
+public:
+    HostProcess(const ExampleHost& host, const Environment& environment);
+
+private:
+    HostProcess(const std::vector<std::string>& command, const Environment& environment);
+    Environment InHome(Environment environment) const;
+};
 
 /// The plot that all hosts should show, drawn off-screen by the library alone.
 class ExpectedPlot {

@@ -1,12 +1,11 @@
 // The viewer's command line: pictures, messages and exit codes, all without a display.
 #include "support/Image.h"
 #include "support/PngImage.h"
+#include "support/PrivateFolder.h"
 #include "ViewerProcess.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -33,16 +32,10 @@ const std::string dataFolder = KIVO_TEST_DATA "/";
 // A folder of this test's own, removed afterwards.
 class ViewerCommandTest : public testing::Test {
 protected:
-    ViewerCommandTest() {
-        m_folder = fs::temp_directory_path() / ("kivo-viewer-" + std::to_string(getpid()));
-        fs::create_directories(m_folder);
-    }
-    ~ViewerCommandTest() override { fs::remove_all(m_folder); }
-
-    std::string Path(const std::string& name) const { return (m_folder / name).string(); }
+    std::string Path(const std::string& name) const { return m_folder.Path() + '/' + name; }
     std::size_t FileCount() const {
         return static_cast<std::size_t>(
-            std::distance(fs::directory_iterator(m_folder), fs::directory_iterator()));
+            std::distance(fs::directory_iterator(m_folder.Path()), fs::directory_iterator()));
     }
 
     static ViewerResult Run(const std::vector<std::string>& arguments) {
@@ -79,7 +72,7 @@ protected:
         EXPECT_EQ(result.errors, "kivo-viewer: " + message + "\n");
     }
 
-    fs::path m_folder;
+    PrivateFolder m_folder;
 };
 
 // Different colours of a picture; the surface alone has hundreds.
@@ -136,9 +129,9 @@ TEST_F(ViewerCommandTest, DrawsSurfacesWithHoles) {
 
 TEST_F(ViewerCommandTest, ReplacesAPictureAndFollowsLinks) {
     std::ofstream(Path("real.png")) << "old";
-    fs::create_symlink("real.png", m_folder / "link.png");
+    fs::create_symlink("real.png", Path("link.png"));
     EXPECT_EQ(Run({"--picture", Path("link.png"), "--size", "80x60"}).exitCode, 0);
-    EXPECT_TRUE(fs::is_symlink(m_folder / "link.png"));
+    EXPECT_TRUE(fs::is_symlink(Path("link.png")));
     EXPECT_EQ(ReadPng(Path("real.png")).width, 80);
     EXPECT_EQ(FileCount(), 2U);
 }
@@ -146,7 +139,7 @@ TEST_F(ViewerCommandTest, ReplacesAPictureAndFollowsLinks) {
 TEST_F(ViewerCommandTest, LeavesNothingBehindWhereThePictureCannotBeWritten) {
     ExpectFailure({"--picture", Path("nowhere/a.png")},
                   Path("nowhere/a.png") + ": cannot write it: No such file or directory");
-    fs::create_directory(m_folder / "folder.png");
+    fs::create_directory(Path("folder.png"));
     ExpectFailure({"--picture", Path("folder.png")},
                   Path("folder.png") + ": cannot write it: it is not a file");
     ExpectFailure({"--picture", "/dev/null"}, "/dev/null: cannot write it: it is not a file");

@@ -2,18 +2,16 @@
 #include "Failure.h"
 #include "GdalReader.h"
 #include "GridReader.h"
+#include "support/PrivateFolder.h"
 #include "ViewerData.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
-#include <filesystem>
 #include <fstream>
 #include <string>
 #include <vector>
@@ -131,8 +129,6 @@ class ViewerGdalTest : public testing::Test {
 protected:
     void SetUp() override {
         if (!HasGdal()) GTEST_SKIP() << "built without GDAL";
-        m_folder = std::filesystem::temp_directory_path() / ("kivo-gdal-" + std::to_string(getpid()));
-        std::filesystem::create_directories(m_folder);
         Write("raster.pgm", "P5\n3 2\n255\n\x04\x05\x06\x01\x02\x03");
         Write("raster.vrt", R"(<VRTDataset rasterXSize="3" rasterYSize="2">
             <GeoTransform>100, 10, 0, 60, 0, -20</GeoTransform>
@@ -141,16 +137,13 @@ protected:
             <SimpleSource><SourceFilename relativeToVRT="1">raster.pgm</SourceFilename></SimpleSource>
             </VRTRasterBand></VRTDataset>)");
     }
-    void TearDown() override {
-        if (!m_folder.empty()) std::filesystem::remove_all(m_folder);
-    }
 
-    std::string Path(const std::string& name) const { return (m_folder / name).string(); }
+    std::string Path(const std::string& name) const { return m_folder.Path() + '/' + name; }
     void Write(const std::string& name, const std::string& content) const {
         std::ofstream(Path(name), std::ios::binary) << content;
     }
 
-    std::filesystem::path m_folder;
+    PrivateFolder m_folder;
 };
 
 TEST_F(ViewerGdalTest, ReadsRastersWithoutPlace) {

@@ -1,15 +1,11 @@
 #include "ViewerWindow.h"
 
 #include "support/PngImage.h"
+#include "support/Quiet.h"
 #include "support/X11TestWindow.h"
 
-#include <unistd.h>
-
 #include <algorithm>
-#include <chrono>
 #include <cstring>
-#include <thread>
-#include <utility>
 
 namespace KivoTest {
 
@@ -26,8 +22,6 @@ void ViewerWindow::TearDownTestSuite() {
 void ViewerWindow::SetUp() {
     if (!HasDisplay()) GTEST_SKIP() << "no display";
     ASSERT_TRUE(desktop->Ok());
-    m_folder = std::filesystem::temp_directory_path() / ("kivo-window-" + std::to_string(getpid()));
-    std::filesystem::create_directories(m_folder);
     Start({"--size", std::to_string(plotWidth) + "x" + std::to_string(plotHeight)});
 }
 
@@ -38,19 +32,20 @@ void ViewerWindow::TearDown() {
     for (const PointerButton button : {leftButton, rightButton})
         desktop->Button(button, false);
     m_viewer.reset();
-    std::filesystem::remove_all(m_folder);
 }
 
 void ViewerWindow::Start(const std::vector<std::string>& arguments, Environment environment) {
     environment["QT_QPA_PLATFORM"] = std::nullopt;
     environment["XDG_CONFIG_HOME"] = Path("config");
-    environment["HOME"] = m_folder.string();
+    environment["HOME"] = m_folder.Path();
     m_viewer = std::make_unique<ViewerProcess>(arguments, environment);
     ASSERT_TRUE(WaitFor([this] { return FindWindows(); })) << "no window; " << m_viewer->Errors();
     desktop->MovePointer(m_plotArea.x + plotWidth / 2, m_plotArea.y + plotHeight / 2);
     desktop->Focus(m_window);
-    WaitFor([this] { return CountOf(Grab(), IsColorful) > 5000; }); // a busy machine draws late
-    m_start = Settled();
+    WaitFor([this] {
+        m_start = Settled();
+        return CountOf(m_start, IsColorful) > 5000;
+    });
     Keep(m_start, "start");
     ASSERT_GT(CountOf(m_start, IsColorful), 5000) << "no surface on the screen";
 }
@@ -82,24 +77,22 @@ bool ViewerWindow::FindWindows() {
 
 Image ViewerWindow::Grab(const ScreenArea& area) {
     const Image image = desktop->Grab(area);
-    if (image.width == area.width) return image;
+    if (image.width > 0 && image.width == area.width) return image;
     ADD_FAILURE() << "the screen cannot be read";
     return Image(area.width, area.height);
 }
 
+void ViewerWindow::Settle() const {
+    EXPECT_TRUE(WaitUntilQuiet(*desktop, *m_viewer)) << "the viewer does not come to rest";
+}
+
 Image ViewerWindow::Settled() const {
-    Image last = Grab();
-    WaitFor([&] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(250));
-        Image now = Grab();
-        const bool same = now.rgba == last.rgba && m_viewer->IsIdle();
-        last = std::move(now);
-        return same;
-    });
-    return last;
+    Settle();
+    return Grab();
 }
 
 void ViewerWindow::Keep(const Image& image, const std::string& step) {
+    if (image.width == 0) return;
     KeepPng(image, std::string("viewer-") + testing::UnitTest::GetInstance()->current_test_info()->name() +
                        "-" + step);
 }
@@ -123,18 +116,21 @@ int ViewerWindow::CountOf(const Image& image, bool (*condition)(const unsigned c
 Image ViewerWindow::After(const std::string& step, const std::function<void()>& action, double leastMean) {
     const Image before = Settled();
     action();
-    WaitFor([&] { return Grab().rgba != before.rgba; });
-    const Image after = Settled();
-    Keep(before, step + "-before");
+    Image after;
+    WaitFor([&] {
+        after = Settled();
+        return after.rgba != before.rgba;
+    });
     Keep(after, step + "-after");
-    EXPECT_GT(Compare(before, after).mean, leastMean) << step << " changes nothing";
+    if (Compare(before, after).mean > leastMean) return after;
+    Keep(before, step + "-before");
+    ADD_FAILURE() << step << " changes nothing";
     return after;
 }
 
 void ViewerWindow::ExpectNoChange(const std::string& step, const std::function<void()>& action) {
     const Image before = Settled();
     action();
-    std::this_thread::sleep_for(std::chrono::milliseconds(300));
     const Image after = Settled();
     if (before.rgba == after.rgba) return;
     Keep(before, step + "-before");
@@ -150,10 +146,8 @@ void ViewerWindow::MoveBy(int dx, int dy) {
     constexpr int steps = 10;
     const int x = m_plotArea.x + m_plotArea.width / 2;
     const int y = m_plotArea.y + m_plotArea.height / 2;
-    for (int i = 0; i <= steps; ++i) {
+    for (int i = 0; i <= steps; ++i)
         desktop->MovePointer(x + dx * i / steps, y + dy * i / steps);
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    }
 }
 
 void ViewerWindow::Drag(PointerButton button, int dx, int dy, xcb_keysym_t modifier) {
@@ -174,17 +168,28 @@ int ViewerWindow::Close() {
     return m_viewer->WaitForExit().value_or(-1);
 }
 
-// ---- Dialogs --------------------------------------------------------------------------------------------
+// ---- Menus and dialogs ----------------------------------------------------------------------------------
 
-xcb_window_t ViewerWindow::WaitForDialog(int startMilliseconds) {
-    xcb_window_t dialog = XCB_NONE;
+void ViewerWindow::OpenMenu(char letter) {
+    PressWith(altKey, static_cast<xcb_keysym_t>(letter));
+    WaitForWindow();
+    Settle();
+}
+
+xcb_window_t ViewerWindow::WaitForWindow(const std::string& title) {
+    xcb_window_t found = XCB_NONE;
     WaitFor([&] {
         for (const xcb_window_t window : Windows())
-            if (window != m_window) dialog = window;
-        return dialog != XCB_NONE;
+            if (window != m_window && (title.empty() || desktop->TitleOf(window) == title)) found = window;
+        return found != XCB_NONE;
     });
-    EXPECT_NE(dialog, xcb_window_t{XCB_NONE}) << "no dialog";
-    std::this_thread::sleep_for(std::chrono::milliseconds(startMilliseconds));
+    EXPECT_NE(found, xcb_window_t{XCB_NONE}) << "no window \"" << title << '"';
+    return found;
+}
+
+xcb_window_t ViewerWindow::WaitForDialog(const std::string& title) {
+    const xcb_window_t dialog = WaitForWindow(title);
+    Settle();
     desktop->Focus(dialog);
     return dialog;
 }
@@ -198,8 +203,13 @@ void ViewerWindow::WaitForNoDialog() {
 }
 
 void ViewerWindow::Type(const std::string& text) {
-    for (const char character : text)
-        Press(static_cast<xcb_keysym_t>(character));
+    for (const char character : text) {
+        const auto symbol = static_cast<xcb_keysym_t>(character);
+        if (character >= 'A' && character <= 'Z')
+            PressWith(shiftKey, symbol - 'A' + 'a');
+        else
+            Press(symbol);
+    }
 }
 
 void ViewerWindow::PressWith(xcb_keysym_t modifier, xcb_keysym_t symbol) {

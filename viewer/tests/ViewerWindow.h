@@ -4,6 +4,7 @@
 
 #include "support/Desktop.h"
 #include "support/Image.h"
+#include "support/PrivateFolder.h"
 #include "support/WaitFor.h"
 #include "support/Xcb.h"
 #include "ViewerProcess.h"
@@ -12,7 +13,6 @@
 
 #include <xcb/xcb.h>
 
-#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
@@ -57,10 +57,13 @@ protected:
 
     static Image Grab(const ScreenArea& area);
 
-    /// The picture once it has stayed the same for a while and the viewer waits.
+    /// Waits until the viewer has done all that it was asked by keys and mouse, and shows it.
+    void Settle() const;
+
+    /// The picture then.
     Image Settled() const;
 
-    /// Keeps a picture for a person to look at.
+    /// Keeps a picture, where there is one, for a person to look at.
     static void Keep(const Image& image, const std::string& step);
 
     static bool IsColorful(const unsigned char* rgb);
@@ -83,7 +86,7 @@ protected:
 
     static void Press(xcb_keysym_t symbol) { desktop->Press(symbol); }
 
-    /// To a place in the plot, in steps as a hand makes them.
+    /// To a place in the plot, in steps as a hand makes them. The viewer may see several as one.
     void MoveBy(int dx, int dy);
 
     /// A drag from the middle of the plot.
@@ -99,23 +102,27 @@ protected:
     /// Asks the viewer to close, as the window's frame does, and waits for its end. @return its exit code
     int Close();
 
-    // ---- Dialogs
+    // ---- Menus and dialogs
 
-    /// Waits for a window of the viewer beside its main one, and gives it the keys.
-    /// @param startMilliseconds  that it has to get ready for them
-    xcb_window_t WaitForDialog(int startMilliseconds = 300);
+    /// Opens a menu by its letter.
+    void OpenMenu(char letter);
+    /// Waits for a window of the viewer beside its main one.
+    /// @param title  of the window; empty: of any title, also none
+    xcb_window_t WaitForWindow(const std::string& title = {});
+    /// Waits for a dialog of this title, and for it to be ready for its user, and gives it the keys.
+    xcb_window_t WaitForDialog(const std::string& title);
     /// Waits until there is none but the main window, and gives that the keys.
     void WaitForNoDialog();
-    /// Presses the keys of a text of small letters, digits, points, dashes and slashes.
+    /// Presses the keys of a text of letters, digits, points, dashes and slashes.
     static void Type(const std::string& text);
     /// Presses a key while another is down.
     static void PressWith(xcb_keysym_t modifier, xcb_keysym_t symbol);
 
     /// A path in this test's folder.
-    std::string Path(const std::string& name) const { return (m_folder / name).string(); }
+    std::string Path(const std::string& name) const { return m_folder.Path() + '/' + name; }
 
     inline static std::unique_ptr<Desktop> desktop;
-    std::filesystem::path m_folder; ///< removed afterwards
+    PrivateFolder m_folder; ///< the viewer's home
     std::unique_ptr<ViewerProcess> m_viewer;
     xcb_window_t m_window = XCB_NONE;
     ScreenArea m_plotArea;

@@ -8,13 +8,11 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <cstdint>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <string>
-#include <thread>
 #include <vector>
 
 using namespace KivoTest;
@@ -26,12 +24,10 @@ const std::string hill = KIVO_TEST_DATA "/hill.csv";
 
 class ViewerWindowFilesTest : public ViewerWindow {
 protected:
-    static void Pause() { std::this_thread::sleep_for(std::chrono::milliseconds(300)); }
-
     // Chooses a file in the open dialog.
     void OpenByDialog(const std::string& path) {
         PressWith(controlKey, 'o');
-        WaitForDialog();
+        WaitForDialog("Open a grid of points");
         Type(path);
         Press(returnKey);
     }
@@ -39,7 +35,7 @@ protected:
     // Saves the picture with these answers to the first questions, and the suggestions for the others.
     Image SaveByDialog(const std::vector<std::string>& answers) {
         PressWith(controlKey, 's');
-        Keep(Grab(AreaOf(WaitForDialog())), "questions");
+        Keep(Grab(AreaOf(WaitForDialog("Save picture"))), "questions");
         for (const std::string& answer : answers) {
             PressWith(controlKey, 'a');
             Type(answer);
@@ -47,12 +43,12 @@ protected:
         }
         Press(returnKey);
         if (answers.empty()) Press(returnKey); // the first has ended the editing
-        Pause();
-        WaitForDialog();
+        WaitForDialog("Save the picture");
         Type(Path("saved"));
         Press(returnKey);
         WaitForNoDialog();
-        if (!WaitFor([this] { return std::filesystem::exists(Path("saved.png")); })) {
+        Settle(); // the file is whole
+        if (!std::filesystem::exists(Path("saved.png"))) {
             ADD_FAILURE() << "no picture";
             return {};
         }
@@ -60,6 +56,8 @@ protected:
         Keep(saved, "saved");
         return saved;
     }
+
+    static bool IsDark(const unsigned char* rgb) { return std::max({rgb[0], rgb[1], rgb[2]}) < 100; }
 
     // A file in this test's folder, whose name has nothing but small letters.
     std::string Copy(const std::string& source, const std::string& name) const {
@@ -103,6 +101,16 @@ protected:
         xcb_flush(m_source.Connection());
     }
 
+    // The viewer's answer to where the pointer is.
+    void ExpectAccepted() {
+        xcb_generic_event_t event = {};
+        ASSERT_TRUE(m_source.WaitForEvent(XCB_CLIENT_MESSAGE, event)) << "no answer";
+        xcb_client_message_event_t status = {};
+        std::memcpy(&status, &event, sizeof status);
+        EXPECT_EQ(status.type, desktop->Atom("XdndStatus"));
+        EXPECT_EQ(status.data.data32[1] & 1U, 1U) << "the file is not wanted";
+    }
+
     void DropFile(const std::string& path) {
         const std::uint32_t version = 5U << 24;
         const auto position = static_cast<std::uint32_t>((m_plotArea.x + 400) << 16 | (m_plotArea.y + 300));
@@ -111,7 +119,7 @@ protected:
         SendDragMessage("XdndEnter", {0, version, desktop->Atom("text/uri-list"), 0, 0});
         SendDragMessage("XdndPosition", {0, 0, position, XCB_CURRENT_TIME, desktop->Atom("XdndActionCopy")});
         HandOver("file://" + path + "\r\n"); // to see what is dragged
-        Pause();
+        ExpectAccepted();
         SendDragMessage("XdndDrop", {0, 0, XCB_CURRENT_TIME, 0, 0});
         HandOver("file://" + path + "\r\n"); // to take it
     }
@@ -163,8 +171,7 @@ TEST_F(ViewerWindowFilesTest, OpensAFileThatIsDropped) {
 TEST_F(ViewerWindowFilesTest, SaysWhatIsWrongWithAFile) {
     const std::string path = Copy(KIVO_TEST_DATA "/short-row.asc", "short.asc");
     OpenByDialog(path);
-    Pause();
-    const xcb_window_t message = WaitForDialog();
+    const xcb_window_t message = WaitForDialog("Kivo Viewer");
     Keep(Grab(AreaOf(message)), "message");
     Press(escapeKey);
     WaitForNoDialog();
@@ -184,8 +191,13 @@ TEST_F(ViewerWindowFilesTest, ReadsLargeFilesWithAWayOut) {
     }
     file.close();
     OpenByDialog(Path("large.asc"));
-    WaitForNoDialog();
-    const Image progress = Grab(AreaOf(WaitForDialog(100))); // at once: reading takes a second or so
+    const xcb_window_t dialog = WaitForWindow("Kivo Viewer");
+    Image progress;
+    EXPECT_TRUE(WaitFor([&] { // at once: reading takes a second or so
+        progress = Grab(AreaOf(dialog));
+        return CountOf(progress, IsDark) > 50;
+    })) << "nothing is written in the dialog";
+    desktop->Focus(dialog);
     Press(escapeKey);
     WaitForNoDialog();
     Keep(progress, "progress");
@@ -200,10 +212,9 @@ TEST_F(ViewerWindowFilesTest, ListsRecentFiles) {
     EXPECT_EQ(Close(), 0);
     Start({"--size", "800x600"});
     const Image again = After("recent", [this] {
-        PressWith(altKey, 'f');
-        Pause();
+        OpenMenu('f');
         Press('r');
-        Pause();
+        Settle();
         Press(returnKey);
     });
     EXPECT_EQ(Compare(first, again).max, 0);
@@ -244,7 +255,7 @@ TEST_F(ViewerWindowFilesTest, SavesWithTheResolutionOfTheDisplay) {
 
 TEST_F(ViewerWindowFilesTest, CopiesThePicture) {
     PressWith(controlKey, 'c');
-    Pause();
+    Settle();
     const std::string png = ClipboardPng();
     ASSERT_FALSE(png.empty());
     std::ofstream(Path("clip.png"), std::ios::binary) << png;
@@ -257,7 +268,7 @@ TEST_F(ViewerWindowFilesTest, AddsPointsAndCurvesByDialog) {
         const std::string path = Copy(KIVO_TEST_DATA "/flight.csv", std::string("flight") + key + ".csv");
         const Image plot = Settled();
         PressWith(controlKey, static_cast<xcb_keysym_t>(key));
-        WaitForDialog();
+        WaitForDialog(key == 'm' ? "Add measure points" : "Add curves");
         Type(path);
         Press(returnKey);
         WaitForNoDialog();
@@ -269,12 +280,12 @@ TEST_F(ViewerWindowFilesTest, AddsPointsAndCurvesByDialog) {
 // Without printers the dialog offers a PDF file in the home folder.
 TEST_F(ViewerWindowFilesTest, Prints) {
     PressWith(controlKey, 'p');
-    const xcb_window_t dialog = WaitForDialog();
+    const xcb_window_t dialog = WaitForDialog("Print");
     Keep(Grab(AreaOf(dialog)), "dialog");
     Press(returnKey);
     WaitForNoDialog();
     const auto hasPdf = [this] {
-        for (const auto& entry : std::filesystem::directory_iterator(m_folder))
+        for (const auto& entry : std::filesystem::directory_iterator(m_folder.Path()))
             if (entry.path().extension() == ".pdf" && entry.file_size() > 10000) return true;
         return false;
     };
@@ -312,14 +323,12 @@ TEST_F(ViewerWindowFilesTest, RemembersWhetherThePanelIsShown) {
 
 TEST_F(ViewerWindowFilesTest, TellsKeysAndWhatItIs) {
     Press(f1Key);
-    Keep(Grab(AreaOf(WaitForDialog())), "keys");
+    Keep(Grab(AreaOf(WaitForDialog("Keys and mouse"))), "keys");
     Press(escapeKey);
     WaitForNoDialog();
-    PressWith(altKey, 'h');
-    Pause();
+    OpenMenu('h');
     Press('a');
-    Pause();
-    Keep(Grab(AreaOf(WaitForDialog())), "about");
+    Keep(Grab(AreaOf(WaitForDialog("About Kivo Viewer"))), "about");
     Press(escapeKey);
     WaitForNoDialog();
     ExpectStart(Settled());

@@ -5,11 +5,8 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <cstring>
-#include <filesystem>
 #include <string>
-#include <thread>
 #include <vector>
 
 using namespace KivoTest;
@@ -35,11 +32,10 @@ TEST_F(ViewerWindowTest, GivesThePlotItsSize) {
 
 // What the screen shows is what the program draws without a screen.
 TEST_F(ViewerWindowTest, ShowsWhatThePictureShows) {
-    const std::string path = testing::TempDir() + "viewer-picture.png";
+    const std::string path = Path("picture.png");
     const std::string size = std::to_string(plotWidth) + "x" + std::to_string(plotHeight);
     ASSERT_EQ(RunViewer({"--picture", path, "--size", size}, WithoutDisplay()).exitCode, 0);
     const Image picture = ReadPng(path);
-    std::filesystem::remove(path);
     Keep(picture, "picture");
     EXPECT_LT(Compare(m_start, picture).mean, 0.5);
 }
@@ -215,8 +211,7 @@ TEST_F(ViewerWindowTest, MenuSetsAllBack) {
     After("frame-lines", [this] { Press('f'); });
     After("contours", [this] { Press('z'); });
     ExpectStart(After("all-back", [this] { // the last entry of the menu Settings
-        PressWith(altKey, 's');
-        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        OpenMenu('s');
         Press(upKey);
         Press(returnKey);
     }));
@@ -225,8 +220,7 @@ TEST_F(ViewerWindowTest, MenuSetsAllBack) {
 // The last entries of the menu Plot, from below.
 TEST_F(ViewerWindowTest, MenuMirrorsAxes) {
     const auto toggle = [this](int entry) {
-        PressWith(altKey, 'p');
-        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        OpenMenu('p');
         for (int i = 0; i < entry; ++i)
             Press(upKey);
         Press(returnKey);

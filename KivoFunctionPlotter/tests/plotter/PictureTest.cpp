@@ -5,6 +5,7 @@
 #include "support/TestWindow.h"
 
 #include <cstdio>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -59,7 +60,8 @@ TEST(Image, IsTheSameAfterWritingAndReadingAFile) {
     Image image(3, 2);
     for (std::size_t i = 0; i < image.rgba.size(); ++i)
         image.rgba[i] = static_cast<unsigned char>(i * 11); // line ends among them
-    const std::string path = testing::TempDir() + "kivo-image-test.pam";
+    const std::string path =
+        testing::TempDir() + "kivo-image-test-" + std::to_string(std::random_device()()) + ".pam";
     ASSERT_TRUE(WritePam(image, path));
     Image read;
     ASSERT_TRUE(ReadPam(path, read));

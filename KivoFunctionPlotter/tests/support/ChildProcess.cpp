@@ -1,5 +1,6 @@
 #include "ChildProcess.h"
 
+#include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -7,10 +8,10 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <system_error>
-#include <thread>
 
 namespace KivoTest {
 
@@ -43,6 +44,19 @@ Environment WithoutDisplay() {
     return {{"DISPLAY", std::nullopt}, {"WAYLAND_DISPLAY", std::nullopt}, {"QT_QPA_PLATFORM", std::nullopt}};
 }
 
+bool IsIdle(int process) {
+    std::error_code error; // threads come and go
+    const std::filesystem::directory_iterator threads("/proc/" + std::to_string(process) + "/task", error);
+    return std::none_of(begin(threads), end(threads), [](const std::filesystem::directory_entry& thread) {
+        std::ifstream file(thread.path() / "stat");
+        std::string stat;
+        std::getline(file, stat);
+        const std::size_t name = stat.rfind(')'); // the state comes after the name, which may hold anything
+        return name != std::string::npos && name + 2 < stat.size() &&
+               (stat[name + 2] == 'R' || stat[name + 2] == 'D');
+    });
+}
+
 ChildProcess::ChildProcess(const std::string& program, const std::vector<std::string>& arguments,
                            const Environment& environment)
     : m_output(std::tmpfile()), m_errors(std::tmpfile()) {
@@ -52,9 +66,15 @@ ChildProcess::ChildProcess(const std::string& program, const std::vector<std::st
     for (std::string& text : texts)
         words.push_back(text.data());
     words.push_back(nullptr);
+    int input[2] = {-1, -1};
+    if (pipe2(input, O_CLOEXEC) == 0) m_input = input[1];
     m_id = fork();
-    if (m_id != 0) return;
+    if (m_id != 0) {
+        close(input[0]);
+        return;
+    }
     Apply(environment);
+    dup2(input[0], STDIN_FILENO);
     dup2(fileno(m_output.get()), STDOUT_FILENO);
     dup2(fileno(m_errors.get()), STDERR_FILENO);
     execvp(program.c_str(), words.data());
@@ -62,21 +82,17 @@ ChildProcess::ChildProcess(const std::string& program, const std::vector<std::st
 }
 
 ChildProcess::~ChildProcess() {
+    close(m_input);
     if (m_id <= 0 || m_exitCode) return;
     kill(m_id, SIGKILL);
     waitpid(m_id, nullptr, 0);
 }
 
-bool ChildProcess::IsIdle() const {
-    std::error_code error; // threads come and go
-    const std::filesystem::directory_iterator threads("/proc/" + std::to_string(m_id) + "/task", error);
-    return std::none_of(begin(threads), end(threads), [](const std::filesystem::directory_entry& thread) {
-        std::ifstream file(thread.path() / "stat");
-        std::string stat;
-        std::getline(file, stat);
-        const std::size_t name = stat.rfind(')'); // the state comes after the name, which may hold anything
-        return name != std::string::npos && name + 2 < stat.size() && stat[name + 2] == 'R';
-    });
+std::chrono::nanoseconds ChildProcess::ProcessorTime() const {
+    clockid_t clock = 0;
+    timespec time = {};
+    if (clock_getcpuclockid(m_id, &clock) != 0 || clock_gettime(clock, &time) != 0) return {};
+    return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
 }
 
 void ChildProcess::Terminate() {
@@ -84,16 +100,13 @@ void ChildProcess::Terminate() {
 }
 
 std::optional<int> ChildProcess::WaitForExit(std::chrono::milliseconds time) {
-    const auto end = std::chrono::steady_clock::now() + time;
-    while (!m_exitCode) {
+    const auto hasEnded = [this] {
         int status = 0;
-        if (waitpid(m_id, &status, WNOHANG) == m_id)
+        if (!m_exitCode && waitpid(m_id, &status, WNOHANG) == m_id)
             m_exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
-        else if (std::chrono::steady_clock::now() > end)
-            break;
-        else
-            std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    }
+        return m_exitCode.has_value();
+    };
+    WaitFor(hasEnded, time);
     return m_exitCode;
 }
 

@@ -19,7 +19,11 @@ using Environment = std::map<std::string, std::optional<std::string>>;
 /// The environment without any display server.
 Environment WithoutDisplay();
 
-/// A running program. It is killed with the object.
+/// Whether all threads of a process wait for something other than the processor or a disk; also when it has
+/// ended.
+bool IsIdle(int process);
+
+/// A running program. It is killed with the object. Nothing is ever written to its standard input.
 class ChildProcess {
 public:
     /// @param program  its path, or a name to look up in PATH
@@ -30,8 +34,9 @@ public:
     ChildProcess& operator=(const ChildProcess&) = delete;
 
     int Id() const { return m_id; }
-    /// Whether all its threads wait for something; also when it has ended.
-    bool IsIdle() const;
+    bool IsIdle() const { return KivoTest::IsIdle(m_id); }
+    /// What all its threads have used of the processor; 0 once it has ended.
+    std::chrono::nanoseconds ProcessorTime() const;
     /// Asks it to end.
     void Terminate();
     /// Waits for its end. @return the exit code, 128 + the signal that ended it, or nothing after the time
@@ -45,6 +50,7 @@ private:
     };
 
     int m_id = -1;
+    int m_input = -1; // our end of a pipe
     std::optional<int> m_exitCode;
     std::unique_ptr<std::FILE, CloseFile> m_output;
     std::unique_ptr<std::FILE, CloseFile> m_errors;

@@ -1,7 +1,10 @@
 #include "Desktop.h"
 
+#include "ChildProcess.h"
+
 #include <gtest/gtest.h>
 
+#include <sys/socket.h>
 #include <xcb/xtest.h>
 
 #include <cstring>
@@ -14,10 +17,23 @@ Desktop::Desktop(const std::string& display)
     : m_connection(xcb_connect(display.empty() ? nullptr : display.c_str(), nullptr)) {
     if (xcb_connection_has_error(m_connection) == 0)
         m_screen = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data;
+    ucred server = {};
+    socklen_t size = sizeof server;
+    if (getsockopt(xcb_get_file_descriptor(m_connection), SOL_SOCKET, SO_PEERCRED, &server, &size) == 0)
+        m_server = server.pid;
 }
 
 Desktop::~Desktop() {
     xcb_disconnect(m_connection);
+}
+
+void Desktop::Sync() const {
+    Reply<xcb_get_input_focus_reply_t>(
+        xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
+}
+
+bool Desktop::IsIdle() const {
+    return m_server == 0 || KivoTest::IsIdle(m_server);
 }
 
 std::vector<xcb_window_t> Desktop::ChildrenOf(xcb_window_t window) const {
@@ -149,8 +165,7 @@ std::string Desktop::Resources() const {
 void Desktop::SetResources(const std::string& text) {
     xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, m_screen->root, XCB_ATOM_RESOURCE_MANAGER,
                         XCB_ATOM_STRING, 8, static_cast<std::uint32_t>(text.size()), text.data());
-    Reply<xcb_get_input_focus_reply_t>( // waits until it is done
-        xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
+    Sync();
 }
 
 Image Desktop::Grab(xcb_window_t window) const {

@@ -26,10 +26,17 @@ public:
     /// Whether there is the display.
     bool Ok() const { return m_screen != nullptr; }
 
+    /// Waits until the display has done what it was asked before, and its events are with the programs.
+    void Sync() const;
+    /// Whether the display waits for something to do: it has done all that was asked by any program. Always
+    /// where its server is not a process of this machine.
+    bool IsIdle() const;
+
     // ---- Windows
 
     xcb_window_t Root() const { return m_screen->root; } ///< the whole screen
     std::vector<xcb_window_t> ChildrenOf(xcb_window_t window) const;
+    std::string TitleOf(xcb_window_t window) const;
     /// The shown window of this title; XCB_NONE where there is none.
     xcb_window_t FindWindow(const std::string& title) const;
     /// The part of a program's window that shows the plot: the largest shown window inside it, or the window
@@ -67,7 +74,6 @@ public:
 
 private:
     xcb_window_t FindShown(xcb_window_t root, const std::string& title) const;
-    std::string TitleOf(xcb_window_t window) const;
     /// @param inside  the part of the window that is wanted
     KivoDrawingTools::Image Read(xcb_window_t window, const ScreenArea& inside) const;
     void FakeInput(std::uint8_t type, std::uint8_t detail, int x, int y);
@@ -75,6 +81,7 @@ private:
 
     xcb_connection_t* m_connection = nullptr;
     const xcb_screen_t* m_screen = nullptr;
+    int m_server = 0; // its process
 };
 
 } // namespace KivoTest

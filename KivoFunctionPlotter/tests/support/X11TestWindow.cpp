@@ -153,17 +153,19 @@ void X11TestWindow::Key(int keycode, bool down) {
 bool X11TestWindow::WaitForEvent(int type, xcb_generic_event_t& event) {
     xcb_flush(m_connection);
     const auto end = std::chrono::steady_clock::now() + patience;
-    while (std::chrono::steady_clock::now() < end) {
+    for (;;) {
         const Reply<xcb_generic_event_t> next(xcb_poll_for_event(m_connection));
         if (next && (next->response_type & 0x7F) == type) {
             event = *next;
             return true;
         }
         if (next) continue;
+        const auto left =
+            std::chrono::duration_cast<std::chrono::milliseconds>(end - std::chrono::steady_clock::now());
         pollfd source{xcb_get_file_descriptor(m_connection), POLLIN, 0};
-        poll(&source, 1, 20);
+        if (left.count() <= 0 || poll(&source, 1, static_cast<int>(left.count())) <= 0) return false;
+        if (xcb_connection_has_error(m_connection) != 0) return false;
     }
-    return false;
 }
 
 std::vector<std::uint8_t> X11TestWindow::Grab() const {
