@@ -92,9 +92,9 @@ public:
     /// @param fontSize  height of titles and labels in points
     int OnCreate(HWND hWnd, int cx, int cy, int fontSize, bool accelerated);
 
-    /// Gives back the data, the fonts and the OpenGL context. Afterwards the object may be destroyed or bound
-    /// to a window again, where titles and names of measure groups show once they have been set anew. Calling
-    /// it twice does no harm.
+    /// Gives back the data, the fonts and the OpenGL context, and forgets the traced point. Afterwards the
+    /// object may be destroyed or bound to a window again, where titles and names of measure groups show once
+    /// they have been set anew. Calling it twice does no harm.
     /// @return 0, or -1 when the OpenGL context could not be deleted; everything else is freed all the same
     int OnDestroy();
 
@@ -217,7 +217,7 @@ public:
     /// @return whether trace mode is on
     bool IsTracing() const;
     /// @param out  receives x, y, z of the traced point in data coordinates
-    /// @return whether there is one; without, out is left alone
+    /// @return whether there is one; without, out is left alone. New data and OnDestroy forget it
     bool GetTracePoint(float* const out);
     /// Finds the nearest point of the surface under a client point; every cell is accounted for.
     /// @return 0, or 1 when there is none; the point is forgotten then
@@ -230,7 +230,7 @@ public:
     // ---------------------------------------------------------------------------------------------------------
 
     /// Takes a grid of points over: bounding box, colours, axis ranges and the fitted view follow from it.
-    /// Whatever lay over the previous data is released, curves included.
+    /// Whatever lay over the previous data is released, curves included, and the traced point is forgotten.
     ///
     /// The point at column c and row r begins at float (c * columnStride + r * rowStride) * components.
     /// Drawing takes the array as packed row by row, so the expected layout is columnStride 1 and rowStride =
@@ -508,7 +508,7 @@ protected:
     /// @return 0
     int ReleaseIsoContour();
     /// Frees everything that depends on the data: arrays, labels, contours, curves, and the points unless
-    /// they are the host's.
+    /// they are the host's. The traced point is forgotten.
     /// @return 0
     int ReleaseDataRelativeResource();
     /// What OnDestroy does.

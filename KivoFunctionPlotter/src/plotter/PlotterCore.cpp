@@ -176,6 +176,7 @@ int CKivoFunctionPlotter::ReleaseDataRelativeResource() {
     m_curveVisible.clear();
     m_curveColors.clear();
     m_curveWidths.clear();
+    m_hasTracePoint = 0;
     if (!m_isDataReference) delete[] m_points;
     m_points = nullptr;
     return 0;
