@@ -27,6 +27,7 @@
 #include "KivoTypes.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <list>
 #include <string>
 #include <vector>
@@ -239,7 +240,9 @@ public:
     /// read beyond them, draw no surface. A grid one point wide or high has bounds and colours but no
     /// triangles.
     /// @param points        not null unless columns * rows is 0; from new[], freed with delete[] by the
-    ///                      plotter
+    ///                      plotter. An array that the plotter owns already may be handed over again,
+    ///                      changed, with other counts, and from a later point on: it is kept and read again.
+    ///                      One that SetDataReference has lent becomes the plotter's
     /// @param columns       points in a row
     /// @param rows          number of rows
     /// @param columnStride  points from one column to the next
@@ -250,7 +253,8 @@ public:
     int SetData(float* points, unsigned int columns, unsigned int rows, unsigned int columnStride,
                 unsigned int rowStride, unsigned int components);
 
-    /// The same, but the array stays the host's: it must live unchanged until the next data or OnDestroy.
+    /// The same, but the array stays the host's: it must live unchanged until the next data or OnDestroy. One
+    /// that the plotter owns already, or a part of it, is kept and read again, and stays the plotter's.
     int SetDataReference(float* points, unsigned int columns, unsigned int rows, unsigned int columnStride,
                          unsigned int rowStride, unsigned int components);
 
@@ -868,7 +872,14 @@ protected:
 private:
     friend struct PictureAccess; // draws without presenting, for KivoPicture.h
 
+    struct SOwnedArray {
+        float* start;        // from new[]
+        std::size_t floats;  // that it has at least
+        const float* points; // m_points when this was noted
+    };
+
     std::size_t m_colorArraySize = 0; // floats that m_colorArray had room for when it was made
+    SOwnedArray m_ownedArray = {};    // what the points lie in, unless a derived class has replaced them
 
     void InitRuler(CKivoGradientColorRuler* ruler, CKivoGradientColor* gradient);
     void ForgetNameTextures();
@@ -881,6 +892,11 @@ private:
     void ApplyOrientation(const double* x, const double* y, const double* z);
     int TakeData(float* points, bool isReference, const unsigned int* counts, const unsigned int* strides,
                  unsigned int components);
+    void ReleaseWhatFollowsFromData();
+    SOwnedArray OwnedArray() const;
+    static bool IsInside(const SOwnedArray& array, const float* points);
+    void ReleasePoints();
+    std::uint64_t AddressedFloats() const;
     bool HasReadablePoints() const;
     bool HasDrawablePoints() const;
     void SetVertexPointer() const;

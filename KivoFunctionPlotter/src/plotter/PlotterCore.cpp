@@ -150,6 +150,13 @@ int CKivoFunctionPlotter::ReleaseIsoContour() {
 }
 
 int CKivoFunctionPlotter::ReleaseDataRelativeResource() {
+    ReleaseWhatFollowsFromData();
+    ReleasePoints();
+    return 0;
+}
+
+// Everything but the points.
+void CKivoFunctionPlotter::ReleaseWhatFollowsFromData() {
     {
         const ContextScope context(m_hDC, m_hGLRC);
         for (int axis = 0; m_gridBox && axis < 3; ++axis) {
@@ -177,9 +184,6 @@ int CKivoFunctionPlotter::ReleaseDataRelativeResource() {
     m_curveColors.clear();
     m_curveWidths.clear();
     m_hasTracePoint = 0;
-    if (!m_isDataReference) delete[] m_points;
-    m_points = nullptr;
-    return 0;
 }
 
 int CKivoFunctionPlotter::Release() {

@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
+#include <functional>
 #include <memory>
 
 namespace KivoDrawingTools {
@@ -119,15 +120,24 @@ int CKivoFunctionPlotter::SetDataReference(float* points, unsigned int columns, 
 
 int CKivoFunctionPlotter::TakeData(float* points, bool isReference, const unsigned int* counts,
                                    const unsigned int* strides, unsigned int components) {
-    ReleaseDataRelativeResource();
+    ReleaseWhatFollowsFromData();
+    SOwnedArray array = OwnedArray();
+    if (!IsInside(array, points)) {
+        ReleasePoints();
+        array = {points, 0, points};
+        m_isDataReference = isReference;
+    }
     m_points = points;
-    m_isDataReference = isReference;
     m_columnCount = counts[0];
     m_rowCount = counts[1];
     m_vertexCount = m_columnCount * m_rowCount;
     m_componentCount = components;
     m_columnStride = strides[0] * components;
     m_rowStride = strides[1] * components;
+    if (!m_isDataReference) {
+        const auto end = static_cast<std::uint64_t>(points - array.start) + AddressedFloats();
+        m_ownedArray = {array.start, std::max(array.floats, static_cast<std::size_t>(end)), points};
+    }
 
     float min[3] = {};
     float max[3] = {};
@@ -144,6 +154,27 @@ int CKivoFunctionPlotter::TakeData(float* points, bool isReference, const unsign
     return 0;
 }
 
+// The array from new[] in which the plotter's points lie; of the host's points there is none.
+CKivoFunctionPlotter::SOwnedArray CKivoFunctionPlotter::OwnedArray() const {
+    if (m_isDataReference || !m_points) return {};
+    if (m_ownedArray.points == m_points) return m_ownedArray;
+    return {m_points, 0, m_points}; // put in by a derived class
+}
+
+// Pointers into different arrays are compared by std::less.
+bool CKivoFunctionPlotter::IsInside(const SOwnedArray& array, const float* points) {
+    if (!array.start || !points) return false;
+    const std::less<const float*> isBefore;
+    return points == array.start ||
+           (isBefore(array.start, points) && isBefore(points, array.start + array.floats));
+}
+
+void CKivoFunctionPlotter::ReleasePoints() {
+    delete[] OwnedArray().start;
+    m_points = nullptr;
+    m_ownedArray = {};
+}
+
 bool CKivoFunctionPlotter::HasReadablePoints() const {
     return m_points && m_columnCount != 0 && m_rowCount != 0 && m_componentCount >= 3;
 }
@@ -153,9 +184,14 @@ bool CKivoFunctionPlotter::HasReadablePoints() const {
 bool CKivoFunctionPlotter::HasDrawablePoints() const {
     if (!HasReadablePoints()) return false;
     const std::uint64_t packed = std::uint64_t{m_columnCount} * m_rowCount * m_componentCount;
-    const std::uint64_t addressed = std::uint64_t{m_columnCount - 1} * m_columnStride +
-                                    std::uint64_t{m_rowCount - 1} * m_rowStride + m_componentCount;
-    return packed <= addressed;
+    return packed <= AddressedFloats();
+}
+
+// From the first point to the end of the last one.
+std::uint64_t CKivoFunctionPlotter::AddressedFloats() const {
+    if (!HasReadablePoints()) return 0;
+    return std::uint64_t{m_columnCount - 1} * m_columnStride + std::uint64_t{m_rowCount - 1} * m_rowStride +
+           m_componentCount;
 }
 
 // ---- Mesh arrays ----------------------------------------------------------------------------------------
