@@ -199,10 +199,12 @@ public:
     void OnMouseWheel(unsigned int flags, short delta, POINT pt);
 
     /// Turns the plot about the screen axis across the way from one client point to the other, by 160 degrees
-    /// for the width of the viewport. Without a width it does nothing.
+    /// for the width of the viewport. Without a width it does nothing, nor where the pan, which turns with
+    /// the plot, would pass single precision.
     void Rotate(POINT from, POINT to);
     /// Shifts the plot along the way from one client point to the other, at 0.8 of its length. While the
-    /// viewport has no width or the view volume no finite one, it does nothing.
+    /// viewport has no width or the view volume no finite one, it does nothing, nor where the pan would pass
+    /// single precision.
     void Translate(POINT from, POINT to);
     /// Scales the view volume.
     /// @param factor  above 0; below 1 it enlarges the picture. A negative one also turns the picture by 180
@@ -888,6 +890,7 @@ private:
     int SetInverseAxis(int axis, bool& current, bool inverse);
     void FitFlatPlot(int horizontalAxis, int verticalAxis, const bool* shifted);
     void SetViewVolume(double diagonal, double share);
+    void TurnMatrix(float angle, float x, float y, float z, double* turned) const;
     void SetRotationBlock(const double* x, const double* y, const double* z);
     void ApplyOrientation(const double* x, const double* y, const double* z);
     int TakeData(float* points, bool isReference, const unsigned int* counts, const unsigned int* strides,

@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 
 namespace KivoDrawingTools {
 
@@ -51,6 +52,13 @@ struct Way {
     double x;
     double y;
 };
+
+// Whether OpenGL, which computes in single precision, has a number for each. Not a number compares as false.
+bool FitSinglePrecision(const double* numbers, int count) {
+    return std::all_of(numbers, numbers + count, [](double number) {
+        return std::abs(number) <= static_cast<double>(std::numeric_limits<float>::max());
+    });
+}
 
 Way WayBetween(POINT from, POINT to) {
     return {static_cast<double>(to.x) - from.x, static_cast<double>(to.y) - from.y};
@@ -191,6 +199,13 @@ void CKivoFunctionPlotter::IncreaseTranslation(float dx, float dy, float dz) {
 }
 
 void CKivoFunctionPlotter::IncreaseRotation(float angle, float x, float y, float z) {
+    double turned[16];
+    TurnMatrix(angle, x, y, z, turned);
+    MatrixCopy(m_rotationMatrix, turned);
+    ApplyModelViewMatrix();
+}
+
+void CKivoFunctionPlotter::TurnMatrix(float angle, float x, float y, float z, double* turned) const {
     constexpr float pi = 3.1415925f;
     const float k = 1.0f / std::sqrt(x * x + y * y + z * z + 1.0f);
     const float halfAngle = angle * pi / 180.0f * 0.5f;
@@ -215,10 +230,7 @@ void CKivoFunctionPlotter::IncreaseRotation(float angle, float x, float y, float
                                  0.0,
                                  0.0,
                                  1.0};
-    double turned[16];
     MatrixMultiply(turned, m_rotationMatrix, rotation);
-    MatrixCopy(m_rotationMatrix, turned);
-    ApplyModelViewMatrix();
 }
 
 void CKivoFunctionPlotter::IncreaseZooming(float factor) {
@@ -383,7 +395,12 @@ void CKivoFunctionPlotter::ApplyNormalPlotView() {
         glLoadIdentity();
         glRotatef(-10.0f, 1.0f, 0.0f, 0.0f);
         glMultMatrixd(m_rotationMatrix);
-        glGetDoublev(GL_MODELVIEW_MATRIX, m_rotationMatrix);
+        GLdouble tilted[16];
+        MatrixCopy(tilted, m_rotationMatrix); // stays where no context answers
+        glGetDoublev(GL_MODELVIEW_MATRIX, tilted);
+        // The pan is tilted with the rest. One at the end of single precision that gets beyond it stays.
+        const int count = FitSinglePrecision(tilted + 12, 3) ? 16 : 12;
+        std::copy(tilted, tilted + count, m_rotationMatrix);
         glPopMatrix();
     }
     ApplyModelViewMatrix();
@@ -464,7 +481,11 @@ void CKivoFunctionPlotter::Rotate(POINT from, POINT to) {
     const float dy = static_cast<float>(way.y);
     const float angle = std::sqrt(dx * dx + dy * dy) * (160.0f / static_cast<float>(m_plotViewport[2]));
     if (!std::isfinite(angle)) return; // nothing would bring a rotation without numbers back
-    IncreaseRotation(angle, dy, dx, 0.0f);
+    double turned[16];
+    TurnMatrix(angle, dy, dx, 0.0f, turned);
+    if (!FitSinglePrecision(turned, 16)) return; // it turns the pan as well
+    MatrixCopy(m_rotationMatrix, turned);
+    ApplyModelViewMatrix();
 }
 
 void CKivoFunctionPlotter::Translate(POINT from, POINT to) {
@@ -472,11 +493,10 @@ void CKivoFunctionPlotter::Translate(POINT from, POINT to) {
     const Way way = WayBetween(from, to);
     const double k =
         static_cast<double>(static_cast<float>(m_viewRight - m_viewLeft)) * 0.8 / m_plotViewport[2];
-    const double x = m_rotationMatrix[12] + way.x * k;
-    const double y = m_rotationMatrix[13] - way.y * k;
-    if (!std::isfinite(x) || !std::isfinite(y)) return; // nothing would bring such a pan back
-    m_rotationMatrix[12] = x;
-    m_rotationMatrix[13] = y;
+    const double pan[] = {m_rotationMatrix[12] + way.x * k, m_rotationMatrix[13] - way.y * k};
+    if (!FitSinglePrecision(pan, 2)) return; // nothing would bring such a pan back
+    m_rotationMatrix[12] = pan[0];
+    m_rotationMatrix[13] = pan[1];
     ApplyModelViewMatrix();
 }
 
