@@ -105,7 +105,8 @@ public:
     /// Lays the plot out for a new size of the client area and fits the view to it, so that zoom is undone
     /// while rotation and pan stay. The left 16 % of the width become the legend, the rest the plot.
     /// @param type    ignored
-    /// @param cx, cy  client size in pixels; sizes of 0 make degenerate view volumes and draw nothing
+    /// @param cx, cy  client size in pixels; sizes of 0 and less make degenerate view volumes and draw
+    ///                nothing, and leave no error in OpenGL's queue
     void OnSize(unsigned int type, int cx, int cy);
 
     /// Selects the text font into its device context again and reads its metrics.
@@ -415,8 +416,7 @@ public:
     int AddCurveData(float* points, unsigned int pointCount, unsigned int floatsPerPoint);
     int SetCurveColor(int index, unsigned long color); ///< 0x00BBGGRR @return 0; -2 for a bad index
     int SetCurveVisibility(int index, bool visible);   ///< line and balls @return 0; -2 for a bad index
-    /// @param width  of the line in pixels, above 0. OpenGL refuses 0 and less: the line then has the width
-    ///               of the curve drawn before it, or 1.
+    /// @param width  of the line in pixels, above 0; with 0 and less, or no number, the line has the width 1
     /// @return 0; -2 for a bad index
     int SetCurveWidth(int index, float width);
 

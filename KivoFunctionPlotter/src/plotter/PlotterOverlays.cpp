@@ -80,7 +80,8 @@ void CKivoFunctionPlotter::RenderCurves() {
         const std::size_t count = m_curvePointCounts[index];
         const std::size_t stride = data.size() / count;
         float point[3];
-        glLineWidth(m_curveWidths[index]);
+        const float width = m_curveWidths[index];
+        glLineWidth(width > 0.0f ? width : 1.0f); // OpenGL refuses others
         glBegin(GL_LINES);
         for (std::size_t k = 0; k + 1 < count; ++k)
             for (const std::size_t end : {k, k + 1}) {

@@ -3,6 +3,7 @@
 
 #include "computing/SurfacePicker.h"
 #include "computing/VectorMath.h"
+#include "drawing/Camera.h"
 #include "drawing/GLScopes.h"
 #include "drawing/PointMarker.h"
 #include "drawing/TexturedQuad.h"
@@ -162,10 +163,11 @@ double CKivoFunctionPlotter::DotProduct(const float* a, const float* b) {
 // ---- View volume and camera -----------------------------------------------------------------------------
 
 void CKivoFunctionPlotter::ApplyViewVolume() {
-    glViewport(m_plotViewport[0], m_plotViewport[1], m_plotViewport[2], m_plotViewport[3]);
+    SetViewport(m_plotViewport);
     const MatrixModeScope projection(GL_PROJECTION);
     glLoadIdentity();
-    glOrtho(m_viewLeft, m_viewRight, m_viewBottom, m_viewTop, m_viewNear, m_viewFar);
+    const double volume[] = {m_viewLeft, m_viewRight, m_viewBottom, m_viewTop, m_viewNear, m_viewFar};
+    MultiplyOrtho(volume);
 }
 
 void CKivoFunctionPlotter::ApplyModelViewMatrix() {

@@ -255,6 +255,22 @@ TEST_P(CurvesAlone, LinesAreAsWideAsSetInPixels) {
     }
 }
 
+// OpenGL refuses such widths, and the line would have that of the curve before it.
+TEST_P(CurvesAlone, WithoutAWidthAboveZeroLinesAreOnePixelWide) {
+    plotter.SetPointRadiusPixelSize(0);
+    Add({-40, 60.5f, 0, -39, 60.5f, 0});
+    plotter.SetCurveVisibility(0, false);
+    Add({-400, 30.5f, 0, -300, 30.5f, 0}); // out of sight, and wide
+    plotter.SetCurveWidth(1, 7.0f);
+    Add({-40, 0.5f, 0, 40, 0.5f, 0});
+    for (const float lineWidth : {0.0f, -0.0f, -1.0f, -3e38f, std::numeric_limits<float>::quiet_NaN()}) {
+        EXPECT_EQ(plotter.SetCurveWidth(2, lineWidth), 0);
+        EXPECT_EQ(InkBox(Draw()).Height(), 1) << lineWidth;
+        const CurrentContext context(plotter);
+        EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR)) << lineWidth;
+    }
+}
+
 TEST_P(CurvesAlone, EachCurveHasItsOwnWidthAndColour) {
     plotter.SetPointRadiusPixelSize(0);
     Add({-40, 20.5f, 0, 40, 20.5f, 0});
