@@ -90,7 +90,7 @@ public:
     int OnCreate(HWND hWnd, int cx, int cy, bool accelerated);
 
     /// The same with a text size of its own.
-    /// @param fontSize  height of titles and labels in points
+    /// @param fontSize  height of titles and labels in points; below 0 that of their lines
     int OnCreate(HWND hWnd, int cx, int cy, int fontSize, bool accelerated);
 
     /// Gives back the data, the fonts and the OpenGL context, and forgets the traced point. Afterwards the
@@ -491,7 +491,7 @@ protected:
     void Reshape(int cx, int cy);
 
     /// Sets both viewports to shares of a rectangle in window pixels: 16 % legend on the left, 84 % plot,
-    /// truncated. The plotter itself does not call it.
+    /// truncated; the plot begins at most at the largest int. The plotter itself does not call it.
     void UpdateViewport(int x, int y, int width, int height);
 
     /// Places both lights around the data box and keeps the second one off. Where the view has no finite
@@ -841,7 +841,7 @@ protected:
     unsigned int m_columnCount = 0;    ///< points in a row
     unsigned int m_rowCount = 0;       ///< rows of points
     unsigned int m_vertexCount = 0;    ///< points in all
-    unsigned int m_indexCount = 0;     ///< entries of m_indexArray
+    unsigned int m_indexCount = 0;     ///< entries of m_indexArray, of more than 32 bits the lower ones
     unsigned int m_columnStride = 0;   ///< in floats
     unsigned int m_rowStride = 0;      ///< in floats
     unsigned int m_componentCount = 0; ///< floats of a point
@@ -854,7 +854,7 @@ protected:
     std::vector<float> m_curveWidths;             ///< of the line in pixels
 
     // Frame lines
-    int m_framelineIndexCount = 0;            ///< entries of m_framelineIndexArray
+    int m_framelineIndexCount = 0; ///< entries of m_framelineIndexArray, of more than 32 bits the lower ones
     float m_framelineColor[4] = {0, 0, 0, 1}; ///< RGBA
 
     // Trace
@@ -880,8 +880,10 @@ private:
         const float* points; // m_points when this was noted
     };
 
-    std::size_t m_colorArraySize = 0; // floats that m_colorArray had room for when it was made
-    SOwnedArray m_ownedArray = {};    // what the points lie in, unless a derived class has replaced them
+    std::size_t m_colorArraySize = 0;     // floats that m_colorArray had room for when it was made
+    std::size_t m_indexArraySize = 0;     // of which m_indexCount has the lower bits
+    std::size_t m_framelineArraySize = 0; // of which m_framelineIndexCount has the lower bits
+    SOwnedArray m_ownedArray = {};        // what the points lie in, unless a derived class has replaced them
 
     void InitRuler(CKivoGradientColorRuler* ruler, CKivoGradientColor* gradient);
     void ForgetNameTextures();

@@ -13,7 +13,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <iterator>
+#include <limits>
 #include <new>
 
 namespace KivoDrawingTools {
@@ -450,7 +452,9 @@ void CKivoFunctionPlotter::Reshape(int cx, int cy) {
 void CKivoFunctionPlotter::UpdateViewport(int x, int y, int width, int height) {
     const int legendWidth = static_cast<int>(width * legendShare);
     const int legendViewport[] = {x, y, legendWidth, height};
-    const int plotViewport[] = {x + legendWidth, y, static_cast<int>(width * plotShare), height};
+    const std::int64_t plotX = std::clamp<std::int64_t>(
+        std::int64_t{x} + legendWidth, std::numeric_limits<int>::min(), std::numeric_limits<int>::max());
+    const int plotViewport[] = {static_cast<int>(plotX), y, static_cast<int>(width * plotShare), height};
     std::copy(std::begin(legendViewport), std::end(legendViewport), m_legendViewport);
     std::copy(std::begin(plotViewport), std::end(plotViewport), m_plotViewport);
 }

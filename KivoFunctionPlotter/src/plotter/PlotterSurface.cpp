@@ -4,7 +4,9 @@
 #include "computing/ColorSpace.h"
 #include "computing/MarchingSquares.h"
 #include "computing/MeshArrays.h"
+#include "drawing/Camera.h"
 #include "drawing/GLScopes.h"
+#include "drawing/LongDraws.h"
 #include "parts/KivoGradientColor.h"
 #include "parts/KivoGridBox.h"
 #include "window_system/WindowSystem.h"
@@ -13,6 +15,7 @@
 #include <cstddef>
 #include <cstring>
 #include <functional>
+#include <limits>
 #include <memory>
 
 namespace KivoDrawingTools {
@@ -59,7 +62,7 @@ void DrawFramelineTexture() {
 }
 
 // Draws into the lower left square of the back buffer and reads that into texels, four bytes a pixel, from
-// new[]. volume: left, right, bottom, top. draw must not throw. Viewport and clear colour are as before
+// new[]. volume: left, right, bottom, top, near, far. draw must not throw. Viewport and clear colour are as before
 // afterwards; lighting is on.
 template <typename Draw>
 void DrawIntoTexels(int size, const double* volume, const float* clearColor, Draw draw,
@@ -74,7 +77,7 @@ void DrawIntoTexels(int size, const double* volume, const float* clearColor, Dra
         const MatrixModeScope projection(GL_PROJECTION);
         glPushMatrix();
         glLoadIdentity();
-        glOrtho(volume[0], volume[1], volume[2], volume[3], -1.0, 1.0);
+        MultiplyOrtho(volume);
         glMatrixMode(GL_MODELVIEW);
         glPushMatrix();
         glLoadIdentity();
@@ -183,6 +186,8 @@ bool CKivoFunctionPlotter::HasReadablePoints() const {
 // end before them.
 bool CKivoFunctionPlotter::HasDrawablePoints() const {
     if (!HasReadablePoints()) return false;
+    constexpr std::size_t longestPoint = std::numeric_limits<GLsizei>::max() / sizeof(float);
+    if (m_componentCount > longestPoint) return false; // no stride of OpenGL's
     const std::uint64_t packed = std::uint64_t{m_columnCount} * m_rowCount * m_componentCount;
     return packed <= AddressedFloats();
 }
@@ -217,8 +222,10 @@ void CKivoFunctionPlotter::AssignTexcoordData() {
 void CKivoFunctionPlotter::AssignIndexData() {
     const unsigned int cellColumns = CellCount(m_columnCount);
     const unsigned int cellRows = CellCount(m_rowCount);
-    m_indexCount = 6 * cellRows * cellColumns;
-    ReplaceArray(m_indexArray, std::size_t{cellRows} * cellColumns * 6);
+    const std::size_t count = std::size_t{cellRows} * cellColumns * 6;
+    ReplaceArray(m_indexArray, count);
+    m_indexArraySize = count;
+    m_indexCount = static_cast<unsigned int>(count);
     FillTriangleIndices(cellColumns, cellRows, m_indexArray);
 }
 
@@ -304,7 +311,8 @@ void CKivoFunctionPlotter::RenderSurface() {
             glDisable(GL_LIGHTING);
             glDisableClientState(GL_COLOR_ARRAY);
             glColor4fv(m_framelineColor);
-            glDrawElements(GL_LINES, m_framelineIndexCount, GL_UNSIGNED_INT, m_framelineIndexArray);
+            DrawIndexed(GL_LINES, m_framelineIndexArray,
+                        WholeCount(m_framelineIndexCount, m_framelineArraySize));
             glEnable(GL_LIGHTING);
             glEnableClientState(GL_COLOR_ARRAY);
         }
@@ -313,7 +321,7 @@ void CKivoFunctionPlotter::RenderSurface() {
     // The surface is pushed back a little, so that the lines on it win the depth test.
     glPolygonOffset(1.0f, 1.0f);
     glEnable(GL_POLYGON_OFFSET_FILL);
-    glDrawElements(GL_TRIANGLES, static_cast<GLsizei>(m_indexCount), GL_UNSIGNED_INT, m_indexArray);
+    DrawIndexed(GL_TRIANGLES, m_indexArray, WholeCount(m_indexCount, m_indexArraySize));
     glDisable(GL_POLYGON_OFFSET_FILL);
 
     glDisable(GL_TEXTURE_2D);
@@ -348,13 +356,14 @@ void CKivoFunctionPlotter::AssignFramelineIndexData(unsigned int columnStep, uns
     if (lines.IndexCount() == 0) return;
     m_framelineIndexArray = new unsigned int[lines.IndexCount()];
     lines.Fill(m_framelineIndexArray);
-    m_framelineIndexCount = static_cast<int>(lines.IndexCount());
+    m_framelineArraySize = lines.IndexCount();
+    m_framelineIndexCount = static_cast<int>(m_framelineArraySize);
 }
 
 void CKivoFunctionPlotter::CreateFramelineSKivoTexImage() {
     m_framelineTexWidth = framelineTexSize;
     m_framelineTexHeight = framelineTexSize;
-    constexpr double volume[] = {0.0, framelineTexSize, 0.0, framelineTexSize};
+    constexpr double volume[] = {0.0, framelineTexSize, 0.0, framelineTexSize, -1.0, 1.0};
     constexpr float white[] = {1.0f, 1.0f, 1.0f, 1.0f};
     DrawIntoTexels(framelineTexSize, volume, white, DrawFramelineTexture, m_framelineTexels);
     if (m_framelineTexId == 0) glGenTextures(1, &m_framelineTexId);
@@ -442,8 +451,7 @@ void CKivoFunctionPlotter::RenderFlatContours(const std::vector<SKivoIsoContour>
         float color[4] = {0, 0, 0, 1};
         gradient->Evaluate(contour.level, color);
         glColor4fv(color);
-        glVertexPointer(3, GL_FLOAT, 0, contour.points);
-        glDrawArrays(GL_LINES, 0, static_cast<GLsizei>(contour.pointCount));
+        DrawLines(contour.points, static_cast<std::size_t>(contour.pointCount));
     }
     glDisableClientState(GL_VERTEX_ARRAY);
     glPopMatrix();
@@ -495,7 +503,7 @@ void CKivoFunctionPlotter::CreateIsoContourSKivoTexImage() {
         glLineWidth(1.0f);
     };
     const double volume[] = {m_boundingBoxMin[0], m_boundingBoxMax[0], m_boundingBoxMin[1],
-                             m_boundingBoxMax[1]};
+                             m_boundingBoxMax[1], -1.0, 1.0};
     constexpr float transparentWhite[] = {1.0f, 1.0f, 1.0f, 0.0f};
     if (HasReadablePoints())
         DrawIntoTexels(contourTexSize, volume, transparentWhite, draw, m_isoContourTexels);

@@ -325,6 +325,19 @@ TEST_P(ContextInWindow, TheClientAreaIsSplitAndTruncated) {
     EXPECT_EQ(Viewport(viewport), (std::vector<int>{64, 0, 336, 240}));
 }
 
+TEST_P(ContextInWindow, AViewportBeyondTheNumbersBeginsAtTheLast) {
+    constexpr int most = std::numeric_limits<int>::max(), least = std::numeric_limits<int>::min();
+    plotter.UpdateViewport(most - 10, most, 1000, 5);
+    EXPECT_EQ(plotter.m_plotViewport[0], most);
+    EXPECT_EQ(plotter.m_legendViewport[0], most - 10);
+    plotter.UpdateViewport(most, 0, most, most);
+    EXPECT_EQ(plotter.m_plotViewport[0], most);
+    plotter.UpdateViewport(least, least, -1000, least);
+    EXPECT_EQ(plotter.m_plotViewport[0], least);
+    plotter.UpdateViewport(least, 0, 1000, 5);
+    EXPECT_EQ(plotter.m_plotViewport[0], least + 160);
+}
+
 // A derived class would read the error as its own.
 TEST_P(ContextInWindow, SizesThatShowNothingLeaveNoError) {
     constexpr int most = std::numeric_limits<int>::max(), least = std::numeric_limits<int>::min();
@@ -359,6 +372,21 @@ TEST_P(ContextInWindow, SizesThatShowNothingLeaveNoError) {
             plotter.SwitchToNormalPlot();
             expectNoError("other plots");
         }
+    plotter.OnDestroy();
+}
+
+// One point: bounds, view volume and pictures of lines without extent.
+TEST_P(ContextInWindow, DataWithoutExtentLeaveNoError) {
+    float point[12] = {};
+    for (const bool isPicture : {false, true}) {
+        plotter.m_useIsoContourTexture = plotter.m_useFramelineTexture = isPicture;
+        plotter.SetDataReference(point, 2, 2, 1, 2, 3);
+        plotter.Renderscene();
+        plotter.SetDataReference(point, 1, 1, 1, 1, 0x40000000u); // points farther apart than OpenGL counts
+        plotter.Renderscene();
+        const CurrentContext context(plotter);
+        EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR)) << isPicture;
+    }
     plotter.OnDestroy();
 }
 
