@@ -19,8 +19,8 @@
 // - Points and vectors are three floats x, y, z. Matrices are sixteen doubles in OpenGL's column-major order.
 // - Colours are four floats red, green, blue, alpha from 0 to 1, or an unsigned long 0x00BBGGRR with
 //   red in the low byte, each byte divided by 255 and alpha 1.
-// - Nothing is thrown by the plotter itself; std::bad_alloc and std::length_error of the standard
-//   library pass.
+// - Nothing is thrown but std::bad_alloc where memory ends, and std::length_error for counts that no memory
+//   can hold; the latter changes nothing.
 #pragma once
 
 #include "KivoPlatform.h"
@@ -253,6 +253,10 @@ public:
     /// @param components    floats of a point: x, y, z first; a fourth is taken as the homogeneous w. With
     ///                      fewer than three nothing is read or drawn
     /// @return 0
+    /// @throws std::length_error  for more than 2^32 - 1 points, or for so many floats from a point to the
+    ///                            next: nothing has changed then, and the array is the host's
+    /// @throws std::bad_alloc     without memory: the array is the plotter's all the same, and what could not
+    ///                            be made of it is left out
     int SetData(float* points, unsigned int columns, unsigned int rows, unsigned int columnStride,
                 unsigned int rowStride, unsigned int components);
 
@@ -264,6 +268,7 @@ public:
     /// Sets how many cells lie between inner frame lines; the four borders are always drawn. Steps beyond the
     /// grid leave the borders alone; a line next to the far border is left out when it would make a strip
     /// thinner than half a step, rounded down. A step of 0 draws no lines. New data go back to steps of 1.
+    /// Without memory for new lines (std::bad_alloc) the old ones stay.
     void SetFrameLineStep(unsigned int columnStep, unsigned int rowStep);
     /// @param color  0x00BBGGRR; black at first
     void SetFrameLineColor(unsigned long color);
@@ -271,6 +276,8 @@ public:
     /// Sets the number of contour levels of each axis, 20 at first, and traces the contours anew. A count of
     /// 1 leaves the z contours without a level.
     /// @return 0; -3 for a count of 0, which changes nothing
+    /// @throws std::bad_alloc, std::length_error  without memory for the contours: count and contours are as
+    ///                                            before
     int SetIsoContourCount(unsigned int count);
 
     // ---------------------------------------------------------------------------------------------------------
@@ -413,6 +420,7 @@ public:
     /// @param points          pointCount * floatsPerPoint floats
     /// @param floatsPerPoint  the first three are x, y, z; those that are missing are 0
     /// @return the curve's index, from 0; -3 for a null pointer or a count of 0
+    /// @throws std::bad_alloc, std::length_error  without memory for the points: there is no such curve then
     int AddCurveData(float* points, unsigned int pointCount, unsigned int floatsPerPoint);
     int SetCurveColor(int index, unsigned long color); ///< 0x00BBGGRR @return 0; -2 for a bad index
     int SetCurveVisibility(int index, bool visible);   ///< line and balls @return 0; -2 for a bad index
@@ -434,6 +442,7 @@ public:
     /// @param floatsPerPoint  the first three are x, y, z; those that are missing are 0
     /// @param name            UTF-8, not null; its image is made now, so add groups after OnCreate
     /// @return 0; -3 for a null pointer or a count of 0
+    /// @throws std::length_error  for more floats than memory has addresses for: there is no such group then
     int AddMeasurePoints(unsigned int pointCount, unsigned int floatsPerPoint, float* points,
                          const char* name);
     /// The same as AddMeasurePoints.
@@ -906,13 +915,16 @@ private:
     bool HasDrawablePoints() const;
     void SetVertexPointer() const;
     void UploadFramelineTexture() const;
-    void AssignFlatContours(std::vector<SKivoIsoContour>& contours, int axis,
-                            const std::vector<float>& levels);
+    struct SContourPicture;
+    SContourPicture TraceContourPicture(unsigned int count) const;
+    void DrawContourPicture(SContourPicture& picture);
+    std::vector<float> FlatContourLevels(int axis, unsigned int count) const;
+    void AssignFlatContours(std::vector<SKivoIsoContour>& contours, int axis, unsigned int count);
     void RenderFlatContours(const std::vector<SKivoIsoContour>& contours, const CKivoGradientColor* gradient,
                             int axis);
     GridView Grid() const;
     int ContouredAxis() const;
-    std::vector<float> EvenHeights() const;
+    std::vector<float> EvenHeights(unsigned int count) const;
     void SetAxisTitle(int axis, const char* title, std::string& stored);
     void CallFontLists(const char* text, std::size_t count);
     template <typename Change>

@@ -157,6 +157,24 @@ TEST(CurveStore, NoPointsAreRefusedAndNothingIsStored) {
     EXPECT_EQ(plotter.AddCurveData(points, 1, 3), 0);
 }
 
+// 0x80000000 squared floats have as many bytes as 64 bits count, which is none.
+TEST(CurveStore, CountsBeyondTheAddressSpaceAreRefusedAndNothingIsStored) {
+    CurveProbe plotter;
+    float points[] = {0, 1, 2};
+    const unsigned int counts[][2] = {{0x80000000u, 0x80000000u},
+                                      {0xFFFFFFFFu, 0xFFFFFFFFu},
+                                      {0xFFFFFFFFu, 0x80000001u},
+                                      {0x40000000u, 0x80000000u}};
+    for (const auto& count : counts) {
+        EXPECT_THROW(plotter.AddCurveData(points, count[0], count[1]), std::length_error);
+        EXPECT_EQ(StoreSizes(plotter), std::vector<std::size_t>(5, 0));
+        EXPECT_THROW(plotter.AddMeasurePoints(count[0], count[1], points, "group"), std::length_error);
+        EXPECT_EQ(plotter.GetNumMeasureGroups(), 0u);
+    }
+    EXPECT_EQ(plotter.AddCurveData(points, 1, 3), 0);
+    EXPECT_EQ(plotter.AddMeasurePoints(1, 3, points, "group"), 0);
+}
+
 TEST(CurveStore, SettersRefuseIndicesThatNoCurveHas) {
     CurveProbe plotter;
     float points[] = {0, 1, 2};
