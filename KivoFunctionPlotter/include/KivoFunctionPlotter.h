@@ -19,14 +19,15 @@
 // - Points and vectors are three floats x, y, z. Matrices are sixteen doubles in OpenGL's column-major order.
 // - Colours are four floats red, green, blue, alpha from 0 to 1, or an unsigned long 0x00BBGGRR with
 //   red in the low byte, each byte divided by 255 and alpha 1.
-// - Nothing is thrown by the plotter itself; std::bad_alloc and std::length_error of the standard
-//   library pass.
+// - Nothing is thrown but std::bad_alloc where memory ends, and std::length_error for counts that no memory
+//   can hold; the latter changes nothing.
 #pragma once
 
 #include "KivoPlatform.h"
 #include "KivoTypes.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <list>
 #include <string>
 #include <vector>
@@ -89,12 +90,12 @@ public:
     int OnCreate(HWND hWnd, int cx, int cy, bool accelerated);
 
     /// The same with a text size of its own.
-    /// @param fontSize  height of titles and labels in points
+    /// @param fontSize  height of titles and labels in points; below 0 that of their lines
     int OnCreate(HWND hWnd, int cx, int cy, int fontSize, bool accelerated);
 
-    /// Gives back the data, the fonts and the OpenGL context. Afterwards the object may be destroyed or bound
-    /// to a window again, where titles and names of measure groups show once they have been set anew. Calling
-    /// it twice does no harm.
+    /// Gives back the data, the fonts and the OpenGL context, and forgets the traced point. Afterwards the
+    /// object may be destroyed or bound to a window again, where titles and names of measure groups show once
+    /// they have been set anew. Calling it twice does no harm.
     /// @return 0, or -1 when the OpenGL context could not be deleted; everything else is freed all the same
     int OnDestroy();
 
@@ -104,7 +105,8 @@ public:
     /// Lays the plot out for a new size of the client area and fits the view to it, so that zoom is undone
     /// while rotation and pan stay. The left 16 % of the width become the legend, the rest the plot.
     /// @param type    ignored
-    /// @param cx, cy  client size in pixels; sizes of 0 make degenerate view volumes and draw nothing
+    /// @param cx, cy  client size in pixels; sizes of 0 and less make degenerate view volumes and draw
+    ///                nothing, and leave no error in OpenGL's queue
     void OnSize(unsigned int type, int cx, int cy);
 
     /// Selects the text font into its device context again and reads its metrics.
@@ -198,10 +200,12 @@ public:
     void OnMouseWheel(unsigned int flags, short delta, POINT pt);
 
     /// Turns the plot about the screen axis across the way from one client point to the other, by 160 degrees
-    /// for the width of the viewport. Without a width it does nothing.
+    /// for the width of the viewport. Without a width it does nothing, nor where the pan, which turns with
+    /// the plot, would pass single precision.
     void Rotate(POINT from, POINT to);
     /// Shifts the plot along the way from one client point to the other, at 0.8 of its length. While the
-    /// viewport has no width or the view volume no finite one, it does nothing.
+    /// viewport has no width or the view volume no finite one, it does nothing, nor where the pan would pass
+    /// single precision.
     void Translate(POINT from, POINT to);
     /// Scales the view volume.
     /// @param factor  above 0; below 1 it enlarges the picture. A negative one also turns the picture by 180
@@ -217,7 +221,7 @@ public:
     /// @return whether trace mode is on
     bool IsTracing() const;
     /// @param out  receives x, y, z of the traced point in data coordinates
-    /// @return whether there is one; without, out is left alone
+    /// @return whether there is one; without, out is left alone. New data and OnDestroy forget it
     bool GetTracePoint(float* const out);
     /// Finds the nearest point of the surface under a client point; every cell is accounted for.
     /// @return 0, or 1 when there is none; the point is forgotten then
@@ -230,7 +234,7 @@ public:
     // ---------------------------------------------------------------------------------------------------------
 
     /// Takes a grid of points over: bounding box, colours, axis ranges and the fitted view follow from it.
-    /// Whatever lay over the previous data is released, curves included.
+    /// Whatever lay over the previous data is released, curves included, and the traced point is forgotten.
     ///
     /// The point at column c and row r begins at float (c * columnStride + r * rowStride) * components.
     /// Drawing takes the array as packed row by row, so the expected layout is columnStride 1 and rowStride =
@@ -239,7 +243,9 @@ public:
     /// read beyond them, draw no surface. A grid one point wide or high has bounds and colours but no
     /// triangles.
     /// @param points        not null unless columns * rows is 0; from new[], freed with delete[] by the
-    ///                      plotter
+    ///                      plotter. An array that the plotter owns already may be handed over again,
+    ///                      changed, with other counts, and from a later point on: it is kept and read again.
+    ///                      One that SetDataReference has lent becomes the plotter's
     /// @param columns       points in a row
     /// @param rows          number of rows
     /// @param columnStride  points from one column to the next
@@ -247,16 +253,22 @@ public:
     /// @param components    floats of a point: x, y, z first; a fourth is taken as the homogeneous w. With
     ///                      fewer than three nothing is read or drawn
     /// @return 0
+    /// @throws std::length_error  for more than 2^32 - 1 points, or for so many floats from a point to the
+    ///                            next: nothing has changed then, and the array is the host's
+    /// @throws std::bad_alloc     without memory: the array is the plotter's all the same, and what could not
+    ///                            be made of it is left out
     int SetData(float* points, unsigned int columns, unsigned int rows, unsigned int columnStride,
                 unsigned int rowStride, unsigned int components);
 
-    /// The same, but the array stays the host's: it must live unchanged until the next data or OnDestroy.
+    /// The same, but the array stays the host's: it must live unchanged until the next data or OnDestroy. One
+    /// that the plotter owns already, or a part of it, is kept and read again, and stays the plotter's.
     int SetDataReference(float* points, unsigned int columns, unsigned int rows, unsigned int columnStride,
                          unsigned int rowStride, unsigned int components);
 
     /// Sets how many cells lie between inner frame lines; the four borders are always drawn. Steps beyond the
     /// grid leave the borders alone; a line next to the far border is left out when it would make a strip
     /// thinner than half a step, rounded down. A step of 0 draws no lines. New data go back to steps of 1.
+    /// Without memory for new lines (std::bad_alloc) the old ones stay.
     void SetFrameLineStep(unsigned int columnStep, unsigned int rowStep);
     /// @param color  0x00BBGGRR; black at first
     void SetFrameLineColor(unsigned long color);
@@ -264,6 +276,8 @@ public:
     /// Sets the number of contour levels of each axis, 20 at first, and traces the contours anew. A count of
     /// 1 leaves the z contours without a level.
     /// @return 0; -3 for a count of 0, which changes nothing
+    /// @throws std::bad_alloc, std::length_error  without memory for the contours: count and contours are as
+    ///                                            before
     int SetIsoContourCount(unsigned int count);
 
     // ---------------------------------------------------------------------------------------------------------
@@ -406,11 +420,11 @@ public:
     /// @param points          pointCount * floatsPerPoint floats
     /// @param floatsPerPoint  the first three are x, y, z; those that are missing are 0
     /// @return the curve's index, from 0; -3 for a null pointer or a count of 0
+    /// @throws std::bad_alloc, std::length_error  without memory for the points: there is no such curve then
     int AddCurveData(float* points, unsigned int pointCount, unsigned int floatsPerPoint);
     int SetCurveColor(int index, unsigned long color); ///< 0x00BBGGRR @return 0; -2 for a bad index
     int SetCurveVisibility(int index, bool visible);   ///< line and balls @return 0; -2 for a bad index
-    /// @param width  of the line in pixels, above 0. OpenGL refuses 0 and less: the line then has the width
-    ///               of the curve drawn before it, or 1.
+    /// @param width  of the line in pixels, above 0; with 0 and less, or no number, the line has the width 1
     /// @return 0; -2 for a bad index
     int SetCurveWidth(int index, float width);
 
@@ -428,6 +442,7 @@ public:
     /// @param floatsPerPoint  the first three are x, y, z; those that are missing are 0
     /// @param name            UTF-8, not null; its image is made now, so add groups after OnCreate
     /// @return 0; -3 for a null pointer or a count of 0
+    /// @throws std::length_error  for more floats than memory has addresses for: there is no such group then
     int AddMeasurePoints(unsigned int pointCount, unsigned int floatsPerPoint, float* points,
                          const char* name);
     /// The same as AddMeasurePoints.
@@ -485,7 +500,7 @@ protected:
     void Reshape(int cx, int cy);
 
     /// Sets both viewports to shares of a rectangle in window pixels: 16 % legend on the left, 84 % plot,
-    /// truncated. The plotter itself does not call it.
+    /// truncated; the plot begins at most at the largest int. The plotter itself does not call it.
     void UpdateViewport(int x, int y, int width, int height);
 
     /// Places both lights around the data box and keeps the second one off. Where the view has no finite
@@ -508,7 +523,7 @@ protected:
     /// @return 0
     int ReleaseIsoContour();
     /// Frees everything that depends on the data: arrays, labels, contours, curves, and the points unless
-    /// they are the host's.
+    /// they are the host's. The traced point is forgotten.
     /// @return 0
     int ReleaseDataRelativeResource();
     /// What OnDestroy does.
@@ -836,7 +851,7 @@ protected:
     unsigned int m_columnCount = 0;    ///< points in a row
     unsigned int m_rowCount = 0;       ///< rows of points
     unsigned int m_vertexCount = 0;    ///< points in all
-    unsigned int m_indexCount = 0;     ///< entries of m_indexArray
+    unsigned int m_indexCount = 0;     ///< entries of m_indexArray, of more than 32 bits the lower ones
     unsigned int m_columnStride = 0;   ///< in floats
     unsigned int m_rowStride = 0;      ///< in floats
     unsigned int m_componentCount = 0; ///< floats of a point
@@ -849,7 +864,7 @@ protected:
     std::vector<float> m_curveWidths;             ///< of the line in pixels
 
     // Frame lines
-    int m_framelineIndexCount = 0;            ///< entries of m_framelineIndexArray
+    int m_framelineIndexCount = 0; ///< entries of m_framelineIndexArray, of more than 32 bits the lower ones
     float m_framelineColor[4] = {0, 0, 0, 1}; ///< RGBA
 
     // Trace
@@ -870,7 +885,16 @@ private:
     friend struct PictureAccess; // draws without presenting, for KivoPicture.h
     friend struct ViewAccess;    // saves and restores what a view consists of
 
-    std::size_t m_colorArraySize = 0; // floats that m_colorArray had room for when it was made
+    struct SOwnedArray {
+        float* start;        // from new[]
+        std::size_t floats;  // that it has at least
+        const float* points; // m_points when this was noted
+    };
+
+    std::size_t m_colorArraySize = 0;     // floats that m_colorArray had room for when it was made
+    std::size_t m_indexArraySize = 0;     // of which m_indexCount has the lower bits
+    std::size_t m_framelineArraySize = 0; // of which m_framelineIndexCount has the lower bits
+    SOwnedArray m_ownedArray = {};        // what the points lie in, unless a derived class has replaced them
 
     void InitRuler(CKivoGradientColorRuler* ruler, CKivoGradientColor* gradient);
     void ForgetNameTextures();
@@ -881,21 +905,30 @@ private:
     void FitFlatPlot(int horizontalAxis, int verticalAxis, const bool* shifted);
     void SetViewVolume(double diagonal, double share);
     void ScaleView(double scale);
+    void TurnMatrix(float angle, float x, float y, float z, double* turned) const;
     void SetRotationBlock(const double* x, const double* y, const double* z);
     void ApplyOrientation(const double* x, const double* y, const double* z);
     int TakeData(float* points, bool isReference, const unsigned int* counts, const unsigned int* strides,
                  unsigned int components);
+    void ReleaseWhatFollowsFromData();
+    SOwnedArray OwnedArray() const;
+    static bool IsInside(const SOwnedArray& array, const float* points);
+    void ReleasePoints();
+    std::uint64_t AddressedFloats() const;
     bool HasReadablePoints() const;
     bool HasDrawablePoints() const;
     void SetVertexPointer() const;
     void UploadFramelineTexture() const;
-    void AssignFlatContours(std::vector<SKivoIsoContour>& contours, int axis,
-                            const std::vector<float>& levels);
+    struct SContourPicture;
+    SContourPicture TraceContourPicture(unsigned int count) const;
+    void DrawContourPicture(SContourPicture& picture);
+    std::vector<float> FlatContourLevels(int axis, unsigned int count) const;
+    void AssignFlatContours(std::vector<SKivoIsoContour>& contours, int axis, unsigned int count);
     void RenderFlatContours(const std::vector<SKivoIsoContour>& contours, const CKivoGradientColor* gradient,
                             int axis);
     GridView Grid() const;
     int ContouredAxis() const;
-    std::vector<float> EvenHeights() const;
+    std::vector<float> EvenHeights(unsigned int count) const;
     void SetAxisTitle(int axis, const char* title, std::string& stored);
     void CallFontLists(const char* text, std::size_t count);
     template <typename Change>

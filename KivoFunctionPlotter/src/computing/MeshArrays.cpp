@@ -92,12 +92,19 @@ void FindBounds(const GridView& grid, float* min, float* max) {
             Widen(grid.At(c, r), min, max);
 }
 
-void FillTexcoords(unsigned int columns, unsigned int rows, float* texcoords) {
+void FillTexcoords(unsigned int columns, unsigned int rows, float* texcoords, unsigned int mostInVectors) {
     const float du = 1.0f / static_cast<float>(std::max(columns, 1u) - 1);
     const float dv = 1.0f / static_cast<float>(std::max(rows, 1u) - 1);
-    for (std::size_t r = 0; r < rows; ++r)
-        FillTexcoordRow(static_cast<int>(columns), du, static_cast<float>(r) * dv,
-                        texcoords + r * columns * 2);
+    for (std::size_t r = 0; r < rows; ++r) {
+        const float v = static_cast<float>(r) * dv;
+        float* const row = texcoords + r * columns * 2;
+        const unsigned int inVectors = std::min(columns, mostInVectors);
+        FillTexcoordRow(static_cast<int>(inVectors), du, v, row);
+        for (std::size_t c = inVectors; c < columns; ++c) {
+            row[2 * c] = static_cast<float>(c) * du;
+            row[2 * c + 1] = v;
+        }
+    }
 }
 
 void FillTriangleIndices(unsigned int cellColumns, unsigned int cellRows, unsigned int* indices) {

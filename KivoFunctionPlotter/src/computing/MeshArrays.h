@@ -14,8 +14,10 @@ void FindBounds(const GridView& grid, float* min, float* max);
 
 /// Texture coordinates that run from 0 to 1 across the grid, row by row; infinite or no numbers where there
 /// is one column or row only.
-/// @param texcoords  receives two floats a point
-void FillTexcoords(unsigned int columns, unsigned int rows, float* texcoords);
+/// @param texcoords      receives two floats a point
+/// @param mostInVectors  of a row's columns that are numbered by ints, as vectors need it
+void FillTexcoords(unsigned int columns, unsigned int rows, float* texcoords,
+                   unsigned int mostInVectors = 1u << 30);
 
 /// Two triangles a cell, split from its (c, r) to its (c + 1, r + 1) corner, both wound alike. Points are
 /// numbered row by row.

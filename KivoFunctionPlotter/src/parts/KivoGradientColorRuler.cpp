@@ -1,5 +1,6 @@
 #include "KivoGradientColorRuler.h"
 
+#include "drawing/Camera.h"
 #include "drawing/GLScopes.h"
 #include "drawing/TexturedQuad.h"
 #include "KivoGradientColor.h"
@@ -80,11 +81,14 @@ void CKivoGradientColorRuler::Render(const int* viewport, const double* volume) 
     // In a narrow strip the labels reach beyond it, at the same place and size.
     const int overhang = LabelOverhang((right - volume[0]) / worldPerPixel, viewport[2]);
     glPushAttrib(GL_VIEWPORT_BIT);
-    glViewport(viewport[0], viewport[1], viewport[2] + overhang, viewport[3]);
+    const int widened[] = {viewport[0], viewport[1], viewport[2] + overhang, viewport[3]};
+    SetViewport(widened);
     const MatrixModeScope projection(GL_PROJECTION);
     glPushMatrix();
     glLoadIdentity();
-    glOrtho(volume[0], volume[1] + overhang * worldPerPixel, volume[2], volume[3], volume[4], volume[5]);
+    const double widenedVolume[] = {
+        volume[0], volume[1] + overhang * worldPerPixel, volume[2], volume[3], volume[4], volume[5]};
+    MultiplyOrtho(widenedVolume);
     glMatrixMode(GL_MODELVIEW);
     glPushMatrix();
     glLoadIdentity();

@@ -4,8 +4,18 @@
 #include "TextRenderer.h"
 
 #include <new>
+#include <utility>
 
 namespace KivoDrawingTools {
+
+namespace {
+
+// Room for the positions of one tick more than there are intervals; for none where that count has wrapped.
+std::unique_ptr<float[]> NewTickPositions(unsigned int intervals) {
+    return std::unique_ptr<float[]>(new float[intervals + 1]);
+}
+
+} // namespace
 
 CKivoGridBox::CKivoGridBox(const bool* inverseX, const bool* inverseY, const bool* inverseZ)
     : m_inverseAxis{inverseX, inverseY, inverseZ} {}
@@ -34,44 +44,50 @@ void CKivoGridBox::FitToData(const float* dataMin, const float* dataMax) {
         m_precision[axis] = LabelPrecision(m_tickStep[axis]);
     }
     for (int axis = 0; axis < 3; ++axis)
-        UpdateBox(axis);
+        UpdateBox(axis, NewTickPositions(m_tickIntervals[axis]));
 }
 
 void CKivoGridBox::SetAxisMin(int axis, float value) {
+    std::unique_ptr<float[]> positions = NewTickPositions(m_tickIntervals[axis]);
     m_axisMin[axis] = value;
     m_tickStep[axis] = (m_axisMax[axis] - m_axisMin[axis]) / static_cast<float>(m_tickIntervals[axis]);
-    UpdateBox(axis);
+    UpdateBox(axis, std::move(positions));
 }
 
 void CKivoGridBox::SetAxisMax(int axis, float value) {
+    std::unique_ptr<float[]> positions = NewTickPositions(m_tickIntervals[axis]);
     m_axisMax[axis] = value;
     m_tickStep[axis] = (m_axisMax[axis] - m_axisMin[axis]) / static_cast<float>(m_tickIntervals[axis]);
-    UpdateBox(axis);
+    UpdateBox(axis, std::move(positions));
 }
 
 void CKivoGridBox::SetTickMarkNumber(int axis, unsigned int count) {
+    std::unique_ptr<float[]> positions = NewTickPositions(count - 1);
     ReleaseTickLabels(axis);
     m_tickIntervals[axis] = count - 1;
     m_tickStep[axis] = (m_axisMax[axis] - m_axisMin[axis]) / static_cast<float>(count - 1);
-    UpdateBox(axis);
+    UpdateBox(axis, std::move(positions));
 }
 
 // Box corners, tick positions and labels of an axis whose range, step or interval count has changed.
-void CKivoGridBox::UpdateBox(int axis) {
+void CKivoGridBox::UpdateBox(int axis, std::unique_ptr<float[]> tickPositions) {
     const float margin = (m_axisMax[axis] - m_axisMin[axis]) * m_marginRatio;
     m_boxMin[axis] = m_axisMin[axis] - margin;
     m_boxMax[axis] = m_axisMax[axis] + margin;
     m_tickOffset[axis] = margin;
     m_margin[axis] = margin;
-    BuildTickPositions(axis);
+    PlaceTicks(axis, std::move(tickPositions));
     BuildTickLabels(axis);
 }
 
 void CKivoGridBox::BuildTickPositions(int axis) {
+    PlaceTicks(axis, NewTickPositions(m_tickIntervals[axis]));
+}
+
+void CKivoGridBox::PlaceTicks(int axis, std::unique_ptr<float[]> tickPositions) {
     delete[] m_tickPositions[axis];
-    m_tickPositions[axis] = nullptr;
-    const unsigned int count = m_tickIntervals[axis] + 1; // 0 where the interval count has wrapped
-    m_tickPositions[axis] = new float[count];
+    m_tickPositions[axis] = tickPositions.release();
+    const unsigned int count = m_tickIntervals[axis] + 1;
     for (unsigned int i = 0; i < count; ++i)
         m_tickPositions[axis][i] = static_cast<float>(i) * m_tickStep[axis] + m_tickOffset[axis];
 }

@@ -4,6 +4,8 @@
 #include "computing/AxisLabelLayout.h"
 #include "KivoTypes.h"
 
+#include <memory>
+
 namespace KivoDrawingTools {
 
 struct STextRenderer;
@@ -21,7 +23,8 @@ public:
     /// Chooses round ranges, steps and label precisions around a data box.
     /// @param dataMin, dataMax  three floats each; the pointers are kept
     void FitToData(const float* dataMin, const float* dataMax);
-    /// Sets one end of an axis; the number of intervals and the precision are kept.
+    /// Sets one end of an axis; the number of intervals and the precision are kept. Without memory for the
+    /// tick positions, here and in SetTickMarkNumber, everything is as before.
     void SetAxisMin(int axis, float value);
     void SetAxisMax(int axis, float value); ///< as SetAxisMin
     /// Divides the axis range by count - 1 intervals. A count of 1 makes the step infinite, 0 wraps the
@@ -95,7 +98,8 @@ public:
 private:
     static constexpr int planeAcross[] = {2, 0, 1}; // an axis's entry of m_backPlane
 
-    void UpdateBox(int axis);
+    void UpdateBox(int axis, std::unique_ptr<float[]> tickPositions);
+    void PlaceTicks(int axis, std::unique_ptr<float[]> tickPositions);
     void UpdatePlaneGeometry();
     void RenderOutlines() const;
     void RenderGridLines() const;

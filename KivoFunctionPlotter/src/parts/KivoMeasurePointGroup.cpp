@@ -19,9 +19,10 @@ CKivoMeasurePointGroup::~CKivoMeasurePointGroup() {
 }
 
 void CKivoMeasurePointGroup::SetName(const char* name) {
-    m_name = name;
+    std::string text = name;
     ReleaseTextImage(&m_nameImage);
-    CreateTextImage(m_textMaker, m_name.c_str(), &m_nameImage);
+    CreateTextImage(m_textMaker, text.c_str(), &m_nameImage);
+    m_name.swap(text);
 }
 
 void CKivoMeasurePointGroup::SetColor(unsigned long color) {

@@ -2,6 +2,7 @@
 #include "KivoFunctionPlotter.h"
 
 #include "drawing/GLScopes.h"
+#include "drawing/LongDraws.h"
 #include "parts/KivoGridBox.h"
 #include "parts/TextRenderer.h"
 #include "window_system/WindowSystem.h"
@@ -125,7 +126,7 @@ void CKivoFunctionPlotter::RenderPlotName() {
 void CKivoFunctionPlotter::CallFontLists(const char* text, std::size_t count) {
     glPushAttrib(GL_LIST_BIT);
     glListBase(m_fontListBase);
-    glCallLists(static_cast<GLsizei>(count), GL_UNSIGNED_BYTE, text);
+    CallLists(text, count);
     glPopAttrib();
 }
 

@@ -14,7 +14,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <iterator>
+#include <limits>
 #include <new>
 
 namespace KivoDrawingTools {
@@ -149,6 +151,13 @@ int CKivoFunctionPlotter::ReleaseIsoContour() {
 }
 
 int CKivoFunctionPlotter::ReleaseDataRelativeResource() {
+    ReleaseWhatFollowsFromData();
+    ReleasePoints();
+    return 0;
+}
+
+// Everything but the points.
+void CKivoFunctionPlotter::ReleaseWhatFollowsFromData() {
     {
         const ContextScope context(m_hDC, m_hGLRC);
         for (int axis = 0; m_gridBox && axis < 3; ++axis) {
@@ -175,9 +184,7 @@ int CKivoFunctionPlotter::ReleaseDataRelativeResource() {
     m_curveVisible.clear();
     m_curveColors.clear();
     m_curveWidths.clear();
-    if (!m_isDataReference) delete[] m_points;
-    m_points = nullptr;
-    return 0;
+    m_hasTracePoint = 0;
 }
 
 int CKivoFunctionPlotter::Release() {
@@ -451,7 +458,9 @@ void CKivoFunctionPlotter::FitToPlotType() {
 void CKivoFunctionPlotter::UpdateViewport(int x, int y, int width, int height) {
     const int legendWidth = static_cast<int>(width * legendShare);
     const int legendViewport[] = {x, y, legendWidth, height};
-    const int plotViewport[] = {x + legendWidth, y, static_cast<int>(width * plotShare), height};
+    const std::int64_t plotX = std::clamp<std::int64_t>(
+        std::int64_t{x} + legendWidth, std::numeric_limits<int>::min(), std::numeric_limits<int>::max());
+    const int plotViewport[] = {static_cast<int>(plotX), y, static_cast<int>(width * plotShare), height};
     std::copy(std::begin(legendViewport), std::end(legendViewport), m_legendViewport);
     std::copy(std::begin(plotViewport), std::end(plotViewport), m_plotViewport);
 }

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <limits>
+#include <stdexcept>
 
 namespace KivoDrawingTools {
 
@@ -28,6 +29,14 @@ void MakeRoom(Container& container) {
     if (container.size() == container.capacity()) container.reserve(2 * container.size() + 8);
 }
 
+// Floats of so many points. No array has more of them than memory has addresses for.
+std::size_t FloatCount(unsigned int pointCount, unsigned int floatsPerPoint) {
+    const std::size_t most = std::vector<float>().max_size();
+    if (floatsPerPoint > most / pointCount)
+        throw std::length_error("the counts of points and floats exceed what memory can hold");
+    return std::size_t{pointCount} * floatsPerPoint;
+}
+
 // x, y, z of a point of a curve; a coordinate that it does not have is 0.
 void CopyCurvePoint(const std::vector<float>& data, std::size_t stride, std::size_t i, float* point) {
     for (std::size_t k = 0; k < 3; ++k)
@@ -40,7 +49,7 @@ void CopyCurvePoint(const std::vector<float>& data, std::size_t stride, std::siz
 
 int CKivoFunctionPlotter::AddCurveData(float* points, unsigned int pointCount, unsigned int floatsPerPoint) {
     if (!points || pointCount == 0 || floatsPerPoint == 0) return refusedArgument;
-    const std::size_t size = std::size_t{pointCount} * floatsPerPoint;
+    const std::size_t size = FloatCount(pointCount, floatsPerPoint);
     // Room first, so that all containers grow or none does.
     MakeRoom(m_curvePointCounts);
     MakeRoom(m_curveVisible);
@@ -80,7 +89,8 @@ void CKivoFunctionPlotter::RenderCurves() {
         const std::size_t count = m_curvePointCounts[index];
         const std::size_t stride = data.size() / count;
         float point[3];
-        glLineWidth(m_curveWidths[index]);
+        const float width = m_curveWidths[index];
+        glLineWidth(width > 0.0f ? width : 1.0f); // OpenGL refuses others
         glBegin(GL_LINES);
         for (std::size_t k = 0; k + 1 < count; ++k)
             for (const std::size_t end : {k, k + 1}) {
@@ -146,6 +156,7 @@ CKivoMeasurePointGroup* CKivoFunctionPlotter::FindMeasureGroup(unsigned int inde
 int CKivoFunctionPlotter::AddMeasurePoints(unsigned int pointCount, unsigned int floatsPerPoint,
                                            float* points, const char* name) {
     if (pointCount == 0 || floatsPerPoint == 0 || !points) return refusedArgument;
+    FloatCount(pointCount, floatsPerPoint); // the points are read when they are drawn
     const ContextScope context(m_hDC, m_hGLRC);
     if (m_measureGroups) m_measureGroups->AddGroup(pointCount, floatsPerPoint, points, name, m_textRenderer);
     return 0;

@@ -4,7 +4,9 @@
 #include "computing/ColorSpace.h"
 #include "computing/MarchingSquares.h"
 #include "computing/MeshArrays.h"
+#include "drawing/Camera.h"
 #include "drawing/GLScopes.h"
+#include "drawing/LongDraws.h"
 #include "parts/KivoGradientColor.h"
 #include "parts/KivoGridBox.h"
 #include "window_system/WindowSystem.h"
@@ -12,7 +14,11 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
+#include <functional>
+#include <limits>
 #include <memory>
+#include <stdexcept>
+#include <utility>
 
 namespace KivoDrawingTools {
 
@@ -24,9 +30,43 @@ constexpr int contourTexSize = 400;
 
 template <typename T>
 void ReplaceArray(T*& array, std::size_t count) {
+    T* const fresh = new T[count];
     delete[] array;
-    array = nullptr;
-    array = new T[count];
+    array = fresh;
+}
+
+// Contours that no plotter has taken yet.
+struct NewContours {
+    NewContours() = default;
+    ~NewContours() {
+        for (const SKivoIsoContour& contour : records)
+            delete[] contour.points;
+    }
+    NewContours(const NewContours&) = delete;
+    NewContours& operator=(const NewContours&) = delete;
+
+    std::vector<SKivoIsoContour> records;
+};
+
+// Points are numbered, and strides kept as floats, in 32 bits; what is made of a point must be addressable
+// too. A stride counts where there is a second point in its direction.
+void RefuseUncountable(const unsigned int* counts, const unsigned int* strides, unsigned int components) {
+    constexpr std::uint64_t most = std::numeric_limits<unsigned int>::max();
+    constexpr std::uint64_t mostBytes = std::numeric_limits<std::ptrdiff_t>::max();
+    constexpr std::uint64_t bytesPerPoint = 6 * sizeof(unsigned int); // of indices, the largest array
+    const std::uint64_t points = std::uint64_t{counts[0]} * counts[1];
+    bool isCountable = points <= std::min(most, mostBytes / bytesPerPoint);
+    for (const int side : {0, 1})
+        if (counts[side] > 1) isCountable &= std::uint64_t{strides[side]} * components <= most;
+    if (!isCountable) throw std::length_error("the counts or strides of the points exceed what can be held");
+}
+
+// White texels of a square picture, four bytes each.
+std::unique_ptr<unsigned char[]> WhiteTexels(int size) {
+    const std::size_t byteCount = static_cast<std::size_t>(size) * size * 4;
+    std::unique_ptr<unsigned char[]> texels(new unsigned char[byteCount]);
+    std::memset(texels.get(), 255, byteCount);
+    return texels;
 }
 
 // Cells along a side of so many points.
@@ -57,23 +97,21 @@ void DrawFramelineTexture() {
     glEnd();
 }
 
-// Draws into the lower left square of the back buffer and reads that into texels, four bytes a pixel, from
-// new[]. volume: left, right, bottom, top. draw must not throw. Viewport and clear colour are as before
-// afterwards; lighting is on.
+// Draws into the lower left square of the back buffer and reads that into fresh, which takes the place of
+// texels. volume: left, right, bottom, top, near, far. draw must not throw. Viewport and clear colour are as
+// before afterwards; lighting is on.
 template <typename Draw>
 void DrawIntoTexels(int size, const double* volume, const float* clearColor, Draw draw,
-                    unsigned char*& texels) {
-    // What can throw comes first, so that no state is left changed.
-    const std::size_t byteCount = static_cast<std::size_t>(size) * size * 4;
-    ReplaceArray(texels, byteCount);
-    std::memset(texels, 255, byteCount);
+                    std::unique_ptr<unsigned char[]> fresh, unsigned char*& texels) {
+    delete[] texels;
+    texels = fresh.release();
     glPushAttrib(GL_VIEWPORT_BIT | GL_COLOR_BUFFER_BIT);
     glViewport(0, 0, size, size);
     {
         const MatrixModeScope projection(GL_PROJECTION);
         glPushMatrix();
         glLoadIdentity();
-        glOrtho(volume[0], volume[1], volume[2], volume[3], -1.0, 1.0);
+        MultiplyOrtho(volume);
         glMatrixMode(GL_MODELVIEW);
         glPushMatrix();
         glLoadIdentity();
@@ -99,6 +137,13 @@ void DrawIntoTexels(int size, const double* volume, const float* clearColor, Dra
 
 } // namespace
 
+// Contours of equal z traced for their picture, and the room for it; without points there is no room.
+struct CKivoFunctionPlotter::SContourPicture {
+    std::vector<float> levels;
+    std::vector<LevelLines> lines;
+    std::unique_ptr<unsigned char[]> texels;
+};
+
 // ---- Data -----------------------------------------------------------------------------------------------
 
 int CKivoFunctionPlotter::SetData(float* points, unsigned int columns, unsigned int rows,
@@ -119,15 +164,25 @@ int CKivoFunctionPlotter::SetDataReference(float* points, unsigned int columns, 
 
 int CKivoFunctionPlotter::TakeData(float* points, bool isReference, const unsigned int* counts,
                                    const unsigned int* strides, unsigned int components) {
-    ReleaseDataRelativeResource();
+    RefuseUncountable(counts, strides, components);
+    ReleaseWhatFollowsFromData();
+    SOwnedArray array = OwnedArray();
+    if (!IsInside(array, points)) {
+        ReleasePoints();
+        array = {points, 0, points};
+        m_isDataReference = isReference;
+    }
     m_points = points;
-    m_isDataReference = isReference;
     m_columnCount = counts[0];
     m_rowCount = counts[1];
     m_vertexCount = m_columnCount * m_rowCount;
     m_componentCount = components;
     m_columnStride = strides[0] * components;
     m_rowStride = strides[1] * components;
+    if (!m_isDataReference) {
+        const auto end = static_cast<std::uint64_t>(points - array.start) + AddressedFloats();
+        m_ownedArray = {array.start, std::max(array.floats, static_cast<std::size_t>(end)), points};
+    }
 
     float min[3] = {};
     float max[3] = {};
@@ -144,6 +199,27 @@ int CKivoFunctionPlotter::TakeData(float* points, bool isReference, const unsign
     return 0;
 }
 
+// The array from new[] in which the plotter's points lie; of the host's points there is none.
+CKivoFunctionPlotter::SOwnedArray CKivoFunctionPlotter::OwnedArray() const {
+    if (m_isDataReference || !m_points) return {};
+    if (m_ownedArray.points == m_points) return m_ownedArray;
+    return {m_points, 0, m_points}; // put in by a derived class
+}
+
+// Pointers into different arrays are compared by std::less.
+bool CKivoFunctionPlotter::IsInside(const SOwnedArray& array, const float* points) {
+    if (!array.start || !points) return false;
+    const std::less<const float*> isBefore;
+    return points == array.start ||
+           (isBefore(array.start, points) && isBefore(points, array.start + array.floats));
+}
+
+void CKivoFunctionPlotter::ReleasePoints() {
+    delete[] OwnedArray().start;
+    m_points = nullptr;
+    m_ownedArray = {};
+}
+
 bool CKivoFunctionPlotter::HasReadablePoints() const {
     return m_points && m_columnCount != 0 && m_rowCount != 0 && m_componentCount >= 3;
 }
@@ -152,10 +228,17 @@ bool CKivoFunctionPlotter::HasReadablePoints() const {
 // end before them.
 bool CKivoFunctionPlotter::HasDrawablePoints() const {
     if (!HasReadablePoints()) return false;
+    constexpr std::size_t longestPoint = std::numeric_limits<GLsizei>::max() / sizeof(float);
+    if (m_componentCount > longestPoint) return false; // no stride of OpenGL's
     const std::uint64_t packed = std::uint64_t{m_columnCount} * m_rowCount * m_componentCount;
-    const std::uint64_t addressed = std::uint64_t{m_columnCount - 1} * m_columnStride +
-                                    std::uint64_t{m_rowCount - 1} * m_rowStride + m_componentCount;
-    return packed <= addressed;
+    return packed <= AddressedFloats();
+}
+
+// From the first point to the end of the last one.
+std::uint64_t CKivoFunctionPlotter::AddressedFloats() const {
+    if (!HasReadablePoints()) return 0;
+    return std::uint64_t{m_columnCount - 1} * m_columnStride + std::uint64_t{m_rowCount - 1} * m_rowStride +
+           m_componentCount;
 }
 
 // ---- Mesh arrays ----------------------------------------------------------------------------------------
@@ -181,8 +264,10 @@ void CKivoFunctionPlotter::AssignTexcoordData() {
 void CKivoFunctionPlotter::AssignIndexData() {
     const unsigned int cellColumns = CellCount(m_columnCount);
     const unsigned int cellRows = CellCount(m_rowCount);
-    m_indexCount = 6 * cellRows * cellColumns;
-    ReplaceArray(m_indexArray, std::size_t{cellRows} * cellColumns * 6);
+    const std::size_t count = std::size_t{cellRows} * cellColumns * 6;
+    ReplaceArray(m_indexArray, count);
+    m_indexArraySize = count;
+    m_indexCount = static_cast<unsigned int>(count);
     FillTriangleIndices(cellColumns, cellRows, m_indexArray);
 }
 
@@ -268,7 +353,8 @@ void CKivoFunctionPlotter::RenderSurface() {
             glDisable(GL_LIGHTING);
             glDisableClientState(GL_COLOR_ARRAY);
             glColor4fv(m_framelineColor);
-            glDrawElements(GL_LINES, m_framelineIndexCount, GL_UNSIGNED_INT, m_framelineIndexArray);
+            DrawIndexed(GL_LINES, m_framelineIndexArray,
+                        WholeCount(m_framelineIndexCount, m_framelineArraySize));
             glEnable(GL_LIGHTING);
             glEnableClientState(GL_COLOR_ARRAY);
         }
@@ -277,7 +363,7 @@ void CKivoFunctionPlotter::RenderSurface() {
     // The surface is pushed back a little, so that the lines on it win the depth test.
     glPolygonOffset(1.0f, 1.0f);
     glEnable(GL_POLYGON_OFFSET_FILL);
-    glDrawElements(GL_TRIANGLES, static_cast<GLsizei>(m_indexCount), GL_UNSIGNED_INT, m_indexArray);
+    DrawIndexed(GL_TRIANGLES, m_indexArray, WholeCount(m_indexCount, m_indexArraySize));
     glDisable(GL_POLYGON_OFFSET_FILL);
 
     glDisable(GL_TEXTURE_2D);
@@ -303,36 +389,53 @@ void CKivoFunctionPlotter::AssignFramelineIndexData() {
 }
 
 void CKivoFunctionPlotter::AssignFramelineIndexData(unsigned int columnStep, unsigned int rowStep) {
-    delete[] m_framelineIndexArray;
-    m_framelineIndexArray = nullptr;
-    m_framelineIndexCount = 0;
-    if (!HasReadablePoints()) return;
-
     const FrameLines lines(CellCount(m_columnCount), CellCount(m_rowCount), columnStep, rowStep);
-    if (lines.IndexCount() == 0) return;
-    m_framelineIndexArray = new unsigned int[lines.IndexCount()];
-    lines.Fill(m_framelineIndexArray);
-    m_framelineIndexCount = static_cast<int>(lines.IndexCount());
+    const std::size_t count = HasReadablePoints() ? lines.IndexCount() : 0;
+    if (count != 0) {
+        ReplaceArray(m_framelineIndexArray, count);
+        lines.Fill(m_framelineIndexArray);
+    } else {
+        delete[] m_framelineIndexArray;
+        m_framelineIndexArray = nullptr;
+    }
+    m_framelineIndexCount = static_cast<int>(count);
+    m_framelineArraySize = count;
 }
 
 void CKivoFunctionPlotter::CreateFramelineSKivoTexImage() {
     m_framelineTexWidth = framelineTexSize;
     m_framelineTexHeight = framelineTexSize;
-    constexpr double volume[] = {0.0, framelineTexSize, 0.0, framelineTexSize};
+    constexpr double volume[] = {0.0, framelineTexSize, 0.0, framelineTexSize, -1.0, 1.0};
     constexpr float white[] = {1.0f, 1.0f, 1.0f, 1.0f};
-    DrawIntoTexels(framelineTexSize, volume, white, DrawFramelineTexture, m_framelineTexels);
+    DrawIntoTexels(framelineTexSize, volume, white, DrawFramelineTexture, WhiteTexels(framelineTexSize),
+                   m_framelineTexels);
     if (m_framelineTexId == 0) glGenTextures(1, &m_framelineTexId);
 }
 
 // ---- Iso-contours ---------------------------------------------------------------------------------------
 
+// What takes memory comes first, so that without it everything stays as it was.
 int CKivoFunctionPlotter::SetIsoContourCount(unsigned int count) {
     if (count == 0) return -3;
     if (count == m_isoContourCount) return 0;
+    NewContours z, x, y;
+    SContourPicture picture;
+    if (m_points) {
+        if (m_useIsoContourTexture)
+            picture = TraceContourPicture(count);
+        else
+            AssignFlatContours(z.records, 2, count);
+        AssignFlatContours(x.records, 0, count);
+        AssignFlatContours(y.records, 1, count);
+    }
+
     m_isoContourCount = count;
     ReleaseIsoContour();
     const ContextScope context(m_hDC, m_hGLRC);
-    CreateIsoContourData();
+    if (m_points && m_useIsoContourTexture) DrawContourPicture(picture);
+    m_flatZIsoContours.swap(z.records);
+    m_flatXIsoContours.swap(x.records);
+    m_flatYIsoContours.swap(y.records);
     return 0;
 }
 
@@ -347,25 +450,29 @@ void CKivoFunctionPlotter::CreateIsoContourData() {
 }
 
 void CKivoFunctionPlotter::AssignFlatZIsoContourData() {
-    AssignFlatContours(m_flatZIsoContours, 2,
-                       ContourLevelsOfHeight(m_boundingBoxMin[2], m_boundingBoxMax[2], m_isoContourCount));
+    AssignFlatContours(m_flatZIsoContours, 2, m_isoContourCount);
 }
 
 void CKivoFunctionPlotter::AssignFlatXIsoContourData() {
-    AssignFlatContours(m_flatXIsoContours, 0,
-                       ContourLevelsInside(m_boundingBoxMin[0], m_boundingBoxMax[0], m_isoContourCount));
+    AssignFlatContours(m_flatXIsoContours, 0, m_isoContourCount);
 }
 
 void CKivoFunctionPlotter::AssignFlatYIsoContourData() {
-    AssignFlatContours(m_flatYIsoContours, 1,
-                       ContourLevelsInside(m_boundingBoxMin[1], m_boundingBoxMax[1], m_isoContourCount));
+    AssignFlatContours(m_flatYIsoContours, 1, m_isoContourCount);
+}
+
+std::vector<float> CKivoFunctionPlotter::FlatContourLevels(int axis, unsigned int count) const {
+    const float min = m_boundingBoxMin[axis];
+    const float max = m_boundingBoxMax[axis];
+    return axis == 2 ? ContourLevelsOfHeight(min, max, count) : ContourLevelsInside(min, max, count);
 }
 
 void CKivoFunctionPlotter::AssignFlatContours(std::vector<SKivoIsoContour>& contours, int axis,
-                                              const std::vector<float>& levels) {
+                                              unsigned int count) {
     if (!HasReadablePoints()) return;
+    contours.reserve(contours.size() + count); // first, since it is most likely to end the memory
+    const std::vector<float> levels = FlatContourLevels(axis, count);
     std::vector<LevelLines> lines = TraceLevelLines(Grid(), axis, levels);
-    contours.reserve(contours.size() + levels.size());
     for (std::size_t k = 0; k < levels.size(); ++k) {
         if (!lines[k].points) continue;
         for (std::uint64_t i = 0; i < lines[k].pointCount; ++i)
@@ -404,8 +511,7 @@ void CKivoFunctionPlotter::RenderFlatContours(const std::vector<SKivoIsoContour>
         float color[4] = {0, 0, 0, 1};
         gradient->Evaluate(contour.level, color);
         glColor4fv(color);
-        glVertexPointer(3, GL_FLOAT, 0, contour.points);
-        glDrawArrays(GL_LINES, 0, static_cast<GLsizei>(contour.pointCount));
+        DrawLines(contour.points, static_cast<std::size_t>(contour.pointCount));
     }
     glDisableClientState(GL_VERTEX_ARRAY);
     glPopMatrix();
@@ -413,7 +519,8 @@ void CKivoFunctionPlotter::RenderFlatContours(const std::vector<SKivoIsoContour>
 
 void CKivoFunctionPlotter::RenderIsoContour() {
     std::vector<LevelLines> traced; // before any state is changed: it can throw
-    if (HasReadablePoints()) traced = TraceLevelLines(Grid(), ContouredAxis(), EvenHeights());
+    if (HasReadablePoints())
+        traced = TraceLevelLines(Grid(), ContouredAxis(), EvenHeights(m_isoContourCount));
     glDisable(GL_LIGHTING);
     for (const LevelLines& lines : traced) {
         glBegin(GL_LINES);
@@ -424,8 +531,8 @@ void CKivoFunctionPlotter::RenderIsoContour() {
     glEnable(GL_LIGHTING);
 }
 
-std::vector<float> CKivoFunctionPlotter::EvenHeights() const {
-    return ContourLevelsEven(m_boundingBoxMin[2], m_boundingBoxMax[2], m_isoContourCount);
+std::vector<float> CKivoFunctionPlotter::EvenHeights(unsigned int count) const {
+    return ContourLevelsEven(m_boundingBoxMin[2], m_boundingBoxMax[2], count);
 }
 
 // The last coordinate of a point; of points with more than three floats that is z too.
@@ -434,20 +541,28 @@ int CKivoFunctionPlotter::ContouredAxis() const {
 }
 
 void CKivoFunctionPlotter::CreateIsoContourSKivoTexImage() {
+    SContourPicture picture = TraceContourPicture(m_isoContourCount);
+    DrawContourPicture(picture);
+}
+
+CKivoFunctionPlotter::SContourPicture CKivoFunctionPlotter::TraceContourPicture(unsigned int count) const {
+    SContourPicture picture;
+    if (!HasReadablePoints()) return picture;
+    picture.texels = WhiteTexels(contourTexSize);
+    picture.levels = EvenHeights(count);
+    picture.lines = TraceLevelLines(Grid(), ContouredAxis(), picture.levels);
+    return picture;
+}
+
+void CKivoFunctionPlotter::DrawContourPicture(SContourPicture& picture) {
     m_isoContourTexWidth = contourTexSize;
     m_isoContourTexHeight = contourTexSize;
-    std::vector<float> levels;
-    std::vector<LevelLines> traced;
-    if (HasReadablePoints()) {
-        levels = EvenHeights();
-        traced = TraceLevelLines(Grid(), ContouredAxis(), levels);
-    }
     const auto draw = [&] {
         glLineWidth(2.0f);
-        for (std::size_t k = 0; k < levels.size(); ++k) {
-            const LevelLines& lines = traced[k];
+        for (std::size_t k = 0; k < picture.levels.size(); ++k) {
+            const LevelLines& lines = picture.lines[k];
             float color[4] = {0, 0, 0, 1};
-            if (m_zGradientColor) m_zGradientColor->Evaluate(levels[k], color);
+            if (m_zGradientColor) m_zGradientColor->Evaluate(picture.levels[k], color);
             glColor4fv(color);
             glBegin(GL_LINES);
             for (std::uint64_t i = 0; i < lines.pointCount; ++i)
@@ -456,11 +571,12 @@ void CKivoFunctionPlotter::CreateIsoContourSKivoTexImage() {
         }
         glLineWidth(1.0f);
     };
-    const double volume[] = {m_boundingBoxMin[0], m_boundingBoxMax[0], m_boundingBoxMin[1],
-                             m_boundingBoxMax[1]};
+    const double volume[] = {
+        m_boundingBoxMin[0], m_boundingBoxMax[0], m_boundingBoxMin[1], m_boundingBoxMax[1], -1.0, 1.0};
     constexpr float transparentWhite[] = {1.0f, 1.0f, 1.0f, 0.0f};
-    if (HasReadablePoints())
-        DrawIntoTexels(contourTexSize, volume, transparentWhite, draw, m_isoContourTexels);
+    if (picture.texels)
+        DrawIntoTexels(contourTexSize, volume, transparentWhite, draw, std::move(picture.texels),
+                       m_isoContourTexels);
     if (m_isoContourTexId == 0) glGenTextures(1, &m_isoContourTexId);
 }
 

@@ -3,6 +3,7 @@
 
 #include "computing/SurfacePicker.h"
 #include "computing/VectorMath.h"
+#include "drawing/Camera.h"
 #include "drawing/GLScopes.h"
 #include "drawing/PointMarker.h"
 #include "drawing/TexturedQuad.h"
@@ -15,6 +16,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 
 namespace KivoDrawingTools {
 
@@ -52,6 +54,13 @@ struct Way {
     double x;
     double y;
 };
+
+// Whether OpenGL, which computes in single precision, has a number for each. Not a number compares as false.
+bool FitSinglePrecision(const double* numbers, int count) {
+    return std::all_of(numbers, numbers + count, [](double number) {
+        return std::abs(number) <= static_cast<double>(std::numeric_limits<float>::max());
+    });
+}
 
 Way WayBetween(POINT from, POINT to) {
     return {static_cast<double>(to.x) - from.x, static_cast<double>(to.y) - from.y};
@@ -155,10 +164,11 @@ double CKivoFunctionPlotter::DotProduct(const float* a, const float* b) {
 // ---- View volume and camera -----------------------------------------------------------------------------
 
 void CKivoFunctionPlotter::ApplyViewVolume() {
-    glViewport(m_plotViewport[0], m_plotViewport[1], m_plotViewport[2], m_plotViewport[3]);
+    SetViewport(m_plotViewport);
     const MatrixModeScope projection(GL_PROJECTION);
     glLoadIdentity();
-    glOrtho(m_viewLeft, m_viewRight, m_viewBottom, m_viewTop, m_viewNear, m_viewFar);
+    const double volume[] = {m_viewLeft, m_viewRight, m_viewBottom, m_viewTop, m_viewNear, m_viewFar};
+    MultiplyOrtho(volume);
 }
 
 void CKivoFunctionPlotter::ApplyModelViewMatrix() {
@@ -192,6 +202,13 @@ void CKivoFunctionPlotter::IncreaseTranslation(float dx, float dy, float dz) {
 }
 
 void CKivoFunctionPlotter::IncreaseRotation(float angle, float x, float y, float z) {
+    double turned[16];
+    TurnMatrix(angle, x, y, z, turned);
+    MatrixCopy(m_rotationMatrix, turned);
+    ApplyModelViewMatrix();
+}
+
+void CKivoFunctionPlotter::TurnMatrix(float angle, float x, float y, float z, double* turned) const {
     constexpr float pi = 3.1415925f;
     const float k = 1.0f / std::sqrt(x * x + y * y + z * z + 1.0f);
     const float halfAngle = angle * pi / 180.0f * 0.5f;
@@ -216,10 +233,7 @@ void CKivoFunctionPlotter::IncreaseRotation(float angle, float x, float y, float
                                  0.0,
                                  0.0,
                                  1.0};
-    double turned[16];
     MatrixMultiply(turned, m_rotationMatrix, rotation);
-    MatrixCopy(m_rotationMatrix, turned);
-    ApplyModelViewMatrix();
 }
 
 void CKivoFunctionPlotter::IncreaseZooming(float factor) {
@@ -384,7 +398,12 @@ void CKivoFunctionPlotter::ApplyNormalPlotView() {
         glLoadIdentity();
         glRotatef(-10.0f, 1.0f, 0.0f, 0.0f);
         glMultMatrixd(m_rotationMatrix);
-        glGetDoublev(GL_MODELVIEW_MATRIX, m_rotationMatrix);
+        GLdouble tilted[16];
+        MatrixCopy(tilted, m_rotationMatrix); // stays where no context answers
+        glGetDoublev(GL_MODELVIEW_MATRIX, tilted);
+        // The pan is tilted with the rest. One at the end of single precision that gets beyond it stays.
+        const int count = FitSinglePrecision(tilted + 12, 3) ? 16 : 12;
+        std::copy(tilted, tilted + count, m_rotationMatrix);
         glPopMatrix();
     }
     ApplyModelViewMatrix();
@@ -465,7 +484,11 @@ void CKivoFunctionPlotter::Rotate(POINT from, POINT to) {
     const float dy = static_cast<float>(way.y);
     const float angle = std::sqrt(dx * dx + dy * dy) * (160.0f / static_cast<float>(m_plotViewport[2]));
     if (!std::isfinite(angle)) return; // nothing would bring a rotation without numbers back
-    IncreaseRotation(angle, dy, dx, 0.0f);
+    double turned[16];
+    TurnMatrix(angle, dy, dx, 0.0f, turned);
+    if (!FitSinglePrecision(turned, 16)) return; // it turns the pan as well
+    MatrixCopy(m_rotationMatrix, turned);
+    ApplyModelViewMatrix();
 }
 
 void CKivoFunctionPlotter::Translate(POINT from, POINT to) {
@@ -473,11 +496,10 @@ void CKivoFunctionPlotter::Translate(POINT from, POINT to) {
     const Way way = WayBetween(from, to);
     const double k =
         static_cast<double>(static_cast<float>(m_viewRight - m_viewLeft)) * 0.8 / m_plotViewport[2];
-    const double x = m_rotationMatrix[12] + way.x * k;
-    const double y = m_rotationMatrix[13] - way.y * k;
-    if (!std::isfinite(x) || !std::isfinite(y)) return; // nothing would bring such a pan back
-    m_rotationMatrix[12] = x;
-    m_rotationMatrix[13] = y;
+    const double pan[] = {m_rotationMatrix[12] + way.x * k, m_rotationMatrix[13] - way.y * k};
+    if (!FitSinglePrecision(pan, 2)) return; // nothing would bring such a pan back
+    m_rotationMatrix[12] = pan[0];
+    m_rotationMatrix[13] = pan[1];
     ApplyModelViewMatrix();
 }
 

@@ -1,4 +1,5 @@
 // How the surface, its contours, the curves and the point markers are drawn, call by call.
+#include "drawing/LongDraws.h"
 #include "drawing/PointMarker.h"
 #include "parts/KivoGradientColor.h"
 #include "parts/KivoGridBox.h"
@@ -151,6 +152,67 @@ TEST_F(SurfaceCalls, AGridOneRowHighDrawsNoTriangles) {
     Texts expected = Arrays();
     Append(expected, Triangles());
     EXPECT_THAT(Surface(), ElementsAreArray(expected));
+}
+
+// ---- Arrays that are longer than a call takes
+
+TEST_F(SurfaceCalls, IndicesBeyondTheLimitTakeFurtherCalls) {
+    const unsigned int count = plotter.m_indexCount;
+    ASSERT_EQ(count, 594u);
+    for (const std::size_t limit : {std::size_t{594}, std::size_t{600}, mostElements}) {
+        const auto whole =
+            RecordStep(plotter, [&] { DrawIndexed(GL_TRIANGLES, plotter.m_indexArray, count, limit); });
+        EXPECT_THAT(whole->Texts(),
+                    ElementsAreArray({"glDrawElements(GL_TRIANGLES, 594, GL_UNSIGNED_INT, indices)"}));
+    }
+    for (const std::size_t limit : {6u, 120u, 588u}) {
+        SCOPED_TRACE(limit);
+        const CurrentContext context(plotter);
+        glVertexPointer(3, GL_FLOAT, 0, plotter.m_points);
+        glEnableClientState(GL_VERTEX_ARRAY);
+        const auto parts =
+            Record(plotter, [&] { DrawIndexed(GL_TRIANGLES, plotter.m_indexArray, count, limit); });
+        glDisableClientState(GL_VERTEX_ARRAY);
+        std::size_t next = 0;
+        for (const RecordedDraw& draw : parts->Draws()) {
+            EXPECT_EQ(draw.indices, plotter.m_indexArray + next);
+            EXPECT_EQ(draw.count % 3, 0);
+            EXPECT_TRUE(draw.count == static_cast<int>(limit) || next + limit > count);
+            next += static_cast<std::size_t>(draw.count);
+        }
+        EXPECT_EQ(next, count);
+    }
+    EXPECT_EQ(mostElements % 6, 0u);
+    EXPECT_LE(mostElements, 0x7FFFFFFFu);
+    EXPECT_GT(mostElements + 6, 0x7FFFFFFFu);
+}
+
+TEST_F(SurfaceCalls, PointsAndListsBeyondTheLimitTakeFurtherCalls) {
+    const float points[14 * 3] = {};
+    const auto lines = RecordStep(plotter, [&] { DrawLines(points, 14, 6); });
+    EXPECT_THAT(lines->TextsOf({"glDrawArrays"}),
+                ElementsAreArray({"glDrawArrays(GL_LINES, 0, 6)", "glDrawArrays(GL_LINES, 0, 6)",
+                                  "glDrawArrays(GL_LINES, 0, 2)"}));
+    ASSERT_EQ(lines->Draws().size(), 3u);
+    for (std::size_t i = 0; i < 3; ++i)
+        EXPECT_EQ(lines->Draws()[i].vertexArray, points + 18 * i);
+    const char text[] = "seven.!";
+    const auto lists = RecordStep(plotter, [&] { CallLists(text, 7, 6); });
+    ASSERT_EQ(lists->Count("glCallLists"), 2);
+    EXPECT_EQ(lists->Calls()[0].Pointer(0), text);
+    EXPECT_EQ(lists->Calls()[1].Pointer(0), text + 6);
+    EXPECT_EQ(lists->Calls()[1].Numbers()[0], 1.0);
+}
+
+// 18,920 and 30,000 points square have more indices than the fields for their counts.
+TEST(LongCounts, AreWholeWhereTheFieldHoldsTheirLowerBits) {
+    for (const std::size_t cells : {0ull, 11ull * 9, 18919ull * 18919, 29999ull * 29999}) {
+        const std::size_t whole = 6 * cells;
+        EXPECT_EQ(WholeCount(static_cast<unsigned int>(whole), whole), whole);
+        EXPECT_EQ(WholeCount(static_cast<int>(whole), whole), whole);
+        EXPECT_EQ(WholeCount(12u, whole), 12u) << "put there by a derived class";
+        EXPECT_EQ(WholeCount(-1, whole), 0u);
+    }
 }
 
 // ---- The frame-line image

@@ -218,8 +218,8 @@ Scene MakeScene(const View& view) {
     SetEdges(back, base, direction);
     const float middle[] = {0.5f * (boxMin[0] + boxMax[0]), 0.5f * (boxMin[1] + boxMax[1]),
                             0.5f * (boxMin[2] + boxMax[2])};
-    ProjectAxisBox({boxMin, boxMax, back, base, direction}, worldPerPixel, scale, rotation, project(middle),
-                   &scene.box);
+    ProjectAxisBox({boxMin, boxMax, {back[2], back[0], back[1]}, base, direction}, worldPerPixel, scale,
+                   rotation, project(middle), &scene.box);
     AddTicks(view, &scene.box);
     return scene;
 }
@@ -955,7 +955,8 @@ TEST(ProjectAxisBox, PutsCornersEdgesAndDirectionsOnTheScreen) {
     const float direction[3][3] = {{0, 0, 1}, {0, 0, 1}, {0, -1, 0}};
     AxisBoxOnScreen box;
     for (int frame = 0; frame < 2; ++frame)
-        ProjectAxisBox({low, high, back, base, direction}, 0.1, scale, rotation, {300, 200}, &box);
+        ProjectAxisBox({low, high, {back[2], back[0], back[1]}, base, direction}, 0.1, scale, rotation,
+                       {300, 200}, &box);
     // Half the box: (100, 0), (0, 10) and (0, 8) pixels.
     const double y[] = {182, 202, 198, 218}; // at Y and Z min, Y max, Z max, both max
     for (unsigned int i = 0; i < 8; ++i) {
@@ -989,7 +990,8 @@ TEST(ProjectAxisBox, OtherDirectionLeavesABoxOfReversedRanges) {
     AxisBoxOnScreen box;
     for (const double scale : {1.0, -1.0}) {
         const double scales[] = {1, scale, 1};
-        ProjectAxisBox({low, high, back, base, direction}, 0.01, scales, rotation, {}, &box);
+        ProjectAxisBox({low, high, {back[2], back[0], back[1]}, base, direction}, 0.01, scales, rotation, {},
+                       &box);
         const AxisEdge& edge = box.axes[0]; // at Y's maximum, the value 0
         EXPECT_EQ(edge.begin.y, scale * -250);
         EXPECT_EQ(edge.otherDirection.y, scale * -1);
@@ -1004,7 +1006,8 @@ TEST(ProjectAxisBox, LargeCoordinatesLoseNothing) {
     const float base[3][3] = {{1e7f, 1e7f + 10, 1e7f}, {1e7f + 10, 1e7f, 1e7f}, {1e7f + 10, 1e7f, 1e7f}};
     const float direction[3][3] = {{0, 0, -1}, {0, 0, -1}, {0, -1, 0}};
     AxisBoxOnScreen box;
-    ProjectAxisBox({low, high, back, base, direction}, 0.1, scale, rotation, {100, 100}, &box);
+    ProjectAxisBox({low, high, {back[2], back[0], back[1]}, base, direction}, 0.1, scale, rotation,
+                   {100, 100}, &box);
     EXPECT_NEAR(100 + 50 * (0.6 - 0.8), box.corners[7].x, 1e-9);
     EXPECT_NEAR(100 + 50 * (0.8 + 0.6), box.corners[7].y, 1e-9);
 }
@@ -1019,7 +1022,8 @@ TEST(ProjectAxisBox, NoLengthAndNoNumbersShowNothing) {
     for (const double value : {1.0, notNumbers[0], notNumbers[1]}) {
         const double scale[] = {value, value, 1};
         AxisBoxOnScreen box;
-        ProjectAxisBox({zero, zero, back, base, direction}, 0.01, scale, rotation, {}, &box);
+        ProjectAxisBox({zero, zero, {back[2], back[0], back[1]}, base, direction}, 0.01, scale, rotation, {},
+                       &box);
         for (AxisEdge& edge : box.axes) {
             SetTicks(&edge, 4, label);
             edge.title = {60, 20};

@@ -62,6 +62,15 @@ std::vector<float> UnitValues() {
 
 } // namespace
 
+TEST(TextureCoordinates, RowsBeyondTheVectorsGoOnAlike) {
+    for (const unsigned int mostInVectors : {0u, 1u, 4u, 8u, 9u}) {
+        std::vector<float> whole(9 * 3 * 2), parts(9 * 3 * 2);
+        FillTexcoords(9, 3, whole.data());
+        FillTexcoords(9, 3, parts.data(), mostInVectors);
+        EXPECT_EQ(parts, whole) << mostInVectors;
+    }
+}
+
 TEST(Bounds, AreThoseOfAPlainLoop) {
     std::mt19937 random(1);
     std::uniform_int_distribution<int> digit(-3, 3);

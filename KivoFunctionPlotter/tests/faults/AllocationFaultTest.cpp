@@ -350,3 +350,144 @@ TEST(AllocationFaults, AxesThatFailHaveAsManyTicksAsTheyCount) {
         plot.plotter.DrawScene();
     }
 }
+
+// ---- Settings that memory is taken for: they change as a whole or not at all
+
+namespace {
+
+using Records = std::vector<std::vector<float>>;
+
+// Address, level and points of each contour.
+Records ContoursOf(const CallProbe& plotter) {
+    Records records;
+    for (const auto* set :
+         {&plotter.m_flatXIsoContours, &plotter.m_flatYIsoContours, &plotter.m_flatZIsoContours})
+        for (const SKivoIsoContour& contour : *set) {
+            records.emplace_back(contour.points, contour.points + 3 * contour.pointCount);
+            records.back().push_back(contour.level);
+        }
+    return records;
+}
+
+std::vector<unsigned char> ContourTexels(const CallProbe& plotter) {
+    if (!plotter.m_isoContourTexels) return {};
+    return {plotter.m_isoContourTexels, plotter.m_isoContourTexels + 400 * 400 * 4};
+}
+
+} // namespace
+
+TEST(AllocationFaults, AContourCountThatFailsLeavesCountAndContours) {
+    for (const bool isPicture : {false, true})
+        for (const Mode mode : {Mode::once, Mode::onwards}) {
+            RecordedPlot plot;
+            CallProbe& plotter = plot.plotter;
+            plotter.m_useIsoContourTexture = isPicture;
+            plot.Fill();
+            const Records contours = ContoursOf(plotter);
+            const std::vector<unsigned char> texels = ContourTexels(plotter);
+            const unsigned int texture = plotter.m_isoContourTexId;
+            ASSERT_FALSE(contours.empty());
+            EXPECT_EQ(texels.empty(), !isPicture);
+            bool hasFailed = true;
+            for (long n = 1; hasFailed; n = Next(n, mode)) {
+                SCOPED_TRACE(Words("contours", n, mode));
+                const Outcome outcome = Try(n, mode, [&] { return plotter.SetIsoContourCount(7); });
+                hasFailed = outcome.hasFailed;
+                EXPECT_EQ(outcome.hasThrown, hasFailed);
+                if (!hasFailed) break;
+                EXPECT_EQ(plotter.m_isoContourCount, 20u);
+                EXPECT_TRUE(ContoursOf(plotter) == contours);
+                EXPECT_TRUE(ContourTexels(plotter) == texels);
+                EXPECT_EQ(plotter.m_isoContourTexId, texture);
+                EXPECT_EQ(wglGetCurrentContext(), nullptr);
+            }
+            EXPECT_EQ(plotter.m_isoContourCount, 7u);
+            EXPECT_EQ(plotter.m_flatXIsoContours.size(), 7u);
+            EXPECT_FALSE(ContourTexels(plotter) == texels && isPicture);
+        }
+}
+
+// Four thousand million levels, where no memory is left.
+TEST(AllocationFaults, AContourCountBeyondMemoryIsNotKept) {
+    RecordedPlot plot;
+    plot.Fill();
+    CallProbe& plotter = plot.plotter;
+    const Records contours = ContoursOf(plotter);
+    const auto set = [&] { return plotter.SetIsoContourCount(4000000000u); };
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_TRUE(Try(1, Mode::onwards, set).hasThrown) << "the second time too";
+        EXPECT_EQ(plotter.m_isoContourCount, 20u);
+        EXPECT_TRUE(ContoursOf(plotter) == contours);
+    }
+    EXPECT_EQ(plotter.SetData(NewHill(12, 10), 12, 10, 1, 12, 3), 0);
+    EXPECT_TRUE(ContoursOf(plotter) == contours);
+}
+
+TEST(AllocationFaults, ACurveThatFailsIsNotThere) {
+    RecordedPlot plot;
+    CallProbe& plotter = plot.plotter;
+    float points[] = {0, 0, 0, 1, 1, 1};
+    bool hasFailed = true;
+    for (long n = 1; hasFailed; ++n) {
+        hasFailed = Try(n, Mode::once, [&] { return plotter.AddCurveData(points, 2, 3); }).hasFailed;
+        const std::size_t count = hasFailed ? 0 : 1;
+        EXPECT_EQ(plotter.m_curveData.size(), count) << n;
+        EXPECT_EQ(plotter.m_curvePointCounts.size(), count) << n;
+        EXPECT_EQ(plotter.m_curveVisible.size(), count) << n;
+        EXPECT_EQ(plotter.m_curveColors.size(), count) << n;
+        EXPECT_EQ(plotter.m_curveWidths.size(), count) << n;
+    }
+}
+
+TEST(AllocationFaults, FrameLinesThatFailLeaveTheOldOnes) {
+    RecordedPlot plot;
+    plot.Fill();
+    CallProbe& plotter = plot.plotter;
+    const unsigned int* const lines = plotter.m_framelineIndexArray;
+    const int count = plotter.m_framelineIndexCount;
+    const Outcome outcome = Try(1, Mode::once, [&] {
+        plotter.SetFrameLineStep(3, 2);
+        return 0;
+    });
+    EXPECT_TRUE(outcome.hasThrown);
+    EXPECT_EQ(plotter.m_framelineIndexArray, lines);
+    EXPECT_EQ(plotter.m_framelineIndexCount, count);
+}
+
+TEST(AllocationFaults, TicksThatFailLeaveTheOldOnes) {
+    RecordedPlot plot;
+    plot.Fill();
+    CallProbe& plotter = plot.plotter;
+    const CKivoGridBox& box = *plotter.m_gridBox;
+    const unsigned int intervals = box.m_tickIntervals[0];
+    const float* const positions = box.m_tickPositions[0];
+    const SKivoTexImage* const labels = box.m_tickLabels[0];
+    const float min = box.m_axisMin[0], max = box.m_axisMax[0], step = box.m_tickStep[0];
+    const std::function<int()> calls[] = {[&] { return plotter.SetXAxisTickMarkNumber(4000000000u); },
+                                          [&] { return plotter.SetXAxisMin(-7.0f); },
+                                          [&] { return plotter.SetXAxisMax(9.0f); }};
+    for (const auto& call : calls) {
+        EXPECT_TRUE(Try(1, Mode::onwards, call).hasThrown);
+        EXPECT_EQ(box.m_tickIntervals[0], intervals);
+        EXPECT_EQ(box.m_tickPositions[0], positions);
+        EXPECT_EQ(box.m_tickLabels[0], labels);
+        EXPECT_EQ(box.m_axisMin[0], min);
+        EXPECT_EQ(box.m_axisMax[0], max);
+        EXPECT_EQ(box.m_tickStep[0], step);
+    }
+}
+
+TEST(AllocationFaults, ANameThatFailsIsTheOldOne) {
+    RecordedPlot plot;
+    plot.Fill();
+    bool hasFailed = true;
+    for (long n = 1; hasFailed; ++n) {
+        const Outcome outcome = Try(n, Mode::once, [&] {
+            return plot.plotter.SetMeasureGroupName(0, "A name longer than those that need no memory");
+        });
+        hasFailed = outcome.hasFailed;
+        const WithoutAllocationFaults reliable;
+        EXPECT_EQ(plot.plotter.GetMeasureGroupIndexByName("First"), outcome.hasThrown ? 0 : -1) << n;
+        plot.plotter.SetMeasureGroupName(0, "First");
+    }
+}

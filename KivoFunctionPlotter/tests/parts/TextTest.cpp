@@ -1,4 +1,5 @@
 // Text images, titles and bitmap text.
+#include "parts/FontDescription.h"
 #include "parts/KivoGridBox.h"
 #include "parts/TextRenderer.h"
 #include "support/Drawing.h"
@@ -8,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <cstring>
 #include <limits>
 #include <string>
@@ -109,6 +111,30 @@ std::vector<int> Differing(const Image& a, const Image& b) {
 }
 
 } // namespace
+
+// ---- The font's height
+
+TEST_P(Text, FontHeightsAreTheOppositeOfPixelsAsFarAsThereIsOne) {
+    constexpr int most = std::numeric_limits<int>::max(), least = std::numeric_limits<int>::min();
+    const HWND coarse = CreateOffscreenWindow(64, 48, 72); // a point is a pixel there
+    ASSERT_NE(coarse, nullptr);
+    for (const HDC dc : {plotter.m_hDC, GetDC(coarse)}) {
+        const int dotsPerInch = GetDeviceCaps(dc, LOGPIXELSY);
+        for (const int points : {10, 1, 0, -10, 1000000, -1000000, most, least, least + 1}) {
+            const std::int64_t pixels = MulDiv(points, dotsPerInch, 72);
+            EXPECT_EQ(DescribeFont(dc, points, FW_BOLD, "MS Gothic").lfHeight,
+                      std::min<std::int64_t>(-pixels, most))
+                << points << " points, " << dotsPerInch << " dots";
+        }
+    }
+    {
+        PlotterProbe small;
+        EXPECT_EQ(small.OnCreate(coarse, 64, 48, least, true), 0);
+        small.SetPlotTitle("Title");
+        EXPECT_EQ(small.Renderscene(), 0);
+    }
+    ReleaseWindow(coarse);
+}
 
 // ---- Images
 

@@ -157,6 +157,24 @@ TEST(CurveStore, NoPointsAreRefusedAndNothingIsStored) {
     EXPECT_EQ(plotter.AddCurveData(points, 1, 3), 0);
 }
 
+// 0x80000000 squared floats have as many bytes as 64 bits count, which is none.
+TEST(CurveStore, CountsBeyondTheAddressSpaceAreRefusedAndNothingIsStored) {
+    CurveProbe plotter;
+    float points[] = {0, 1, 2};
+    const unsigned int counts[][2] = {{0x80000000u, 0x80000000u},
+                                      {0xFFFFFFFFu, 0xFFFFFFFFu},
+                                      {0xFFFFFFFFu, 0x80000001u},
+                                      {0x40000000u, 0x80000000u}};
+    for (const auto& count : counts) {
+        EXPECT_THROW(plotter.AddCurveData(points, count[0], count[1]), std::length_error);
+        EXPECT_EQ(StoreSizes(plotter), std::vector<std::size_t>(5, 0));
+        EXPECT_THROW(plotter.AddMeasurePoints(count[0], count[1], points, "group"), std::length_error);
+        EXPECT_EQ(plotter.GetNumMeasureGroups(), 0u);
+    }
+    EXPECT_EQ(plotter.AddCurveData(points, 1, 3), 0);
+    EXPECT_EQ(plotter.AddMeasurePoints(1, 3, points, "group"), 0);
+}
+
 TEST(CurveStore, SettersRefuseIndicesThatNoCurveHas) {
     CurveProbe plotter;
     float points[] = {0, 1, 2};
@@ -252,6 +270,22 @@ TEST_P(CurvesAlone, LinesAreAsWideAsSetInPixels) {
     for (const int lineWidth : {1, 3, 5}) {
         plotter.SetCurveWidth(0, static_cast<float>(lineWidth));
         EXPECT_EQ(InkBox(Draw()).Height(), lineWidth);
+    }
+}
+
+// OpenGL refuses such widths, and the line would have that of the curve before it.
+TEST_P(CurvesAlone, WithoutAWidthAboveZeroLinesAreOnePixelWide) {
+    plotter.SetPointRadiusPixelSize(0);
+    Add({-40, 60.5f, 0, -39, 60.5f, 0});
+    plotter.SetCurveVisibility(0, false);
+    Add({-400, 30.5f, 0, -300, 30.5f, 0}); // out of sight, and wide
+    plotter.SetCurveWidth(1, 7.0f);
+    Add({-40, 0.5f, 0, 40, 0.5f, 0});
+    for (const float lineWidth : {0.0f, -0.0f, -1.0f, -3e38f, std::numeric_limits<float>::quiet_NaN()}) {
+        EXPECT_EQ(plotter.SetCurveWidth(2, lineWidth), 0);
+        EXPECT_EQ(InkBox(Draw()).Height(), 1) << lineWidth;
+        const CurrentContext context(plotter);
+        EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR)) << lineWidth;
     }
 }
 

@@ -454,6 +454,91 @@ TEST_P(LifecycleInWindow, OwnedPointsAreFreedOnceAndBorrowedOnesNever) {
     EXPECT_EQ(watched[1].deletions, 1);
 }
 
+namespace {
+
+// Bounds of the points that a plotter reads, found one by one.
+std::vector<float> ZBounds(const PlotterProbe& p) {
+    float min = p.m_points[2], max = p.m_points[2];
+    for (unsigned int i = 0; i < p.m_columnCount * p.m_rowCount; ++i) {
+        min = std::min(min, p.m_points[3 * i + 2]);
+        max = std::max(max, p.m_points[3 * i + 2]);
+    }
+    return {min, max};
+}
+
+} // namespace
+
+// A host that edits its array hands it over again, with the same counts or others, as a whole or in part.
+TEST_P(LifecycleInWindow, TheOwnedArrayHandedOverAgainIsReadAgainAndFreedOnce) {
+    const TestSurface hill = HillSurface(6, 5);
+    for (const bool isReference : {false, true}) {
+        const auto hand = [&](float* points, unsigned int columns, unsigned int rows) {
+            return isReference ? plotter.SetDataReference(points, columns, rows, 1, columns, 3)
+                               : plotter.SetData(points, columns, rows, 1, columns, 3);
+        };
+        SCOPED_TRACE(isReference ? "SetDataReference" : "SetData");
+        float* const array = WatchedArray<float>(0, 90);
+        std::copy(hill.points.begin(), hill.points.end(), array);
+        EXPECT_EQ(plotter.SetData(array, 6, 5, 1, 6, 3), 0);
+        array[2] = 40.0f;
+        EXPECT_EQ(hand(array, 6, 5), 0);
+        EXPECT_EQ(plotter.m_boundingBoxMax[2], 40.0f);
+        const struct {
+            std::size_t offset; ///< in points
+            unsigned int columns, rows;
+        } parts[] = {{0, 3, 2}, {12, 6, 3}, {29, 1, 1}, {1, 2, 2}, {0, 6, 5}, {24, 6, 1}};
+        for (const auto& part : parts) {
+            SCOPED_TRACE(part.offset);
+            EXPECT_EQ(hand(array + 3 * part.offset, part.columns, part.rows), 0);
+            EXPECT_EQ(plotter.m_points, array + 3 * part.offset);
+            EXPECT_FALSE(plotter.m_isDataReference) << "the array stays the plotter's";
+            EXPECT_EQ(watched[0].deletions, 0);
+            EXPECT_EQ((std::vector<float>{plotter.m_boundingBoxMin[2], plotter.m_boundingBoxMax[2]}),
+                      ZBounds(plotter));
+            EXPECT_EQ(plotter.Renderscene(), 0);
+        }
+        SetSurface(); // other data, which free the array as a whole
+        EXPECT_EQ(watched[0].deletions, 1);
+        EXPECT_EQ(plotter.SetData(WatchedArray<float>(1, 12), 2, 2, 1, 2, 3), 0);
+        EXPECT_EQ(hand(plotter.m_points + 6, 2, 1), 0);
+        EXPECT_EQ(plotter.OnDestroy(), 0);
+        EXPECT_EQ(watched[1].deletions, 1);
+        EXPECT_EQ(plotter.m_points, nullptr);
+        ASSERT_EQ(plotter.OnCreate(plot.window.Handle(), 64, 48, true), 0);
+    }
+}
+
+// What counts as the array's inside are the floats that counts and strides have addressed.
+TEST_P(LifecycleInWindow, AnArrayBesideTheOwnedOneIsAnother) {
+    float both[30] = {};
+    plotter.SetDataReference(both, 2, 2, 1, 2, 3);
+    float* const owned = WatchedArray<float>(0, 12);
+    plotter.SetData(owned, 2, 2, 1, 2, 3);
+    plotter.SetDataReference(both, 2, 2, 1, 2, 3);
+    EXPECT_TRUE(plotter.m_isDataReference);
+    EXPECT_EQ(watched[0].deletions, 1);
+    // The host's until now; from new[], it becomes the plotter's.
+    float* const lent = WatchedArray<float>(1, 12);
+    plotter.SetDataReference(lent, 2, 2, 1, 2, 3);
+    plotter.SetData(lent, 2, 2, 1, 2, 3);
+    EXPECT_FALSE(plotter.m_isDataReference);
+    EXPECT_EQ(watched[1].deletions, 0);
+    plotter.SetDataReference(both + 12, 2, 2, 1, 2, 3);
+    EXPECT_EQ(watched[1].deletions, 1);
+}
+
+// A derived class may put its own array in the place of the plotter's.
+TEST_P(LifecycleInWindow, AnArrayPutInByADerivedClassIsFreedAsItIs) {
+    float* const first = WatchedArray<float>(0, 24);
+    plotter.SetData(first, 4, 2, 1, 4, 3);
+    plotter.SetData(first + 6, 2, 1, 1, 2, 3);
+    delete[] first;
+    plotter.m_points = WatchedArray<float>(1, 6);
+    plotter.ReleaseDataRelativeResource();
+    EXPECT_EQ(watched[0].deletions, 1);
+    EXPECT_EQ(watched[1].deletions, 1);
+}
+
 TEST_P(LifecycleInWindow, DestructionFreesOwnedPointsAndTitlePixels) {
     TestWindow other(GetParam(), 64, 48);
     auto temporary = std::make_unique<PlotterProbe>();

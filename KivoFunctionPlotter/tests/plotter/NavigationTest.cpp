@@ -438,4 +438,72 @@ TEST_P(Navigation, PointsInTheViewportIncludeAllItsEdges) {
     }
 }
 
+// ---- Pans at the end of single precision
+
+namespace {
+
+constexpr double largest = std::numeric_limits<float>::max();
+
+bool IsInSinglePrecision(const PlotterProbe& p) {
+    for (const double element : p.m_rotationMatrix)
+        if (!(std::fabs(element) <= largest)) return false;
+    return true;
+}
+
+} // namespace
+
+TEST_P(Navigation, LongDragsOverLargeDataNeverLoseThePan) {
+    for (float& coordinate : surface.points)
+        coordinate *= 1e37f;
+    plotter.SetDataReference(surface.points.data(), surface.columns, surface.rows, 1, surface.columns, 3);
+    bool hasStayed = false;
+    for (int i = 0; i < 30; ++i) {
+        const Matrix before = Orientation();
+        plotter.Translate(POINT{-1000, 0}, POINT{1500, 700 * (i % 3 - 1)});
+        hasStayed = hasStayed || Orientation() == before;
+        plotter.Rotate(POINT{0, 0}, POINT{15 * i, 40});
+        plotter.SwitchToNormalPlot();
+        EXPECT_TRUE(IsInSinglePrecision(plotter)) << i;
+    }
+    EXPECT_TRUE(hasStayed) << "no drag was too long";
+    plotter.OnDestroy();
+}
+
+TEST_P(Navigation, APanBeyondSinglePrecisionIsNotMade) {
+    plotter.m_viewLeft = -1e36;
+    plotter.m_viewRight = 1e36;
+    plotter.m_rotationMatrix[12] = 0.999 * largest;
+    const Matrix before = Orientation();
+    plotter.Translate(POINT{0, 0}, POINT{336, 0}); // 1.6e36 to the right
+    EXPECT_EQ(Orientation(), before);
+    plotter.Translate(POINT{0, 0}, POINT{0, 336});
+    EXPECT_NEAR(plotter.m_rotationMatrix[13] / -1.6e36, 1.0, 1e-6);
+}
+
+// The pan turns with the plot: its diagonal may not fit an axis.
+TEST_P(Navigation, ATurnThatTakesThePanBeyondSinglePrecisionIsNotMade) {
+    plotter.m_rotationMatrix[12] = plotter.m_rotationMatrix[13] = 0.9 * largest;
+    const Matrix before = Orientation();
+    plotter.Rotate(POINT{100, 0}, POINT{0, 100}); // about the diagonal across, by 67 degrees
+    plotter.Rotate(POINT{0, 100}, POINT{100, 0});
+    EXPECT_EQ(Orientation(), before);
+    plotter.Rotate(POINT{0, 0}, POINT{100, 100});
+    EXPECT_NE(Orientation(), before);
+}
+
+TEST_P(Navigation, AStartViewThatCannotTiltThePanKeepsIt) {
+    plotter.SwitchToNormalPlot();
+    const Matrix expected = Orientation();
+    for (const double depth : {-largest, largest}) {
+        plotter.m_rotationMatrix[12] = 5.0;
+        plotter.m_rotationMatrix[13] = largest;
+        plotter.m_rotationMatrix[14] = depth;
+        plotter.SwitchToNormalPlot();
+        EXPECT_TRUE(IsInSinglePrecision(plotter)) << depth;
+        EXPECT_EQ(plotter.m_rotationMatrix[12], 5.0);
+        plotter.m_rotationMatrix[12] = plotter.m_rotationMatrix[13] = plotter.m_rotationMatrix[14] = 0.0;
+        EXPECT_EQ(Orientation(), expected) << depth;
+    }
+}
+
 KIVO_IN_EVERY_WINDOW(Navigation);

@@ -8,6 +8,7 @@
 
 #include <cmath>
 #include <cstring>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -322,6 +323,71 @@ TEST_P(ContextInWindow, TheClientAreaIsSplitAndTruncated) {
     GLint viewport[4] = {};
     glGetIntegerv(GL_VIEWPORT, viewport);
     EXPECT_EQ(Viewport(viewport), (std::vector<int>{64, 0, 336, 240}));
+}
+
+TEST_P(ContextInWindow, AViewportBeyondTheNumbersBeginsAtTheLast) {
+    constexpr int most = std::numeric_limits<int>::max(), least = std::numeric_limits<int>::min();
+    plotter.UpdateViewport(most - 10, most, 1000, 5);
+    EXPECT_EQ(plotter.m_plotViewport[0], most);
+    EXPECT_EQ(plotter.m_legendViewport[0], most - 10);
+    plotter.UpdateViewport(most, 0, most, most);
+    EXPECT_EQ(plotter.m_plotViewport[0], most);
+    plotter.UpdateViewport(least, least, -1000, least);
+    EXPECT_EQ(plotter.m_plotViewport[0], least);
+    plotter.UpdateViewport(least, 0, 1000, 5);
+    EXPECT_EQ(plotter.m_plotViewport[0], least + 160);
+}
+
+// A derived class would read the error as its own.
+TEST_P(ContextInWindow, SizesThatShowNothingLeaveNoError) {
+    constexpr int most = std::numeric_limits<int>::max(), least = std::numeric_limits<int>::min();
+    const TestSurface surface = HillSurface(6, 5);
+    plotter.SetDataReference(const_cast<float*>(surface.points.data()), 6, 5, 1, 6, 3);
+    plotter.SetPlotTitle("Title");
+    float curve[] = {0, 0, 0, 1, 1, 1};
+    plotter.AddCurveData(curve, 2, 3);
+    const auto expectNoError = [this](const char* step) {
+        const CurrentContext context(plotter);
+        EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR)) << step;
+    };
+    expectNoError("before");
+    for (const int width : {0, 1, -1, -400, least, 300, most})
+        for (const int height : {0, 1, -1, -300, least, 200, most}) {
+            SCOPED_TRACE(testing::Message() << width << " x " << height);
+            plotter.OnSize(0, width, height);
+            expectNoError("size");
+            EXPECT_EQ(plotter.m_plotViewport[2], static_cast<int>(width * 0.84));
+            EXPECT_EQ(plotter.m_plotViewport[3], height);
+            plotter.SwitchToNormalPlot();
+            plotter.Trace(POINT{0, 0});
+            plotter.Renderscene();
+            expectNoError("3-D plot");
+            plotter.SwitchToXYProjectPlot();
+            plotter.Renderscene();
+            expectNoError("XY plot");
+            plotter.SwitchToYZProjectPlot();
+            plotter.Renderscene();
+            plotter.SwitchToZXProjectPlot();
+            plotter.Renderscene();
+            plotter.SwitchToNormalPlot();
+            expectNoError("other plots");
+        }
+    plotter.OnDestroy();
+}
+
+// One point: bounds, view volume and pictures of lines without extent.
+TEST_P(ContextInWindow, DataWithoutExtentLeaveNoError) {
+    float point[12] = {};
+    for (const bool isPicture : {false, true}) {
+        plotter.m_useIsoContourTexture = plotter.m_useFramelineTexture = isPicture;
+        plotter.SetDataReference(point, 2, 2, 1, 2, 3);
+        plotter.Renderscene();
+        plotter.SetDataReference(point, 1, 1, 1, 1, 0x40000000u); // points farther apart than OpenGL counts
+        plotter.Renderscene();
+        const CurrentContext context(plotter);
+        EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR)) << isPicture;
+    }
+    plotter.OnDestroy();
 }
 
 TEST_P(ContextInWindow, UpdateViewportSplitsARectangle) {

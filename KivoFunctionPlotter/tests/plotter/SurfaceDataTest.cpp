@@ -9,6 +9,7 @@
 #include <cmath>
 #include <limits>
 #include <memory>
+#include <stdexcept>
 #include <vector>
 
 using namespace KivoDrawingTools;
@@ -276,6 +277,46 @@ TEST(SurfaceData, PointsOfFewerThanThreeFloatsAreNotRead) {
         plotter.AssignNormalData();
         EXPECT_EQ(plotter.m_normalArray, nullptr);
     }
+}
+
+// ---- Counts beyond all memory
+
+// Strides of 0 address one point, however many there are.
+TEST(SurfaceData, CountsThatCannotBeHeldAreRefusedAndEverythingIsAsBefore) {
+    struct {
+        unsigned int columns, rows, columnStride, rowStride, components;
+    } const cases[] = {
+        {0x10000u, 0x10000u, 0, 0, 3},       // one point more than numbers of 32 bits
+        {3037000500u, 3037000500u, 0, 0, 2}, // whose texture coordinates are few in 64 bits
+        {0x80000000u, 0x80000000u, 0, 0, 3}, {0xFFFFFFFFu, 0xFFFFFFFFu, 1, 0xFFFFFFFFu, 3},
+        {2, 1, 0x55555556u, 2, 3}, // from one column to the next
+        {1, 2, 1, 0xFFFFFFFFu, 3}, // from one row to the next
+        {2, 2, 1, 2, 0xFFFFFFFFu},
+    };
+    const TestSurface surface = HillSurface(5, 4);
+    PlotterProbe plotter;
+    Take(plotter, surface);
+    const float* const before = plotter.m_points;
+    const std::unique_ptr<float[]> points(PlaneSurface(3, 3).NewArray());
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.columns << " x " << c.rows);
+        EXPECT_THROW(
+            plotter.SetData(points.get(), c.columns, c.rows, c.columnStride, c.rowStride, c.components),
+            std::length_error);
+        EXPECT_THROW(plotter.SetDataReference(points.get(), c.columns, c.rows, c.columnStride, c.rowStride,
+                                              c.components),
+                     std::length_error);
+        EXPECT_EQ(plotter.m_points, before);
+        EXPECT_FALSE(plotter.m_isDataReference);
+        EXPECT_EQ(plotter.m_vertexCount, 20u);
+        EXPECT_EQ(plotter.m_columnStride, 3u);
+        EXPECT_EQ(plotter.m_boundingBoxMax[2], surface.Max(2));
+        EXPECT_EQ(Indices(plotter).size(), 6u * 4 * 3);
+        EXPECT_FALSE(plotter.m_flatZIsoContours.empty());
+    }
+    // A stride that leads to no second point is not used.
+    EXPECT_EQ(plotter.SetDataReference(points.get(), 3, 1, 1, 0xFFFFFFFFu, 3), 0);
+    EXPECT_EQ(plotter.m_boundingBoxMax[0], 5.0f);
 }
 
 // ---- Degenerate grids

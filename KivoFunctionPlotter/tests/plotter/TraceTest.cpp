@@ -738,6 +738,40 @@ TEST_P(Trace, FlatPlotsShowNoTrace) {
     EXPECT_EQ(Compare(CaptureImage(plotter), without).max, 0);
 }
 
+// A point of other data would stand beside the surface, with its lines and its numbers.
+TEST_P(Trace, NewDataForgetThePoint) {
+    const TestSurface plane = PlaneSurface(9, 7);
+    for (const bool isReference : {true, false}) {
+        SCOPED_TRACE(isReference);
+        ShowFromAbove(HillSurface(20, 15));
+        plotter.Trace(true);
+        plotter.OnMouseMove(0, Middle());
+        float point[3] = {7, 8, 9};
+        ASSERT_TRUE(plotter.GetTracePoint(point));
+        if (isReference)
+            ShowFromAbove(plane);
+        else
+            plotter.SetData(plane.NewArray(), plane.columns, plane.rows, 1, plane.columns, 3);
+        EXPECT_FALSE(plotter.GetTracePoint(point));
+        EXPECT_TRUE(plotter.IsTracing()) << "the mode goes on";
+        const Image shown = CaptureImage(plotter);
+        plotter.Trace(false);
+        EXPECT_EQ(Compare(shown, CaptureImage(plotter)).max, 0);
+        plotter.Trace(true);
+        plotter.OnMouseMove(0, Middle());
+        EXPECT_TRUE(plotter.GetTracePoint(point));
+    }
+}
+
+TEST_P(Trace, TheEndForgetsThePoint) {
+    ShowFromAbove(HillSurface(20, 15));
+    ASSERT_EQ(plotter.Trace(Middle()), 0);
+    EXPECT_EQ(plotter.OnDestroy(), 0);
+    float point[3] = {7, 8, 9};
+    EXPECT_FALSE(plotter.GetTracePoint(point));
+    EXPECT_EQ(point[0], 7.0f);
+}
+
 KIVO_IN_EVERY_WINDOW(Trace);
 KIVO_IN_EVERY_WINDOW(TraceLayers);
 KIVO_IN_EVERY_WINDOW(TraceAgainstSearch);
