@@ -7,6 +7,8 @@
 
 #include <array>
 #include <climits>
+#include <cstdio>
+#include <cstdlib>
 #include <memory>
 #include <string>
 #include <thread>
@@ -151,6 +153,50 @@ TEST_P(AnyWindowTest, ChoosesDepthAndStencil) {
     EXPECT_NE(0U, answer.dwFlags & PFD_SUPPORT_OPENGL);
     EXPECT_EQ(PFD_TYPE_RGBA, answer.iPixelType);
     EXPECT_EQ(sizeof answer, answer.nSize);
+}
+
+// The channels lie side by side, blue in the lowest bits and alpha in the highest.
+TEST_P(AnyWindowTest, DescribesWhereEveryFormatsChannelsLie) {
+    PIXELFORMATDESCRIPTOR answer{};
+    const int count = DescribePixelFormat(Dc(), 1, sizeof answer, nullptr);
+    int withAlpha = 0;
+    for (int format = 1; format <= count; ++format) {
+        SCOPED_TRACE(format);
+        ASSERT_EQ(count, DescribePixelFormat(Dc(), format, sizeof answer, &answer));
+        EXPECT_EQ(0, answer.cBlueShift);
+        EXPECT_EQ(answer.cBlueBits, answer.cGreenShift);
+        EXPECT_EQ(answer.cBlueBits + answer.cGreenBits, answer.cRedShift);
+        EXPECT_EQ(answer.cBlueBits + answer.cGreenBits + answer.cRedBits, answer.cAlphaShift);
+        EXPECT_EQ(answer.cBlueBits + answer.cGreenBits + answer.cRedBits, answer.cColorBits);
+        withAlpha += answer.cAlphaBits == 8 && answer.cAlphaShift == 24;
+    }
+    EXPECT_GT(withAlpha, 0);
+}
+
+TEST_P(AnyWindowTest, DrawsInTheFormatThatItDescribes) {
+    for (const BYTE alphaBits : {BYTE{0}, BYTE{8}}) {
+        PIXELFORMATDESCRIPTOR wanted = Wanted(), answer{};
+        wanted.cAlphaBits = alphaBits;
+        const AnyWindow window(GetParam());
+        const HDC dc = GetDC(window.Handle());
+        const int format = ChoosePixelFormat(dc, &wanted);
+        ASSERT_GT(DescribePixelFormat(dc, format, sizeof answer, &answer), 0);
+        ASSERT_TRUE(SetPixelFormat(dc, format, &answer)) << LastWindowError();
+        const HGLRC context = wglCreateContext(dc);
+        ASSERT_TRUE(wglMakeCurrent(dc, context)) << LastWindowError();
+        const auto bits = [](GLenum name) {
+            GLint value = -1;
+            glGetIntegerv(name, &value);
+            return value;
+        };
+        EXPECT_EQ(bits(GL_RED_BITS), answer.cRedBits);
+        EXPECT_EQ(bits(GL_GREEN_BITS), answer.cGreenBits);
+        EXPECT_EQ(bits(GL_BLUE_BITS), answer.cBlueBits);
+        EXPECT_EQ(bits(GL_ALPHA_BITS), answer.cAlphaBits);
+        EXPECT_EQ(bits(GL_DEPTH_BITS), answer.cDepthBits);
+        EXPECT_EQ(bits(GL_STENCIL_BITS), answer.cStencilBits);
+        EXPECT_TRUE(wglDeleteContext(context));
+    }
 }
 
 TEST_P(AnyWindowTest, RefusesFormatsThatAreNotThere) {
@@ -371,6 +417,37 @@ TEST(WindowSystem, MulDivRoundsInSixtyFourBits) {
     EXPECT_EQ(INT_MAX, MulDiv(INT_MAX, INT_MAX, INT_MAX));
     EXPECT_EQ(-1, MulDiv(INT_MAX, 2, 1));
     EXPECT_EQ(-1, MulDiv(1, 1, 0));
+}
+
+// In a process of its own, whose EGL finds no driver.
+class WithoutDriverDeathTest : public testing::Test {
+protected:
+    void SetUp() override {
+        GTEST_FLAG_SET(death_test_style, "threadsafe");
+        setenv(variable, "/nowhere/driver.json", 1);
+    }
+    void TearDown() override { unsetenv(variable); }
+
+    /// Ends the process with 0 and the words on standard error where there is no window.
+    [[noreturn]] static void TellAboutWindow(HWND window) {
+        std::fprintf(stderr, "%u, %s\n", static_cast<unsigned>(GetLastError()), LastWindowError());
+        std::exit(window ? 1 : 0);
+    }
+
+private:
+    static constexpr const char* variable = "__EGL_VENDOR_LIBRARY_FILENAMES";
+};
+
+TEST_F(WithoutDriverDeathTest, AnOffscreenWindowSaysWhyItIsNull) {
+    EXPECT_EXIT(TellAboutWindow(CreateOffscreenWindow(16, 16)), testing::ExitedWithCode(0),
+                "^50, EGL: cannot draw OpenGL without a screen: .*; install an OpenGL driver");
+}
+
+TEST_F(WithoutDriverDeathTest, AnX11WindowSaysWhyItIsNull) {
+    if (!KivoTest::HasDisplay()) GTEST_SKIP() << "no display";
+    const KivoTest::X11TestWindow host;
+    EXPECT_EXIT(TellAboutWindow(AttachX11Window(host.Id())), testing::ExitedWithCode(0),
+                "^50, EGL: cannot draw OpenGL .*; install an OpenGL driver");
 }
 
 TEST(OffscreenWindow, RefusesSizesOutOfRange) {
