@@ -4,6 +4,7 @@
 #include "support/X11TestWindow.h"
 
 #include <gtest/gtest.h>
+#include <iconv.h>
 
 #include <array>
 #include <climits>
@@ -377,6 +378,79 @@ TEST_P(AnyWindowTest, MakesGlyphListsAndKeepsTheUnpackState) {
             greenPixels += PixelAt(x, y) == green;
     EXPECT_GT(greenPixels, 10);
     EXPECT_EQ(static_cast<GLenum>(GL_NO_ERROR), glGetError());
+}
+
+// The host's unpack state says how its own bitmaps lie in memory.
+TEST_P(AnyWindowTest, MakesTheSameGlyphListsWhateverTheUnpackState) {
+    MakeCurrentContext();
+    const auto draw = [this] {
+        const GLuint lists = glGenLists(256);
+        EXPECT_EQ(1, wglUseFontBitmapsA(Dc(), 0, 256, lists)) << LastWindowError();
+        Clear(red);
+        glRasterPos2f(-0.9F, 0);
+        for (const char letter : {'R', 'g', '@'})
+            glCallList(lists + static_cast<GLuint>(letter));
+        std::vector<unsigned char> pixels(usualWidth * usualHeight * 4);
+        glReadPixels(0, 0, usualWidth, usualHeight, GL_RGBA, GL_UNSIGNED_BYTE, pixels.data());
+        return pixels;
+    };
+    glColor3f(0, 1, 0);
+    const auto usual = draw();
+    glPixelStorei(GL_UNPACK_LSB_FIRST, GL_TRUE);
+    EXPECT_EQ(usual, draw()) << "bits from the right";
+    glPixelStorei(GL_UNPACK_ROW_LENGTH, 70);
+    EXPECT_EQ(usual, draw()) << "long rows";
+    glPixelStorei(GL_UNPACK_SKIP_ROWS, 2);
+    glPixelStorei(GL_UNPACK_SKIP_PIXELS, 3);
+    glPixelStorei(GL_UNPACK_ALIGNMENT, 8);
+    EXPECT_EQ(usual, draw()) << "all of it";
+}
+
+// As far as the advance tells; characters that there are not take no room.
+TEST_P(AnyWindowTest, GlyphListsHoldTheCharactersOfWindows1252) {
+    MakeCurrentContext();
+    LOGFONTA description{};
+    description.lfHeight = -30;
+    const HFONT font = CreateFontIndirectA(&description);
+    const HGDIOBJ before = SelectObject(Dc(), font);
+    const HDC memory = CreateCompatibleDC(Dc());
+    SelectObject(memory, font);
+    const auto extent = [memory](const std::string& text) {
+        SIZE size{};
+        EXPECT_TRUE(GetTextExtentPoint32A(memory, text.data(), static_cast<int>(text.size()), &size));
+        return size.cx;
+    };
+    const GLuint lists = glGenLists(256);
+    ASSERT_EQ(1, wglUseFontBitmapsA(Dc(), 0, 256, lists)) << LastWindowError();
+    const iconv_t conversion = iconv_open("UTF-8", "CP1252");
+    for (unsigned byte = 0x20; byte < 0x100; ++byte) {
+        if (byte == 0x7F || byte == 0xAD)
+            continue; // no character, and one that shows at the ends of lines only
+        char source = static_cast<char>(byte), target[8] = {};
+        char *in = &source, *out = target;
+        std::size_t inLeft = 1, outLeft = sizeof target;
+        int expected = 0;
+        if (iconv(conversion, &in, &inLeft, &out, &outLeft) != static_cast<std::size_t>(-1))
+            expected =
+                extent(std::string(target) + "|") - extent("|"); // ink beyond the advance does not count
+        float advance[4];
+        glRasterPos2f(-1, 0);
+        glCallList(lists + byte);
+        glGetFloatv(GL_CURRENT_RASTER_POSITION, advance);
+        EXPECT_NEAR(expected, advance[0], 2) << byte;
+    }
+    iconv_close(conversion);
+    SelectObject(Dc(), before);
+    EXPECT_TRUE(DeleteDC(memory));
+    EXPECT_TRUE(DeleteObject(font));
+}
+
+TEST_P(AnyWindowTest, AWindowWithoutAFormatTakesNoContext) {
+    MakeCurrentContext();
+    const AnyWindow other(GetParam());
+    EXPECT_FALSE(wglMakeCurrent(GetDC(other.Handle()), m_context));
+    EXPECT_EQ(ERROR_INVALID_PIXEL_FORMAT, GetLastError());
+    EXPECT_NE(std::string::npos, std::string(LastWindowError()).find("has no pixel format"));
 }
 
 std::string KindName(const testing::TestParamInfo<Kind>& kind) {
