@@ -154,6 +154,27 @@ TEST(OperationFaults, AFailureOfTheFontListsLeavesTheContextCurrent) {
     EXPECT_EQ(wglGetCurrentContext(), nullptr);
 }
 
+// Labels of which one has failed are not taken for those that were there before.
+TEST(OperationFaults, LabelsOfTheLegendThatFailedAreMadeAgain) {
+    RecordedPlot plot;
+    plot.Fill();
+    CKivoGradientColorRuler& ruler = *plot.plotter.m_zColorRuler;
+    const int width = ruler.m_labels[0].width;
+    const CurrentContext context(plot.plotter);
+    for (long n = 1; n <= 12; ++n) {
+        OperationFault fault(n);
+        ruler.m_precision += 4;
+        ruler.BuildLabels();
+        fault.Stop();
+        SCOPED_TRACE(fault.Failed());
+        ruler.m_precision -= 4;
+        ruler.BuildLabels();
+        for (unsigned int i = 0; i <= ruler.m_divisionCount; ++i)
+            EXPECT_NE(ruler.m_labels[i].pixels, nullptr) << i;
+        EXPECT_EQ(ruler.m_labels[0].width, width);
+    }
+}
+
 // ---- OnDestroy
 
 TEST(OperationFaults, InOnDestroyGiveTheDocumentedResult) {
