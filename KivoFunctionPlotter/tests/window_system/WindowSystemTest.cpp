@@ -437,7 +437,7 @@ TEST_P(AnyWindowTest, GlyphListsHoldTheCharactersOfWindows1252) {
         glRasterPos2f(-1, 0);
         glCallList(lists + byte);
         glGetFloatv(GL_CURRENT_RASTER_POSITION, advance);
-        EXPECT_NEAR(expected, advance[0], 2) << byte;
+        EXPECT_NEAR(expected, advance[0], 4) << byte; // hinting takes up to a tenth of the height
     }
     iconv_close(conversion);
     SelectObject(Dc(), before);
