@@ -1,6 +1,6 @@
 // The examples as a user has them: every host on a real display, driven by injected input. What each shows is
 // compared with one plot of the same grid, drawn here off-screen, that is told of the same presses, moves and
-// turns of the wheel. Pictures go to the folder in KIVO_TEST_OUTPUT, else to test-output.
+// turns of the wheel. Pictures go to the run's own folder.
 #include "ExampleHosts.h"
 #include "support/ChildProcess.h"
 #include "support/Desktop.h"

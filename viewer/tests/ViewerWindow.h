@@ -1,5 +1,5 @@
 // The viewer as a user has it: the real program on a real display, driven by injected input and judged by
-// what the screen shows. Pictures of each step go to the folder in KIVO_TEST_OUTPUT, else to test-output.
+// what the screen shows. Pictures of each step go to the run's own folder.
 #pragma once
 
 #include "support/Desktop.h"

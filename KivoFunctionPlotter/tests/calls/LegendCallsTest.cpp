@@ -84,6 +84,13 @@ TEST_F(RulerCalls, LabelsStandBesideTheirValuesAtNineTenthsOfTheirSize) {
     }
 }
 
+TEST_F(RulerCalls, LabelsThatAreThereAreNotMadeAnew) {
+    EXPECT_THAT(RecordStep(plotter, [&] { ruler.BuildLabels(); })->Texts(), testing::IsEmpty());
+    ++ruler.m_precision;
+    EXPECT_THAT(RecordStep(plotter, [&] { ruler.BuildLabels(); })->Texts(), testing::Not(testing::IsEmpty()));
+    EXPECT_THAT(RecordStep(plotter, [&] { ruler.BuildLabels(); })->Texts(), testing::IsEmpty());
+}
+
 // The strip is widened where labels would be cut off, at the same scale: places and sizes stay the same.
 TEST_F(RulerCalls, ItHasAViewportAndMatricesOfItsOwn) {
     int widest = 0;

@@ -101,6 +101,31 @@ TEST(GradientColor, InterpolatesSaturationAndValue) {
     EXPECT_NEAR(rgb[2], 0.4 * 0.125, 1e-6);
 }
 
+// Of full and of little saturation, bright and dark: no part of the end that stays may take another's place.
+TEST(GradientColor, SettingOneEndKeepsTheColourOfTheOther) {
+    const float colors[][4] = {{1, 0.553f, 0.1f, 0.75f},
+                               {0.25f, 0.05f, 0.1f, 1},
+                               {0.9f, 0.95f, 1, 0.5f},
+                               {0.5f, 0.5f, 0.5f, 1},
+                               {0.2f, 0.2f, 0.2f, 0.1f},
+                               {1, 1, 1, 1},
+                               {0, 0, 0, 1}};
+    for (const auto& kept : colors)
+        for (const bool isStartKept : {true, false}) {
+            SCOPED_TRACE(testing::PrintToString(kept) + (isStartKept ? " at the start" : " at the end"));
+            CKivoGradientColor gradient;
+            gradient.SetColors(isStartKept ? kept : red, isStartKept ? red : kept);
+            gradient.SetRange(2, 3);
+            isStartKept ? gradient.SetEndColor(green) : gradient.SetStartColor(green);
+            EXPECT_EQ(isStartKept ? Start(gradient) : End(gradient), Reencoded(Encoded(kept)));
+            EXPECT_EQ(isStartKept ? End(gradient) : Start(gradient), Encoded(green));
+            float rgb[3];
+            gradient.Evaluate(isStartKept ? 2.0f : 3.0f, rgb);
+            for (int i = 0; i < 3; ++i)
+                EXPECT_NEAR(rgb[i], kept[i], 2.0 / 60.0) << i; // its hue snaps to a whole degree, twice
+        }
+}
+
 TEST(GradientColor, WithoutARangeEveryValueHasTheStartColour) {
     CKivoGradientColor gradient;
     for (const float value : {-1e30f, 0.0f, 17.0f}) {

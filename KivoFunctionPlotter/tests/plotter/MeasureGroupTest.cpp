@@ -527,6 +527,25 @@ TEST_P(GroupsInAPlot, TheFrameHasNoLegendUnlessADerivedClassDrawsIt) {
     EXPECT_EQ(elsewhere, 0) << "the legend stays in the upper right corner";
 }
 
+// A texture of the first life means nothing in the second, where its name may be that of another text.
+TEST_P(GroupsInAPlot, NamesOfASecondLifeWriteOverNoOtherText) {
+    point[2] = -3.0f; // behind the surface
+    for (int i = 0; i < 3; ++i)
+        plotter.AddMeasurePoints(1, 3, point, "group");
+    EXPECT_EQ(plotter.OnDestroy(), 0);
+    for (std::size_t i = 0; i < 3; ++i)
+        EXPECT_EQ(plotter.Group(i).m_nameImage.texture, 0u) << i;
+
+    ASSERT_EQ(plotter.OnCreate(window.Handle(), 360, 240, true), 0) << LastWindowError();
+    plotter.SetDataReference(surface.points.data(), surface.columns, surface.rows, 1, surface.columns, 3);
+    plotter.SetPlotTitle("plot");
+    plotter.SetXAxisTitle("across");
+    const Image before = CaptureImage(plotter);
+    for (unsigned int i = 0; i < 3; ++i)
+        plotter.SetMeasureGroupName(i, "a name of its own");
+    EXPECT_TRUE(ImagesAgree(CaptureImage(plotter), before, 0, 0, "second-life"));
+}
+
 // ---- Legend
 
 TEST_P(GroupsAlone, LegendRowsStandOneBelowTheOtherAtTheRightMargin) {

@@ -1,12 +1,13 @@
 // The plot as pixels: the presented picture, other sizes, and the state around them.
 #include "KivoPicture.h"
 #include "support/Image.h"
+#include "support/TestOutput.h"
 #include "support/TestSurfaces.h"
 #include "support/TestWindow.h"
 
 #include <cstdio>
-#include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 using namespace KivoDrawingTools;
@@ -60,8 +61,7 @@ TEST(Image, IsTheSameAfterWritingAndReadingAFile) {
     Image image(3, 2);
     for (std::size_t i = 0; i < image.rgba.size(); ++i)
         image.rgba[i] = static_cast<unsigned char>(i * 11); // line ends among them
-    const std::string path =
-        testing::TempDir() + "kivo-image-test-" + std::to_string(std::random_device()()) + ".pam";
+    const std::string path = KivoTest::OutputPath("kivo-image-test.pam");
     ASSERT_TRUE(WritePam(image, path));
     Image read;
     ASSERT_TRUE(ReadPam(path, read));
@@ -70,6 +70,21 @@ TEST(Image, IsTheSameAfterWritingAndReadingAFile) {
     EXPECT_EQ(read.rgba, image.rgba);
     std::remove(path.c_str());
     EXPECT_FALSE(ReadPam(path, read));
+}
+
+TEST(Image, PicturesThatDisagreeAreKeptInTheRunsFolder) {
+    Image white(4, 3), black(4, 3);
+    white.rgba.assign(white.rgba.size(), 255);
+    const std::string path = KivoTest::OutputPath("kivo-image-test");
+    EXPECT_NE(std::string(ImagesAgree(white, black, 0, 0, "kivo-image-test").message()).find(path),
+              std::string::npos);
+    Image read;
+    for (const auto& [name, image] : {std::pair{"-actual.pam", white}, {"-expected.pam", black}}) {
+        ASSERT_TRUE(ReadPam(path + name, read)) << path << name;
+        EXPECT_EQ(read.rgba, image.rgba);
+    }
+    for (const char* name : {"-actual.pam", "-expected.pam", "-difference.pam"})
+        EXPECT_EQ(std::remove((path + name).c_str()), 0) << name;
 }
 
 TEST(Image, DifferencesAreMeasured) {

@@ -1,6 +1,7 @@
 #include "Image.h"
 
 #include "KivoPicture.h"
+#include "TestOutput.h"
 #include "window_system/WindowSystem.h"
 
 #include <algorithm>
@@ -113,7 +114,7 @@ testing::AssertionResult ImagesAgree(const Image& actual, const Image& expected,
                                            << " instead of " << expected.width << " x " << expected.height;
     const ImageDifference difference = Compare(actual, expected);
     if (difference.max <= maxLimit && difference.mean <= meanLimit) return testing::AssertionSuccess();
-    const std::string path = testing::TempDir() + name;
+    const std::string path = KivoTest::OutputPath(name);
     WritePam(actual, path + "-actual.pam");
     WritePam(expected, path + "-expected.pam");
     WritePam(DifferenceImage(actual, expected), path + "-difference.pam");

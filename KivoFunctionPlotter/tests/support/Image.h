@@ -49,7 +49,7 @@ ImageDifference Compare(const Image& a, const Image& b);
 
 /// Fails where sizes differ, where any byte differs by more than maxLimit or all by more than meanLimit on
 /// average. Actual, expected and difference are then written as <name>-actual.pam and so on into the
-/// directory of temporary files.
+/// run's own folder (TestOutput.h).
 testing::AssertionResult ImagesAgree(const Image& actual, const Image& expected, int maxLimit,
                                      double meanLimit, const std::string& name);
 

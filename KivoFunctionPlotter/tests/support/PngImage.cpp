@@ -1,12 +1,12 @@
 #include "PngImage.h"
 
+#include "TestOutput.h"
+
 #include <gtest/gtest.h>
 
 #include <png.h>
 
 #include <cmath>
-#include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 
@@ -44,10 +44,7 @@ int ReadPngResolution(const std::string& path) {
 }
 
 void KeepPng(const Image& image, const std::string& name) {
-    const char* const asked = std::getenv("KIVO_TEST_OUTPUT");
-    const std::filesystem::path folder = asked && *asked ? asked : "test-output";
-    std::filesystem::create_directories(folder);
-    const std::string path = (folder / (name + ".png")).string();
+    const std::string path = OutputPath(name + ".png");
     png_image png = {};
     png.version = PNG_IMAGE_VERSION;
     png.width = static_cast<png_uint_32>(image.width);

@@ -13,8 +13,7 @@ KivoDrawingTools::Image ReadPng(const std::string& path);
 /// Dots per inch that the file records; 0 and a test failure where it records none.
 int ReadPngResolution(const std::string& path);
 
-/// Keeps a picture for a person to look at, as <name>.png in the folder that KIVO_TEST_OUTPUT names, else in
-/// test-output.
+/// Keeps a picture for a person to look at, as <name>.png in the run's own folder (TestOutput.h).
 void KeepPng(const KivoDrawingTools::Image& image, const std::string& name);
 
 } // namespace KivoTest

@@ -230,16 +230,17 @@ void X11TestWindow::SetResources(const std::string& text) {
         xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
 }
 
-PrivateXServer::PrivateXServer(const std::string& screen) {
+PrivateXServer::PrivateXServer(const std::string& screen, bool smallRequests) {
     int ends[2];
     if (pipe(ends) != 0) return;
+    const char* const limit = smallRequests ? "-maxbigreqsize" : nullptr; // in units of 4 MiB
     m_process = fork();
     if (m_process == 0) {
         const int silence = open("/dev/null", O_WRONLY);
         dup2(silence, STDERR_FILENO);
         dup2(ends[1], 3);
         execlp("Xvfb", "Xvfb", "-displayfd", "3", "-screen", "0", screen.c_str(), "-nolisten", "tcp",
-               "-noreset", static_cast<char*>(nullptr));
+               "-noreset", limit, "1", static_cast<char*>(nullptr));
         _exit(127);
     }
     close(ends[1]);

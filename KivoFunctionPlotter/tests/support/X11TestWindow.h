@@ -82,7 +82,8 @@ private:
 class PrivateXServer {
 public:
     /// @param screen  size and depth, for example "640x480x24"
-    explicit PrivateXServer(const std::string& screen);
+    /// @param smallRequests  whether requests are limited to 4 MiB, a quarter of what is usual
+    explicit PrivateXServer(const std::string& screen, bool smallRequests = false);
     ~PrivateXServer() { Kill(); }
     PrivateXServer(const PrivateXServer&) = delete;
     PrivateXServer& operator=(const PrivateXServer&) = delete;

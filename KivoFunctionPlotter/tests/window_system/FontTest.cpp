@@ -400,6 +400,21 @@ TEST_F(FontTest, ABitmapIsForOneMemoryDeviceContext) {
     EXPECT_EQ(96, GetDeviceCaps(m_dc, LOGPIXELSY));
 }
 
+// The bitmap that a memory device context is made with is one like others, but for being deleted with it.
+TEST_F(FontTest, TheFirstBitmapIsForOneMemoryDeviceContext) {
+    UseBitmap(4, 4, 0);
+    const HDC other = CreateCompatibleDC(m_dc), third = CreateCompatibleDC(m_dc);
+    const HBITMAP bitmap = CreateCompatibleBitmap(GetDC(m_window), 4, 4);
+    const HGDIOBJ first = SelectObject(other, bitmap);
+    ASSERT_NE(nullptr, first);
+    EXPECT_EQ(bitmap, SelectObject(other, first));
+    EXPECT_EQ(nullptr, SelectObject(third, first)) << "it is selected";
+    EXPECT_EQ(ERROR_BUSY, GetLastError());
+    EXPECT_TRUE(DeleteObject(bitmap));
+    EXPECT_TRUE(DeleteDC(other));
+    EXPECT_TRUE(DeleteDC(third));
+}
+
 TEST_F(FontTest, MissingArgumentsAreRefused) {
     SIZE size{};
     RECT rect{};

@@ -4,9 +4,12 @@
 #include "support/X11TestWindow.h"
 
 #include <gtest/gtest.h>
+#include <iconv.h>
 
 #include <array>
 #include <climits>
+#include <cstdio>
+#include <cstdlib>
 #include <memory>
 #include <string>
 #include <thread>
@@ -151,6 +154,50 @@ TEST_P(AnyWindowTest, ChoosesDepthAndStencil) {
     EXPECT_NE(0U, answer.dwFlags & PFD_SUPPORT_OPENGL);
     EXPECT_EQ(PFD_TYPE_RGBA, answer.iPixelType);
     EXPECT_EQ(sizeof answer, answer.nSize);
+}
+
+// The channels lie side by side, blue in the lowest bits and alpha in the highest.
+TEST_P(AnyWindowTest, DescribesWhereEveryFormatsChannelsLie) {
+    PIXELFORMATDESCRIPTOR answer{};
+    const int count = DescribePixelFormat(Dc(), 1, sizeof answer, nullptr);
+    int withAlpha = 0;
+    for (int format = 1; format <= count; ++format) {
+        SCOPED_TRACE(format);
+        ASSERT_EQ(count, DescribePixelFormat(Dc(), format, sizeof answer, &answer));
+        EXPECT_EQ(0, answer.cBlueShift);
+        EXPECT_EQ(answer.cBlueBits, answer.cGreenShift);
+        EXPECT_EQ(answer.cBlueBits + answer.cGreenBits, answer.cRedShift);
+        EXPECT_EQ(answer.cBlueBits + answer.cGreenBits + answer.cRedBits, answer.cAlphaShift);
+        EXPECT_EQ(answer.cBlueBits + answer.cGreenBits + answer.cRedBits, answer.cColorBits);
+        withAlpha += answer.cAlphaBits == 8 && answer.cAlphaShift == 24;
+    }
+    EXPECT_GT(withAlpha, 0);
+}
+
+TEST_P(AnyWindowTest, DrawsInTheFormatThatItDescribes) {
+    for (const BYTE alphaBits : {BYTE{0}, BYTE{8}}) {
+        PIXELFORMATDESCRIPTOR wanted = Wanted(), answer{};
+        wanted.cAlphaBits = alphaBits;
+        const AnyWindow window(GetParam());
+        const HDC dc = GetDC(window.Handle());
+        const int format = ChoosePixelFormat(dc, &wanted);
+        ASSERT_GT(DescribePixelFormat(dc, format, sizeof answer, &answer), 0);
+        ASSERT_TRUE(SetPixelFormat(dc, format, &answer)) << LastWindowError();
+        const HGLRC context = wglCreateContext(dc);
+        ASSERT_TRUE(wglMakeCurrent(dc, context)) << LastWindowError();
+        const auto bits = [](GLenum name) {
+            GLint value = -1;
+            glGetIntegerv(name, &value);
+            return value;
+        };
+        EXPECT_EQ(bits(GL_RED_BITS), answer.cRedBits);
+        EXPECT_EQ(bits(GL_GREEN_BITS), answer.cGreenBits);
+        EXPECT_EQ(bits(GL_BLUE_BITS), answer.cBlueBits);
+        EXPECT_EQ(bits(GL_ALPHA_BITS), answer.cAlphaBits);
+        EXPECT_EQ(bits(GL_DEPTH_BITS), answer.cDepthBits);
+        EXPECT_EQ(bits(GL_STENCIL_BITS), answer.cStencilBits);
+        EXPECT_TRUE(wglDeleteContext(context));
+    }
 }
 
 TEST_P(AnyWindowTest, RefusesFormatsThatAreNotThere) {
@@ -333,6 +380,79 @@ TEST_P(AnyWindowTest, MakesGlyphListsAndKeepsTheUnpackState) {
     EXPECT_EQ(static_cast<GLenum>(GL_NO_ERROR), glGetError());
 }
 
+// The host's unpack state says how its own bitmaps lie in memory.
+TEST_P(AnyWindowTest, MakesTheSameGlyphListsWhateverTheUnpackState) {
+    MakeCurrentContext();
+    const auto draw = [this] {
+        const GLuint lists = glGenLists(256);
+        EXPECT_EQ(1, wglUseFontBitmapsA(Dc(), 0, 256, lists)) << LastWindowError();
+        Clear(red);
+        glRasterPos2f(-0.9F, 0);
+        for (const char letter : {'R', 'g', '@'})
+            glCallList(lists + static_cast<GLuint>(letter));
+        std::vector<unsigned char> pixels(usualWidth * usualHeight * 4);
+        glReadPixels(0, 0, usualWidth, usualHeight, GL_RGBA, GL_UNSIGNED_BYTE, pixels.data());
+        return pixels;
+    };
+    glColor3f(0, 1, 0);
+    const auto usual = draw();
+    glPixelStorei(GL_UNPACK_LSB_FIRST, GL_TRUE);
+    EXPECT_EQ(usual, draw()) << "bits from the right";
+    glPixelStorei(GL_UNPACK_ROW_LENGTH, 70);
+    EXPECT_EQ(usual, draw()) << "long rows";
+    glPixelStorei(GL_UNPACK_SKIP_ROWS, 2);
+    glPixelStorei(GL_UNPACK_SKIP_PIXELS, 3);
+    glPixelStorei(GL_UNPACK_ALIGNMENT, 8);
+    EXPECT_EQ(usual, draw()) << "all of it";
+}
+
+// As far as the advance tells; characters that there are not take no room.
+TEST_P(AnyWindowTest, GlyphListsHoldTheCharactersOfWindows1252) {
+    MakeCurrentContext();
+    LOGFONTA description{};
+    description.lfHeight = -30;
+    const HFONT font = CreateFontIndirectA(&description);
+    const HGDIOBJ before = SelectObject(Dc(), font);
+    const HDC memory = CreateCompatibleDC(Dc());
+    SelectObject(memory, font);
+    const auto extent = [memory](const std::string& text) {
+        SIZE size{};
+        EXPECT_TRUE(GetTextExtentPoint32A(memory, text.data(), static_cast<int>(text.size()), &size));
+        return size.cx;
+    };
+    const GLuint lists = glGenLists(256);
+    ASSERT_EQ(1, wglUseFontBitmapsA(Dc(), 0, 256, lists)) << LastWindowError();
+    const iconv_t conversion = iconv_open("UTF-8", "CP1252");
+    for (unsigned byte = 0x20; byte < 0x100; ++byte) {
+        if (byte == 0x7F || byte == 0xAD)
+            continue; // no character, and one that shows at the ends of lines only
+        char source = static_cast<char>(byte), target[8] = {};
+        char *in = &source, *out = target;
+        std::size_t inLeft = 1, outLeft = sizeof target;
+        int expected = 0;
+        if (iconv(conversion, &in, &inLeft, &out, &outLeft) != static_cast<std::size_t>(-1))
+            expected =
+                extent(std::string(target) + "|") - extent("|"); // ink beyond the advance does not count
+        float advance[4];
+        glRasterPos2f(-1, 0);
+        glCallList(lists + byte);
+        glGetFloatv(GL_CURRENT_RASTER_POSITION, advance);
+        EXPECT_NEAR(expected, advance[0], 4) << byte; // hinting takes up to a tenth of the height
+    }
+    iconv_close(conversion);
+    SelectObject(Dc(), before);
+    EXPECT_TRUE(DeleteDC(memory));
+    EXPECT_TRUE(DeleteObject(font));
+}
+
+TEST_P(AnyWindowTest, AWindowWithoutAFormatTakesNoContext) {
+    MakeCurrentContext();
+    const AnyWindow other(GetParam());
+    EXPECT_FALSE(wglMakeCurrent(GetDC(other.Handle()), m_context));
+    EXPECT_EQ(ERROR_INVALID_PIXEL_FORMAT, GetLastError());
+    EXPECT_NE(std::string::npos, std::string(LastWindowError()).find("has no pixel format"));
+}
+
 std::string KindName(const testing::TestParamInfo<Kind>& kind) {
     return kind.param == Kind::X11 ? "X11" : "Offscreen";
 }
@@ -371,6 +491,37 @@ TEST(WindowSystem, MulDivRoundsInSixtyFourBits) {
     EXPECT_EQ(INT_MAX, MulDiv(INT_MAX, INT_MAX, INT_MAX));
     EXPECT_EQ(-1, MulDiv(INT_MAX, 2, 1));
     EXPECT_EQ(-1, MulDiv(1, 1, 0));
+}
+
+// In a process of its own, whose EGL finds no driver.
+class WithoutDriverDeathTest : public testing::Test {
+protected:
+    void SetUp() override {
+        GTEST_FLAG_SET(death_test_style, "threadsafe");
+        setenv(variable, "/nowhere/driver.json", 1);
+    }
+    void TearDown() override { unsetenv(variable); }
+
+    /// Ends the process with 0 and the words on standard error where there is no window.
+    [[noreturn]] static void TellAboutWindow(HWND window) {
+        std::fprintf(stderr, "%u, %s\n", static_cast<unsigned>(GetLastError()), LastWindowError());
+        std::exit(window ? 1 : 0);
+    }
+
+private:
+    static constexpr const char* variable = "__EGL_VENDOR_LIBRARY_FILENAMES";
+};
+
+TEST_F(WithoutDriverDeathTest, AnOffscreenWindowSaysWhyItIsNull) {
+    EXPECT_EXIT(TellAboutWindow(CreateOffscreenWindow(16, 16)), testing::ExitedWithCode(0),
+                "^50, EGL: cannot draw OpenGL without a screen: .*; install an OpenGL driver");
+}
+
+TEST_F(WithoutDriverDeathTest, AnX11WindowSaysWhyItIsNull) {
+    if (!KivoTest::HasDisplay()) GTEST_SKIP() << "no display";
+    const KivoTest::X11TestWindow host;
+    EXPECT_EXIT(TellAboutWindow(AttachX11Window(host.Id())), testing::ExitedWithCode(0),
+                "^50, EGL: cannot draw OpenGL .*; install an OpenGL driver");
 }
 
 TEST(OffscreenWindow, RefusesSizesOutOfRange) {

@@ -9,8 +9,11 @@
 #include <EGL/eglext.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -77,13 +80,18 @@ void DrawQuarters(int width, int height) {
     quad(-1, 0, 0.5F, 0, 0, 0); // behind the red one
 }
 
-bool DrawFrame(const AttachedWindow& window, int width, int height) {
+template <typename Draw>
+bool ShowFrame(const AttachedWindow& window, Draw draw) {
     if (!window.MakeCurrent()) return false;
-    DrawQuarters(width, height);
+    draw();
     const bool shown = SwapBuffers(window.Dc()) != 0;
     RECT answer{};
     GetClientRect(window.Handle(), &answer); // the display has done everything that was asked before
     return wglMakeCurrent(nullptr, nullptr) && shown;
+}
+
+bool DrawFrame(const AttachedWindow& window, int width, int height) {
+    return ShowFrame(window, [=] { DrawQuarters(width, height); });
 }
 
 std::string ColorAt(const Pixels& picture, int width, int x, int y) {
@@ -103,14 +111,69 @@ void ExpectQuarters(const Pixels& picture, int width, int height) {
     EXPECT_EQ("111", ColorAt(picture, width, width - 3, height - 3));
 }
 
-/// A grey window shows red, green and blue by their brightness.
-void ExpectGreyQuarters(const Pixels& picture, int width, int height) {
-    const auto level = [&](int x, int y) {
-        return picture.at(static_cast<std::size_t>((y * width + x) * 4));
-    };
-    EXPECT_LT(level(2, height - 3), level(2, 2));
-    EXPECT_LT(level(2, 2), level(width - 3, 2));
-    EXPECT_LT(level(width - 3, 2), level(width - 3, height - 3));
+/// A picture in which no pixel is like its neighbours, RGBA, top row first.
+Pixels NoisePicture(int width, int height) {
+    std::mt19937 random(static_cast<unsigned>(width * 1000 + height));
+    Pixels picture(static_cast<std::size_t>(width * height * 4), 255);
+    for (std::size_t i = 0; i < picture.size(); ++i)
+        if (i % 4 != 3) picture[i] = static_cast<std::uint8_t>(random() >> 24);
+    return picture;
+}
+
+/// Draws a picture pixel by pixel.
+void DrawPicture(const Pixels& picture, int width, int height) {
+    glViewport(0, 0, width, height);
+    glDisable(GL_DEPTH_TEST);
+    glDisable(GL_DITHER);
+    const auto rowBytes = static_cast<std::size_t>(width) * 4;
+    Pixels bottomFirst;
+    for (std::size_t y = static_cast<std::size_t>(height); y-- > 0;)
+        bottomFirst.insert(bottomFirst.end(), picture.data() + y * rowBytes,
+                           picture.data() + (y + 1) * rowBytes);
+    glRasterPos2f(-1, -1);
+    glDrawPixels(width, height, GL_RGBA, GL_UNSIGNED_BYTE, bottomFirst.data());
+}
+
+/// How far what a window shows may be from what was drawn, in levels of a channel.
+struct Accuracy {
+    int most;
+    double mean;
+};
+
+/// Half a step of the visual's channels or, in a palette, of a cube of 6 shades each, and what a table of 5
+/// bits a channel loses. Palettes have the colour that is nearest to the eye, to which blue says little.
+Accuracy AccuracyOf(int screenDepth, int visualClass) {
+    if (screenDepth == 30) return {1, 0.5};
+    if (screenDepth > 16) return {0, 0};
+    if (screenDepth > 8) return {8, 2.1};
+    switch (visualClass) {
+    case XCB_VISUAL_CLASS_STATIC_GRAY:
+    case XCB_VISUAL_CLASS_GRAY_SCALE:
+        return {9, 1.8};
+    case XCB_VISUAL_CLASS_PSEUDO_COLOR:
+        return {90, 12.9};
+    case XCB_VISUAL_CLASS_STATIC_COLOR: // 3, 3 and 2 bits
+        return {47, 13.5};
+    default:
+        return {43, 13.2};
+    }
+}
+
+/// Compares every pixel.
+void ExpectPicture(const Pixels& shown, const Pixels& drawn, bool isGrey, const Accuracy& accuracy) {
+    ASSERT_EQ(drawn.size(), shown.size());
+    int most = 0;
+    double sum = 0;
+    for (std::size_t i = 0; i < drawn.size(); i += 4) {
+        const int brightness = (30 * drawn[i] + 59 * drawn[i + 1] + 11 * drawn[i + 2]) / 100;
+        for (std::size_t k = i; k < i + 3; ++k) {
+            const int difference = std::abs(shown[k] - (isGrey ? brightness : drawn[k]));
+            most = std::max(most, difference);
+            sum += difference;
+        }
+    }
+    EXPECT_LE(most, accuracy.most);
+    EXPECT_LE(sum / (0.75 * static_cast<double>(drawn.size())), accuracy.mean);
 }
 
 constexpr std::uint32_t ALL_INPUT = XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE |
@@ -153,11 +216,11 @@ void TryVisual(const KivoTest::XTestVisual& visual, const std::string& display) 
                         (visual.visualClass == XCB_VISUAL_CLASS_GRAY_SCALE);
     for (const auto& size : {SIZE{options.width, options.height}, SIZE{200, 350}, SIZE{401, 113}}) {
         host.Resize(size.cx, size.cy);
+        const Pixels drawn = NoisePicture(size.cx, size.cy);
+        ASSERT_TRUE(ShowFrame(window, [&] { DrawPicture(drawn, size.cx, size.cy); })) << LastWindowError();
+        ExpectPicture(host.Grab(), drawn, isGrey, AccuracyOf(host.Screen().root_depth, visual.visualClass));
         ASSERT_TRUE(DrawFrame(window, size.cx, size.cy)) << LastWindowError();
-        if (isGrey)
-            ExpectGreyQuarters(host.Grab(), size.cx, size.cy);
-        else
-            ExpectQuarters(host.Grab(), size.cx, size.cy);
+        if (!isGrey) ExpectQuarters(host.Grab(), size.cx, size.cy);
     }
     ExpectInputArrives(host);
 }
@@ -231,6 +294,24 @@ TEST(X11Screens, ShowsPicturesAtEveryScreenDepth) {
         if (server.Display().empty()) GTEST_SKIP() << "no Xvfb";
         TryAllVisuals(server.Display());
     }
+}
+
+// A picture larger than a request is sent in pieces.
+TEST(X11Screens, ShowsPicturesOfSeveralRequests) {
+    const KivoTest::PrivateXServer server("2304x1920x8", true);
+    if (server.Display().empty()) GTEST_SKIP() << "no Xvfb";
+    X11TestWindow::Options options;
+    options.display = server.Display();
+    options.width = 2301;
+    options.height = 1901;
+    const X11TestWindow host(options);
+    ASSERT_LT(xcb_get_maximum_request_length(host.Connection()) * 4, 2301U * 1901U);
+    const AttachedWindow window(host.Id(), server.Display().c_str());
+    ASSERT_NE(nullptr, window.Context()) << LastWindowError();
+    const Pixels drawn = NoisePicture(options.width, options.height);
+    ASSERT_TRUE(ShowFrame(window, [&] { DrawPicture(drawn, options.width, options.height); }))
+        << LastWindowError();
+    ExpectPicture(host.Grab(), drawn, false, AccuracyOf(8, XCB_VISUAL_CLASS_PSEUDO_COLOR));
 }
 
 TEST_F(X11WindowTest, KeepsItsOwnVisualWhereThatCanDraw) {
