@@ -34,7 +34,7 @@ for page in "${pages[@]}"; do
         if [ -n "$file" ]; then target=$(realpath -m --relative-to=. "$(dirname "$page")/$file"); fi
         if [ ! -e "$target" ]; then
             complain "$page: there is no $target"
-        elif [[ $link == *'#'* ]] && ! anchors "$target" | grep -qxF -- "${link#*#}"; then
+        elif [[ $link == *'#'* ]] && ! grep -qxF -- "${link#*#}" <<<"$(anchors "$target")"; then
             complain "$page: $target has no heading #${link#*#}"
         fi
     done < <(links "$page")
@@ -63,7 +63,7 @@ reach() {
         if [[ $target == docs/*.md && -e $target ]]; then reach "$target"; fi
     done < <(links "$1")
 }
-if links README.md | grep -qx docs/README.md; then reach docs/README.md; else complain "README.md does not link docs/README.md"; fi
+if grep -qx docs/README.md <<<"$(links README.md)"; then reach docs/README.md; else complain "README.md does not link docs/README.md"; fi
 for page in docs/*.md; do
     [[ $reached == *" $page "* ]] || complain "docs/README.md does not lead to $page"
 done

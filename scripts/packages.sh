@@ -23,7 +23,7 @@ kivo_benchmark_packages=(libbenchmark-dev python3-matplotlib xvfb)
 install_packages() {
     local missing=() name
     for name in "$@"; do
-        dpkg-query --show --showformat='${Status}\n' "$name" 2>/dev/null | grep -q '^install ok installed$' ||
+        [ "$(dpkg-query --show --showformat='${Status}' "$name" 2>/dev/null)" = 'install ok installed' ] ||
             missing+=("$name")
     done
     [ ${#missing[@]} -eq 0 ] && return 0

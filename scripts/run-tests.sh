@@ -14,8 +14,8 @@ report=${report#"$PWD/"} # relative, so that Windows programs find it, too
 
 KIVO_TEST_OUTPUT=$output/$name GTEST_OUTPUT=xml:$report "$@"
 status=$?
-read -r tests skipped < <(sed -nE 's/.*<testsuites tests="([0-9]+)".*/\1/p' "$report" 2>/dev/null | head -n 1 | tr '\n' ' '
-    grep -c 'result="skipped"' "$report" 2>/dev/null)
+tests=$(sed -nE '0,/<testsuites /s/.*<testsuites tests="([0-9]+)".*/\1/p' "$report" 2>/dev/null)
+skipped=$(grep -c 'result="skipped"' "$report" 2>/dev/null)
 if [ "${tests:-0}" -le "${skipped:-0}" ]; then
     echo "$name: nothing was run" >&2
     exit 1

@@ -91,7 +91,7 @@ cmake --build "$place/consumer"
 [ "$(env -u DISPLAY "$place/consumer/consumer")" = "$version" ] || fail "the program says another version"
 [ "$("$system/usr/bin/kivo-viewer" --version)" = "kivo-viewer $version" ] || fail "the viewer says another version"
 env -u DISPLAY "$system/usr/bin/kivo-viewer" --picture "$place/plot.png" --size 400x300
-file "$place/plot.png" | grep -q 'PNG image data, 400 x 300' || fail "the viewer drew no picture"
+grep -q 'PNG image data, 400 x 300' <<<"$(file "$place/plot.png")" || fail "the viewer drew no picture"
 
 in_root --purge "${packages[@]}"
 left=$(find "$system" -mindepth 1 -not -path "$system/var*" -not -path "$system/etc" -not -name ld.so.cache \

@@ -13,5 +13,5 @@ if [ -n "$unexpected" ]; then
 fi
 for name in 'CKivoFunctionPlotter::OnCreate(' AttachX11Window CreateOffscreenWindow ResizeOffscreenWindow ReleaseWindow \
     GetWindowDpi LastWindowError CapturePicture TakeView; do
-    printf '%s\n' "$exported" | grep -qF "KivoDrawingTools::$name" || { echo "Not exported: $name"; exit 1; }
+    grep -qF "KivoDrawingTools::$name" <<<"$exported" || { echo "Not exported: $name"; exit 1; }
 done

@@ -180,6 +180,7 @@ TEST_P(BoxCalls, TickMarksAreOneBlackBatchOfTenPixels) {
 // Labels and titles are drawn twice: what is seen, then its ink as the nearest of all in the depth buffer.
 TEST_P(BoxCalls, LabelsAreDrawnInPixelsAndEnterTheDepthBuffer) {
     const auto recorder = Draw();
+    EXPECT_EQ(recorder->TextsOf({"glAlphaFunc"}), Texts{"glAlphaFunc(GL_GREATER, 0.25)"});
     const auto& draws = recorder->Draws();
     ASSERT_GT(draws.size(), 7u);
     const std::size_t count = (draws.size() - 5) / 2;

@@ -171,6 +171,22 @@ TEST(LevelLines, AreThoseOfPlainWalksWhateverTheNumbers) {
             }
 }
 
+// The ranks of values are bounded by where even levels would lie; these are off by a good part of a step.
+TEST(LevelLines, OfNearlyEvenLevelsAreThoseOfPlainWalks) {
+    std::mt19937 random(3);
+    TestSurface surface = PlaneSurface(40, 30);
+    for (float& value : surface.points)
+        value = std::uniform_real_distribution<float>(-1.0f, 31.0f)(random);
+    for (const float most : {0.1f, 0.24f, 0.3f}) {
+        std::vector<float> levels(31);
+        for (std::size_t k = 0; k < levels.size(); ++k)
+            levels[k] = static_cast<float>(k) + std::uniform_real_distribution<float>(-most, most)(random);
+        levels.front() = 0.0f;
+        levels.back() = 30.0f;
+        ExpectPlainLines({surface.points.data(), 40, 30, 3, 120}, 2, levels);
+    }
+}
+
 TEST(LevelLines, FollowStrides) {
     std::vector<float> points(4 * 40);
     for (std::size_t i = 0; i < points.size(); ++i)

@@ -275,6 +275,26 @@ TEST(AllocationFaults, InAnyMemberThrowAndLoseNothing) {
     }
 }
 
+// What a curve has is kept in several arrays, which grow together or not at all.
+TEST(AllocationFaults, ACurveThatFailsLeavesTheOthersAsTheyAre) {
+    RecordedPlot plot;
+    CallProbe& plotter = plot.plotter;
+    const auto sizes = [&plotter] {
+        return std::vector<std::size_t>{plotter.m_curveData.size(), plotter.m_curvePointCounts.size(),
+                                        plotter.m_curveVisible.size(), plotter.m_curveColors.size(),
+                                        plotter.m_curveWidths.size()};
+    };
+    float point[3] = {};
+    for (std::size_t curves = 0; curves < 9; ++curves) {
+        bool hasThrown = true;
+        for (long n = 1; hasThrown; ++n) {
+            EXPECT_EQ(sizes(), std::vector<std::size_t>(5, curves)) << n;
+            hasThrown = Try(n, Mode::once, [&] { return plotter.AddCurveData(point, 1, 3); }).hasThrown;
+        }
+        EXPECT_EQ(sizes(), std::vector<std::size_t>(5, curves + 1));
+    }
+}
+
 // A frame that throws leaves its state to the next one, which must not show.
 TEST(AllocationFaults, AFrameAfterOneThatHasThrownIsWhole) {
     for (const Mode mode : {Mode::once, Mode::onwards}) {

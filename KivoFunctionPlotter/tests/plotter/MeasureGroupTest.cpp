@@ -352,6 +352,15 @@ TEST_F(MeasureGroups, RenamingLeavesNoTextureBehind) {
     EXPECT_EQ(textures(), before);
 }
 
+TEST_F(MeasureGroups, ANameGivenWithoutAWindowHasNoPicture) {
+    Add("a");
+    EXPECT_EQ(plotter.OnDestroy(), 0);
+    EXPECT_EQ(plotter.SetMeasureGroupName(0, "another"), 0);
+    EXPECT_EQ(Name(0), "another");
+    EXPECT_EQ(plotter.Group(0).m_nameImage.pixels, nullptr);
+    EXPECT_EQ(plotter.Group(0).m_nameImage.width, 0);
+}
+
 TEST_F(MeasureGroups, AnEmptyNameIsAName) {
     EXPECT_EQ(Add(""), 0);
     EXPECT_EQ(Name(0), "");

@@ -10,6 +10,7 @@
 #include <limits>
 #include <memory>
 #include <stdexcept>
+#include <utility>
 #include <vector>
 
 using namespace KivoDrawingTools;
@@ -458,6 +459,18 @@ TEST_P(SurfaceDrawing, OverlappingRowsAreNotDrawnPastTheArray) {
     plot.SurfaceImage();
     EXPECT_EQ(plotter.Renderscene(), 0);
     plotter.OnDestroy();
+}
+
+// Where there was no memory for one of the arrays.
+TEST_P(SurfaceDrawing, NothingIsDrawnWithoutColoursOrIndices) {
+    Take(plotter, HillSurface(9, 7));
+    float* const colors = std::exchange(plotter.m_colorArray, nullptr);
+    EXPECT_EQ(CountInk(plot.SurfaceImage()), 0);
+    plotter.m_colorArray = colors;
+    auto* const indices = std::exchange(plotter.m_indexArray, nullptr);
+    EXPECT_EQ(CountInk(plot.SurfaceImage()), 0);
+    plotter.m_indexArray = indices;
+    EXPECT_GT(CountInk(plot.SurfaceImage()), 0);
 }
 
 TEST_P(SurfaceDrawing, LeavesTheStateOfArraysAndTexturesOff) {

@@ -309,9 +309,25 @@ TEST(X11Screens, ShowsPicturesOfSeveralRequests) {
     const AttachedWindow window(host.Id(), server.Display().c_str());
     ASSERT_NE(nullptr, window.Context()) << LastWindowError();
     const Pixels drawn = NoisePicture(options.width, options.height);
-    ASSERT_TRUE(ShowFrame(window, [&] { DrawPicture(drawn, options.width, options.height); }))
-        << LastWindowError();
+    ASSERT_TRUE(ShowFrame(window, [&] {
+        DrawPicture(drawn, options.width, options.height);
+        // The host's own way of reading pixels is neither followed nor changed.
+        glPixelStorei(GL_PACK_ROW_LENGTH, 77);
+        glPixelStorei(GL_PACK_SKIP_ROWS, 5);
+        glPixelTransferf(GL_RED_SCALE, 0.5F);
+    })) << LastWindowError();
     ExpectPicture(host.Grab(), drawn, false, AccuracyOf(8, XCB_VISUAL_CLASS_PSEUDO_COLOR));
+    ASSERT_TRUE(window.MakeCurrent());
+    GLint rowLength = 0, skippedRows = 0;
+    GLfloat redScale = 0;
+    glGetIntegerv(GL_PACK_ROW_LENGTH, &rowLength);
+    glGetIntegerv(GL_PACK_SKIP_ROWS, &skippedRows);
+    glGetFloatv(GL_RED_SCALE, &redScale);
+    EXPECT_EQ(77, rowLength);
+    EXPECT_EQ(5, skippedRows);
+    EXPECT_EQ(0.5F, redScale);
+    EXPECT_EQ(static_cast<GLenum>(GL_NO_ERROR), glGetError());
+    EXPECT_TRUE(wglMakeCurrent(nullptr, nullptr));
 }
 
 TEST_F(X11WindowTest, KeepsItsOwnVisualWhereThatCanDraw) {
@@ -424,7 +440,8 @@ TEST_F(X11WindowTest, TakesTheDisplaysResolution) {
         host.SetResources("Xft.dpi:\t120\n");
         EXPECT_EQ(120, GetWindowDpi(window.Handle())) << "as it is at present";
     }
-    for (const char* const useless : {"", "Xft.dpi:\n", "Xft.dpi: many", "Xft.dpi: -3", "NotXft.dpi: 144"}) {
+    for (const char* const useless : {"", "Xft.dpi:\n", "Xft.dpi: many", "Xft.dpi: -3", "NotXft.dpi: 144",
+                                      "Another:\t144", "Anothe:\t144"}) {
         host.SetResources(useless);
         const AttachedWindow window(host.Id());
         EXPECT_EQ(96, GetDeviceCaps(window.Dc(), LOGPIXELSY)) << useless;
