@@ -219,7 +219,6 @@ bool Allocates(const PublicOperation& member, CallProbe& plotter) {
     return fault.Count() > 0;
 }
 
-
 // After the failure the same member does its work as if nothing had happened, and holds no more than it would
 // else.
 void FailInEveryAllocation(const PublicOperation& member, CallProbe& plotter, Mode mode) {

@@ -166,6 +166,11 @@ int CaptureSized(P& plotter, A& source) {
     return rgba.size() == (result == 0 ? std::size_t{4} * width * height : 0) ? result : contradiction;
 }
 
+// Its own view is one that any plot can take.
+int TakeOwnView(P& plotter, A&) {
+    return TakeView(plotter, plotter);
+}
+
 // Some members are called with two values, so that there is something to do each time.
 
 // ---- Core
@@ -417,6 +422,7 @@ const std::vector<PublicMember> overlayMembers = {
 const std::vector<PublicMember> pictureFunctions = {
     Member("CapturePicture()", bracketed, Capture).Refuses(-1),
     Member("CapturePicture(size, size)", bracketed, CaptureSized).Refuses(-1).Refuses(-3),
+    Member("TakeView(plotter)", bracketed, TakeOwnView).Refuses(-1).Refuses(-3),
 };
 
 std::vector<PublicMember> AllMembers() {
