@@ -466,4 +466,4 @@ TEST_P(AxisFrame, FlatTextsReadCorrectlyAlongMirroredAxes) {
     }
 }
 
-KIVO_IN_EVERY_WINDOW(AxisFrame);
+KIVO_IN_ONE_WINDOW(AxisFrame);

@@ -223,4 +223,4 @@ TEST_P(Legend, EachPlotShowsItsOwnGradient) {
         CaptureImage(plotter).IsNear(column, height - 1 - static_cast<int>(0.145 * height), {0, 0, 255}, 12));
 }
 
-KIVO_IN_EVERY_WINDOW(Legend);
+KIVO_IN_ONE_WINDOW(Legend);

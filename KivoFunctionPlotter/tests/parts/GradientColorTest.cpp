@@ -309,7 +309,7 @@ TEST_P(GradientSetters, AGreyStartHasNeitherHueNorSaturation) {
     EXPECT_EQ(plot.plotter.m_zGradientColor->m_startSaturation, 0.0f);
 }
 
-KIVO_IN_EVERY_WINDOW(GradientSetters);
+KIVO_IN_ONE_WINDOW(GradientSetters);
 
 TEST(GradientSettersWithoutWindow, StoreTheColours) {
     PlotterProbe plotter;

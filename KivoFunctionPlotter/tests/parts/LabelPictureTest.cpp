@@ -152,4 +152,4 @@ TEST_P(LabelPicture, EveryTextReadsCorrectlyInEveryView) {
     EXPECT_GT(seen, 10 * views);
 }
 
-KIVO_IN_EVERY_WINDOW(LabelPicture);
+KIVO_IN_ONE_WINDOW(LabelPicture);

@@ -262,4 +262,4 @@ TEST_P(PointMarker, ARadiusOf0DrawsNothing) {
     EXPECT_EQ(image.Count([](const unsigned char* rgb) { return rgb[0] != 0; }), 0);
 }
 
-KIVO_IN_EVERY_WINDOW(PointMarker);
+KIVO_IN_ONE_WINDOW(PointMarker);

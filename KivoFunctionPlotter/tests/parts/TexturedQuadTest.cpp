@@ -129,4 +129,4 @@ TEST_P(TexturedQuad, AnImageWithoutTextureOrPixelsDrawsNothingAndTouchesNothing)
         }
 }
 
-KIVO_IN_EVERY_WINDOW(TexturedQuad);
+KIVO_IN_ONE_WINDOW(TexturedQuad);

@@ -254,4 +254,4 @@ TEST_P(AxisSettings, TheViewIsFittedOnRequestOnly) {
     EXPECT_EQ(plotter.m_axisScale[0], 1.2);
 }
 
-KIVO_IN_EVERY_WINDOW(AxisSettings);
+KIVO_IN_ONE_WINDOW(AxisSettings);

@@ -338,4 +338,4 @@ TEST_P(Contours, ThePictureFormKeepsViewportAndClearColour) {
     EXPECT_EQ(clear[1], 0.5f);
 }
 
-KIVO_IN_EVERY_WINDOW(Contours);
+KIVO_IN_ONE_WINDOW(Contours);

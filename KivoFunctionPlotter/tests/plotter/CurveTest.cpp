@@ -519,5 +519,5 @@ TEST_P(CurvesOverASurface, NewDataRemoveAllCurves) {
     EXPECT_EQ(StoreSizes(plotter), std::vector<std::size_t>(5, 0));
 }
 
-KIVO_IN_EVERY_WINDOW(CurvesAlone);
+KIVO_IN_ONE_WINDOW(CurvesAlone);
 KIVO_IN_EVERY_WINDOW(CurvesOverASurface);

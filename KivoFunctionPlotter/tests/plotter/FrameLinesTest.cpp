@@ -311,4 +311,4 @@ TEST_P(FrameLineDrawing, ThePictureFormIsMadeWithTheDataAndLaidOverTheSurface) {
     EXPECT_FALSE(glIsTexture(name));
 }
 
-KIVO_IN_EVERY_WINDOW(FrameLineDrawing);
+KIVO_IN_ONE_WINDOW(FrameLineDrawing);

@@ -645,5 +645,5 @@ TEST_P(GroupsAlone, WithoutGroupsTheLegendIsEmpty) {
     EXPECT_EQ(CountInk(DrawPoints()), 0);
 }
 
-KIVO_IN_EVERY_WINDOW(GroupsAlone);
+KIVO_IN_ONE_WINDOW(GroupsAlone);
 KIVO_IN_EVERY_WINDOW(GroupsInAPlot);

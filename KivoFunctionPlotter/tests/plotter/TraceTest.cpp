@@ -773,5 +773,5 @@ TEST_P(Trace, TheEndForgetsThePoint) {
 }
 
 KIVO_IN_EVERY_WINDOW(Trace);
-KIVO_IN_EVERY_WINDOW(TraceLayers);
-KIVO_IN_EVERY_WINDOW(TraceAgainstSearch);
+KIVO_IN_ONE_WINDOW(TraceLayers);
+KIVO_IN_ONE_WINDOW(TraceAgainstSearch);

@@ -493,4 +493,4 @@ TEST_P(ViewVolume, DegenerateBoxesAreTakenAsTheyAre) {
     EXPECT_FALSE(std::isfinite(plotter.m_viewTop));
 }
 
-KIVO_IN_EVERY_WINDOW(ViewVolume);
+KIVO_IN_ONE_WINDOW(ViewVolume);

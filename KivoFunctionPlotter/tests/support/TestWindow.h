@@ -81,7 +81,13 @@ class WindowTest : public testing::TestWithParam<WindowKind> {};
 
 } // namespace KivoDrawingTools
 
-/// Runs a suite derived from WindowTest in every kind of window.
+/// Runs a suite derived from WindowTest in every kind of window: what the window has a share in.
 #define KIVO_IN_EVERY_WINDOW(suite)                                                                          \
     INSTANTIATE_TEST_SUITE_P(Windows, suite, testing::ValuesIn(KivoDrawingTools::AvailableWindowKinds()),    \
+                             KivoDrawingTools::WindowKindName)
+
+/// Runs a suite derived from WindowTest off-screen alone: what any window decides alike, because it is about
+/// what OpenGL is told and makes of it. That all kinds of windows draw the same is tested by SceneTest.
+#define KIVO_IN_ONE_WINDOW(suite)                                                                            \
+    INSTANTIATE_TEST_SUITE_P(Windows, suite, testing::Values(KivoDrawingTools::WindowKind::offscreen),       \
                              KivoDrawingTools::WindowKindName)
