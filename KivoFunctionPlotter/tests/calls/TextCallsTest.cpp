@@ -214,14 +214,18 @@ TEST_F(TextCalls, AnImageWithoutTextureOrPixelsCallsNothing) {
     image.texture = texture;
 }
 
-// At the top, a pixel of the image on a pixel of the screen, in front of the camera's own matrix.
+// At the top, a pixel of the image on a pixel of the screen, in front of the camera's own matrix; where
+// title and plot are not both even or both odd, half a pixel to the left of the middle.
 TEST_F(TextCalls, TheTitleHangsFromTheTopEdge) {
     plot.Fill();
     const SKivoTexImage& title = *plotter.m_plotTitleImage;
     const double width = (plotter.m_viewRight - plotter.m_viewLeft) * title.width / plotter.m_plotViewport[2];
     const double height =
         (plotter.m_viewTop - plotter.m_viewBottom) * title.height / plotter.m_plotViewport[3];
-    const float half = static_cast<float>(width * 0.5), top = static_cast<float>(plotter.m_viewTop);
+    const bool isBetween = (title.width + plotter.m_plotViewport[2]) % 2 == 1;
+    const double shift = isBetween ? width / title.width / 2 : 0;
+    const float left = static_cast<float>(-width * 0.5 - shift), top = static_cast<float>(plotter.m_viewTop);
+    const float right = static_cast<float>(width * 0.5 - shift);
     const float bottom = static_cast<float>(plotter.m_viewTop - height);
     const auto recorder = RecordStep(plotter, [&] { plotter.RenderPlotName(); });
     const Texts calls = recorder->Texts();
@@ -231,7 +235,7 @@ TEST_F(TextCalls, TheTitleHangsFromTheTopEdge) {
                 ElementsAreArray(Texts{"glPopMatrix()", "glMatrixMode(GL_MODELVIEW)"}));
     ASSERT_EQ(recorder->Draws().size(), 1u);
     const std::array<double, 3> expected[] = {
-        {-half, bottom, 1}, {half, bottom, 1}, {half, top, 1}, {-half, top, 1}};
+        {left, bottom, 1}, {right, bottom, 1}, {right, top, 1}, {left, top, 1}};
     for (int i = 0; i < 4; ++i)
         EXPECT_EQ(recorder->Draws()[0].vertices[i].position, expected[i]) << i;
     EXPECT_EQ(recorder->Draws()[0].state.boundTexture, static_cast<int>(title.texture));

@@ -224,6 +224,38 @@ TEST_P(Text, TwoLinesAreNotCutThroughACharacter) {
     EXPECT_NEAR(InkWidth(true), Extent(wide + "W").cx, 4);
 }
 
+// In every window there is a pixel of the screen for each pixel of the title.
+TEST_P(Text, TheTitleIsSharpInWindowsOfEveryWidth) {
+    const TestSurface surface = HillSurface(12, 10);
+    plotter.SetData(surface.NewArray(), 12, 10, 1, 12, 3);
+    const std::string titles[] = {"Pressure in bar", "Pressure in bars."};
+    plotter.SetBackgroundColor(1, 1, 1, 1);
+    for (int width = 400; width < 430; ++width) {
+        window.Resize(width, 60);
+        plotter.OnSize(0, width, 60);
+        for (const std::string& title : titles) {
+            plotter.SetPlotTitle("");
+            const Image without = CaptureImage(plotter);
+            plotter.SetPlotTitle(title.c_str());
+            const Image with = CaptureImage(plotter);
+            const SKivoTexImage& drawn = *plotter.m_plotTitleImage;
+            const int left = plotter.m_plotViewport[0] + (plotter.m_plotViewport[2] - drawn.width) / 2;
+            int differing = 0;
+            for (int y = 0; y < with.height; ++y)
+                for (int x = 0; x < with.width; ++x) {
+                    const int column = x - left, row = drawn.height - 1 - y;
+                    const bool isInside = column >= 0 && column < drawn.width && row >= 0;
+                    const bool isInk = isInside && drawn.pixels[4 * (row * drawn.width + column) + 3] != 0;
+                    const unsigned char* expected = without.Pixel(x, y);
+                    const unsigned char black[3] = {};
+                    if (isInk) expected = black;
+                    differing += std::equal(expected, expected + 3, with.Pixel(x, y)) ? 0 : 1;
+                }
+            EXPECT_EQ(differing, 0) << title << " in " << width;
+        }
+    }
+}
+
 TEST_P(Text, WordsAreMeasuredWithTheirSpaces) {
     Make("one  two three");
     EXPECT_EQ(Renderer().m_wordExtents,
