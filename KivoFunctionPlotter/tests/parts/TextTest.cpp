@@ -213,15 +213,31 @@ TEST_P(Text, ExactlyTheWidestLineStaysOne) {
     }
 }
 
-// The middle of the bytes falls between the two of the letter, which then stands whole in the second line; in
-// other encodings the same bytes may be no such letter, and the middle is the middle.
+// The middle of the bytes falls between the two of the letter of UTF-8, which then stands whole in the second
+// line. In an encoding of single bytes the same bytes are two letters, and the middle is the middle.
 TEST_P(Text, TwoLinesAreNotCutThroughACharacter) {
     const std::string wide(39, 'W'), dots(39, '.');
     Make(wide + "\xc3\xb6" + dots);
     ASSERT_EQ(image.width, 512);
-    EXPECT_NEAR(InkWidth(true), Extent(wide).cx, 4);
+    const bool isUtf8 = GetACP() == CP_UTF8;
+    EXPECT_NEAR(InkWidth(true), Extent(isUtf8 ? wide : wide + "\xc3").cx, 4);
     Make(wide + "W\xb6" + dots); // a sign of its own where bytes are characters
     EXPECT_NEAR(InkWidth(true), Extent(wide + "W").cx, 4);
+}
+
+// One system takes an ampersand for the mark of the letter that is underlined, unless it is told not to.
+TEST_P(Text, AmpersandsAreCharacters) {
+    const auto ink = [this](const std::string& text) {
+        Make(text);
+        int count = 0;
+        for (int i = 0; i < image.width * image.height; ++i)
+            count += image.pixels[4 * i + 3] != 0 ? 1 : 0;
+        return count;
+    };
+    const int one = ink("&");
+    EXPECT_GT(one, 10);
+    EXPECT_EQ(ink("&&"), 2 * one);
+    EXPECT_EQ(ink("R&D"), ink("R") + one + ink("D"));
 }
 
 // In every window there is a pixel of the screen for each pixel of the title.
