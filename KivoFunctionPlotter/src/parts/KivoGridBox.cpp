@@ -103,16 +103,13 @@ void CKivoGridBox::ReleaseTickLabels(int axis) {
 }
 
 void CKivoGridBox::ChooseBackPlanes(const double* rotation) {
-    if (m_autoSwitchFramePlanes) {
-        // Depths, in eye space, of the Y, Z and X axes: the face whose outward side is turned away is at the
-        // back.
-        m_backPlane[0] = rotation[6] >= 0.0;
-        m_backPlane[1] = rotation[10] >= 0.0;
-        m_backPlane[2] = rotation[2] >= 0.0;
-    } else {
-        m_backPlane[0] = !*m_inverseAxis[1];
-        m_backPlane[1] = !*m_inverseAxis[2];
-        m_backPlane[2] = !*m_inverseAxis[0];
+    // Depths, in eye space, of the Y, Z and X axes: the face whose outward side is turned away is at the
+    // back.
+    const int axes[] = {1, 2, 0};
+    for (int plane = 0; plane < 3; ++plane) {
+        const int axis = axes[plane];
+        const bool isLow = m_autoSwitchFramePlanes ? rotation[4 * axis + 2] >= 0.0 : !*m_inverseAxis[axis];
+        m_backPlane[plane] = isLow != m_isMirrored[axis];
     }
 }
 

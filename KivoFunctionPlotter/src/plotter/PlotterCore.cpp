@@ -78,6 +78,23 @@ private:
     HGDIOBJ m_previous;
 };
 
+// Tells the box which texts of others stand in the plot: the title, and numbers of the legend that are wider
+// than their strip.
+void CollectOtherTexts(const CKivoGradientColorRuler* ruler, const int* legendViewport,
+                       const double* legendVolume, const SKivoTexImage* title, const int* plotViewport,
+                       CKivoGridBox& box) {
+    std::vector<PlacedImage>& others = box.m_screenBox.others; // keeps its memory
+    others.clear();
+    if (ruler) ruler->AddLabelsBeyond(legendViewport, legendVolume, plotViewport, &others);
+    if (!title || title->texture == 0 || !title->pixels) return;
+    PlacedImage place;
+    place.halfWidth = 0.5 * title->width;
+    place.halfHeight = 0.5 * title->height;
+    place.center = {0.5 * plotViewport[2], plotViewport[3] - place.halfHeight};
+    place.isShown = true;
+    others.push_back(place);
+}
+
 // Where there is no memory for it, groups find their room when they are added.
 void ReserveGroups(std::vector<CKivoMeasurePointGroup*>& groups) {
     try {
@@ -486,7 +503,11 @@ void CKivoFunctionPlotter::DrawNormalPlot() {
     ApplyModelViewMatrix();
 
     glDisable(GL_LIGHTING);
-    if (m_gridBox) m_gridBox->Render(PixelToWorld(1.0), m_axisScale, m_rotationMatrix);
+    if (m_gridBox) {
+        CollectOtherTexts(m_zColorRuler, m_legendViewport, m_legendViewVolume, m_plotTitleImage,
+                          m_plotViewport, *m_gridBox);
+        m_gridBox->Render(PixelToWorld(1.0), m_axisScale, m_rotationMatrix);
+    }
     if (m_hasTracePoint != 0) RenderTraceGuideLines();
     glEnable(GL_LIGHTING);
     RenderTracePoints();
@@ -538,6 +559,10 @@ void CKivoFunctionPlotter::DrawProjectionPlot() {
 void CKivoFunctionPlotter::RenderProjectionFrame() {
     if (!m_gridBox) return;
     const double pixel = PixelToWorld(1.0);
+    const CKivoGradientColorRuler* const rulers[] = {m_zColorRuler, m_zColorRuler, m_xColorRuler,
+                                                     m_yColorRuler}; // by the plot's type
+    CollectOtherTexts(rulers[std::clamp(m_plotType, 0, 3)], m_legendViewport, m_legendViewVolume,
+                      m_plotTitleImage, m_plotViewport, *m_gridBox);
     switch (m_plotType) {
     case xyPlot:
         m_gridBox->RenderXYFrame(pixel, m_axisScale);
