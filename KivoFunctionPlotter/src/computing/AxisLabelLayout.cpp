@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace KivoDrawingTools {
 
@@ -17,6 +18,11 @@ constexpr double smallestRise = 0.2; // of a projected unit vector above its edg
 constexpr double largestSlant = 1.7320508075688772; // labels leave their edge at 30 degrees or more
 constexpr double verticalRange = 0.02;              // keeps rounding from turning a vertical title over
 constexpr std::size_t mostLabels = 1000;            // of an axis
+
+// What a place costs a title that looks for one, in pixels of distance from the place that it should have.
+constexpr double costOverBox = 200.0; // the surface may hide what stands there
+constexpr double costOfLine = 80.0;
+constexpr double costOfLabel = 30.0; // one that gives way
 
 ScreenVector operator+(ScreenVector a, ScreenVector b) {
     return {a.x + b.x, a.y + b.y};
@@ -144,19 +150,11 @@ bool TouchesAtStride(const std::vector<PlacedImage>& labels, std::size_t stride)
     return false;
 }
 
-// The next of 1, 2, 5, 10, 20, 50, ...
-std::size_t NextStride(std::size_t stride) {
-    std::size_t firstDigit = stride;
-    while (firstDigit >= 10)
-        firstDigit /= 10;
-    return firstDigit == 2 ? stride / 2 * 5 : stride * 2;
-}
-
 // The least stride that sets neighbours apart.
 std::size_t StrideOf(const std::vector<PlacedImage>& labels) {
     std::size_t stride = LeastLabelStride(labels.size());
     while (stride < labels.size() && TouchesAtStride(labels, stride))
-        stride = NextStride(stride);
+        stride = NextLabelStride(stride);
     return stride;
 }
 
@@ -235,11 +233,23 @@ int Bit(unsigned int corner, int axis) {
 
 } // namespace
 
+std::size_t NextLabelStride(std::size_t stride) {
+    std::size_t firstDigit = stride;
+    while (firstDigit >= 10)
+        firstDigit /= 10;
+    return firstDigit == 2 ? stride / 2 * 5 : stride * 2;
+}
+
 std::size_t LeastLabelStride(std::size_t tickCount) {
     std::size_t stride = 1;
     while (tickCount / stride > mostLabels)
-        stride = NextStride(stride);
+        stride = NextLabelStride(stride);
     return stride;
+}
+
+bool MeetsAny(const PlacedImage& image, const std::vector<PlacedImage>& others) {
+    return std::any_of(others.begin(), others.end(),
+                       [&image](const PlacedImage& other) { return AreNear(other, image); });
 }
 
 void ProjectAxisBox(const AxisBoxInData& box, double worldPerPixel, const double* axisScale,
@@ -281,7 +291,7 @@ void ProjectAxisBox(const AxisBoxInData& box, double worldPerPixel, const double
 
 void AxisLabelLayout::Place(const AxisBoxOnScreen& box) {
     CollectBoxLines(box);
-    m_placed.clear();
+    m_placed.assign(box.others.begin(), box.others.end());
     for (int axis = 0; axis < 3; ++axis) {
         const AxisEdge& edge = box.axes[axis];
         const EdgeFrame frame = FrameOf(box, edge);
@@ -292,8 +302,17 @@ void AxisLabelLayout::Place(const AxisBoxOnScreen& box) {
         Thin(&m_labels[axis]);
         m_titles[axis] = TitleOf(box, edge, frame, m_labels[axis]);
     }
+    bool isPlaceless[3] = {};
+    for (const int axis : {2, 0, 1}) {
+        PlacedImage& title = m_titles[axis];
+        const bool isSearching = title.isShown && box.isEachTitleWanted && HasSize(box.viewport);
+        if (isSearching && ShareOverBox(title) > 0.0) title.isShown = false;
+        KeepClear(box.viewport, &title);
+        isPlaceless[axis] = isSearching && !title.isShown;
+    }
+    CollectFreeLabels(box.viewport);
     for (const int axis : {2, 0, 1})
-        KeepClear(box.viewport, &m_titles[axis]);
+        if (isPlaceless[axis]) FindTitlePlace(box, axis);
     for (const int axis : {2, 0, 1})
         for (PlacedImage& label : m_labels[axis])
             KeepClear(box.viewport, &label);
@@ -303,27 +322,100 @@ void AxisLabelLayout::Place(const AxisBoxOnScreen& box) {
 // at the corner in front.
 void AxisLabelLayout::CollectBoxLines(const AxisBoxOnScreen& box) {
     m_boxLines.clear();
+    m_silhouette.clear();
+    const ScreenVector middle = MiddleOf(box);
     const unsigned int frontCorner = box.backCorner ^ 7U;
     for (unsigned int a = 0; a < 8; ++a)
         for (int axis = 0; axis < 3; ++axis) {
             const unsigned int b = a | 1U << axis;
             if (b == a) continue;
+            const Segment line = {box.corners[a], box.corners[b]};
             const bool isDrawn = a != frontCorner && b != frontCorner;
-            if (isDrawn || IsSilhouette(box, box.corners[a], box.corners[b]))
-                m_boxLines.push_back({box.corners[a], box.corners[b]});
+            const bool isSilhouette = IsSilhouette(box, line.a, line.b);
+            if (isDrawn || isSilhouette) m_boxLines.push_back(line);
+            if (!isSilhouette) continue;
+            const bool isLeft = Dot(middle - line.a, TurnedLeft(line.b - line.a)) >= 0.0;
+            m_silhouette.push_back(isLeft ? line : Segment{line.b, line.a});
         }
 }
 
-// Leaves an image out that would meet the box, another image or the border, where text cut off could be
+// Whether an image meets neither the box nor another image nor the border, where text cut off could be
 // misread.
+bool AxisLabelLayout::IsClear(const PlacedImage& image, ScreenVector viewport) const {
+    const auto isNearLine = [&image](const Segment& line) { return IsNearSegment(image, line.a, line.b); };
+    return (!HasSize(viewport) || IsInside(image, viewport)) &&
+           std::none_of(m_boxLines.begin(), m_boxLines.end(), isNearLine) && !MeetsAny(image, m_placed);
+}
+
+// Leaves an image out that is not.
 void AxisLabelLayout::KeepClear(ScreenVector viewport, PlacedImage* image) {
     if (!image->isShown) return;
-    const auto isNear = [image](const PlacedImage& placed) { return AreNear(placed, *image); };
-    const auto isNearLine = [image](const Segment& line) { return IsNearSegment(*image, line.a, line.b); };
-    image->isShown = (!HasSize(viewport) || IsInside(*image, viewport)) &&
-                     std::none_of(m_boxLines.begin(), m_boxLines.end(), isNearLine) &&
-                     std::none_of(m_placed.begin(), m_placed.end(), isNear);
+    image->isShown = IsClear(*image, viewport);
     if (image->isShown) m_placed.push_back(*image);
+}
+
+// The labels that a title would cost a place.
+void AxisLabelLayout::CollectFreeLabels(ScreenVector viewport) {
+    m_freeLabels.clear();
+    for (const std::vector<PlacedImage>& labels : m_labels)
+        for (const PlacedImage& label : labels)
+            if (label.isShown && IsClear(label, viewport)) m_freeLabels.push_back(label);
+}
+
+// Shares of an image's area that lie over the box, in ninths.
+double AxisLabelLayout::ShareOverBox(const PlacedImage& image) const {
+    int count = 0;
+    for (int i = 0; i < 9; ++i) {
+        const ScreenVector point = image.center + ((i % 3 - 1) * image.halfWidth) * image.right +
+                                   ((i / 3 - 1) * image.halfHeight) * image.up;
+        const bool isOver =
+            std::all_of(m_silhouette.begin(), m_silhouette.end(), [point](const Segment& line) {
+                return Dot(point - line.a, TurnedLeft(line.b - line.a)) > 0.0;
+            });
+        count += isOver ? 1 : 0;
+    }
+    return count / 9.0;
+}
+
+// What a place costs; the limit or more where it costs as much, or cannot be had at all.
+double AxisLabelLayout::CostOf(const PlacedImage& title, ScreenVector wanted, double limit) const {
+    const ScreenVector way = title.center - wanted;
+    double cost = std::hypot(way.x, way.y);
+    if (!(cost < limit)) return limit;
+    cost += costOverBox * ShareOverBox(title);
+    for (const Segment& line : m_boxLines)
+        if (IsNearSegment(title, line.a, line.b)) cost += costOfLine;
+    if (!(cost < limit)) return limit;
+    if (MeetsAny(title, m_placed)) return limit;
+    for (const PlacedImage& label : m_freeLabels)
+        if (cost < limit && AreNear(label, title)) cost += costOfLabel;
+    return std::min(cost, limit);
+}
+
+// Looks along the edge and across it for the place of least cost that the viewport has.
+void AxisLabelLayout::FindTitlePlace(const AxisBoxOnScreen& box, int axis) {
+    constexpr int stepsAlong = 4; // to each side, half the edge in all
+    constexpr int stepsAcross = 32;
+    const EdgeFrame frame = FrameOf(box, box.axes[axis]);
+    PlacedImage title = m_titles[axis];
+    const ScreenVector reach = {Reach(title, {1.0, 0.0}) + borderGap, Reach(title, {0.0, 1.0}) + borderGap};
+    if (2.0 * reach.x > box.viewport.x || 2.0 * reach.y > box.viewport.y || !IsFinite(title.center)) return;
+    const ScreenVector wanted = title.center;
+    const double across = std::hypot(box.viewport.x, box.viewport.y) / (2 * stepsAcross);
+    const double along = 0.5 * frame.length / stepsAlong;
+    double least = std::numeric_limits<double>::infinity();
+    for (int i = -stepsAcross; i <= stepsAcross; ++i)
+        for (int j = -stepsAlong; j <= stepsAlong; ++j) {
+            const ScreenVector place = wanted + (i * across) * frame.normal + (j * along) * frame.along;
+            title.center = {std::clamp(place.x, reach.x, box.viewport.x - reach.x),
+                            std::clamp(place.y, reach.y, box.viewport.y - reach.y)};
+            const double cost = CostOf(title, wanted, least);
+            if (!(cost < least)) continue;
+            least = cost;
+            m_titles[axis] = title;
+            m_titles[axis].isShown = true;
+        }
+    if (m_titles[axis].isShown) m_placed.push_back(m_titles[axis]);
 }
 
 } // namespace KivoDrawingTools

@@ -34,6 +34,17 @@ struct AxisEdge {
     TextImageSize title;
 };
 
+/// A text image as a quad that faces the viewer. Left out, it keeps the place it would have had. Its
+/// corners are center +- right * halfWidth +- up * halfHeight.
+struct PlacedImage {
+    bool isShown = false;
+    ScreenVector center;
+    ScreenVector right = {1.0, 0.0}; ///< unit vector
+    ScreenVector up = {0.0, 1.0};    ///< right, turned left by a quarter; never points downwards
+    double halfWidth = 0.0;
+    double halfHeight = 0.0;
+};
+
 /// The projected box. Positions share any one origin, the viewport's lower left corner where its size is
 /// given.
 struct AxisBoxOnScreen {
@@ -43,6 +54,10 @@ struct AxisBoxOnScreen {
     AxisEdge axes[3];            ///< X, Y, Z
     double labelOffset = 12.5;   ///< distance between an edge and its labels
     ScreenVector viewport;       ///< width and height; 0: unknown, nothing keeps clear of the border
+    /// Whether a title that has no free place at its edge looks for another one inside the viewport, over
+    /// lines of the box at last, before it is left out.
+    bool isEachTitleWanted = false;
+    std::vector<PlacedImage> others; ///< what stands there already; all images keep clear of it
 };
 
 /// The box as CKivoGridBox holds it; the pointers are only read during a call.
@@ -62,25 +77,20 @@ struct AxisBoxInData {
 void ProjectAxisBox(const AxisBoxInData& box, double worldPerPixel, const double* axisScale,
                     const double* rotation, ScreenVector boxCenter, AxisBoxOnScreen* out);
 
-/// A text image as a quad that faces the viewer. Left out, it keeps the place it would have had. Its
-/// corners are center +- right * halfWidth +- up * halfHeight.
-struct PlacedImage {
-    bool isShown = false;
-    ScreenVector center;
-    ScreenVector right = {1.0, 0.0}; ///< unit vector
-    ScreenVector up = {0.0, 1.0};    ///< right, turned left by a quarter; never points downwards
-    double halfWidth = 0.0;
-    double halfHeight = 0.0;
-};
+/// The next of 1, 2, 5, 10, 20, 50, ...
+std::size_t NextLabelStride(std::size_t stride);
 
 /// The stride of 1, 2, 5, 10, 20, 50, ... that leaves a thousand of an axis's labels; the layout never shows
 /// one between. Bounds the number of pairs that are compared, and of labels that need images.
 std::size_t LeastLabelStride(std::size_t tickCount);
 
+/// Whether an image is nearer than two pixels to any of others.
+bool MeetsAny(const PlacedImage& image, const std::vector<PlacedImage>& others);
+
 /// Places labels beyond their ticks and titles beyond the labels. Where neighbours would touch, every second,
 /// fifth, tenth ... label of an axis remains, and what would meet the lines of the box, another image or the
-/// viewport's border is left out. Edges of less than 24 pixels show nothing. Keeps its memory from one frame
-/// to the next.
+/// viewport's border is left out, titles only after a search where they are wanted. Edges of less than 24
+/// pixels show nothing. Keeps its memory from one frame to the next.
 class AxisLabelLayout {
 public:
     void Place(const AxisBoxOnScreen& box);
@@ -91,7 +101,12 @@ public:
 
 private:
     void CollectBoxLines(const AxisBoxOnScreen& box);
+    bool IsClear(const PlacedImage& image, ScreenVector viewport) const;
     void KeepClear(ScreenVector viewport, PlacedImage* image);
+    void CollectFreeLabels(ScreenVector viewport);
+    void FindTitlePlace(const AxisBoxOnScreen& box, int axis);
+    double CostOf(const PlacedImage& title, ScreenVector wanted, double limit) const;
+    double ShareOverBox(const PlacedImage& image) const;
 
     struct Segment {
         ScreenVector a;
@@ -101,6 +116,8 @@ private:
     PlacedImage m_titles[3];
     std::vector<Segment> m_boxLines;
     std::vector<PlacedImage> m_placed;
+    std::vector<PlacedImage> m_freeLabels; ///< that stand clear of all but each other
+    std::vector<Segment> m_silhouette;     ///< turning left around the box
 };
 
 } // namespace KivoDrawingTools

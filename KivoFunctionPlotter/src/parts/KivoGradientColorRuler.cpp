@@ -14,8 +14,18 @@ namespace KivoDrawingTools {
 
 namespace {
 
-constexpr double labelCenter = 0.6; // from the bar, in widths of the label
+constexpr double barPlace = 0.10; // of the strip's width
+constexpr double barWidth = 0.12;
+constexpr double barBottom = 0.14; // of its height
+constexpr double barHeight = 0.8;
 constexpr double labelScale = 0.9;  // of the label's size in pixels
+constexpr double labelCenter = 0.6; // from the bar at that scale, in widths of the label
+constexpr double leastLabelScale = 0.6;
+
+// How far a label reaches to the right of the bar, in its own widths.
+double LabelReach(double scale) {
+    return labelCenter * (scale / labelScale) + scale / 2.0;
+}
 
 } // namespace
 
@@ -74,12 +84,13 @@ void CKivoGradientColorRuler::Render(const int* viewport, const double* volume) 
     const double width = volume[1] - volume[0];
     const double height = volume[3] - volume[2];
     const double worldPerPixel = width / viewport[2];
-    const double left = volume[0] + 0.10 * width;
-    const double right = left + 0.12 * width;
-    const double bottom = volume[2] + 0.14 * height;
+    const double left = volume[0] + barPlace * width;
+    const double right = left + barWidth * width;
+    const double bottom = volume[2] + barBottom * height;
 
-    // In a narrow strip the labels reach beyond it, at the same place and size.
-    const int overhang = LabelOverhang((right - volume[0]) / worldPerPixel, viewport[2]);
+    // In a narrow strip the labels are drawn smaller; what does not fit then reaches beyond it.
+    const double barRight = (right - volume[0]) / worldPerPixel;
+    const int overhang = LabelOverhang(barRight, viewport[2]);
     glPushAttrib(GL_VIEWPORT_BIT);
     const int widened[] = {viewport[0], viewport[1], viewport[2] + overhang, viewport[3]};
     SetViewport(widened);
@@ -94,7 +105,8 @@ void CKivoGradientColorRuler::Render(const int* viewport, const double* volume) 
     glLoadIdentity();
 
     RenderBar(left, right, bottom, 0.2 * height);
-    RenderLabels(right, bottom, 0.8 * height / m_divisionCount, worldPerPixel);
+    RenderLabels(right, bottom, barHeight * height / m_divisionCount, worldPerPixel,
+                 LabelScale(barRight, viewport[2]));
 
     glPopMatrix();
     glMatrixMode(GL_PROJECTION);
@@ -102,24 +114,59 @@ void CKivoGradientColorRuler::Render(const int* viewport, const double* volume) 
     glPopAttrib();
 }
 
-// Pixels by which the widest label passes the strip's right side.
-int CKivoGradientColorRuler::LabelOverhang(double barRight, int stripWidth) const {
+void CKivoGradientColorRuler::AddLabelsBeyond(const int* viewport, const double* volume,
+                                              const int* plotViewport,
+                                              std::vector<PlacedImage>* places) const {
+    const double barRight = (barPlace + barWidth) * viewport[2];
+    if (!m_labels || volume[1] == volume[0] || LabelOverhang(barRight, viewport[2]) == 0) return;
+    const double scale = LabelScale(barRight, viewport[2]);
+    for (unsigned int i = 0; i <= m_divisionCount; ++i) {
+        const SKivoTexImage& label = m_labels[i];
+        if (barRight + label.width * LabelReach(scale) <= viewport[2]) continue;
+        PlacedImage place;
+        place.center.x =
+            viewport[0] + barRight + label.width * labelCenter * (scale / labelScale) - plotViewport[0];
+        place.center.y =
+            viewport[1] + viewport[3] * (barBottom + i * barHeight / m_divisionCount) - plotViewport[1];
+        place.halfWidth = 0.5 * scale * label.width;
+        place.halfHeight = 0.5 * scale * label.height;
+        place.isShown = true;
+        places->push_back(place);
+    }
+}
+
+int CKivoGradientColorRuler::WidestLabel() const {
     int widest = 0;
     for (unsigned int i = 0; m_labels && i <= m_divisionCount; ++i)
         widest = std::max(widest, m_labels[i].width);
-    const double overhang = barRight + widest * (labelCenter + labelScale / 2.0) - stripWidth;
+    return widest;
+}
+
+// As large as fits between bar and strip's right side, within limits. In pixels.
+double CKivoGradientColorRuler::LabelScale(double barRight, int stripWidth) const {
+    const double needed = WidestLabel() * LabelReach(labelScale);
+    const double room = stripWidth - barRight;
+    if (!(needed > room)) return labelScale;
+    return std::clamp(labelScale * room / needed, leastLabelScale, labelScale);
+}
+
+// Pixels by which the widest label passes the strip's right side.
+int CKivoGradientColorRuler::LabelOverhang(double barRight, int stripWidth) const {
+    constexpr double rounding = 1e-6; // a label scaled to fit may seem a hair too wide
+    const double overhang =
+        barRight + WidestLabel() * LabelReach(LabelScale(barRight, stripWidth)) - stripWidth - rounding;
     return overhang > 0.0 && overhang < 1e6 ? static_cast<int>(std::ceil(overhang)) : 0;
 }
 
 void CKivoGradientColorRuler::RenderLabels(double barRight, double bottom, double spacing,
-                                           double worldPerPixel) const {
+                                           double worldPerPixel, double labelSize) const {
     constexpr float toTheRight[] = {1, 0, 0};
     constexpr float upwards[] = {0, 1, 0};
-    const double scale = worldPerPixel * labelScale;
+    const double scale = worldPerPixel * labelSize;
+    const double toCenter = labelCenter * (labelSize / labelScale);
     for (unsigned int i = 0; m_labels && i <= m_divisionCount; ++i) {
-        const float center[] = {
-            static_cast<float>(barRight + m_labels[i].width * worldPerPixel * labelCenter),
-            static_cast<float>(bottom + i * spacing), 0.0f};
+        const float center[] = {static_cast<float>(barRight + m_labels[i].width * worldPerPixel * toCenter),
+                                static_cast<float>(bottom + i * spacing), 0.0f};
         DrawTexturedQuad(center, toTheRight, upwards, scale, scale, m_labels[i]);
     }
 }

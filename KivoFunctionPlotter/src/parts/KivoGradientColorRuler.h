@@ -1,7 +1,10 @@
 // The colour legend: a gradient as a bar with labelled values.
 #pragma once
 
+#include "computing/AxisLabelLayout.h"
 #include "KivoTypes.h"
+
+#include <vector>
 
 namespace KivoDrawingTools {
 
@@ -27,6 +30,11 @@ public:
     /// @param viewport  x, y, width, height in window pixels
     /// @param volume    left, right, bottom, top, near, far
     void Render(const int* viewport, const double* volume) const;
+    /// Adds the places of the labels that reach beyond the strip, in pixels of the plot.
+    /// @param viewport, volume  as in Render
+    /// @param plotViewport      x, y, width, height in window pixels
+    void AddLabelsBeyond(const int* viewport, const double* volume, const int* plotViewport,
+                         std::vector<PlacedImage>* places) const;
 
     float m_colors[5][4] = {};                ///< RGBA
     CKivoGradientColor* m_gradient = nullptr; ///< not owned
@@ -49,8 +57,11 @@ private:
     LabelSource m_labelSource;
 
     bool HasLabels() const;
+    int WidestLabel() const;
+    double LabelScale(double barRight, int stripWidth) const;
     int LabelOverhang(double barRight, int stripWidth) const;
-    void RenderLabels(double barRight, double bottom, double spacing, double worldPerPixel) const;
+    void RenderLabels(double barRight, double bottom, double spacing, double worldPerPixel,
+                      double scale) const;
     void RenderBar(double left, double right, double bottom, double bandHeight) const;
 };
 

@@ -119,10 +119,12 @@ void CKivoGridBox::ReleaseTickLabels(int axis) {
 }
 
 void CKivoGridBox::ChooseBackPlanes(const double* rotation) {
-    // In eye space, an axis that points towards the viewer has its minimum at the back.
-    for (int axis = 0; axis < 3; ++axis)
-        m_backPlane[planeAcross[axis]] =
-            m_autoSwitchFramePlanes ? rotation[4 * axis + 2] >= 0.0 : !*m_inverseAxis[axis];
+    // In eye space, the face whose outward side is turned away is at the back: the low one, as it is seen, of
+    // an axis that points towards the viewer.
+    for (int axis = 0; axis < 3; ++axis) {
+        const bool isLow = m_autoSwitchFramePlanes ? rotation[4 * axis + 2] >= 0.0 : !*m_inverseAxis[axis];
+        m_backPlane[planeAcross[axis]] = isLow != m_isMirrored[axis];
+    }
 }
 
 } // namespace KivoDrawingTools

@@ -30,7 +30,7 @@ public:
     /// Divides the axis range by count - 1 intervals. A count of 1 makes the step infinite, 0 wraps the
     /// number of intervals to the largest unsigned value: there are no tick positions and no labels then.
     void SetTickMarkNumber(int axis, unsigned int count);
-    /// Chooses the planes behind the surface.
+    /// Chooses the planes behind the surface, seen through the axes as m_isMirrored tells them.
     /// @param rotation  sixteen doubles, column-major
     void ChooseBackPlanes(const double* rotation);
     /// Which of the two faces across an axis is the back plane that carries the grid: whether it is the one
@@ -75,6 +75,9 @@ public:
     bool m_backPlane[3] = {true, true, true}; ///< XZ at y min, XY at z min, YZ at x min; false: at max.
                                               ///< IsGridAtMin tells it by the axis.
     bool m_autoSwitchFramePlanes = false;
+    /// Whether the last frame showed the axis's maximum on the side where its minimum is otherwise: ranges
+    /// whose minimum exceeds the maximum, before the view is fitted to them.
+    bool m_isMirrored[3] = {};
 
     // Plane geometry of the last 3-D frame. Points lie on the box's low face along their own axis.
     float m_tickBase[3][3] = {};      ///< foot of an axis's ticks, and one end of its grid lines
@@ -94,21 +97,35 @@ public:
     // Labels and titles of the last 3-D frame; kept from frame to frame for their memory.
     AxisBoxOnScreen m_screenBox;
     AxisLabelLayout m_labelLayout;
+    double m_edgeDepth[3][2] = {}; ///< of the ends of the edges with ticks, 0 to 1
 
 private:
     static constexpr int planeAcross[] = {2, 0, 1}; // an axis's entry of m_backPlane
 
+    struct View { // as OpenGL has it
+        int viewport[4] = {};
+        double modelView[16] = {};
+        double projection[16] = {};
+    };
+    View m_flatView; // of the last frame of a flat plot
+
+    static View CurrentView();
     void UpdateBox(int axis, std::unique_ptr<float[]> tickPositions);
     void PlaceTicks(int axis, std::unique_ptr<float[]> tickPositions);
+    void UpdateMirroring(const double* axisScale);
     void UpdatePlaneGeometry();
     void RenderOutlines() const;
     void RenderGridLines() const;
     void RenderTickMarks(const float* pixelSize) const;
     void PlaceLabels(double worldPerPixel, const double* axisScale, const double* rotation);
     void RenderLabels() const;
+    double LabelDepth(int axis, double fraction) const;
     void DrawLabelQuads() const;
+    float LowSide(int axis) const;
+    float HighSide(int axis) const;
     void RenderFrame(int horizontal, int vertical, bool isStaggered, double worldPerPixel,
-                     const double* axisScale) const;
+                     const double* axisScale);
+    bool IsFlatLabelClear(const float* center, const SKivoTexImage& label) const;
     float RenderHorizontalTicks(int horizontal, int vertical, bool isStaggered, const float* pixelSize) const;
     float RenderVerticalTicks(int horizontal, int vertical, const float* pixelSize) const;
 };

@@ -6,6 +6,7 @@
 #include "window_system/WindowSystem.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <vector>
 
@@ -63,9 +64,11 @@ TextImageSize SizeOf(const SKivoTexImage& image) {
     return {static_cast<double>(image.width), static_cast<double>(image.height)};
 }
 
-void DrawPlaced(const PlacedImage& place, const SKivoTexImage& image) {
+// In pixels, at a depth of 0 to 1 in a projection from -1 to 1.
+void DrawPlaced(const PlacedImage& place, double depth, const SKivoTexImage& image) {
     if (!place.isShown) return;
-    const float center[] = {static_cast<float>(place.center.x), static_cast<float>(place.center.y), 0.0f};
+    const float z = static_cast<float>(1.0 - 2.0 * depth);
+    const float center[] = {static_cast<float>(place.center.x), static_cast<float>(place.center.y), z};
     const float right[] = {static_cast<float>(place.right.x), static_cast<float>(place.right.y), 0.0f};
     const float up[] = {static_cast<float>(place.up.x), static_cast<float>(place.up.y), 0.0f};
     DrawTexturedQuad(center, right, up, 2.0 * place.halfWidth / image.width,
@@ -77,11 +80,12 @@ struct UnitVector {
     float components[3] = {};
 };
 
-// The directions in which the texts of a flat plot run: along its axes or, where one is mirrored on the
-// screen, against it, so that they can be read.
+// The directions, in data units, in which the texts of a flat plot run: along its axes or, where one is
+// mirrored on the screen, against it, so that they can be read.
 struct ReadingDirections {
-    ReadingDirections(int horizontal, int vertical)
-        : ReadingDirections(horizontal, vertical, SignOnScreen(horizontal, 0), SignOnScreen(vertical, 1)) {}
+    ReadingDirections(int horizontal, int vertical, const float* pixelSize)
+        : ReadingDirections(horizontal, vertical, SignOnScreen(horizontal, 0, pixelSize),
+                            SignOnScreen(vertical, 1, pixelSize)) {}
 
     UnitVector right, up, left;
 
@@ -89,19 +93,95 @@ private:
     ReadingDirections(int horizontal, int vertical, float rightSign, float upSign)
         : right(horizontal, rightSign), up(vertical, upSign), left(horizontal, -rightSign) {}
 
-    // Of an axis along the screen's x (0) or y (1).
-    static float SignOnScreen(int axis, int screenAxis) {
+    // Of an axis along the screen's x (0) or y (1), drawn at so many data units per pixel. Where the axis
+    // scale is negative, so is the size of a pixel, and with it that of every image: the matrix tells the
+    // sign of both together.
+    static float SignOnScreen(int axis, int screenAxis, const float* pixelSize) {
         double modelView[16] = {}; // stays so where no context is current
         glGetDoublev(GL_MODELVIEW_MATRIX, modelView);
-        return modelView[4 * axis + screenAxis] < 0.0 ? -1.0f : 1.0f;
+        const double alongPixel = modelView[4 * axis + screenAxis] * static_cast<double>(pixelSize[axis]);
+        return alongPixel < 0.0 ? -1.0f : 1.0f;
     }
 };
+
+// The labels of one axis of a flat plot, in pixels. Those of a horizontal axis may stand in two rows.
+class FlatLabels {
+public:
+    FlatLabels(const SKivoTexImage* images, const float* positions, unsigned int count, float pixelSize,
+               bool isHorizontal, bool isStaggered)
+        : m_images(images), m_positions(positions), m_count(images ? count : 0),
+          m_pixelSize(static_cast<double>(pixelSize)), m_isHorizontal(isHorizontal),
+          m_isStaggered(isStaggered) {}
+
+    // Of 1, 2, 5, 10, ... the least that leaves labels that do not touch.
+    std::size_t Stride() const {
+        std::size_t stride = LeastLabelStride(m_count);
+        while (stride < m_count && TouchAt(stride))
+            stride = NextLabelStride(stride);
+        return stride;
+    }
+
+    bool IsInLowerRow(std::size_t i) const { return m_isStaggered && i % 2 == 1; }
+
+private:
+    // In two rows, the neighbour in the same row may be the one before the last.
+    bool TouchAt(std::size_t stride) const {
+        for (std::size_t i = stride; i < m_count; i += stride)
+            if (Touch(i - stride, i) || (i >= 2 * stride && Touch(i - 2 * stride, i))) return true;
+        return false;
+    }
+
+    bool Touch(std::size_t a, std::size_t b) const {
+        constexpr double gap = 2.0; // nearer, the digits of two neighbours read as one number
+        if (IsInLowerRow(a) != IsInLowerRow(b)) return false;
+        const double distance = std::abs(static_cast<double>(m_positions[b] - m_positions[a]) / m_pixelSize);
+        const double extents =
+            m_isHorizontal ? m_images[a].width + m_images[b].width : m_images[a].height + m_images[b].height;
+        return distance < 0.5 * extents + (m_isHorizontal ? gap : 0.0);
+    }
+
+    const SKivoTexImage* m_images;
+    const float* m_positions;
+    std::size_t m_count;
+    double m_pixelSize;
+    bool m_isHorizontal;
+    bool m_isStaggered;
+};
+
+// A text of a flat plot. It leaves the depth buffer alone: the ground of an image hides neither the text
+// beside it nor the contours, which are drawn later.
+void DrawFlatText(const float* center, const UnitVector& right, const UnitVector& up, float scaleRight,
+                  float scaleUp, const SKivoTexImage& image) {
+    glPushAttrib(GL_DEPTH_BUFFER_BIT);
+    glDepthMask(GL_FALSE);
+    DrawTexturedQuad(center, right.components, up.components, static_cast<double>(scaleRight),
+                     static_cast<double>(scaleUp), image);
+    glPopAttrib();
+}
+
+// Where a text of a flat plot is seen, in pixels of the viewport.
+template <typename View>
+PlacedImage FlatPlace(const View& view, const float* center, const SKivoTexImage& image, bool isUpwards) {
+    GLdouble x = 0.0, y = 0.0, depth = 0.0;
+    gluProject(static_cast<double>(center[0]), static_cast<double>(center[1]), static_cast<double>(center[2]),
+               view.modelView, view.projection, view.viewport, &x, &y, &depth);
+    PlacedImage place;
+    place.center = {x - view.viewport[0], y - view.viewport[1]};
+    if (isUpwards) {
+        place.right = {0.0, 1.0};
+        place.up = {-1.0, 0.0};
+    }
+    place.halfWidth = 0.5 * image.width;
+    place.halfHeight = 0.5 * image.height;
+    return place;
+}
 
 } // namespace
 
 // ---- The 3-D box ----------------------------------------------------------------------------------------
 
 void CKivoGridBox::Render(double worldPerPixel, const double* axisScale, const double* rotation) {
+    UpdateMirroring(axisScale);
     ChooseBackPlanes(rotation);
     UpdatePlaneGeometry();
     float pixelSize[3];
@@ -114,31 +194,53 @@ void CKivoGridBox::Render(double worldPerPixel, const double* axisScale, const d
     RenderLabels();
 }
 
+// A minimum above the maximum mirrors an axis only until the axis scale, which has its sign, is fitted to it.
+void CKivoGridBox::UpdateMirroring(const double* axisScale) {
+    for (int axis = 0; axis < 3; ++axis)
+        m_isMirrored[axis] = (m_boxMax[axis] - m_boxMin[axis] < 0.0f) != (axisScale[axis] < 0.0);
+}
+
+// The side of an axis where its least numbers are seen, or would be if its range were not turned round.
+float CKivoGridBox::LowSide(int axis) const {
+    return m_isMirrored[axis] ? m_boxMax[axis] : m_boxMin[axis];
+}
+
+float CKivoGridBox::HighSide(int axis) const {
+    return m_isMirrored[axis] ? m_boxMin[axis] : m_boxMax[axis];
+}
+
+// Along the other axes the box is taken as it is seen, so that the ticks stay on its near edges.
 void CKivoGridBox::UpdatePlaneGeometry() {
-    const float* low = m_boxMin;
-    const float* high = m_boxMax;
-    const bool backXLow = IsGridAtMin(0), backYLow = IsGridAtMin(1), backZLow = IsGridAtMin(2);
-    const float backX = GridFace(0), frontX = backXLow ? high[0] : low[0];
-    const float backY = GridFace(1), frontY = backYLow ? high[1] : low[1];
-    const float backZ = GridFace(2), frontZ = backZLow ? high[2] : low[2];
+    const float* start = m_boxMin;
+    const float low[] = {LowSide(0), LowSide(1), LowSide(2)};
+    const float high[] = {HighSide(0), HighSide(1), HighSide(2)};
+    const bool backYLow = IsGridAtMin(1) != m_isMirrored[1];
+    const bool backZLow = IsGridAtMin(2) != m_isMirrored[2];
+    const bool backXLow = IsGridAtMin(0) != m_isMirrored[0];
+    const float backX = backXLow ? low[0] : high[0], frontX = backXLow ? high[0] : low[0];
+    const float backY = backYLow ? low[1] : high[1], frontY = backYLow ? high[1] : low[1];
+    const float backZ = backZLow ? low[2] : high[2], frontZ = backZLow ? high[2] : low[2];
 
-    SetPoint(m_tickBase[0], low[0], frontY, backZ);
-    SetPoint(m_tickBase[1], frontX, low[1], backZ);
-    SetPoint(m_tickBase[2], backYLow ? high[0] : low[0], backXLow ? low[1] : high[1], low[2]);
-    SetPoint(m_gridCorner[0], low[0], backY, backZ);
-    SetPoint(m_gridCorner[1], backX, low[1], backZ);
-    SetPoint(m_gridCorner[2], backX, backY, low[2]);
-    SetPoint(m_gridEnd[0], low[0], backY, frontZ);
-    SetPoint(m_gridEnd[1], backX, low[1], frontZ);
-    SetPoint(m_gridEnd[2], backYLow ? low[0] : high[0], backXLow ? high[1] : low[1], low[2]);
+    SetPoint(m_tickBase[0], start[0], frontY, backZ);
+    SetPoint(m_tickBase[1], frontX, start[1], backZ);
+    SetPoint(m_tickBase[2], backYLow ? high[0] : low[0], backXLow ? low[1] : high[1], start[2]);
+    SetPoint(m_gridCorner[0], start[0], backY, backZ);
+    SetPoint(m_gridCorner[1], backX, start[1], backZ);
+    SetPoint(m_gridCorner[2], backX, backY, start[2]);
+    SetPoint(m_gridEnd[0], start[0], backY, frontZ);
+    SetPoint(m_gridEnd[1], backX, start[1], frontZ);
+    SetPoint(m_gridEnd[2], backYLow ? low[0] : high[0], backXLow ? high[1] : low[1], start[2]);
 
-    const float outOfZ = backZLow ? -1.0f : 1.0f;
+    // Out of the low side, in data units; the sign of the axis scale is in the ticks' length.
+    const float outOfLow[] = {m_isMirrored[0] ? 1.0f : -1.0f, m_isMirrored[1] ? 1.0f : -1.0f,
+                              m_isMirrored[2] ? 1.0f : -1.0f};
+    const float outOfZ = backZLow ? outOfLow[2] : -outOfLow[2];
     SetPoint(m_tickDirection[0], 0, 0, outOfZ);
     SetPoint(m_tickDirection[1], 0, 0, outOfZ);
     if (backYLow == backXLow)
-        SetPoint(m_tickDirection[2], 0, backYLow ? -1.0f : 1.0f, 0);
+        SetPoint(m_tickDirection[2], 0, backYLow ? outOfLow[1] : -outOfLow[1], 0);
     else
-        SetPoint(m_tickDirection[2], backYLow ? 1.0f : -1.0f, 0, 0);
+        SetPoint(m_tickDirection[2], backYLow ? -outOfLow[0] : outOfLow[0], 0, 0);
     for (int axis = 0; axis < 3; ++axis)
         for (int i = 0; i < 3; ++i)
             m_oppositeTickDirection[axis][i] = -m_tickDirection[axis][i];
@@ -213,20 +315,26 @@ void CKivoGridBox::RenderTickMarks(const float* pixelSize) const {
 
 // Finds out where labels and titles stand, in pixels of the viewport.
 void CKivoGridBox::PlaceLabels(double worldPerPixel, const double* axisScale, const double* rotation) {
-    GLint viewport[4] = {};
-    GLdouble modelView[16] = {}, projection[16] = {};
-    glGetIntegerv(GL_VIEWPORT, viewport);
-    glGetDoublev(GL_MODELVIEW_MATRIX, modelView);
-    glGetDoublev(GL_PROJECTION_MATRIX, projection);
+    const View view = CurrentView();
+    const int* const viewport = view.viewport;
     GLdouble x = 0.0, y = 0.0, depth = 0.0;
+    for (int axis = 0; axis < 3; ++axis)
+        for (const int end : {0, 1}) {
+            double point[] = {double{m_tickBase[axis][0]}, double{m_tickBase[axis][1]},
+                              double{m_tickBase[axis][2]}};
+            point[axis] = static_cast<double>(end == 0 ? m_boxMin[axis] : m_boxMax[axis]);
+            gluProject(point[0], point[1], point[2], view.modelView, view.projection, viewport, &x, &y,
+                       &m_edgeDepth[axis][end]);
+        }
     gluProject(0.5 * (m_boxMin[0] + m_boxMax[0]), 0.5 * (m_boxMin[1] + m_boxMax[1]),
-               0.5 * (m_boxMin[2] + m_boxMax[2]), modelView, projection, viewport, &x, &y, &depth);
+               0.5 * (m_boxMin[2] + m_boxMax[2]), view.modelView, view.projection, viewport, &x, &y, &depth);
 
     const AxisBoxInData box = {
         m_boxMin, m_boxMax, {IsGridAtMin(0), IsGridAtMin(1), IsGridAtMin(2)}, m_tickBase, m_tickDirection};
     const ScreenVector center = {x - viewport[0], y - viewport[1]};
     ProjectAxisBox(box, worldPerPixel, axisScale, rotation, center, &m_screenBox);
     m_screenBox.labelOffset = static_cast<double>(m_labelOffset);
+    m_screenBox.isEachTitleWanted = true;
     m_screenBox.viewport = {static_cast<double>(viewport[2]), static_cast<double>(viewport[3])};
     for (int axis = 0; axis < 3; ++axis) {
         AxisEdge& edge = m_screenBox.axes[axis];
@@ -243,8 +351,9 @@ void CKivoGridBox::PlaceLabels(double worldPerPixel, const double* axisScale, co
     m_labelLayout.Place(m_screenBox);
 }
 
-// In pixels of the viewport. Text stands over everything: with planes that do not switch, labels may lie in
-// front of the surface, which is drawn later.
+// In pixels of the viewport, over the box. What is drawn later hides the ink where it lies in front of it:
+// with planes that do not switch, an edge with labels may lie before or behind the surface. Otherwise labels
+// stand beside the box, and nothing hides them.
 void CKivoGridBox::RenderLabels() const {
     if (!(m_screenBox.viewport.x > 0.0) || !(m_screenBox.viewport.y > 0.0)) return;
     glPushAttrib(GL_ENABLE_BIT | GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT | GL_VIEWPORT_BIT);
@@ -256,15 +365,22 @@ void CKivoGridBox::RenderLabels() const {
     glPushMatrix();
     glLoadIdentity();
 
-    glDisable(GL_DEPTH_TEST);
+    // The nearest of all, or at its place: then lines of the box may lie in front of it, too.
+    if (m_autoSwitchFramePlanes)
+        glDisable(GL_DEPTH_TEST);
+    else
+        glDepthMask(GL_FALSE);
     DrawLabelQuads();
-    // Once more into the depth buffer alone: only the ink, as the nearest of all.
+    // Once more into the depth buffer alone: only the ink.
     glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_FALSE);
     glEnable(GL_ALPHA_TEST);
     glAlphaFunc(GL_GREATER, 0.25f);
     glEnable(GL_DEPTH_TEST);
-    glDepthFunc(GL_ALWAYS);
-    glDepthRange(0.0, 0.0);
+    glDepthMask(GL_TRUE);
+    if (m_autoSwitchFramePlanes) {
+        glDepthFunc(GL_ALWAYS);
+        glDepthRange(0.0, 0.0);
+    }
     DrawLabelQuads();
 
     glPopMatrix();
@@ -273,12 +389,29 @@ void CKivoGridBox::RenderLabels() const {
     glPopAttrib();
 }
 
+// Of what belongs to a place on the edge of an axis; with switching planes all are alike.
+double CKivoGridBox::LabelDepth(int axis, double fraction) const {
+    if (m_autoSwitchFramePlanes) return 0.5;
+    const double* ends = m_edgeDepth[axis];
+    const double depth = ends[0] + fraction * (ends[1] - ends[0]);
+    return depth > 0.0 ? std::min(depth, 1.0) : 0.0; // 0 also for what is no number
+}
+
+CKivoGridBox::View CKivoGridBox::CurrentView() {
+    View view;
+    glGetIntegerv(GL_VIEWPORT, view.viewport);
+    glGetDoublev(GL_MODELVIEW_MATRIX, view.modelView);
+    glGetDoublev(GL_PROJECTION_MATRIX, view.projection);
+    return view;
+}
+
 void CKivoGridBox::DrawLabelQuads() const {
     for (int axis = 0; axis < 3; ++axis) {
         const std::vector<PlacedImage>& places = m_labelLayout.Labels(axis);
         for (std::size_t i = 0; i < places.size(); ++i)
-            DrawPlaced(places[i], m_tickLabels[axis][i]);
-        DrawPlaced(m_labelLayout.Title(axis), m_axisTitleImage[axis]);
+            DrawPlaced(places[i], LabelDepth(axis, m_screenBox.axes[axis].ticks[i].fraction),
+                       m_tickLabels[axis][i]);
+        DrawPlaced(m_labelLayout.Title(axis), LabelDepth(axis, 0.5), m_axisTitleImage[axis]);
     }
 }
 
@@ -297,80 +430,100 @@ void CKivoGridBox::RenderXZFrame(double worldPerPixel, const double* axisScale) 
 }
 
 void CKivoGridBox::RenderFrame(int horizontal, int vertical, bool isStaggered, double worldPerPixel,
-                               const double* axisScale) const {
+                               const double* axisScale) {
+    UpdateMirroring(axisScale);
+    m_flatView = CurrentView();
     float pixelSize[3];
     for (int axis = 0; axis < 3; ++axis)
         pixelSize[axis] = static_cast<float>(worldPerPixel / axisScale[axis]);
     const float sh = pixelSize[horizontal];
     const float sv = pixelSize[vertical];
-    const float hMin = m_boxMin[horizontal], hMax = m_boxMax[horizontal];
-    const float vMin = m_boxMin[vertical], vMax = m_boxMax[vertical];
+    const float hMin = m_boxMin[horizontal], hMax = m_boxMax[horizontal], hFrame = LowSide(horizontal);
+    const float vMin = m_boxMin[vertical], vMax = m_boxMax[vertical], vFrame = LowSide(vertical);
     FlatPen pen(horizontal, vertical, m_boxMin);
-    pen.Line(axisColors[horizontal], hMin, vMin, hMax, vMin);
-    pen.Line(axisColors[vertical], hMin, vMin, hMin, vMax);
+    pen.Line(axisColors[horizontal], hMin, vFrame, hMax, vFrame);
+    pen.Line(axisColors[vertical], hFrame, vMin, hFrame, vMax);
 
-    const ReadingDirections text(horizontal, vertical);
+    const ReadingDirections text(horizontal, vertical, pixelSize);
     const float labelRows = RenderHorizontalTicks(horizontal, vertical, isStaggered, pixelSize);
     const SKivoTexImage& horizontalTitle = m_axisTitleImage[horizontal];
     const float titleV =
-        vMin - m_tickLength * sv - labelRows - static_cast<float>(horizontalTitle.height) * sv;
-    DrawTexturedQuad(pen.At((hMin + hMax) / 2.0f, titleV), text.right.components, text.up.components, sh, sv,
-                     horizontalTitle);
+        vFrame - m_tickLength * sv - labelRows - static_cast<float>(horizontalTitle.height) * sv;
+    const float* center = pen.At((hMin + hMax) / 2.0f, titleV);
+    if (!MeetsAny(FlatPlace(m_flatView, center, horizontalTitle, false), m_screenBox.others))
+        DrawFlatText(center, text.right, text.up, sh, sv, horizontalTitle);
 
     // The vertical title reads from bottom to top.
     const float labelWidth = RenderVerticalTicks(horizontal, vertical, pixelSize);
     const SKivoTexImage& verticalTitle = m_axisTitleImage[vertical];
     const float titleH =
-        hMin - m_tickLength * sh - labelWidth - static_cast<float>(verticalTitle.height) * sh * 1.85f;
-    DrawTexturedQuad(pen.At(titleH, (vMin + vMax) / 2.0f), text.up.components, text.left.components, sv, sh,
-                     verticalTitle);
+        hFrame - m_tickLength * sh - labelWidth - static_cast<float>(verticalTitle.height) * sh * 1.85f;
+    center = pen.At(titleH, (vMin + vMax) / 2.0f);
+    if (!MeetsAny(FlatPlace(m_flatView, center, verticalTitle, true), m_screenBox.others))
+        DrawFlatText(center, text.up, text.left, sv, sh, verticalTitle);
 }
 
-// Returns the room that the labels take below the ticks.
+// Whether a label meets no text of others.
+bool CKivoGridBox::IsFlatLabelClear(const float* center, const SKivoTexImage& label) const {
+    return !MeetsAny(FlatPlace(m_flatView, center, label, false), m_screenBox.others);
+}
+
+// Returns the room that the labels take below the ticks; negative, as all lengths, where the axis scale is.
 float CKivoGridBox::RenderHorizontalTicks(int horizontal, int vertical, bool isStaggered,
                                           const float* pixelSize) const {
-    const float vMin = m_boxMin[vertical];
-    const float tickEnd = vMin - m_tickLength * pixelSize[vertical];
-    const ReadingDirections text(horizontal, vertical);
+    const float vFrame = LowSide(vertical);
+    const float vFar = HighSide(vertical);
+    const float tickEnd = vFrame - m_tickLength * pixelSize[vertical];
+    const ReadingDirections text(horizontal, vertical, pixelSize);
     const unsigned int count = m_tickPositions[horizontal] ? m_tickIntervals[horizontal] + 1 : 0;
     FlatPen pen(horizontal, vertical, m_boxMin);
-    float room = 0.0f;
+    const SKivoTexImage* images = m_tickLabels[horizontal];
+    const FlatLabels labels(images, m_tickPositions[horizontal], count, pixelSize[horizontal], true,
+                            isStaggered);
+    const std::size_t stride = labels.Stride();
+    int tallest = 0;
     for (unsigned int i = 0; i < count; ++i) {
         const float p = m_boxMin[horizontal] + m_tickPositions[horizontal][i];
-        pen.Line(lineColor, p, vMin, p, tickEnd);
-        if (m_showGridLines) pen.Line(gridColor, p, vMin, p, m_boxMax[vertical]);
-        if (!m_tickLabels[horizontal]) continue;
-        const SKivoTexImage& label = m_tickLabels[horizontal][i];
+        pen.Line(lineColor, p, vFrame, p, tickEnd);
+        if (m_showGridLines) pen.Line(gridColor, p, vFrame, p, vFar);
+        if (!images) continue;
+        const SKivoTexImage& label = images[i];
         const float height = static_cast<float>(label.height) * pixelSize[vertical];
-        room = std::max(room, 2.15f * height);
+        tallest = std::max(tallest, label.height);
         float v = tickEnd - 0.5f * height;
-        if (isStaggered && i % 2 == 1) v -= 1.15f * height;
-        DrawTexturedQuad(pen.At(p, v), text.right.components, text.up.components, pixelSize[horizontal],
-                         pixelSize[vertical], label);
+        if (labels.IsInLowerRow(i)) v -= 1.15f * height;
+        if (i % stride == 0 && IsFlatLabelClear(pen.At(p, v), label))
+            DrawFlatText(pen.At(p, v), text.right, text.up, pixelSize[horizontal], pixelSize[vertical],
+                         label);
     }
-    return room;
+    return 2.15f * (static_cast<float>(tallest) * pixelSize[vertical]);
 }
 
-// Returns the width of the widest label.
+// Returns the width of the widest label, of the sign of the axis scale.
 float CKivoGridBox::RenderVerticalTicks(int horizontal, int vertical, const float* pixelSize) const {
-    const float hMin = m_boxMin[horizontal];
-    const float tickEnd = hMin - m_tickLength * pixelSize[horizontal];
-    const ReadingDirections text(horizontal, vertical);
+    const float hFrame = LowSide(horizontal);
+    const float hFar = HighSide(horizontal);
+    const float tickEnd = hFrame - m_tickLength * pixelSize[horizontal];
+    const ReadingDirections text(horizontal, vertical, pixelSize);
     const unsigned int count = m_tickPositions[vertical] ? m_tickIntervals[vertical] + 1 : 0;
     FlatPen pen(horizontal, vertical, m_boxMin);
-    float widest = 0.0f;
+    const SKivoTexImage* images = m_tickLabels[vertical];
+    const FlatLabels labels(images, m_tickPositions[vertical], count, pixelSize[vertical], false, false);
+    const std::size_t stride = labels.Stride();
+    int widest = 0;
     for (unsigned int i = 0; i < count; ++i) {
         const float q = m_boxMin[vertical] + m_tickPositions[vertical][i];
-        pen.Line(lineColor, hMin, q, tickEnd, q);
-        if (m_showGridLines) pen.Line(gridColor, hMin, q, m_boxMax[horizontal], q);
-        if (!m_tickLabels[vertical]) continue;
-        const SKivoTexImage& label = m_tickLabels[vertical][i];
+        pen.Line(lineColor, hFrame, q, tickEnd, q);
+        if (m_showGridLines) pen.Line(gridColor, hFrame, q, hFar, q);
+        if (!images) continue;
+        const SKivoTexImage& label = images[i];
         const float width = static_cast<float>(label.width) * pixelSize[horizontal];
-        widest = std::max(widest, width);
-        DrawTexturedQuad(pen.At(tickEnd - 0.8f * width, q), text.right.components, text.up.components,
-                         pixelSize[horizontal], pixelSize[vertical], label);
+        widest = std::max(widest, label.width);
+        if (i % stride == 0 && IsFlatLabelClear(pen.At(tickEnd - 0.8f * width, q), label))
+            DrawFlatText(pen.At(tickEnd - 0.8f * width, q), text.right, text.up, pixelSize[horizontal],
+                         pixelSize[vertical], label);
     }
-    return widest;
+    return static_cast<float>(widest) * pixelSize[horizontal];
 }
 
 } // namespace KivoDrawingTools

@@ -1,5 +1,7 @@
 #include "TextRenderer.h"
 
+#include "computing/TextCut.h"
+#include "computing/TextPixels.h"
 #include "FontDescription.h"
 
 #include <algorithm>
@@ -26,7 +28,7 @@ int Extent(const STextRenderer& renderer, const char* text, std::size_t length) 
 }
 
 // A leading 0, then the width of each word with the spaces after it. The last word is measured with the
-// terminating zero, one byte more than it has. In UTF-8 no byte of a longer character is a space. What
+// terminating zero, one byte more than it has. No byte of a longer character is a space. What
 // follows the words that are measured one by one counts as one more.
 void MeasureWords(STextRenderer& renderer, const char* text, std::size_t length) {
     renderer.m_wordExtents.assign(1, 0);
@@ -41,57 +43,24 @@ void MeasureWords(STextRenderer& renderer, const char* text, std::size_t length)
     if (start < length) renderer.m_wordExtents.push_back(Extent(renderer, text + start, length - start + 1));
 }
 
-// Length in bytes of the character that begins with a byte of UTF-8; 0 for a byte that begins none.
-std::size_t CharacterLength(char first) {
-    const unsigned int byte = static_cast<unsigned char>(first);
-    if (byte < 0x80u) return 1;
-    if (byte >= 0xC2u && byte < 0xE0u) return 2;
-    if (byte >= 0xE0u && byte < 0xF0u) return 3;
-    return byte >= 0xF0u && byte < 0xF5u ? 4 : 0;
-}
-
-// Where a text of two lines is cut: in the middle of its bytes, or before the character of UTF-8 that lies
-// across the middle.
-std::size_t LineCut(const char* text, std::size_t length) {
-    const std::size_t middle = length / 2;
-    std::size_t cut = middle;
-    while (cut > 0 && middle - cut < 3 && (static_cast<unsigned char>(text[cut]) & 0xC0u) == 0x80u)
-        --cut;
-    return cut + CharacterLength(text[cut]) > middle ? cut : middle;
+bool IsLeadByte(unsigned char byte) {
+    return IsDBCSLeadByte(byte) != 0;
 }
 
 void DrawTextLines(HDC dc, const char* text, std::size_t length, bool isTwoLines, const SIZE& line,
                    int width) {
-    constexpr UINT format = DT_CENTER | DT_BOTTOM;
+    constexpr UINT format = DT_CENTER | DT_BOTTOM | DT_NOPREFIX; // an ampersand is drawn, not an underline
     RECT whole = {0, 0, width, width};
     if (!isTwoLines) {
         DrawTextA(dc, text, static_cast<int>(length), &whole, format);
         return;
     }
-    const std::size_t cut = LineCut(text, length);
+    const TextEncoding encoding = {GetACP() == CP_UTF8, IsLeadByte};
+    const std::size_t cut = MiddleOfText(text, length, encoding);
     RECT first = {0, 0, width, line.cy};
     RECT second = {0, line.cy, width, 2 * line.cy};
     DrawTextA(dc, text, static_cast<int>(cut), &first, format);
     DrawTextA(dc, text + cut, static_cast<int>(length - cut), &second, format);
-}
-
-// Pure white becomes transparent, everything else opaque black. source: rows of the bitmap, top row first.
-void Threshold(const unsigned char* source, std::size_t bytesPerPixel, std::size_t pixelCount,
-               unsigned char* rgba) {
-    const std::size_t channels =
-        std::min<std::size_t>(bytesPerPixel, 3); // of 32 bits the fourth byte says nothing
-    for (std::size_t i = 0; i < pixelCount; ++i, source += bytesPerPixel, rgba += 4) {
-        const bool isWhite =
-            std::all_of(source, source + channels, [](unsigned char byte) { return byte == 255; });
-        std::memset(rgba, isWhite ? 255 : 0, 3);
-        rgba[3] = isWhite ? 0 : 255;
-    }
-}
-
-void FlipRows(unsigned char* rgba, std::size_t rowBytes, int height) {
-    for (int row = 0; row < height / 2; ++row)
-        std::swap_ranges(rgba + row * rowBytes, rgba + (row + 1) * rowBytes,
-                         rgba + (height - 1 - row) * rowBytes);
 }
 
 // A bitmap selected into a memory device context; deselected and deleted with the scope.
@@ -145,14 +114,17 @@ unsigned char* DrawPixels(const STextRenderer& renderer, const char* text, std::
 
     BITMAP description = {};
     if (!GetObjectA(bitmap.Handle(), sizeof(description), &description)) return nullptr;
-    const std::size_t bytesPerPixel = std::max<std::size_t>(description.bmBitsPixel / 8u, 1);
-    const std::size_t pixelCount = static_cast<std::size_t>(width) * height;
-    std::vector<unsigned char> rows(pixelCount * bytesPerPixel, 255); // rows below the square stay white
+    const unsigned int bits = description.bmBitsPixel;
+    const auto columns = static_cast<std::size_t>(width);
+    const auto lines = static_cast<std::size_t>(height);
+    const std::size_t rowBytes =
+        std::max(PixelBytesOfRow(bits, columns),
+                 static_cast<std::size_t>(std::max<LONG>(description.bmWidthBytes, 0)));
+    std::vector<unsigned char> rows(rowBytes * lines, 255); // rows below the square stay white
     if (GetBitmapBits(bitmap.Handle(), static_cast<LONG>(rows.size()), rows.data()) == 0) return nullptr;
 
-    unsigned char* rgba = new unsigned char[pixelCount * 4];
-    Threshold(rows.data(), bytesPerPixel, pixelCount, rgba);
-    FlipRows(rgba, static_cast<std::size_t>(width) * 4, height);
+    unsigned char* rgba = new unsigned char[columns * lines * 4];
+    TextPixels({rows.data(), rowBytes, bits}, columns, lines, rgba);
     return rgba;
 }
 

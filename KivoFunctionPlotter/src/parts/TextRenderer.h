@@ -31,7 +31,9 @@ void ReleaseTextRenderer(STextRenderer* renderer);
 /// Draws a text as an image: opaque black on a transparent ground, one line, or two halves of 512 pixels
 /// where it is wider than that. An image used before keeps its texture name. The OpenGL context must be
 /// current.
-/// @param text  UTF-8, where the platform's text operations take that
+/// @param text  as the platform's text operations take it: UTF-8, on Windows the process's code page. Drawn
+/// as it
+///              stands, ampersands included; two lines are cut at a whole character of that encoding
 /// @return 0; -1 when the renderer has not been initialised, then the image is untouched, or when the system
 ///         cannot draw the picture, for example for lack of memory: then the image has no pixels
 int CreateTextImage(STextRenderer* renderer, const char* text, SKivoTexImage* image);

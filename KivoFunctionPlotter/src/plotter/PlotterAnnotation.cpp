@@ -106,13 +106,18 @@ void CKivoFunctionPlotter::RenderPlotName() {
     const double worldWidth = (m_viewRight - m_viewLeft) * m_plotTitleImage->width / m_plotViewport[2];
     const float top = static_cast<float>(m_viewTop);
     const float bottom = static_cast<float>(m_viewTop - worldHeight);
-    const float half = static_cast<float>(worldWidth * 0.5);
+    // Centred, the columns of an odd title would lie between those of an even plot, and the other way round:
+    // half a pixel to the left they lie on them.
+    const bool isBetween = (m_plotTitleImage->width - m_plotViewport[2]) % 2 != 0;
+    const double shift = isBetween ? 0.5 * (m_viewRight - m_viewLeft) / m_plotViewport[2] : 0.0;
+    const float left = static_cast<float>(-worldWidth * 0.5 - shift);
+    const float right = static_cast<float>(worldWidth * 0.5 - shift);
     // At depth 1; of data with small values the view volume ends before that.
     const float depth = m_viewFar < 1.0 ? static_cast<float>(m_viewFar * 0.5) : 1.0f;
-    const float p0[] = {-half, bottom, depth};
-    const float p1[] = {half, bottom, depth};
-    const float p2[] = {half, top, depth};
-    const float p3[] = {-half, top, depth};
+    const float p0[] = {left, bottom, depth};
+    const float p1[] = {right, bottom, depth};
+    const float p2[] = {right, top, depth};
+    const float p3[] = {left, top, depth};
 
     const MatrixModeScope modelView(GL_MODELVIEW);
     glPushMatrix();

@@ -79,6 +79,23 @@ private:
     HGDIOBJ m_previous;
 };
 
+// Tells the box which texts of others stand in the plot: the title, and numbers of the legend that are wider
+// than their strip.
+void CollectOtherTexts(const CKivoGradientColorRuler* ruler, const int* legendViewport,
+                       const double* legendVolume, const SKivoTexImage* title, const int* plotViewport,
+                       CKivoGridBox& box) {
+    std::vector<PlacedImage>& others = box.m_screenBox.others; // keeps its memory
+    others.clear();
+    if (ruler) ruler->AddLabelsBeyond(legendViewport, legendVolume, plotViewport, &others);
+    if (!title || title->texture == 0 || !title->pixels) return;
+    PlacedImage place;
+    place.halfWidth = 0.5 * title->width;
+    place.halfHeight = 0.5 * title->height;
+    place.center = {0.5 * plotViewport[2], plotViewport[3] - place.halfHeight};
+    place.isShown = true;
+    others.push_back(place);
+}
+
 // Where there is no memory for it, groups find their room when they are added.
 void ReserveGroups(std::vector<CKivoMeasurePointGroup*>& groups) {
     try {
@@ -499,7 +516,11 @@ void CKivoFunctionPlotter::DrawNormalPlot() {
     ApplyModelViewMatrix();
 
     glDisable(GL_LIGHTING);
-    if (m_gridBox) m_gridBox->Render(PixelToWorld(1.0), m_axisScale, m_rotationMatrix);
+    if (m_gridBox) {
+        CollectOtherTexts(m_zColorRuler, m_legendViewport, m_legendViewVolume, m_plotTitleImage,
+                          m_plotViewport, *m_gridBox);
+        m_gridBox->Render(PixelToWorld(1.0), m_axisScale, m_rotationMatrix);
+    }
     if (m_hasTracePoint != 0) RenderTraceGuideLines();
     glEnable(GL_LIGHTING);
     RenderTracePoints();
@@ -548,7 +569,11 @@ void CKivoFunctionPlotter::DrawProjectionPlot() {
     ApplyModelViewMatrix();
 
     glDisable(GL_LIGHTING);
-    if (m_gridBox) (m_gridBox->*renderFrame)(PixelToWorld(1.0), m_axisScale);
+    if (m_gridBox) {
+        CollectOtherTexts(ruler, m_legendViewport, m_legendViewVolume, m_plotTitleImage, m_plotViewport,
+                          *m_gridBox);
+        (m_gridBox->*renderFrame)(PixelToWorld(1.0), m_axisScale);
+    }
     (this->*renderContours)();
 
     glDisable(GL_DEPTH_TEST);

@@ -293,7 +293,7 @@ void CKivoFunctionPlotter::UpdateBoundingBoxToViewVolume() {
 }
 
 // shifted: on these axes the point 35 % of the way from the minimum is put at the centre, which leaves room
-// for labels at the lower left.
+// for labels at the lower left. An axis of negative scale has its maximum there.
 void CKivoFunctionPlotter::FitFlatPlot(int horizontalAxis, int verticalAxis, const bool* shifted) {
     if (!m_gridBox) return;
     double squares = 0.0;
@@ -307,7 +307,9 @@ void CKivoFunctionPlotter::FitFlatPlot(int horizontalAxis, int verticalAxis, con
     for (int axis = 0; axis < 3; ++axis) {
         const double min = static_cast<double>(m_boundingBoxMin[axis]);
         const double max = static_cast<double>(m_boundingBoxMax[axis]);
-        m_volumeTranslate[axis] = shifted[axis] ? -(0.65 * min + 0.35 * max) : -(min + max) * 0.5;
+        const double nearMin = m_axisScale[axis] < 0.0 ? 0.35 : 0.65;
+        const double nearMax = m_axisScale[axis] < 0.0 ? 0.65 : 0.35;
+        m_volumeTranslate[axis] = shifted[axis] ? -(nearMin * min + nearMax * max) : -(min + max) * 0.5;
     }
     ApplyViewVolume();
 }

@@ -285,6 +285,24 @@ protected:
                          {At(h + t, v - w), At(h + t, v + w), At(h - t, v + w), At(h - t, v - w)}});
     }
 
+    // Of 1, 2, 5 and 10 the least that leaves labels which do not touch: 2 pixels between their sides.
+    unsigned int Stride(int axis, bool isHorizontal) const {
+        const bool isStaggered = isHorizontal && GetParam().isStaggered;
+        for (const unsigned int stride : {1u, 2u, 5u}) {
+            bool isApart = true;
+            for (unsigned int j = 0; j < TickCount(axis); j += stride)
+                for (unsigned int i = 0; i < j; i += stride) {
+                    const SKivoTexImage &a = box.m_tickLabels[axis][i], &b = box.m_tickLabels[axis][j];
+                    const float way = std::abs(TickAt(axis, j) - TickAt(axis, i)) / PixelAlong(axis);
+                    const float needed = isHorizontal ? static_cast<float>(a.width + b.width) / 2 + 2
+                                                      : static_cast<float>(a.height + b.height) / 2;
+                    if (way < needed && !(isStaggered && (i + j) % 2 == 1)) isApart = false;
+                }
+            if (isApart) return stride;
+        }
+        return 10;
+    }
+
     void HorizontalTicks(bool withGrid) {
         const int axis = GetParam().horizontal;
         const float end = vMin - 10 * sv;
@@ -296,7 +314,7 @@ protected:
             Line(black, At(p, vMin), At(p, end));
             if (withGrid) Line(grey, At(p, vMin), At(p, vMax));
             const float lower = GetParam().isStaggered && i % 2 == 1 ? 1.15f * height : 0.0f;
-            Upright(label, p, end - 0.5f * height - lower);
+            if (i % Stride(axis, true) == 0) Upright(label, p, end - 0.5f * height - lower);
             room = std::max(room, 2.15f * height);
         }
         const SKivoTexImage& title = box.m_axisTitleImage[axis];
@@ -312,7 +330,7 @@ protected:
             const float width = static_cast<float>(label.width) * sh;
             Line(black, At(hMin, q), At(end, q));
             if (withGrid) Line(grey, At(hMin, q), At(hMax, q));
-            Upright(label, end - 0.8f * width, q);
+            if (i % Stride(axis, false) == 0) Upright(label, end - 0.8f * width, q);
             widest = std::max(widest, width);
         }
         const SKivoTexImage& title = box.m_axisTitleImage[axis];

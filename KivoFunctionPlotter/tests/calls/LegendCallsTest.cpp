@@ -37,6 +37,18 @@ protected:
     const double* const volume = plotter.m_legendViewVolume;
     const double width = volume[1] - volume[0];
     const double height = volume[3] - volume[2];
+    int WidestLabel() const {
+        int widest = 0;
+        for (unsigned int i = 0; i <= 10; ++i)
+            widest = std::max(widest, ruler.m_labels[i].width);
+        return widest;
+    }
+    // Of a label's size; at 0.9 it reaches 1.05 of its width to the right of the bar.
+    double LabelScale() const {
+        const double room = plotter.m_legendViewport[2] - (barRight - volume[0]) / pixel;
+        return std::max(0.6, std::min(0.9, 0.9 * room / (1.05 * WidestLabel())));
+    }
+
     const double pixel = width / plotter.m_legendViewport[2];
     const double barLeft = volume[0] + 0.10 * width;
     const double barRight = barLeft + 0.12 * width;
@@ -64,18 +76,20 @@ TEST_F(RulerCalls, TheBarIsFourBandsBetweenFiveColours) {
     }
 }
 
-TEST_F(RulerCalls, LabelsStandBesideTheirValuesAtNineTenthsOfTheirSize) {
+// At nine tenths of their size, or by so much smaller as the strip is too narrow for the widest.
+TEST_F(RulerCalls, LabelsStandBesideTheirValues) {
+    const double scale = LabelScale();
     const auto recorder = Draw();
     ASSERT_EQ(recorder->Draws().size(), 12u);
     for (unsigned int i = 0; i <= 10; ++i) {
         const SKivoTexImage& label = ruler.m_labels[i];
         const RecordedDraw& draw = recorder->Draws()[i + 1];
         EXPECT_EQ(draw.state.boundTexture, static_cast<int>(label.texture));
-        const double w = label.width * pixel, h = label.height * pixel * 0.9;
-        const double left = barRight + 0.15 * w, middle = bottom + i * 0.08 * height;
+        const double w = label.width * pixel, h = label.height * pixel * scale;
+        const double left = barRight + scale / 0.9 * 0.15 * w, middle = bottom + i * 0.08 * height;
         const double corners[4][2] = {{left, middle - h / 2},
-                                      {left + 0.9 * w, middle - h / 2},
-                                      {left + 0.9 * w, middle + h / 2},
+                                      {left + scale * w, middle - h / 2},
+                                      {left + scale * w, middle + h / 2},
                                       {left, middle + h / 2}};
         for (int k = 0; k < 4; ++k) {
             EXPECT_NEAR(draw.vertices[k].position[0], corners[k][0], 1e-5 * width) << i << k;
@@ -91,14 +105,12 @@ TEST_F(RulerCalls, LabelsThatAreThereAreNotMadeAnew) {
     EXPECT_THAT(RecordStep(plotter, [&] { ruler.BuildLabels(); })->Texts(), testing::IsEmpty());
 }
 
-// The strip is widened where labels would be cut off, at the same scale: places and sizes stay the same.
+// The strip is widened where labels at six tenths would be cut off, at the same scale: places and sizes stay
+// the same.
 TEST_F(RulerCalls, ItHasAViewportAndMatricesOfItsOwn) {
-    int widest = 0;
-    for (unsigned int i = 0; i <= 10; ++i)
-        widest = std::max(widest, ruler.m_labels[i].width);
     const int strip = plotter.m_legendViewport[2];
-    const double reach = (barRight - volume[0]) / pixel + widest * (0.6 + 0.45);
-    const int overhang = std::max(0, static_cast<int>(std::ceil(reach - strip)));
+    const double reach = (barRight - volume[0]) / pixel + LabelScale() / 0.9 * WidestLabel() * (0.6 + 0.45);
+    const int overhang = std::max(0, static_cast<int>(std::ceil(reach - strip - 1e-6)));
     const auto recorder = Draw();
     Texts calls = recorder->Texts();
     const auto bar = std::find(calls.begin(), calls.end(), "glBegin(GL_QUADS)");

@@ -1,6 +1,7 @@
 // How text images are made and drawn, and bitmap text, call by call.
 #include "drawing/TexturedQuad.h"
 #include "parts/TextRenderer.h"
+#include "support/PretendedSystem.h"
 #include "support/RecordedPlot.h"
 
 #include <gmock/gmock.h>
@@ -90,7 +91,8 @@ TEST_F(TextCalls, AnImageIsMeasuredWordByWordDrawnAndUploaded) {
     Texts expected = {"glGenTextures(1)", "GetTextExtentPoint32A(memory dc, \"two  words\", 10)",
                       "GetTextExtentPoint32A(memory dc, \"two  \", 5)",
                       std::string("GetTextExtentPoint32A(memory dc, \"words") + '\0' + "\", 6)"};
-    Append(expected, Drawing({"DrawTextA(memory dc, \"two  words\", 0, 0, " + side + ", " + side + ", 9)"}));
+    Append(expected,
+           Drawing({"DrawTextA(memory dc, \"two  words\", 0, 0, " + side + ", " + side + ", 2057)"}));
     Append(expected, Upload(128, 32));
     EXPECT_THAT(recorder->Texts(), ElementsAreArray(expected));
     EXPECT_EQ(image.sMax, static_cast<float>(image.width) / 128.0f);
@@ -114,13 +116,49 @@ TEST_F(TextCalls, AWideTextIsDrawnInTwoHalves) {
     ASSERT_EQ(image.width, 512);
     const std::string line = Number(image.height / 2), both = Number(image.height), half(50, 'm');
     EXPECT_THAT(recorder->TextsOf({"CreateCompatibleBitmap", "FillRect", "DrawTextA"}),
-                ElementsAreArray(
-                    Texts{"CreateCompatibleBitmap(dc, 512, 512)", "FillRect(memory dc, 0, 0, 512, 512)",
-                          "DrawTextA(memory dc, \"" + half + "\", 0, 0, 512, " + line + ", 9)",
-                          "DrawTextA(memory dc, \"" + half + "\", 0, " + line + ", 512, " + both + ", 9)"}));
+                ElementsAreArray(Texts{
+                    "CreateCompatibleBitmap(dc, 512, 512)", "FillRect(memory dc, 0, 0, 512, 512)",
+                    "DrawTextA(memory dc, \"" + half + "\", 0, 0, 512, " + line + ", 2057)",
+                    "DrawTextA(memory dc, \"" + half + "\", 0, " + line + ", 512, " + both + ", 2057)"}));
     const Texts upload = recorder->TextsOf({"glTexImage2D", "glTexSubImage2D"});
     EXPECT_EQ(upload[1], "glTexSubImage2D(GL_TEXTURE_2D, 0, 0, 0, 512, " + both +
                              ", GL_RGBA, GL_UNSIGNED_BYTE, pixels)");
+}
+
+// The bytes of two letters in the one encoding are one letter in the other.
+TEST_F(TextCalls, TwoLinesAreCutAtAWholeCharacterOfTheSystemsEncoding) {
+    const std::string left(39, 'm'), right(39, 'm');
+    const auto halves = [&](const std::string& middle) {
+        std::vector<std::size_t> lengths;
+        const auto recorder = Make((left + middle + right).c_str());
+        for (const RecordedCall& call : recorder->Calls())
+            if (call.name == "DrawTextA") lengths.push_back(call.values[1].text.size());
+        return lengths;
+    };
+    using Lengths = std::vector<std::size_t>;
+    EXPECT_EQ(halves("\xC3\xB6"), (Lengths{39, 41})) << "UTF-8";
+    PretendedSystem other;
+    other.codePage = 1252;
+    EXPECT_EQ(halves("\xC3\xB6"), (Lengths{40, 40})) << "one byte a letter";
+    other.codePage = 932;
+    other.isLeadByte = [](BYTE byte) { return BOOL{byte == 0x83}; };
+    EXPECT_EQ(halves("\xC3\xB6"), (Lengths{40, 40})) << "no lead byte among them";
+    EXPECT_EQ(halves("\x83\x83"), (Lengths{39, 41})) << "a pair";
+    EXPECT_EQ(halves("\x83\x83\x83\x83"), (Lengths{41, 41})) << "two pairs";
+}
+
+// On such systems the rows of an odd width end with a byte that belongs to no pixel.
+TEST_F(TextCalls, ABitmapWithPaddedRowsGivesTheSamePixels) {
+    for (const char* text : {"1", "12", "123", "Elevation", "a b"}) {
+        Make(text);
+        const std::size_t bytes = static_cast<std::size_t>(image.width) * image.height * 4;
+        const std::vector<unsigned char> usual(image.pixels, image.pixels + bytes);
+        PretendedSystem other;
+        other.has24Bits = true;
+        Make(text);
+        EXPECT_EQ(std::vector<unsigned char>(image.pixels, image.pixels + bytes), usual)
+            << text << ", " << image.width << " wide";
+    }
 }
 
 TEST_F(TextCalls, WithoutARendererNothingIsCalled) {
@@ -214,14 +252,18 @@ TEST_F(TextCalls, AnImageWithoutTextureOrPixelsCallsNothing) {
     image.texture = texture;
 }
 
-// At the top, a pixel of the image on a pixel of the screen, in front of the camera's own matrix.
+// At the top, a pixel of the image on a pixel of the screen, in front of the camera's own matrix; where
+// title and plot are not both even or both odd, half a pixel to the left of the middle.
 TEST_F(TextCalls, TheTitleHangsFromTheTopEdge) {
     plot.Fill();
     const SKivoTexImage& title = *plotter.m_plotTitleImage;
     const double width = (plotter.m_viewRight - plotter.m_viewLeft) * title.width / plotter.m_plotViewport[2];
     const double height =
         (plotter.m_viewTop - plotter.m_viewBottom) * title.height / plotter.m_plotViewport[3];
-    const float half = static_cast<float>(width * 0.5), top = static_cast<float>(plotter.m_viewTop);
+    const bool isBetween = (title.width + plotter.m_plotViewport[2]) % 2 == 1;
+    const double shift = isBetween ? width / title.width / 2 : 0;
+    const float left = static_cast<float>(-width * 0.5 - shift), top = static_cast<float>(plotter.m_viewTop);
+    const float right = static_cast<float>(width * 0.5 - shift);
     const float bottom = static_cast<float>(plotter.m_viewTop - height);
     const auto recorder = RecordStep(plotter, [&] { plotter.RenderPlotName(); });
     const Texts calls = recorder->Texts();
@@ -231,7 +273,7 @@ TEST_F(TextCalls, TheTitleHangsFromTheTopEdge) {
                 ElementsAreArray(Texts{"glPopMatrix()", "glMatrixMode(GL_MODELVIEW)"}));
     ASSERT_EQ(recorder->Draws().size(), 1u);
     const std::array<double, 3> expected[] = {
-        {-half, bottom, 1}, {half, bottom, 1}, {half, top, 1}, {-half, top, 1}};
+        {left, bottom, 1}, {right, bottom, 1}, {right, top, 1}, {left, top, 1}};
     for (int i = 0; i < 4; ++i)
         EXPECT_EQ(recorder->Draws()[0].vertices[i].position, expected[i]) << i;
     EXPECT_EQ(recorder->Draws()[0].state.boundTexture, static_cast<int>(title.texture));

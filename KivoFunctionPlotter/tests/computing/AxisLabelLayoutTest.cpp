@@ -105,6 +105,7 @@ struct View {
     bool isSwitching = true;
     int characters[3] = {3, 3, 3};
     int titleCharacters = 6;
+    bool isEachTitleWanted = false;
 };
 
 constexpr float dataMin[] = {0, 0, -1};
@@ -255,11 +256,12 @@ class Judge {
 public:
     Judge(const Scene& scene, const AxisLabelLayout& layout, bool isSwitching)
         : m_scene(scene), m_layout(layout), m_isSwitching(isSwitching), m_hull(HullOf(scene.corners)) {
-        for (int axis = 0; axis < 3; ++axis) {
+        for (int axis = 0; axis < 3; ++axis)
             Add(layout.Title(axis));
+        m_titleCount = m_shown.size();
+        for (int axis = 0; axis < 3; ++axis)
             for (const PlacedImage& label : layout.Labels(axis))
                 Add(label);
-        }
     }
 
     // The first fault of what is shown, or null.
@@ -270,8 +272,9 @@ public:
             if (image.up.y < 0.0) return "an image is upside down";
         }
         for (std::size_t i = 0; i < m_quads.size(); ++i) {
-            if (MeetsBox(m_quads[i])) return "an image meets the box";
-            if (m_isSwitching && Meet(m_quads[i], m_hull)) return "an image lies over the box";
+            const bool mayMeetBox = i < m_titleCount && m_scene.box.isEachTitleWanted;
+            if (!mayMeetBox && MeetsBox(m_quads[i])) return "an image meets the box";
+            if (!mayMeetBox && m_isSwitching && Meet(m_quads[i], m_hull)) return "an image lies over the box";
             if (IsCut(m_quads[i])) return "an image is cut by the border";
             for (std::size_t j = 0; j < i; ++j)
                 if (Meet(m_quads[i], m_quads[j])) return "two images meet";
@@ -354,14 +357,16 @@ private:
     const AxisLabelLayout& m_layout;
     bool m_isSwitching;
     Polygon m_hull;
-    std::vector<PlacedImage> m_shown;
+    std::vector<PlacedImage> m_shown; // the titles first
     std::vector<Corners> m_quads;
+    std::size_t m_titleCount = 0;
 };
 
 void CheckView(const View& view, bool hasViewport, AxisLabelLayout* layout, Counts* counts) {
     Scene scene = MakeScene(view);
     if (hasViewport)
         scene.box.viewport = {std::floor(0.84 * view.window[0]), static_cast<double>(view.window[1])};
+    scene.box.isEachTitleWanted = view.isEachTitleWanted;
     layout->Place(scene.box);
     ++counts->views;
     const Judge judge(scene, *layout, view.isSwitching);
@@ -438,6 +443,63 @@ TEST(AxisLabelLayoutSweep, ViewsTurnedOnTheScreen) {
                 ++step;
             }
     Print("turned on the screen", counts);
+}
+
+// In windows with room enough, with planes that do not switch too.
+TEST(AxisLabelLayoutSweep, EachTitleThatIsWantedFindsAPlace) {
+    AxisLabelLayout layout;
+    View view;
+    view.isEachTitleWanted = true;
+    for (const bool isSwitching : {true, false}) {
+        Counts counts;
+        Counts before;
+        int step = 0;
+        view.isSwitching = isSwitching;
+        for (int azimuth = 5; azimuth < 360; azimuth += 12)
+            for (int elevation = 10; elevation <= 80; elevation += 7)
+                for (const auto& window : windows) {
+                    if (window[0] < 640) continue;
+                    view.azimuth = azimuth;
+                    view.elevation = elevation;
+                    std::copy(window, window + 2, view.window);
+                    view.titleCharacters = 1 + ++step % 12;
+                    CheckView(view, true, &layout, &counts);
+                    view.isEachTitleWanted = false;
+                    CheckView(view, true, &layout, &before);
+                    view.isEachTitleWanted = true;
+                }
+        Print(isSwitching ? "switching planes, each title wanted" : "fixed planes, each title wanted",
+              counts);
+        Print(isSwitching ? "switching planes, not wanted" : "fixed planes, not wanted", before);
+        EXPECT_EQ(counts.titles, counts.titlesShown);
+        if (isSwitching) {
+            EXPECT_EQ(before.shown, counts.shown) << "nothing to look for";
+        } else {
+            EXPECT_LT(before.titlesShown, counts.titlesShown);
+        }
+    }
+}
+
+// In small windows some find none; what is shown is clear of all but lines.
+TEST(AxisLabelLayoutSweep, TitlesThatAreWantedInSmallWindows) {
+    AxisLabelLayout layout;
+    Counts counts;
+    View view;
+    view.isEachTitleWanted = true;
+    int step = 0;
+    for (int azimuth = 0; azimuth < 360; azimuth += 15)
+        for (int elevation = -90; elevation <= 90; elevation += 15)
+            for (const int size : {60, 120, 200, 320}) {
+                view.azimuth = azimuth;
+                view.elevation = elevation;
+                view.window[0] = size;
+                view.window[1] = 300 - size / 2;
+                view.titleCharacters = 1 + ++step % 20;
+                view.isSwitching = step % 2 == 0;
+                CheckView(view, true, &layout, &counts);
+            }
+    Print("small windows", counts);
+    EXPECT_LT(60.0, Percent(counts.titlesShown, counts.titles));
 }
 
 // The ticks of X and Y that end at the corner in front have one and the same place below it for their labels;
@@ -833,6 +895,76 @@ TEST(AxisLabelLayout, TitlesSlideAlongTheirAxisToStayInside) {
     box.viewport = {600, 600};
     layout.Place(box);
     EXPECT_FALSE(layout.Title(0).isShown);
+}
+
+TEST(AxisLabelLayout, WantedTitlesMoveInsideTheBorder) {
+    AxisLabelLayout layout;
+    AxisBoxOnScreen box = SquareBox();
+    box.axes[0].title = {60, 20};
+    box.isEachTitleWanted = true;
+    box.viewport = {600, 600};
+    for (ScreenVector& corner : box.corners)
+        corner.y -= 165;
+    box.axes[0].begin.y = box.axes[0].end.y = 35; // 35 pixels of the 55 that the title asks for
+    layout.Place(box);
+    ExpectAt(300, 11, layout.Title(0));
+    // Labels that it then covers give way.
+    SetTicks(&box.axes[0], 3, label);
+    layout.Place(box);
+    EXPECT_TRUE(layout.Title(0).isShown);
+    EXPECT_FALSE(Shown(layout, 0).empty());
+    // Too large for the window: there is no place.
+    box.axes[0].title = {700, 20};
+    layout.Place(box);
+    EXPECT_FALSE(layout.Title(0).isShown);
+}
+
+TEST(AxisLabelLayout, WantedTitlesStandOverLinesWhereNothingElseIsFree) {
+    AxisLabelLayout layout;
+    AxisBoxOnScreen box = SquareBox();
+    box.axes[0].title = {190, 20};
+    box.isEachTitleWanted = true;
+    box.viewport = {400, 400}; // the box reaches to its upper and right border
+    for (ScreenVector& corner : box.corners)
+        corner = {corner.x < 300 ? 10.0 : 390.0, corner.y < 300 ? 10.0 : 390.0};
+    box.axes[0].begin = {10, 10};
+    box.axes[0].end = {390, 10};
+    layout.Place(box);
+    const PlacedImage& title = layout.Title(0);
+    ASSERT_TRUE(title.isShown);
+    EXPECT_GE(title.center.y - title.halfHeight, 0.0);
+    EXPECT_LT(title.center.y, 40.0) << "near its edge";
+    box.isEachTitleWanted = false;
+    layout.Place(box);
+    EXPECT_FALSE(layout.Title(0).isShown);
+}
+
+TEST(AxisLabelLayout, ImagesKeepClearOfOthers) {
+    AxisLabelLayout layout;
+    AxisBoxOnScreen box = SquareBox();
+    SetTicks(&box.axes[2], 5, label); // from 147.5 to 187.5, 50 apart
+    box.axes[2].title = {60, 20};
+    PlacedImage other;
+    other.isShown = true;
+    other.center = {150, 300};
+    other.halfWidth = 10;
+    other.halfHeight = 30;
+    box.others = {other};
+    layout.Place(box);
+    EXPECT_EQ((std::vector<int>{0, 1, 3, 4}), Shown(layout, 2));
+    EXPECT_FALSE(layout.Title(2).isShown) << "it stands at 133.5";
+    box.isEachTitleWanted = true;
+    box.viewport = {600, 600};
+    layout.Place(box);
+    EXPECT_TRUE(layout.Title(2).isShown);
+    EXPECT_FALSE(MeetsAny(layout.Title(2), box.others));
+}
+
+TEST(AxisLabelLayout, StridesGoByOneTwoFive) {
+    std::vector<std::size_t> strides = {1};
+    while (strides.size() < 8)
+        strides.push_back(NextLabelStride(strides.back()));
+    EXPECT_EQ(strides, (std::vector<std::size_t>{1, 2, 5, 10, 20, 50, 100, 200}));
 }
 
 TEST(AxisLabelLayout, EachFrameStartsAfresh) {

@@ -117,6 +117,18 @@ protected:
         EXPECT_GT(right, Agreement(image, place, true, true)) << view;
     }
 
+    // Planes that do not switch leave labels behind the surface, which hides them: there without it.
+    Image Picture() {
+        if (plotter.m_gridBox->m_autoSwitchFramePlanes) return CaptureImage(plotter);
+        const CurrentContext context(plotter);
+        glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+        plotter.ApplyModelViewMatrix();
+        glDisable(GL_LIGHTING);
+        plotter.m_gridBox->Render(plotter.PixelToWorld(1.0), plotter.m_axisScale, plotter.m_rotationMatrix);
+        glEnable(GL_LIGHTING);
+        return ReadBuffer(GL_BACK, width, height);
+    }
+
     void LookFrom(double azimuth, double elevation, int inverse) {
         const Matrix turn = Rotation(elevation - 90, 1, 0, 0) * Rotation(azimuth, 0, 0, 1) *
                             Scaling(inverse & 1 ? -1 : 1, inverse & 2 ? -1 : 1, inverse & 4 ? -1 : 1);
@@ -124,7 +136,7 @@ protected:
         plotter.m_inverseXAxis = (inverse & 1) != 0;
         plotter.m_inverseYAxis = (inverse & 2) != 0;
         plotter.m_inverseZAxis = (inverse & 4) != 0;
-        const Image image = CaptureImage(plotter);
+        const Image image = Picture();
         const std::string view =
             std::to_string(azimuth) + " " + std::to_string(elevation) + " " + std::to_string(inverse);
         const AxisLabelLayout& layout = plotter.m_gridBox->m_labelLayout;

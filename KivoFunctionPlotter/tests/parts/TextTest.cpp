@@ -251,15 +251,63 @@ TEST_P(Text, ExactlyTheWidestLineStaysOne) {
     }
 }
 
-// The middle of the bytes falls between the two of the letter, which then stands whole in the second line; in
-// other encodings the same bytes may be no such letter, and the middle is the middle.
+// The middle of the bytes falls between the two of the letter of UTF-8, which then stands whole in the second
+// line. In an encoding of single bytes the same bytes are two letters, and the middle is the middle.
 TEST_P(Text, TwoLinesAreNotCutThroughACharacter) {
     const std::string wide(39, 'W'), dots(39, '.');
     Make(wide + "\xc3\xb6" + dots);
     ASSERT_EQ(image.width, 512);
-    EXPECT_NEAR(InkWidth(true), Extent(wide).cx, 4);
+    const bool isUtf8 = GetACP() == CP_UTF8;
+    EXPECT_NEAR(InkWidth(true), Extent(isUtf8 ? wide : wide + "\xc3").cx, 4);
     Make(wide + "W\xb6" + dots); // a sign of its own where bytes are characters
     EXPECT_NEAR(InkWidth(true), Extent(wide + "W").cx, 4);
+}
+
+// One system takes an ampersand for the mark of the letter that is underlined, unless it is told not to.
+TEST_P(Text, AmpersandsAreCharacters) {
+    const auto ink = [this](const std::string& text) {
+        Make(text);
+        int count = 0;
+        for (int i = 0; i < image.width * image.height; ++i)
+            count += image.pixels[4 * i + 3] != 0 ? 1 : 0;
+        return count;
+    };
+    const int one = ink("&");
+    EXPECT_GT(one, 10);
+    EXPECT_EQ(ink("&&"), 2 * one);
+    EXPECT_EQ(ink("R&D"), ink("R") + one + ink("D"));
+}
+
+// In every window there is a pixel of the screen for each pixel of the title.
+TEST_P(Text, TheTitleIsSharpInWindowsOfEveryWidth) {
+    const TestSurface surface = HillSurface(12, 10);
+    plotter.SetData(surface.NewArray(), 12, 10, 1, 12, 3);
+    const std::string titles[] = {"Pressure in bar", "Pressure in bars."};
+    plotter.SetBackgroundColor(1, 1, 1, 1);
+    for (int width = 400; width < 430; ++width) {
+        window.Resize(width, 60);
+        plotter.OnSize(0, width, 60);
+        for (const std::string& title : titles) {
+            plotter.SetPlotTitle("");
+            const Image without = CaptureImage(plotter);
+            plotter.SetPlotTitle(title.c_str());
+            const Image with = CaptureImage(plotter);
+            const SKivoTexImage& drawn = *plotter.m_plotTitleImage;
+            const int left = plotter.m_plotViewport[0] + (plotter.m_plotViewport[2] - drawn.width) / 2;
+            int differing = 0;
+            for (int y = 0; y < with.height; ++y)
+                for (int x = 0; x < with.width; ++x) {
+                    const int column = x - left, row = drawn.height - 1 - y;
+                    const bool isInside = column >= 0 && column < drawn.width && row >= 0;
+                    const bool isInk = isInside && drawn.pixels[4 * (row * drawn.width + column) + 3] != 0;
+                    const unsigned char* expected = without.Pixel(x, y);
+                    const unsigned char black[3] = {};
+                    if (isInk) expected = black;
+                    differing += std::equal(expected, expected + 3, with.Pixel(x, y)) ? 0 : 1;
+                }
+            EXPECT_EQ(differing, 0) << title << " in " << width;
+        }
+    }
 }
 
 TEST_P(Text, WordsAreMeasuredWithTheirSpaces) {

@@ -188,7 +188,8 @@ const void* ArrayPointer(GLenum name) {
 }
 
 bool IsQuestion(const std::string& name) {
-    return name.rfind("glGet", 0) == 0 || name == "glIsEnabled" || name.rfind("glu", 0) == 0;
+    return name.rfind("glGet", 0) == 0 || name == "glIsEnabled" || name.rfind("glu", 0) == 0 ||
+           name == "GetACP" || name == "IsDBCSLeadByte";
 }
 
 } // namespace

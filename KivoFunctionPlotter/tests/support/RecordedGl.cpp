@@ -130,6 +130,7 @@ RECORD(void, glPopClientAttrib, (), (), )
 RECORD(void, glBlendFunc, (GLenum source, GLenum target), (source, target), Enum(source), Enum(target))
 RECORD(void, glAlphaFunc, (GLenum func, GLclampf ref), (func, ref), Enum(func), Num(ref))
 RECORD(void, glDepthFunc, (GLenum func), (func), Enum(func))
+RECORD(void, glDepthMask, (GLboolean flag), (flag), Num(flag))
 RECORD(void, glColorMask, (GLboolean r, GLboolean g, GLboolean b, GLboolean a), (r, g, b, a), Num(r), Num(g),
        Num(b), Num(a))
 RECORD(void, glLineWidth, (GLfloat width), (width), Num(width))

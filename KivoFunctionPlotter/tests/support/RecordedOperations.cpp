@@ -4,6 +4,7 @@
 #include "AllocationFaults.h"
 #include "CallRecorder.h"
 #include "OperationFaults.h"
+#include "PretendedSystem.h"
 #include "ResourceLedger.h"
 #include "window_system/linux/LastError.h"
 
@@ -11,6 +12,7 @@
 #include <cstring>
 #include <stdexcept>
 #include <utility>
+#include <vector>
 
 namespace KivoTest {
 
@@ -49,6 +51,23 @@ bool OperationFault::IsToFail(const char* name) {
 
 void OperationFault::Owe(std::function<void()> deletion) {
     fault->m_owed = std::move(deletion);
+}
+
+// ---- Another system
+
+namespace {
+
+PretendedSystem* pretended = nullptr;
+
+} // namespace
+
+PretendedSystem::PretendedSystem() {
+    if (pretended) throw std::logic_error("two other systems at a time");
+    pretended = this;
+}
+
+PretendedSystem::~PretendedSystem() {
+    pretended = nullptr;
 }
 
 // ---- Noting, failing, forwarding
@@ -256,7 +275,13 @@ OPERATION("_ZN16KivoDrawingTools10GetObjectAEPNS_9GdiObjectEiPv", int, GetObject
           (HGDIOBJ object, int size, void* description)) {
     if (IsToFail("GetObjectA", {Ptr(object), Num(size)})) return 0;
     const InsideWrapped inside;
-    return Real_GetObjectA(object, size, description);
+    const int bytes = Real_GetObjectA(object, size, description);
+    if (bytes == sizeof(BITMAP) && pretended && pretended->has24Bits) {
+        BITMAP& bitmap = *static_cast<BITMAP*>(description);
+        bitmap.bmBitsPixel = 24;
+        bitmap.bmWidthBytes = (3 * bitmap.bmWidth + 1) / 2 * 2;
+    }
+    return bytes;
 }
 
 OPERATION("_ZN16KivoDrawingTools22CreateCompatibleBitmapEPNS_13DeviceContextEii", HBITMAP,
@@ -284,7 +309,22 @@ OPERATION("_ZN16KivoDrawingTools13GetBitmapBitsEPNS_9GdiObjectEiPv", LONG, GetBi
           (HBITMAP bitmap, LONG size, void* bits)) {
     if (IsToFail("GetBitmapBits", {Ptr(bitmap), Num(size)})) return 0;
     const InsideWrapped inside;
-    return Real_GetBitmapBits(bitmap, size, bits);
+    if (!pretended || !pretended->has24Bits) return Real_GetBitmapBits(bitmap, size, bits);
+    BITMAP description = {};
+    Real_GetObjectA(bitmap, sizeof description, &description);
+    std::vector<unsigned char> pixels(static_cast<std::size_t>(description.bmWidthBytes) *
+                                      static_cast<std::size_t>(description.bmHeight));
+    Real_GetBitmapBits(bitmap, static_cast<LONG>(pixels.size()), pixels.data());
+    std::vector<unsigned char> rows;
+    for (LONG i = 0; i < description.bmWidth * description.bmHeight; ++i) {
+        const auto pixel = pixels.begin() + 4 * static_cast<std::ptrdiff_t>(i);
+        rows.insert(rows.end(), pixel, pixel + 3);
+        const bool isRowEnd = (i + 1) % description.bmWidth == 0;
+        if (isRowEnd && description.bmWidth % 2 != 0) rows.push_back(0);
+    }
+    const std::size_t copied = std::min(rows.size(), static_cast<std::size_t>(size));
+    std::memcpy(bits, rows.data(), copied);
+    return static_cast<LONG>(copied);
 }
 
 // ---- Text
@@ -328,6 +368,17 @@ OPERATION("_ZN16KivoDrawingTools9DrawTextAEPNS_13DeviceContextEPKciPNS_4RECTEj",
 }
 
 // ---- Questions, which cannot fail
+
+OPERATION("_ZN16KivoDrawingTools6GetACPEv", UINT, GetACP, ()) {
+    if (CallRecorder* const recorder = CallRecorder::Active()) recorder->Add("GetACP", {}, true);
+    return pretended ? pretended->codePage : Real_GetACP();
+}
+
+OPERATION("_ZN16KivoDrawingTools14IsDBCSLeadByteEh", BOOL, IsDBCSLeadByte, (BYTE byte)) {
+    if (CallRecorder* const recorder = CallRecorder::Active())
+        recorder->Add("IsDBCSLeadByte", {Num(byte)}, true);
+    return pretended && pretended->isLeadByte ? pretended->isLeadByte(byte) : Real_IsDBCSLeadByte(byte);
+}
 
 OPERATION("_ZN16KivoDrawingTools12GetLastErrorEv", DWORD, GetLastError, ()) {
     if (CallRecorder* const recorder = CallRecorder::Active()) recorder->Add("GetLastError", {}, true);

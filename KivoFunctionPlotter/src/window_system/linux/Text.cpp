@@ -117,6 +117,14 @@ int DrawLines(cairo_t* canvas, DeviceContext& dc, std::string_view text, const R
 
 } // namespace
 
+UINT GetACP() {
+    return CP_UTF8;
+}
+
+BOOL IsDBCSLeadByte(BYTE) {
+    return 0;
+}
+
 BOOL GetTextMetricsA(HDC dc, TEXTMETRICA* metrics) {
     const DeviceContext* const live = ValidDc(dc, "GetTextMetrics");
     if (!live) return 0;

@@ -141,9 +141,12 @@ constexpr BYTE FF_MODERN = 0x30;
 constexpr int LOGPIXELSX = 88;
 constexpr int LOGPIXELSY = 90;
 
+constexpr UINT CP_UTF8 = 65001;
+
 constexpr UINT DT_CENTER = 0x0001;
 constexpr UINT DT_BOTTOM = 0x0008;
 constexpr UINT DT_SINGLELINE = 0x0020;
+constexpr UINT DT_NOPREFIX = 0x0800; ///< no meaning here: an ampersand is a character in any case
 
 /// Codes of GetLastError() that the operations set.
 constexpr DWORD ERROR_SUCCESS = 0;
@@ -225,6 +228,11 @@ int GetObjectA(HGDIOBJ object, int size, void* description);
 LONG GetBitmapBits(HBITMAP bitmap, LONG size, void* bits);
 
 // ---- Text.cpp. Strings are UTF-8; invalid bytes show as a replacement character.
+
+/// The encoding of all texts: CP_UTF8.
+UINT GetACP();
+/// Whether a byte begins a character of two bytes in an encoding that has no others: none does here.
+BOOL IsDBCSLeadByte(BYTE byte);
 
 BOOL GetTextMetricsA(HDC dc, TEXTMETRICA* metrics);
 /// Width of the text on one line and height of the line, in pixels. A length of 0 measures (0, line height).
