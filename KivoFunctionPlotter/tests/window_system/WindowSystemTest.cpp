@@ -325,11 +325,11 @@ TEST_P(AnyWindowTest, MakesGlyphListsAndKeepsTheUnpackState) {
     float after[4];
     glGetFloatv(GL_CURRENT_RASTER_POSITION, after);
     EXPECT_GT(after[0], 0.05F * usualWidth + 3);
-    int green = 0;
+    int greenPixels = 0;
     for (int y = 0; y < usualHeight; ++y)
         for (int x = 0; x < usualWidth / 2; ++x)
-            green += PixelAt(x, y) == green;
-    EXPECT_GT(green, 10);
+            greenPixels += PixelAt(x, y) == green;
+    EXPECT_GT(greenPixels, 10);
     EXPECT_EQ(static_cast<GLenum>(GL_NO_ERROR), glGetError());
 }
 
