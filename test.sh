@@ -75,6 +75,7 @@ documentation() {
 on_linux() {
     library_without_display release
     library_in_x11 release
+    run_tests plugins "${without_display[@]}" build-release/tests/kivo-plugin-tests
     run_tests load "${without_display[@]}" build-release/tests/kivo-load-tests
     run_tests viewer-window scripts/with-display.sh build-release/tests/kivo-viewer-tests --gtest_filter='*Window*'
     check "off-screen picture" env -u DISPLAY build-release/examples/offscreen_picture "$KIVO_TEST_OUTPUT/offscreen.png"
