@@ -45,6 +45,7 @@ packages() {
     check "package, static" scripts/test-package.sh static Release FetchContent
     check "package, shared, Debug" scripts/test-package.sh shared Debug FetchContent
     check "package, static, Debug" scripts/test-package.sh static Debug add_subdirectory
+    check "standard library of hosts" scripts/test-standard-library.sh
     check "Debian packages" scripts/test-deb.sh
     check "binary interface" scripts/check-abi.sh
     check "recipes for vcpkg and Conan" scripts/check-recipes.sh

@@ -11,6 +11,7 @@ install(TARGETS KivoFunctionPlotter EXPORT KivoFunctionPlotterTargets
 install(FILES
     ${kivo_headers}
     "${kivo_generated_headers}/KivoVersion.h"
+    "${kivo_build_headers}/KivoBuild.h"
     DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT development)
 
 # find_package(KivoFunctionPlotter)

@@ -117,9 +117,10 @@ class Checker:
                         self.check_place(source, quoted, folder, places)
 
     def check_place(self, source, quoted, folder, places):
-        own = (source.parent / quoted).resolve()
-        if own.is_file() and own.is_relative_to(self.root / folder):
-            return
+        for name in (quoted, f"{quoted}.in"):
+            own = (source.parent / name).resolve()
+            if own.is_file() and own.is_relative_to(self.root / folder):
+                return
         for place in places:
             if (self.root / place / quoted).is_file() or (self.root / place / f"{quoted}.in").is_file():
                 return
