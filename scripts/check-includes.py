@@ -24,9 +24,9 @@ LAYERS = {
 HEADERS_FOR = {
     "plotter": None,  # all
     "parts": {"KivoTypes.h", "KivoPlatform.h"},
-    "drawing": {"KivoTypes.h", "KivoPlatform.h"},
+    "drawing": {"KivoTypes.h", "KivoPlatform.h", "KivoHost.h"},
     "computing": {"KivoTypes.h"},
-    "window_system": {"KivoPlatform.h", "KivoWindow.h"},
+    "window_system": {"KivoPlatform.h", "KivoWindow.h", "KivoHost.h"},
 }
 
 # What sources without a platform may take from outside: headers of the C++ library have no dot and no folder.

@@ -45,6 +45,7 @@ protected:
         m_meanLimit = GetParam().meanLimit;
         m_desktop->MovePointer(1200, 1000); // out of the way
         environment["NO_AT_BRIDGE"] = "1";  // there is no accessibility bus to complain of
+        environment["GTK_A11Y"] = "none";
         environment["XDG_RUNTIME_DIR"] = m_runtimeFolder.Path();
         m_program = StartHost(GetParam(), environment);
         ASSERT_TRUE(WaitFor([this] {

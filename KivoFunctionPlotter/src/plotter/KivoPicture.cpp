@@ -151,6 +151,7 @@ void ReadTile(std::vector<unsigned char>& rgba, int pictureWidth, int pictureHei
 } // namespace
 
 int CapturePicture(CKivoFunctionPlotter& plotter, std::vector<unsigned char>& rgba, int& width, int& height) {
+    const HostContextScope host(nullptr); // in windows on a screen, too: nothing is presented
     const PictureAccess access(plotter);
     int windowWidth = 0;
     int windowHeight = 0;
@@ -171,6 +172,7 @@ int CapturePicture(CKivoFunctionPlotter& plotter, int wantedWidth, int wantedHei
                    std::vector<unsigned char>& rgba) {
     constexpr int largest = 16384;
     if (wantedWidth < 1 || wantedHeight < 1 || wantedWidth > largest || wantedHeight > largest) return -3;
+    const HostContextScope host(nullptr);
     const PictureAccess access(plotter);
     int tileWidth = 0;
     int tileHeight = 0;

@@ -1,5 +1,6 @@
 // Windows without a screen, on Windows: hidden windows of a class of their own.
 #include "KivoWindow.h"
+#include "window_system/HostContext.h"
 
 #include <string>
 
@@ -46,6 +47,11 @@ bool IsOffscreenWindow(HWND window) {
 }
 
 } // namespace
+
+bool IsOnScreen(HDC dc) {
+    const HWND window = WindowFromDC(dc);
+    return window && !IsOffscreenWindow(window);
+}
 
 HWND CreateOffscreenWindow(int width, int height, int dpi) {
     if (!IsAccepted(width, height) || dpi < 1 || dpi > 1200) {
