@@ -11,6 +11,7 @@ install(TARGETS KivoFunctionPlotter EXPORT KivoFunctionPlotterTargets
 install(FILES
     ${kivo_headers}
     "${kivo_generated_headers}/KivoVersion.h"
+    "${kivo_build_headers}/KivoBuild.h"
     DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT development)
 
 # find_package(KivoFunctionPlotter)
@@ -38,6 +39,9 @@ cmake_path(APPEND kivo_pc_includedir "\${prefix}" "${CMAKE_INSTALL_INCLUDEDIR}")
 if(NOT BUILD_SHARED_LIBS)
     list(JOIN KIVO_NATIVE_MODULES " " kivo_pc_requires)
     list(TRANSFORM kivo_system_libraries PREPEND "-l" OUTPUT_VARIABLE kivo_pc_libs)
+    if(NOT WIN32)
+        list(APPEND kivo_pc_libs "-Wl,-z,nodelete") # a plugin that it is linked into stays loaded
+    endif()
     list(JOIN kivo_pc_libs " " kivo_pc_libs)
     set(kivo_pc_definitions "-DKIVO_STATIC")
 endif()

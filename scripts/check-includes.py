@@ -24,9 +24,9 @@ LAYERS = {
 HEADERS_FOR = {
     "plotter": None,  # all
     "parts": {"KivoTypes.h", "KivoPlatform.h"},
-    "drawing": {"KivoTypes.h", "KivoPlatform.h"},
+    "drawing": {"KivoTypes.h", "KivoPlatform.h", "KivoHost.h"},
     "computing": {"KivoTypes.h"},
-    "window_system": {"KivoPlatform.h", "KivoWindow.h"},
+    "window_system": {"KivoPlatform.h", "KivoWindow.h", "KivoHost.h"},
 }
 
 # What sources without a platform may take from outside: headers of the C++ library have no dot and no folder.
@@ -119,9 +119,10 @@ class Checker:
                         self.check_place(source, quoted, folder, places)
 
     def check_place(self, source, quoted, folder, places):
-        own = (source.parent / quoted).resolve()
-        if own.is_file() and own.is_relative_to(self.root / folder):
-            return
+        for name in (quoted, f"{quoted}.in"):
+            own = (source.parent / name).resolve()
+            if own.is_file() and own.is_relative_to(self.root / folder):
+                return
         for place in places:
             if (self.root / place / quoted).is_file() or (self.root / place / f"{quoted}.in").is_file():
                 return

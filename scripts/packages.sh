@@ -12,7 +12,7 @@ kivo_run_packages=(
 kivo_test_packages=(
     libgtest-dev libgmock-dev googletest clang-format clang-tidy doxygen git
     libx11-dev libxcb-xtest0-dev xvfb libgdal-dev
-    libgtk-3-dev libwxgtk3.2-dev libglfw3-dev libsdl2-dev libfltk1.3-dev weston xwayland
+    libgtk-3-dev libgtk-4-dev libqt6opengl6-dev libwxgtk3.2-dev libglfw3-dev libsdl2-dev libfltk1.3-dev weston xwayland
     wine wine64 g++-mingw-w64-x86-64
     dpkg-dev fakeroot file desktop-file-utils libxml2-utils abigail-tools valgrind python3)
 

@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
-# The shared library exports the class and the functions of KivoWindow.h and KivoPicture.h, nothing else.
+# The shared library exports the class, CKeepContext of KivoHost.h and the functions of KivoWindow.h and KivoPicture.h,
+# nothing else.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 library=${KIVO_BUILD:-build-release}/KivoFunctionPlotter/libKivoFunctionPlotter.so
-class='(vtable for |typeinfo for |typeinfo name for )?KivoDrawingTools::CKivoFunctionPlotter(::|$)'
+class='(vtable for |typeinfo for |typeinfo name for )?KivoDrawingTools::(CKivoFunctionPlotter(::|$)|CKeepContext::~?CKeepContext\()'
 functions='KivoDrawingTools::(AttachX11Window|CreateOffscreenWindow|ResizeOffscreenWindow|ReleaseWindow|GetWindowDpi|LastWindowError|CapturePicture|TakeView)\('
 exported=$(nm --dynamic --defined-only --demangle "$library" | cut -d ' ' -f 3-)
 unexpected=$(printf '%s\n' "$exported" | grep -Ev "^($class|$functions)" || true)
@@ -11,7 +12,7 @@ if [ -n "$unexpected" ]; then
     printf 'Exported without being part of the interface:\n%s\n' "$unexpected"
     exit 1
 fi
-for name in 'CKivoFunctionPlotter::OnCreate(' AttachX11Window CreateOffscreenWindow ResizeOffscreenWindow ReleaseWindow \
-    GetWindowDpi LastWindowError CapturePicture TakeView; do
+for name in 'CKivoFunctionPlotter::OnCreate(' 'CKeepContext::CKeepContext(' 'CKeepContext::~CKeepContext(' AttachX11Window \
+    CreateOffscreenWindow ResizeOffscreenWindow ReleaseWindow GetWindowDpi LastWindowError CapturePicture TakeView; do
     grep -qF "KivoDrawingTools::$name" <<<"$exported" || { echo "Not exported: $name"; exit 1; }
 done

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Uses the library as other projects do; each of their programs draws a picture. All paths have a blank in them.
+# Uses the library as other projects do; each of their programs draws a picture, and so do plugins on Linux,
+# which are unloaded and loaded again. All paths have a blank in them.
 #   scripts/test-package.sh part shared|static Debug|Release add_subdirectory|FetchContent [mingw]
 #       builds it as a part of another project, installs it from there, and uses that by find_package and pkg-config
 #   scripts/test-package.sh installed linux|mingw
@@ -40,6 +41,13 @@ try() {
     [ "$printed" = "$version" ]
 }
 
+# try_plugin <folder>: the plugin there draws each time it is loaded, by the host there.
+try_plugin() {
+    [ "$platform" = linux ] || return 0
+    "${run[@]}" timeout 60 "$place/by package/plugin_host" "$1/plugin.so" worker
+    echo "$1/plugin.so draws again and again"
+}
+
 if [ "$mode" = part ]; then
     build "as a part" -DCONSUME="$way" -DCHECKOUT="$place/the checkout" -DKIVO_INSTALL=ON -DCMAKE_INSTALL_PREFIX="$prefix" \
         -DBUILD_SHARED_LIBS="$([ "$kind" = shared ] && echo ON || echo OFF)"
@@ -59,6 +67,7 @@ prefix="$place/another prefix"
 package=$(find "$prefix" -name KivoFunctionPlotterConfig.cmake -printf '%h')
 build "by package" -DCONSUME=find_package -DKivoFunctionPlotter_DIR="$package"
 try "$place/by package/consumer"
+try_plugin "$place/by package"
 
 # pkg-config prints blanks as a shell wants them.
 PKG_CONFIG_PATH=$(find "$prefix" -name KivoFunctionPlotter.pc -printf '%h')
@@ -77,3 +86,8 @@ if [ "$platform" = mingw ]; then # only our library is beside the program
 fi
 "$compiler" -std=c++17 "$root/$consumer/main.cpp" -o "$place/by pkg-config/consumer$suffix" "${flags[@]}"
 LD_LIBRARY_PATH=$(dirname "$PKG_CONFIG_PATH") try "$place/by pkg-config/consumer"
+if [ "$platform" = linux ]; then
+    "$compiler" -std=c++17 -shared -fPIC -Wl,--version-script="$root/$consumer/plugin.map" "$root/$consumer/plugin.cpp" \
+        -o "$place/by pkg-config/plugin.so" "${flags[@]}"
+    LD_LIBRARY_PATH=$(dirname "$PKG_CONFIG_PATH") try_plugin "$place/by pkg-config"
+fi

@@ -5,7 +5,8 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 scripts/make-reference.sh
 [ -s build-reference/html/classKivoDrawingTools_1_1CKivoFunctionPlotter.html ]
 
-# The headers that are documented are those that are installed; KivoVersion.h, which is generated, has macros only.
+# The headers that are documented are those that are installed; KivoBuild.h and KivoVersion.h, which are generated, have macros
+# only.
 installed=$(sed -n '/^set(kivo_headers$/,/)/p' KivoFunctionPlotter/CMakeLists.txt | grep -o 'include/[A-Za-z]*\.h' | sort)
 documented=$(grep -o 'include/[A-Za-z]*\.h' docs/Doxyfile | sort)
 [ -n "$installed" ]

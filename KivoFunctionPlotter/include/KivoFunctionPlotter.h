@@ -11,7 +11,9 @@
 //
 // Conventions of all members:
 // - Every member is called on the thread of the host's window. Different plotters are independent.
-// - No OpenGL context is current between calls, except where a member says so.
+// - No OpenGL context is current between calls, except where a member says so. A host's own that is current
+//   when a member is called is current again afterwards where the window is off-screen or there is none; for
+//   a window on the screen none is, and CKeepContext of KivoHost.h keeps it.
 // - `int` results: 0 for success; all others, most of them negative codes, are named at the member.
 // - Setters store and return; none of them redraws. Call OnDraw() to see their effect.
 // - Numbers are taken as they are: a degenerate one yields infinities or not-a-number values, which
@@ -289,7 +291,7 @@ public:
     // the X and Y gradients colour the x and y contours and the legends of the flat plots. Array arguments
     // are four floats RGBA, null is not allowed. Replacing one end re-encodes the other, so that its hue can
     // drift by about one degree each time. The X and Y setters leave the plotter's OpenGL context current
-    // when they return.
+    // when they return, unless they put a host's own back.
 
     /// Sets both ends of all three gradients.
     void SetGradientColor(float const* startRgba, float const* endRgba);
@@ -493,7 +495,8 @@ protected:
 
     /// Makes the plotter's context current for OpenGL calls of a derived class; EndGLOperation unbinds it.
     void BeginGLOperation();
-    /// Ends what BeginGLOperation began: no context is current afterwards.
+    /// Ends what BeginGLOperation began: no context is current afterwards, or off-screen a host's own again
+    /// that the outermost of nested pairs has replaced.
     void EndGLOperation();
 
     /// What OnSize does.

@@ -1,6 +1,6 @@
 // For hosts: the key state and the positions of mouse messages and the steps of the wheel, made of what a
-// toolkit reports. Where the system's own messages carry state and position, as on Windows, they are passed
-// on as they are.
+// toolkit reports, and a scope for hosts that draw with OpenGL themselves. Where the system's own messages
+// carry state and position, as on Windows, they are passed on as they are.
 #pragma once
 
 #include "KivoPlatform.h"
@@ -51,5 +51,44 @@ inline int WheelSteps(int& remainder, int delta) {
     remainder = static_cast<int>(turned % step);
     return static_cast<int>(turned / step);
 }
+
+/// Keeps the OpenGL context that is current in a thread: at the end of the scope it is current again, with
+/// its surfaces for drawing and reading and its display, whatever was made current within the scope. For
+/// hosts, and toolkits, that draw with OpenGL themselves: calls for a plot in a window on the screen leave
+/// none current.
+///
+/// Contexts of EGL, with any client API, and of GLX, which need not be installed; on Windows those of WGL.
+/// The client API that is bound to the thread for EGL comes back, too. Where none was current, none is
+/// afterwards. Scopes may be nested. A context, surface or window that has been destroyed meanwhile, and a
+/// context that is current in another thread by then, does not come back: none is current then, and nothing
+/// is reported. The object is destroyed in the thread that made it; a connection to an X server that has a
+/// GLX context current is closed after the scope.
+///
+///     {
+///         const CKeepContext keep;
+///         plotter.OnDraw();
+///     }
+class KIVO_API CKeepContext {
+public:
+    CKeepContext();
+    ~CKeepContext();
+    CKeepContext(const CKeepContext&) = delete;
+    CKeepContext& operator=(const CKeepContext&) = delete;
+
+private:
+    friend class HostContextScope;
+
+    /// What made the context current.
+    enum class Owner : std::uint32_t { none, plotter, egl, glx, wgl, forgotten };
+
+    void Forget() { m_owner = Owner::forgotten; }
+
+    Owner m_owner = Owner::none;
+    std::uint32_t m_clientApi = 0; // bound for EGL
+    void* m_display = nullptr;
+    void* m_context = nullptr;
+    std::uintptr_t m_drawSurface = 0;
+    std::uintptr_t m_readSurface = 0;
+};
 
 } // namespace KivoDrawingTools

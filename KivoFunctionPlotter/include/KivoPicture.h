@@ -1,4 +1,5 @@
-// The plot as pixels.
+// The plot as pixels. An OpenGL context of the host's own that is current is current again afterwards,
+// whatever window the plot is in; otherwise none is.
 #pragma once
 
 #include "KivoFunctionPlotter.h"

@@ -4,10 +4,24 @@
 // KivoDrawingTools, never in the global one, so that they cannot clash with a host or another library.
 #pragma once
 
+#include "KivoBuild.h"
+
 #include <cstdint>
 
 #if defined(_WIN32)
 #include <windows.h>
+#endif
+
+// Strings and vectors cross the interface. Where they lie otherwise in memory than in the library, a program
+// would link and then crash.
+#if defined(__GLIBCXX__) != KIVO_BUILT_WITH_GLIBCXX
+#error "KivoFunctionPlotter was built with another C++ standard library; build both with the same."
+#elif KIVO_BUILT_WITH_GLIBCXX
+#if _GLIBCXX_USE_CXX11_ABI != KIVO_BUILT_WITH_CXX11_ABI
+#error "KivoFunctionPlotter was built with another _GLIBCXX_USE_CXX11_ABI; build both with the same."
+#elif defined(_GLIBCXX_DEBUG) != KIVO_BUILT_WITH_GLIBCXX_DEBUG
+#error "Of KivoFunctionPlotter and this program only one has _GLIBCXX_DEBUG; build both with it or without."
+#endif
 #endif
 
 // KIVO_API marks what the shared library exports. A consumer of the static library defines KIVO_STATIC; the

@@ -2,7 +2,8 @@
 // its own, and windows without a screen on every platform.
 //
 // A window handle is released after the plotter's OnDestroy. All functions are called on the thread that uses
-// the window; windows of different threads are independent of each other.
+// the window; windows of different threads are independent of each other. A host's own OpenGL context stays
+// current.
 #pragma once
 
 #include "KivoPlatform.h"

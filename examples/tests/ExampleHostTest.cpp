@@ -55,6 +55,7 @@ protected:
         m_meanLimit = GetParam().meanLimit;
         m_desktop->MovePointer(1200, 1000); // out of the way
         environment["NO_AT_BRIDGE"] = "1";  // there is no accessibility bus to complain of
+        environment["GTK_A11Y"] = "none";
         m_program = std::make_unique<HostProcess>(GetParam(), environment);
         ASSERT_TRUE(WaitFor([this] {
             m_window = m_desktop->FindWindow(hillTitle);

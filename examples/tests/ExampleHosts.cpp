@@ -22,6 +22,7 @@ std::vector<ExampleHost> HostsOnX11() {
 std::vector<ExampleHost> AllHosts() {
     std::vector<ExampleHost> hosts = HostsOnX11();
     hosts.push_back({"gtk_image_host", false, false, {{"GDK_SCALE", "2"}}, 192});
+    hosts.push_back({"gtk4_image_host", false, false, {{"GDK_SCALE", "2"}}, 192});
     hosts.push_back({"win32_host", false, false, {}, 96, 1.0}); // its text is drawn by Wine
     return hosts;
 }

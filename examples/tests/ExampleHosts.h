@@ -36,7 +36,7 @@ inline void PrintTo(const ExampleHost& host, std::ostream* out) {
 
 /// The hosts of toolkits that use X11 windows.
 std::vector<ExampleHost> HostsOnX11();
-/// Those, the one that paints the plotter's picture itself, and the Windows one under Wine.
+/// Those, the ones that paint the plotter's picture themselves, and the Windows one under Wine.
 std::vector<ExampleHost> AllHosts();
 /// Program and arguments; empty where it is not built. The Windows host is the file that KIVO_WIN32_HOST
 /// names.

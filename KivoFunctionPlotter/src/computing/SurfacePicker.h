@@ -25,8 +25,7 @@ enum class PickResult {
 /// @param limit           distances have to be below it, in multiples of dir
 /// @param hit             receives x, y, z with PickResult::triangle, else it is left alone
 /// @param triedCells      if given, receives the number of cells whose triangles were computed; the others
-/// were
-///                        passed over
+///                        were passed over
 PickResult PickSurface(const GridView& grid, const float* boxMin, const float* boxMax, const float* origin,
                        const float* dir, float limit, float* hit, std::size_t* triedCells = nullptr);
 

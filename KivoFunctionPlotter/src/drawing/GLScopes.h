@@ -1,24 +1,27 @@
 // Scopes that put OpenGL state back: the current context and the matrix mode.
 #pragma once
 
+#include "HostContextScope.h"
 #include "window_system/WindowSystem.h"
 
 namespace KivoDrawingTools {
 
-/// Makes a context current for the life of the object; none is current afterwards, whatever ends the scope.
+/// Makes a context current for the life of the object; none is current afterwards, whatever ends the scope,
+/// or off-screen a host's own again.
 class ContextScope {
 public:
-    ContextScope(HDC dc, HGLRC context) : m_dc(dc) { wglMakeCurrent(dc, context); }
+    ContextScope(HDC dc, HGLRC context) : m_host(dc), m_dc(dc) { wglMakeCurrent(dc, context); }
     ~ContextScope() {
-        if (!m_isKept) wglMakeCurrent(m_dc, nullptr);
+        if (!m_isKept || m_host.HasContext()) wglMakeCurrent(m_dc, nullptr);
     }
     ContextScope(const ContextScope&) = delete;
     ContextScope& operator=(const ContextScope&) = delete;
 
-    /// Leaves the context current at the end of the scope.
+    /// Leaves the context current at the end of the scope, unless a host's is put back.
     void Keep() { m_isKept = true; }
 
 private:
+    HostContextScope m_host; // its end comes last
     HDC m_dc;
     bool m_isKept = false;
 };

@@ -80,6 +80,7 @@ void ReadTile(std::vector<unsigned char>& rgba, int pictureWidth, int pictureHei
 } // namespace
 
 int CapturePicture(CKivoFunctionPlotter& plotter, std::vector<unsigned char>& rgba, int& width, int& height) {
+    const HostContextScope host(nullptr); // in windows on a screen, too: nothing is presented
     int windowWidth = 0;
     int windowHeight = 0;
     if (!PictureAccess::WindowSize(plotter, windowWidth, windowHeight)) return -1;
@@ -99,6 +100,7 @@ int CapturePicture(CKivoFunctionPlotter& plotter, int wantedWidth, int wantedHei
                    std::vector<unsigned char>& rgba) {
     constexpr int largest = 16384;
     if (wantedWidth < 1 || wantedHeight < 1 || wantedWidth > largest || wantedHeight > largest) return -3;
+    const HostContextScope host(nullptr);
     int tileWidth = 0;
     int tileHeight = 0;
     if (!PictureAccess::WindowSize(plotter, tileWidth, tileHeight)) return -1;

@@ -10,6 +10,7 @@
 #include "parts/KivoMeasurePointGroupManager.h"
 #include "parts/TextRenderer.h"
 #include "PlotType.h"
+#include "window_system/HostContext.h"
 #include "window_system/WindowSystem.h"
 
 #include <algorithm>
@@ -213,10 +214,12 @@ int CKivoFunctionPlotter::Release() {
     }
     if (m_textRenderer) ReleaseTextRenderer(m_textRenderer);
 
+    const HostContextScope host(m_hDC);
     int result = 0;
     if (m_hGLRC) {
         wglMakeCurrent(m_hDC, nullptr);
         result = wglDeleteContext(m_hGLRC) ? 0 : -1;
+        RemovePlotterContext(m_hGLRC);
         m_hGLRC = nullptr;
         ForgetNameTextures();
     }
@@ -285,6 +288,7 @@ int CKivoFunctionPlotter::Init(HWND hWnd, int fontSize, bool accelerated) {
     if (SetDCPixelFormat(m_hDC, accelerated) != 0) return -1;
     m_hGLRC = wglCreateContext(m_hDC);
     if (!m_hGLRC) return -1;
+    AddPlotterContext(m_hGLRC);
     m_plotType = normalPlot;
     m_traceEnabled = false;
     m_hasTracePoint = 0;
@@ -405,11 +409,11 @@ int CKivoFunctionPlotter::InitLighting() {
 }
 
 void CKivoFunctionPlotter::BeginGLOperation() {
-    wglMakeCurrent(m_hDC, m_hGLRC);
+    BeginBracket(m_hDC, m_hGLRC);
 }
 
 void CKivoFunctionPlotter::EndGLOperation() {
-    wglMakeCurrent(m_hDC, nullptr);
+    EndBracket(m_hDC);
 }
 
 void CKivoFunctionPlotter::UpdateLightsPosition() {

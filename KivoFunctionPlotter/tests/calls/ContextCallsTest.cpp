@@ -1,6 +1,8 @@
 // The OpenGL context around each public member: made current for its work and released afterwards, except
 // where it is meant to stay.
+#include "support/GlSnapshot.h"
 #include "support/PublicOperations.h"
+#include "support/TestHostContext.h"
 
 #include <gmock/gmock.h>
 
@@ -124,4 +126,23 @@ TEST_F(ContextCalls, NothingToDoBindsNothing) {
         plotter.SetMeasureGroupName(7, "refused");
     });
     EXPECT_TRUE(recorder->Calls().empty());
+}
+
+// Off-screen, and nothing that is meant for the plot reaches it meanwhile.
+TEST_F(ContextCalls, AHostsContextIsAsItWasAfterEveryMember) {
+    TestHostContext host;
+    ASSERT_TRUE(host.MakeCurrent());
+    SetOddState();
+    const GlSnapshot before = TakeSnapshot();
+    for (const PublicOperation& operation : PublicOperations()) {
+        if (operation.context == ContextUse::callers) continue; // draws in whatever is current
+        SCOPED_TRACE(operation.name);
+        operation.run(plotter);
+        ASSERT_TRUE(host.IsCurrent());
+        EXPECT_THAT(Differences(before, TakeSnapshot()), testing::IsEmpty());
+    }
+    plotter.OnDestroy();
+    EXPECT_TRUE(host.IsCurrent());
+    EXPECT_THAT(Differences(before, TakeSnapshot()), testing::IsEmpty());
+    TestHostContext::Unbind();
 }

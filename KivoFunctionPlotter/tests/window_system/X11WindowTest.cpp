@@ -1,10 +1,10 @@
 // What only windows on an X11 display do.
 
+#include "support/HostGlx.h"
 #include "support/WaitFor.h"
 #include "support/X11TestWindow.h"
 #include "window_system/WindowSystem.h"
 
-#include <dlfcn.h>
 #include <EGL/egl.h>
 #include <EGL/eglext.h>
 #include <gtest/gtest.h>
@@ -21,6 +21,7 @@ namespace KivoDrawingTools {
 
 namespace {
 
+using KivoTest::HostGlx;
 using KivoTest::X11TestWindow;
 using Pixels = std::vector<std::uint8_t>;
 
@@ -233,17 +234,6 @@ void TryAllVisuals(const std::string& display) {
     for (const auto& visual : any.Visuals())
         TryVisual(visual, display);
 }
-
-/// GLX and Xlib as a host may have them loaded; reached at run time, because the tests need not have them.
-struct HostGlxLibrary {
-    void* x11 = dlopen("libX11.so.6", RTLD_LAZY);
-    void* gl = dlopen("libGL.so.1", RTLD_LAZY);
-
-    template <typename Function>
-    static Function Find(void* library, const char* name) {
-        return reinterpret_cast<Function>(dlsym(library, name));
-    }
-};
 
 class X11WindowTest : public testing::Test {
 protected:
@@ -471,45 +461,20 @@ TEST(X11Server, ItsEndIsAFailureAndEverythingCanBeReleased) {
 }
 
 TEST_F(X11WindowTest, ReplacesAndUnbindsAHostsGlxContext) {
-    const HostGlxLibrary host;
-    if (!host.x11 || !host.gl) GTEST_SKIP() << "no GLX";
-    void* const display = HostGlxLibrary::Find<void* (*)(const char*)>(host.x11, "XOpenDisplay")(nullptr);
-    ASSERT_NE(nullptr, display);
-    int attributes[] = {4 /* GLX_RGBA */, 5 /* GLX_DOUBLEBUFFER */, 0};
-    void* const visual =
-        HostGlxLibrary::Find<void* (*)(void*, int, int*)>(host.gl, "glXChooseVisual")(display, 0, attributes);
-    if (!visual) {
-        HostGlxLibrary::Find<int (*)(void*)>(host.x11, "XCloseDisplay")(display);
-        GTEST_SKIP() << "no GLX visual";
-    }
-    struct VisualInfo { // the head of Xlib's XVisualInfo
-        void* visual;
-        unsigned long id;
-    };
-    X11TestWindow::Options options;
-    options.visual = static_cast<xcb_visualid_t>(static_cast<const VisualInfo*>(visual)->id);
-    const X11TestWindow glxWindow(options);
-    void* const context = HostGlxLibrary::Find<void* (*)(void*, void*, void*, int)>(
-        host.gl, "glXCreateContext")(display, visual, nullptr, 1);
-    const auto makeCurrent =
-        HostGlxLibrary::Find<int (*)(void*, unsigned long, void*)>(host.gl, "glXMakeCurrent");
-    const auto current = HostGlxLibrary::Find<void* (*)()>(host.gl, "glXGetCurrentContext");
-
+    const HostGlx host;
+    if (!host.Ok()) GTEST_SKIP() << "no GLX";
     const X11TestWindow ours;
-    ASSERT_TRUE(makeCurrent(display, glxWindow.Id(), context));
+    ASSERT_TRUE(host.MakeCurrent());
     {
         const AttachedWindow window(ours.Id());
         ASSERT_NE(nullptr, window.Context()) << LastWindowError();
-        EXPECT_EQ(context, current());
+        EXPECT_TRUE(host.IsCurrent());
         EXPECT_TRUE(DrawFrame(window, 320, 240)) << LastWindowError();
-        EXPECT_EQ(nullptr, current());
+        EXPECT_EQ(nullptr, host.Current());
     }
-    ASSERT_TRUE(makeCurrent(display, glxWindow.Id(), context));
+    ASSERT_TRUE(host.MakeCurrent());
     EXPECT_TRUE(wglMakeCurrent(nullptr, nullptr));
-    EXPECT_EQ(nullptr, current());
-    HostGlxLibrary::Find<void (*)(void*, void*)>(host.gl, "glXDestroyContext")(display, context);
-    HostGlxLibrary::Find<int (*)(void*)>(host.x11, "XFree")(visual);
-    HostGlxLibrary::Find<int (*)(void*)>(host.x11, "XCloseDisplay")(display);
+    EXPECT_EQ(nullptr, host.Current());
 }
 
 TEST_F(X11WindowTest, ReplacesAHostsEglContextAndKeepsItsChoiceOfClientApi) {

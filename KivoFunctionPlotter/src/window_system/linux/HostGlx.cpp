@@ -3,6 +3,7 @@
 #include <dlfcn.h>
 #include <link.h>
 
+#include <atomic>
 #include <mutex>
 
 namespace KivoDrawingTools {
@@ -10,17 +11,25 @@ namespace KivoDrawingTools {
 namespace {
 
 // GLX is reached in the host's own copy only, found at run time, so that neither it nor Xlib need be there.
+template <typename Function>
+bool Find(void* library, const char* name, Function& function) {
+    function = reinterpret_cast<Function>(dlsym(library, name));
+    return function != nullptr;
+}
+
 struct GlxFunctions {
     void* (*currentContext)() = nullptr;
     void* (*currentDisplay)() = nullptr;
-    int (*makeCurrent)(void* display, unsigned long drawable, void* context) = nullptr;
+    unsigned long (*currentDrawable)() = nullptr;
+    unsigned long (*currentReadDrawable)() = nullptr;
+    int (*makeCurrent)(void* display, unsigned long draw, unsigned long read, void* context) = nullptr;
 
     bool Load(void* library) {
-        currentContext = reinterpret_cast<void* (*)()>(dlsym(library, "glXGetCurrentContext"));
-        currentDisplay = reinterpret_cast<void* (*)()>(dlsym(library, "glXGetCurrentDisplay"));
-        makeCurrent =
-            reinterpret_cast<int (*)(void*, unsigned long, void*)>(dlsym(library, "glXMakeCurrent"));
-        return currentContext && currentDisplay && makeCurrent;
+        return Find(library, "glXGetCurrentContext", currentContext) &&
+               Find(library, "glXGetCurrentDisplay", currentDisplay) &&
+               Find(library, "glXGetCurrentDrawable", currentDrawable) &&
+               Find(library, "glXGetCurrentReadDrawable", currentReadDrawable) &&
+               Find(library, "glXMakeContextCurrent", makeCurrent);
     }
 };
 
@@ -61,11 +70,69 @@ const GlxFunctions* LoadedGlx() {
     return found ? &functions : nullptr;
 }
 
+/// Xlib ends the process at an error unless a handler takes it. There is one handler for all threads.
+class XErrorScope {
+public:
+    explicit XErrorScope(void* display) : m_guard(Mutex()) {
+        // GLX has loaded it.
+        void* const library = dlopen("libX11.so.6", RTLD_LAZY | RTLD_NOLOAD);
+        if (!library) return;
+        if (Find(library, "XSetErrorHandler", m_setHandler) && Find(library, "XSync", m_sync)) {
+            m_sync(display, 0); // errors of before are the host's
+            m_display = display;
+            watched = display;
+            previous = m_setHandler(&TakeError);
+        }
+        dlclose(library); // GLX keeps it
+    }
+    ~XErrorScope() {
+        if (!m_display) return;
+        m_sync(m_display, 0);
+        m_setHandler(previous);
+        watched = nullptr;
+    }
+    XErrorScope(const XErrorScope&) = delete;
+    XErrorScope& operator=(const XErrorScope&) = delete;
+
+private:
+    using Handler = int (*)(void* display, void* error);
+
+    static std::mutex& Mutex() {
+        static std::mutex mutex;
+        return mutex;
+    }
+    /// Another thread may meet an error of another display.
+    static int TakeError(void* display, void* error) {
+        return display == watched || !previous ? 0 : previous(display, error);
+    }
+
+    static inline std::atomic<void*> watched = nullptr;
+    static inline std::atomic<Handler> previous = nullptr;
+
+    const std::lock_guard<std::mutex> m_guard;
+    Handler (*m_setHandler)(Handler handler) = nullptr;
+    int (*m_sync)(void* display, int discard) = nullptr;
+    void* m_display = nullptr;
+};
+
 } // namespace
+
+GlxBinding CurrentGlx() {
+    const GlxFunctions* const glx = LoadedGlx();
+    if (!glx || !glx->currentContext()) return {};
+    return {glx->currentContext(), glx->currentDisplay(), glx->currentDrawable(), glx->currentReadDrawable()};
+}
+
+void BindGlx(const GlxBinding& binding) {
+    const GlxFunctions* const glx = LoadedGlx();
+    if (!glx) return;
+    const XErrorScope errors(binding.display);
+    glx->makeCurrent(binding.display, binding.drawSurface, binding.readSurface, binding.context);
+}
 
 void ReleaseHostGlxContext() {
     const GlxFunctions* const glx = LoadedGlx();
-    if (glx && glx->currentContext()) glx->makeCurrent(glx->currentDisplay(), 0, nullptr);
+    if (glx && glx->currentContext()) glx->makeCurrent(glx->currentDisplay(), 0, 0, nullptr);
 }
 
 } // namespace KivoDrawingTools

@@ -35,6 +35,8 @@ struct NativeWindow {
     virtual bool Present(const SIZE& client) = 0;
     /// Whether drawing stays unseen until it is presented.
     virtual bool IsDoubleBuffered() const = 0;
+    /// Whether the picture is presented to somebody: a host's own context is then not put back after drawing.
+    virtual bool IsOnScreen() const = 0;
 
     // What they have in common.
 

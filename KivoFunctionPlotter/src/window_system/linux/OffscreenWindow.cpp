@@ -1,5 +1,6 @@
 // Windows without a screen.
 
+#include "KivoHost.h"
 #include "KivoWindow.h"
 #include "LastError.h"
 #include "NativeWindow.h"
@@ -39,6 +40,7 @@ public:
         return true;
     }
     bool IsDoubleBuffered() const override { return false; }
+    bool IsOnScreen() const override { return false; }
 
     /// Whether the driver has the memory for a window of this size.
     bool HasMemoryFor(const SIZE& size);
@@ -67,6 +69,7 @@ bool CanReadCurrentSurface() {
 
 bool OffscreenWindow::HasMemoryFor(const SIZE& size) {
     if (size.cx * size.cy <= pixelsTakenForGranted) return true;
+    const CKeepContext keep;
     OffscreenWindow trial(Display(), size, m_dotsPerInch);
     const PIXELFORMATDESCRIPTOR format = FullFormat();
     bool ample = false;

@@ -152,14 +152,18 @@ BOOL wglDeleteContext(HGLRC context) {
     return 1;
 }
 
-HGLRC wglGetCurrentContext() {
-    // A host may have bound another context since.
+PlotterBinding CurrentPlotterBinding() {
     const HGLRC context = Binding().context;
-    return context && eglGetCurrentContext() == context->handle ? context : nullptr;
+    if (!context || eglGetCurrentContext() != context->handle) return {};
+    return {context, Binding().dc};
+}
+
+HGLRC wglGetCurrentContext() {
+    return CurrentPlotterBinding().context;
 }
 
 HDC wglGetCurrentDC() {
-    return wglGetCurrentContext() ? Binding().dc : nullptr;
+    return CurrentPlotterBinding().dc;
 }
 
 BOOL SwapBuffers(HDC dc) {

@@ -22,6 +22,14 @@ struct RenderingContext {
     std::atomic<const void*> boundThread{nullptr}; // identifies the thread that has it current
 };
 
+/// What wglMakeCurrent has made current on the calling thread; nulls where a host has bound another context
+/// since.
+struct PlotterBinding {
+    HGLRC context = nullptr;
+    HDC dc = nullptr;
+};
+PlotterBinding CurrentPlotterBinding();
+
 /// Unbinds whatever context is current on the calling thread: one of ours, or a host's of GLX or EGL.
 /// @return false, with the failure recorded, when it stays bound
 bool UnbindThread();

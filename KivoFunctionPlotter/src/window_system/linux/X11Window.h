@@ -26,6 +26,7 @@ public:
     bool Follow() override;
     bool Present(const SIZE& client) override;
     bool IsDoubleBuffered() const override { return true; }
+    bool IsOnScreen() const override { return true; }
 
 protected:
     std::vector<EGLConfig> FittingConfigs() const override;

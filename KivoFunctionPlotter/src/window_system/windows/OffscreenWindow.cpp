@@ -1,6 +1,7 @@
 // Windows without a screen, on Windows: hidden windows of a class of their own. And what KivoWindow.h says of
 // all windows.
 #include "KivoWindow.h"
+#include "window_system/HostContext.h"
 
 #include <string>
 
@@ -47,6 +48,11 @@ bool IsOffscreenWindow(HWND window) {
 }
 
 } // namespace
+
+bool IsOnScreen(HDC dc) {
+    const HWND window = WindowFromDC(dc);
+    return window && !IsOffscreenWindow(window);
+}
 
 HWND CreateOffscreenWindow(int width, int height, int dpi) {
     if (!IsAccepted(width, height) || dpi < 1 || dpi > 1200) {
