@@ -4,17 +4,18 @@
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 build=${KIVO_BUILD:-build-release}
-compiled() { python3 -c '
-import json, os, sys
-for entry in json.load(open(sys.argv[1])):
-    print(os.path.relpath(os.path.join(entry["directory"], entry["file"])))' "$build/compile_commands.json" | sort -u; }
-ours() { git ls-files --cached --others --exclude-standard -- '*.cpp' | sort; }
-sources=$(comm -12 <(compiled) <(ours))
+place=$(mktemp -d)
+trap 'rm -rf "$place"' EXIT
+
+# The compiler's database, without the precompiled headers, which only the compiler that made them understands.
+sed -E 's/ -Winvalid-pch -include [^ ]+//' "$build/compile_commands.json" >"$place/compile_commands.json"
+compiled=$(sed -nE 's|^ *"file": "'"$PWD"'/(.*\.cpp)",?$|\1|p' "$place/compile_commands.json" | sort -u)
+sources=$(comm -12 <(echo "$compiled") <(git ls-files --cached --others --exclude-standard -- '*.cpp' | sort))
 if [ "${1:-}" = --changed ]; then
     base=$(git merge-base HEAD main 2>/dev/null || git rev-parse HEAD)
     [ "$base" != "$(git rev-parse HEAD)" ] || base=$(git rev-parse --verify --quiet HEAD~1 || echo "$base")
-    sources=$(comm -12 <(echo "$sources") <({ git diff --name-only --diff-filter=d "$base" -- '*.cpp'
-        git ls-files --others --exclude-standard -- '*.cpp'; } | sort -u))
+    changed=$({ git diff --name-only "$base" -- '*.cpp' && git ls-files --others --exclude-standard -- '*.cpp'; } | sort -u)
+    sources=$(comm -12 <(echo "$sources") <(echo "$changed"))
 fi
 [ -n "$sources" ] || exit 0
-xargs -P "$(nproc)" -n 4 clang-tidy -p "$build" --quiet --warnings-as-errors='*' <<<"$sources"
+xargs -P "$(nproc)" -n 4 clang-tidy -p "$place" --quiet --warnings-as-errors='*' <<<"$sources"

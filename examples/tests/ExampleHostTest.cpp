@@ -62,7 +62,9 @@ protected:
             return m_window != XCB_NONE;
         })) << "no window; "
             << m_program->Errors();
-        ASSERT_TRUE(WaitFor([this] { return m_desktop->Grab(m_window).Count(IsRed) > 500; })) << "no surface";
+        // The window may be larger than the screen at first.
+        ASSERT_TRUE(WaitFor([this] { return m_desktop->Grab(m_desktop->Root()).Count(IsRed) > 500; }))
+            << "no surface";
         SetPlotSize(plotWidth, plotHeight);
         m_desktop->Focus(m_window);
         // The window has its size before the host knows of it, which then fits the view anew.

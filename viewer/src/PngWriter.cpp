@@ -65,7 +65,7 @@ private:
 // The file behind links; the temporary file belongs beside that.
 std::filesystem::path TargetOf(const std::string& path) {
     std::error_code error;
-    const std::filesystem::path target = std::filesystem::weakly_canonical(path, error);
+    std::filesystem::path target = std::filesystem::weakly_canonical(path, error);
     if (error) FailToWrite(path, error.message());
     const std::filesystem::file_status status = std::filesystem::status(target, error);
     if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status))
@@ -117,6 +117,7 @@ void WritePng(const std::string& path, const std::vector<unsigned char>& rgba, c
     TemporaryFile file(TargetOf(path));
     if (!file.Stream()) FailToWrite(path, std::strerror(errno));
     std::vector<png_bytep> rows; // libpng does not write to them, but takes them as if it did
+    rows.reserve(static_cast<std::size_t>(format.height));
     for (int y = 0; y < format.height; ++y)
         rows.push_back(const_cast<png_bytep>(rgba.data()) + std::size_t{4} * format.width * y);
     const Encoder encoder;

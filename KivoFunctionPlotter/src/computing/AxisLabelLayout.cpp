@@ -366,8 +366,9 @@ void AxisLabelLayout::CollectFreeLabels(ScreenVector viewport) {
 double AxisLabelLayout::ShareOverBox(const PlacedImage& image) const {
     int count = 0;
     for (int i = 0; i < 9; ++i) {
-        const ScreenVector point = image.center + ((i % 3 - 1) * image.halfWidth) * image.right +
-                                   ((i / 3 - 1) * image.halfHeight) * image.up;
+        const int column = i % 3 - 1, row = i / 3 - 1;
+        const ScreenVector point =
+            image.center + (column * image.halfWidth) * image.right + (row * image.halfHeight) * image.up;
         const bool isOver =
             std::all_of(m_silhouette.begin(), m_silhouette.end(), [point](const Segment& line) {
                 return Dot(point - line.a, TurnedLeft(line.b - line.a)) > 0.0;

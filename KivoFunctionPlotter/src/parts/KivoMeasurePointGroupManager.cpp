@@ -24,7 +24,7 @@ void CKivoMeasurePointGroupManager::AddGroup(unsigned int pointCount, unsigned i
     auto group = std::make_unique<CKivoMeasurePointGroup>(pointCount, floatsPerPoint, points,
                                                           palette[m_nextColor], name, textMaker);
     m_groups.push_back(group.get());
-    group.release();
+    static_cast<void>(group.release()); // it is in the list now
     m_nextColor = (m_nextColor + 1) % paletteSize;
 }
 

@@ -224,7 +224,8 @@ int ResultOf(const std::string& member, const std::string& failed, int n) {
     // Without the view's matrices there is no line of sight.
     if (member == "Trace(point)") return isFirstBinding ? 1 : 0;
     // A picture needs the window's size and the context.
-    if (member.rfind("CapturePicture", 0) == 0) return failed == "GetClientRect" || isFirstBinding ? -1 : 0;
+    if (member.rfind("CapturePicture", 0) == 0 || member.rfind("TakeView", 0) == 0)
+        return failed == "GetClientRect" || isFirstBinding ? -1 : 0;
     return 0;
 }
 

@@ -43,7 +43,7 @@ std::vector<GLubyte> Rasterise(const TextLine& line) {
         const unsigned char* const row = pixels + static_cast<std::ptrdiff_t>(line.Height() - 1 - y) * stride;
         for (int x = 0; x < line.Width(); ++x) {
             if (row[x] >= 0x80)
-                bits[static_cast<std::size_t>(y * rowBytes + x / 8)] |= static_cast<GLubyte>(0x80 >> x % 8);
+                bits[static_cast<std::size_t>(y) * rowBytes + x / 8] |= static_cast<GLubyte>(0x80 >> x % 8);
         }
     }
     return bits;

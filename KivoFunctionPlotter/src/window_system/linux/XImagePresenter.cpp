@@ -39,6 +39,7 @@ std::uint32_t Channel(std::uint32_t mask, unsigned level) {
 /// Asks for an even cube of colours; what a full palette refuses is left out.
 void AllocateCube(xcb_connection_t* connection, xcb_colormap_t colormap) {
     std::vector<xcb_alloc_color_cookie_t> requests;
+    requests.reserve(cubeSide * cubeSide * cubeSide);
     const auto level = [](int step) { return static_cast<std::uint16_t>(step * 0xFFFF / (cubeSide - 1)); };
     for (int i = 0; i < cubeSide * cubeSide * cubeSide; ++i)
         requests.push_back(xcb_alloc_color(connection, colormap, level(i / (cubeSide * cubeSide)),
