@@ -44,6 +44,8 @@ void Fit(Plot& plot, const POINT& size) {
     if (!plot.window) Attach(plot);
     ResizeOffscreenWindow(plot.window, size.x, size.y);
     plot.plotter.OnSize(0, size.x, size.y);
+    // GTK's context knows the new size from its next frame on where a software driver draws through GLX.
+    g_idle_add_once([](void* area) { gtk_widget_queue_draw(static_cast<GtkWidget*>(area)); }, plot.area);
 }
 
 void OnDraw(GtkDrawingArea*, cairo_t* cairo, int width, int height, void* data) {
@@ -89,8 +91,8 @@ void OnButton(Plot& plot, GdkEvent* event) {
 
 // An off-screen window is its own screen: the wheel's position is that in the window.
 gboolean OnScroll(GtkEventController* controller, double, double down, Plot* plot) {
-    const unsigned int state = State(gtk_event_controller_get_current_event(controller));
-    plot->plotter.OnMouseWheel(state, down < 0 ? 120 : -120, plot->pointer);
+    GdkEvent* const event = gtk_event_controller_get_current_event(controller);
+    plot->plotter.OnMouseWheel(State(event), down < 0 ? 120 : -120, plot->pointer);
     gtk_widget_queue_draw(plot->area); // the plotter has drawn, but nobody sees its window
     return TRUE;
 }
@@ -137,11 +139,9 @@ int main() {
     g_signal_connect(keys, "key-pressed", G_CALLBACK(OnKey), &plot);
     gtk_widget_add_controller(window, keys);
     MakeArea(plot);
-    gtk_window_set_child(GTK_WINDOW(window), plot.area);
-    gtk_window_set_title(GTK_WINDOW(window), hillTitle);
-    gtk_window_set_default_size(GTK_WINDOW(window), 900, 600);
+    gtk_window_set_child(GTK_WINDOW(window), plot.area), gtk_window_set_title(GTK_WINDOW(window), hillTitle);
+    gtk_window_set_default_size(GTK_WINDOW(window), 900, 600), gtk_window_present(GTK_WINDOW(window));
     g_signal_connect_swapped(window, "destroy", G_CALLBACK(g_main_loop_quit), loop);
-    gtk_window_present(GTK_WINDOW(window));
     g_main_loop_run(loop);
     plot.plotter.OnDestroy();
     ReleaseWindow(plot.window);

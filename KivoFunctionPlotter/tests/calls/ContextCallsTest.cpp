@@ -89,7 +89,7 @@ TEST_F(ContextCalls, OtherMembersLeaveOpenGlAlone) {
         EXPECT_FALSE(CallsOpenGl(*recorder));
         ++count;
     }
-    EXPECT_EQ(count, 59);
+    EXPECT_EQ(count, 58);
 }
 
 TEST_F(ContextCalls, TextIsDrawnInTheCallersBracket) {
