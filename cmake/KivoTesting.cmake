@@ -31,6 +31,11 @@ function(kivo_test_program target)
     set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/tests")
 endfunction()
 
+# kivo_computing_sources(<source>...): tests that compute so much by themselves that optimising them pays.
+function(kivo_computing_sources)
+    set_source_files_properties(${ARGN} PROPERTIES COMPILE_OPTIONS -O1 SKIP_PRECOMPILE_HEADERS ON)
+endfunction()
+
 # The kinds of builds are tested side by side; the name of a test begins with its build's.
 if(WIN32)
     set(KIVO_TESTED windows)

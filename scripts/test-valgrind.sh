@@ -7,8 +7,8 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 # A timed test would tell nothing either.
 omitted='AxisLabelLayout.AHundredThousandTicksAreQuick:Windows/*:Kinds/*:BadNumbers.*:X11*:TraceHost.*:OffscreenWindow.*:Lifecycle.DataSetBeforeOnCreateAreDrawnAfterIt'
 if [ "${1:-}" != --all ]; then
-    omitted+=':AxisLabelLayoutSweep.SwitchingPlanes:AxisLabelLayoutSweep.FixedPlanes'
-    omitted+=':PickSurface.FindsWhatAPlainWalkFindsWithUnequalAxesAndOffsets'
+    omitted+=':AxisLabelLayoutSweep.*:LevelLines.MoreLevelsThanOneWalkTakesAreTracedToo:PickSurface.PassesOverNearlyAllCells'
+    omitted+=':PickSurface.FindsWhatAPlainWalkFinds*:PickSurface.FindsTheNearestTriangleOnRandomLines'
 fi
 unset DISPLAY WAYLAND_DISPLAY
 check() {
