@@ -1,5 +1,5 @@
 // A plot without any window system: an off-screen window, one frame, a PNG file.
-// `offscreen_picture FILE.png [width height]` needs no display.
+// `offscreen_picture FILE.png [WIDTH HEIGHT]` needs no display.
 #include "Hill.h"
 #include "PngFile.h"
 

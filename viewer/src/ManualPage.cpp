@@ -13,7 +13,7 @@ namespace {
 
 const char* const head =
     R"man(.TH KIVO-VIEWER 1 "" "KivoFunctionPlotter )man" KIVO_VERSION R"man(" "User Commands"
-.SH name
+.SH NAME
 kivo\-viewer \- show surfaces z = f(x, y) as 3-D plots
 .SH SYNOPSIS
 .B kivo\-viewer
