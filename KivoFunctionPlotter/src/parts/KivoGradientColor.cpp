@@ -240,19 +240,23 @@ void CKivoGradientColor::Evaluate(float value, float* rgb) const {
     HsvToRgb(hue, saturation, brightness, &rgb[0], &rgb[1], &rgb[2]);
 }
 
-void CKivoGradientColor::EvaluateAll(const float* values, std::size_t stride, std::size_t count,
-                                     float* rgba) const {
+void CKivoGradientColor::EvaluateAll(const float* values, std::size_t stride, std::size_t count, float* rgba,
+                                     std::size_t* fromTable) const {
     static const PureColors pureColors;
     const Ramp ramp = {m_min,        m_range,  m_startHue,      m_startSaturation,
                        m_startValue, m_endHue, m_endSaturation, m_endValue};
     const bool isPure = IsPure(ramp);
+    std::size_t found = 0;
     for (std::size_t start = 0; start < count; start += pureRunLength) {
         const std::size_t length = std::min(pureRunLength, count - start);
         const float* const run = values + start * stride;
         float* const colors = rgba + start * 4;
-        if (!isPure || !ColorPureRun(ramp, pureColors, run, stride, length, colors))
+        if (isPure && ColorPureRun(ramp, pureColors, run, stride, length, colors))
+            found += length;
+        else
             ColorRuns(*this, ramp, run, stride, length, colors);
     }
+    if (fromTable) *fromTable = found;
 }
 
 } // namespace KivoDrawingTools

@@ -24,8 +24,12 @@ public:
     /// @param rgb  receives three floats
     void Evaluate(float value, float* rgb) const;
     /// The colours of values that lie stride floats apart.
-    /// @param rgba  receives four floats a value, alpha 1
-    void EvaluateAll(const float* values, std::size_t stride, std::size_t count, float* rgba) const;
+    /// @param rgba       receives four floats a value, alpha 1
+    /// @param fromTable  if given, receives the number of values whose colours came from a table, as those
+    /// within
+    ///                   the range between pure colours should
+    void EvaluateAll(const float* values, std::size_t stride, std::size_t count, float* rgba,
+                     std::size_t* fromTable = nullptr) const;
 
     float m_min = 0.0f;             ///< value of the start colour
     float m_max = 0.0f;             ///< value of the end colour

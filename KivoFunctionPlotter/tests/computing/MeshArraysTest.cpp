@@ -107,6 +107,26 @@ TEST(Bounds, KeepTheSignOfTheFirstZero) {
         }
 }
 
+// The results would be the same without the table, only later.
+TEST(Colors, ComeFromTheTableBetweenPureColors) {
+    CKivoGradientColor gradient; // from blue to red
+    gradient.SetRange(0.0f, 1.0f);
+    std::vector<float> values = UnitValues(), colors(values.size() * 4);
+    std::size_t fromTable = 0;
+    gradient.EvaluateAll(values.data(), 1, values.size(), colors.data(), &fromTable);
+    EXPECT_EQ(fromTable, values.size());
+
+    values[values.size() / 2] = 1.5f; // its run has to be computed
+    gradient.EvaluateAll(values.data(), 1, values.size(), colors.data(), &fromTable);
+    EXPECT_GT(fromTable, 0u);
+    EXPECT_LT(fromTable, values.size());
+
+    constexpr float pale[] = {0.8f, 0.9f, 1.0f, 1.0f}, red[] = {1.0f, 0.0f, 0.0f, 1.0f};
+    gradient.SetColors(pale, red);
+    gradient.EvaluateAll(values.data(), 1, values.size(), colors.data(), &fromTable);
+    EXPECT_EQ(fromTable, 0u);
+}
+
 TEST(Colors, AreThoseOfSingleValues) {
     std::mt19937 random(2);
     std::uniform_real_distribution<float> uniform(0.0f, 1.0f);
