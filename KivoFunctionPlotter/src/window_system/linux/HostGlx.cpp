@@ -103,7 +103,8 @@ private:
     }
     /// Another thread may meet an error of another display.
     static int TakeError(void* display, void* error) {
-        return display == watched || !previous ? 0 : previous(display, error);
+        const Handler handler = previous;
+        return display == watched || !handler ? 0 : handler(display, error);
     }
 
     static inline std::atomic<void*> watched = nullptr;
