@@ -15,7 +15,7 @@ namespace KivoViewer {
 
 namespace {
 
-std::vector<float> Coordinates(const Range& range) {
+std::vector<float> CoordinatesIn(const Range& range) {
     const double low = std::min(range.from, range.to);
     const double high = std::max(range.from, range.to);
     std::vector<float> coordinates;
@@ -85,8 +85,8 @@ GridData MakeFormulaGrid(const std::string& formula, const Range& x, const Range
     if (x.count > maxPointCount / y.count)
         throw Failure("too many points; at most " + std::to_string(maxPointCount) + " can be shown");
     GridData grid;
-    grid.x = Coordinates(x);
-    grid.y = Coordinates(y);
+    grid.x = CoordinatesIn(x);
+    grid.y = CoordinatesIn(y);
     grid.title = "z = " + formula;
     try {
         Evaluate(formula, grid);

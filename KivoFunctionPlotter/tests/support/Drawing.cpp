@@ -80,7 +80,7 @@ bool IsTextured(const DrawnPrimitive& primitive) {
 }
 
 // The four different corners of a quad or of its two halves; fewer where they do not make one.
-std::vector<DrawnVertex> Corners(const Drawing& halves) {
+std::vector<DrawnVertex> CornersOf(const Drawing& halves) {
     std::vector<DrawnVertex> corners;
     for (const DrawnPrimitive& half : halves)
         for (const DrawnVertex& vertex : half)
@@ -157,7 +157,7 @@ std::vector<DrawnQuad> TexturedQuads(const Drawing& drawing) {
         if (!IsTextured(drawing[i])) continue;
         Drawing halves = {drawing[i]};
         if (drawing[i].size() == 3 && i + 1 < drawing.size()) halves.push_back(drawing[++i]);
-        const std::vector<DrawnVertex> corners = Corners(halves);
+        const std::vector<DrawnVertex> corners = CornersOf(halves);
         EXPECT_EQ(corners.size(), 4u) << "a quad is cut off by the view volume";
         if (corners.size() == 4) quads.push_back(Ordered(corners));
     }
