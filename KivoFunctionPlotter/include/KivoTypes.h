@@ -30,6 +30,21 @@ struct SKivoColor {
     float alpha; ///< 0 transparent, 1 opaque
 };
 
+/// What CKivoFunctionPlotter::Renderscene() returns: whether the frame has been shown, or why not. The
+/// numbers are the platform's codes; Windows has more of them, and its own reasons for these.
+enum KivoFrameResult : int {
+    frameShown = 0,         ///< the frame has been presented
+    frameUnexplained = -1,  ///< it has not, and the platform does not say why
+    frameWithoutPlot = 6,   ///< no OnCreate has succeeded, or the window's handle has been released
+    frameOutOfMemory = 8,   ///< there is no memory for a picture of the window's size
+    frameRefused = 31,      ///< the driver refused
+    frameNotSupported = 50, ///< OpenGL cannot draw to this window
+    frameInvalidValue = 87, ///< OnCreate got no window, because a value or a display was refused before
+    frameElsewhere = 170,   ///< the plot's context is current in another thread
+    frameWindowGone = 1400, ///< the window has been destroyed, or its display has ended
+    frameOtherFormat = 2000 ///< the window's pixel format is not that of the plot
+};
+
 /// How the 3-D plot is fitted: this share of the grid box's diagonal is half of what the view volume shows
 /// along its shorter side, up to 1 %.
 constexpr double viewShareOfBox = 0.6;

@@ -26,15 +26,17 @@ KIVO_API HWND AttachX11Window(unsigned long window, const char* displayName = nu
 
 /// Makes a window without a screen. Elsewhere than on Windows no display server is needed; on Windows it is a
 /// hidden window.
-/// @param width, height  size of the client area in pixels, 1 to 16384 each
-/// @param dpi            dots per inch that text is sized for, 1 to 1200; on Windows the screen's value is
-///                       used
+/// @param width   of the client area in pixels, 1 to 16384
+/// @param height  of the client area in pixels, 1 to 16384
+/// @param dpi     dots per inch that text is sized for, 1 to 1200; on Windows the screen's value is used
 /// @return the handle, or null: LastWindowError() says why
 KIVO_API HWND CreateOffscreenWindow(int width, int height, int dpi = 96);
 
 /// Changes the size of a window made by CreateOffscreenWindow; call the plotter's OnSize afterwards. The
 /// picture drawn so far is lost.
-/// @param width, height  new size in pixels, 1 to 16384 each
+/// @param window  made by CreateOffscreenWindow
+/// @param width   in pixels, 1 to 16384
+/// @param height  in pixels, 1 to 16384
 /// @return 0, or -1 when the handle or the size is refused or the memory is not there; the window is then
 ///         as before
 KIVO_API int ResizeOffscreenWindow(HWND window, int width, int height);
@@ -51,7 +53,10 @@ KIVO_API int GetWindowDpi(HWND window);
 KIVO_API int ReleaseWindow(HWND window);
 
 /// What went wrong in the last window-system operation of this thread that failed, in one sentence that says
-/// what to do about it; an empty string when none has failed. Valid until the thread's next operation.
+/// what to do about it, of at most 1023 bytes; an empty string when none has failed. An operation that
+/// succeeds changes nothing, nor does one that fails because of a failure before, as all do without a window:
+/// ask after a failure. The pointer is the same each time and valid as long as the thread runs, the words
+/// until the next failure, so that it may be asked in the expression that holds the call.
 KIVO_API const char* LastWindowError();
 
 } // namespace KivoDrawingTools

@@ -28,6 +28,17 @@ constexpr GLsizei glyphCount = 256;
 constexpr double legendShare = 0.16;
 constexpr double plotShare = 0.84;
 
+// What is public is what the platform says.
+static_assert(frameShown == static_cast<int>(ERROR_SUCCESS));
+static_assert(frameWithoutPlot == static_cast<int>(ERROR_INVALID_HANDLE));
+static_assert(frameOutOfMemory == static_cast<int>(ERROR_NOT_ENOUGH_MEMORY));
+static_assert(frameRefused == static_cast<int>(ERROR_GEN_FAILURE));
+static_assert(frameNotSupported == static_cast<int>(ERROR_NOT_SUPPORTED));
+static_assert(frameInvalidValue == static_cast<int>(ERROR_INVALID_PARAMETER));
+static_assert(frameElsewhere == static_cast<int>(ERROR_BUSY));
+static_assert(frameWindowGone == static_cast<int>(ERROR_INVALID_WINDOW_HANDLE));
+static_assert(frameOtherFormat == static_cast<int>(ERROR_INVALID_PIXEL_FORMAT));
+
 template <typename T>
 void FreeArray(T*& array) {
     delete[] array;
@@ -491,9 +502,9 @@ void CKivoFunctionPlotter::UpdateViewport(int x, int y, int width, int height) {
 int CKivoFunctionPlotter::Renderscene() {
     const ContextScope context(m_hDC, m_hGLRC);
     DrawScene();
-    if (SwapBuffers(m_hDC)) return 0;
+    if (SwapBuffers(m_hDC)) return frameShown;
     const int error = static_cast<int>(GetLastError());
-    return error != 0 ? error : -1; // a failure that the platform does not explain is one all the same
+    return error != frameShown ? error : frameUnexplained;
 }
 
 void CKivoFunctionPlotter::DrawScene() {

@@ -8,6 +8,7 @@
 
 #include <optional>
 #include <string>
+#include <thread>
 
 using namespace KivoDrawingTools;
 using namespace KivoTest;
@@ -58,7 +59,7 @@ protected:
             operation.run(plotter);
             wglMakeCurrent(nullptr, nullptr);
         }
-        EXPECT_NE(plotter.Renderscene(), 0);
+        EXPECT_EQ(plotter.Renderscene(), frameWindowGone);
         EXPECT_NE(std::string(LastWindowError()), "");
         EXPECT_EQ(plotter.OnDestroy(), 0);
         EXPECT_EQ(plotter.OnDestroy(), 0);
@@ -89,6 +90,17 @@ TEST_F(HostWindow, DestroyedBeforeOnDestroy) {
 TEST_F(HostWindow, ItsDisplayIsGone) {
     server.Kill();
     ExpectToSurvive();
+}
+
+TEST_F(HostWindow, InUseByAnotherThread) {
+    plotter.BeginGLOperation();
+    std::thread([&] {
+        EXPECT_EQ(plotter.Renderscene(), frameElsewhere);
+        EXPECT_NE(std::string(LastWindowError()).find("current in another thread"), std::string::npos)
+            << LastWindowError();
+    }).join();
+    plotter.EndGLOperation();
+    ExpectPictureAsBefore();
 }
 
 TEST_F(HostWindow, HiddenAndShownAgain) {

@@ -7,7 +7,9 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 #include <string>
+#include <thread>
 
 using namespace KivoDrawingTools;
 using namespace KivoTest;
@@ -57,6 +59,21 @@ void ExpectToWorkIn(const TestWindow& window, CallProbe& plotter) {
 
 namespace {
 
+// A host draws and forwards messages all the same.
+void ExpectToKeepTheReason(CallProbe& plotter) {
+    const std::string reason = LastWindowError();
+    EXPECT_NE(reason, "");
+    for (const PublicOperation& operation : PublicOperations()) {
+        operation.run(plotter);
+        EXPECT_EQ(reason, LastWindowError()) << operation.name;
+        wglMakeCurrent(nullptr, nullptr);
+    }
+    EXPECT_NE(plotter.Renderscene(), 0);
+    EXPECT_EQ(reason, LastWindowError());
+    plotter.OnDestroy();
+    EXPECT_EQ(reason, LastWindowError());
+}
+
 // The result when the n-th operation of a name fails. Other operations leave out a font or a label.
 int ResultOfCreation(const std::string& name, int n) {
     const bool isNeeded = name == "GetDC" || name == "SetPixelFormat" || name == "wglCreateContext" ||
@@ -73,6 +90,37 @@ bool IsObjectKept(const std::string& name, int n) {
 }
 
 } // namespace
+
+TEST(OperationFaults, InOnCreateKeepTheirWordsWhateverTheHostDoesThen) {
+    {
+        CallProbe plotter;
+        EXPECT_EQ(AttachX11Window(1, ":60000"), nullptr);
+        EXPECT_EQ(plotter.OnCreate(nullptr, 120, 90, true), -1);
+        EXPECT_NE(std::string(LastWindowError()).find("cannot open display"), std::string::npos);
+        EXPECT_EQ(plotter.Renderscene(), frameInvalidValue);
+        ExpectToKeepTheReason(plotter);
+    }
+    std::thread([] { // where nothing has failed before
+        EXPECT_EQ(CKivoFunctionPlotter().Renderscene(), frameWithoutPlot);
+        EXPECT_NE(std::string(LastWindowError()), "");
+    })
+        .join();
+    std::set<std::string> needed; // the first operations of all
+    for (long n = 1; n <= 20; ++n) {
+        const TestWindow window(WindowKind::offscreen, 120, 90);
+        CallProbe plotter;
+        OperationFault fault(n);
+        const int result = plotter.OnCreate(window.Handle(), 120, 90, true);
+        fault.Stop();
+        SCOPED_TRACE(fault.Failed());
+        if (result == 0) continue;
+        needed.insert(fault.Failed());
+        EXPECT_NE(std::string(LastWindowError()).find(fault.Failed() + ": made to fail"), std::string::npos)
+            << LastWindowError();
+        if (!plotter.m_hGLRC) ExpectToKeepTheReason(plotter);
+    }
+    EXPECT_EQ(needed.size(), 5U);
+}
 
 TEST(OperationFaults, InOnCreateGiveTheDocumentedResultAndLoseNothing) {
     WarmUp();
@@ -217,9 +265,8 @@ bool HasOperations(const PublicOperation& member, CallProbe& plotter) {
 int ResultOf(const std::string& member, const std::string& failed, int n) {
     const bool isFirstBinding = failed == "wglMakeCurrent" && n == 1;
     if (member == "Renderscene()") {
-        if (isFirstBinding)
-            return ERROR_INVALID_HANDLE; // nothing could be drawn, so nothing can be presented
-        return failed == "SwapBuffers" ? ERROR_GEN_FAILURE : 0;
+        // Where nothing could be drawn, nothing can be presented; the first failure is the reason of both.
+        return failed == "SwapBuffers" || isFirstBinding ? frameRefused : frameShown;
     }
     // Without the view's matrices there is no line of sight.
     if (member == "Trace(point)") return isFirstBinding ? 1 : 0;

@@ -1,9 +1,12 @@
-// What hosts translate for the plotter.
+// What hosts translate for the plotter, and the words that they get from it.
 #include "KivoHost.h"
+#include "KivoWindow.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <string>
+#include <thread>
 
 using namespace KivoDrawingTools;
 
@@ -68,6 +71,25 @@ TEST(HostTest, WheelStepsNeverOverflow) {
             EXPECT_GT(remainder, -120);
             EXPECT_EQ(120 * steps + remainder, static_cast<long long>(before) + delta);
         }
+}
+
+// As in printf("%d %s", OnCreate(...), LastWindowError()), where either may come first.
+TEST(HostTest, WordsTakenBeforeAFailureCanBeReadAfterIt) {
+    std::thread([] {
+        const char* const words = LastWindowError();
+        EXPECT_STREQ(words, "");
+        EXPECT_EQ(CreateOffscreenWindow(0, 1), nullptr);
+        EXPECT_EQ(words, LastWindowError()) << "the same place";
+        const std::string first = words;
+        EXPECT_NE(first, "");
+        int unknown = 0;
+        EXPECT_EQ(ReleaseWindow(reinterpret_cast<HWND>(&unknown)), -1);
+        EXPECT_EQ(words, LastWindowError());
+        EXPECT_NE(first, words);
+        const std::string second = words;
+        EXPECT_EQ(ReleaseWindow(nullptr), 0);
+        EXPECT_EQ(second, words) << "a success changes nothing";
+    }).join();
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "window_system/WindowSystem.h"
 #include "support/X11TestWindow.h"
+#include "window_system/linux/LastError.h"
 
 #include <gtest/gtest.h>
 #include <iconv.h>
@@ -281,10 +282,14 @@ TEST_P(AnyWindowTest, SuccessLeavesTheLastErrorAlone) {
 
 TEST_P(AnyWindowTest, NothingIsCurrentAfterAFailure) {
     MakeCurrentContext();
-    EXPECT_FALSE(wglMakeCurrent(nullptr, m_context));
+    int unknown = 0;
+    for (const HDC dc : {HDC{nullptr}, reinterpret_cast<HDC>(&unknown)}) {
+        EXPECT_TRUE(wglMakeCurrent(Dc(), m_context));
+        EXPECT_FALSE(wglMakeCurrent(dc, m_context));
+        EXPECT_EQ(nullptr, wglGetCurrentContext());
+        EXPECT_EQ(nullptr, glGetString(GL_VERSION));
+    }
     EXPECT_EQ(ERROR_INVALID_HANDLE, GetLastError());
-    EXPECT_EQ(nullptr, wglGetCurrentContext());
-    EXPECT_EQ(nullptr, glGetString(GL_VERSION));
 }
 
 TEST_P(AnyWindowTest, AContextBelongsToOneThreadAtATime) {
@@ -293,6 +298,10 @@ TEST_P(AnyWindowTest, AContextBelongsToOneThreadAtATime) {
     std::thread([&] {
         EXPECT_FALSE(wglMakeCurrent(dc, m_context));
         EXPECT_EQ(ERROR_BUSY, GetLastError());
+        EXPECT_FALSE(SwapBuffers(dc)) << "no context is current";
+        EXPECT_EQ(ERROR_BUSY, GetLastError());
+        EXPECT_NE(std::string::npos, std::string(LastWindowError()).find("another thread"))
+            << LastWindowError();
         EXPECT_FALSE(wglDeleteContext(m_context));
         EXPECT_EQ(ERROR_BUSY, GetLastError());
     }).join();
@@ -488,6 +497,54 @@ TEST(WindowSystem, ErrorsBelongToTheirThread) {
         EXPECT_STREQ("", LastWindowError());
         EXPECT_EQ(ERROR_SUCCESS, GetLastError());
     }).join();
+}
+
+// What a thread's own objects do when it ends.
+TEST(WindowSystem, WordsCanBeReadUntilTheThreadHasEnded) {
+    static std::string atTheEnd;
+    struct Reader {
+        bool isUsed = false;
+        ~Reader() {
+            Fail(ERROR_BUSY, "Test: words of the last object of a thread, longer than a short string.");
+            if (isUsed) atTheEnd = LastWindowError();
+        }
+    };
+    std::thread([] {
+        thread_local Reader reader; // before the first failure, so that it goes last
+        reader.isUsed = true;
+        Fail(ERROR_BUSY, "Test: words of a thread that is about to end, longer than a short string.");
+    }).join();
+    EXPECT_EQ("Test: words of the last object of a thread, longer than a short string.", atTheEnd);
+}
+
+TEST(WindowSystem, LongWordsAreCutAtAWholeCharacter) {
+    const std::string most(1023, 'a');
+    Fail(ERROR_BUSY, most);
+    EXPECT_EQ(most, LastWindowError());
+    Fail(ERROR_BUSY, most + "b");
+    EXPECT_EQ(most, LastWindowError());
+    Fail(ERROR_BUSY, most.substr(1) + "\u00e4");
+    EXPECT_EQ(most.substr(1), LastWindowError());
+    Fail(ERROR_BUSY, most.substr(2) + "\u00e4");
+    EXPECT_EQ(most.substr(2) + "\u00e4", LastWindowError());
+    Fail(ERROR_BUSY, std::string(5000, '\x80')); // no text at all
+    EXPECT_STREQ("", LastWindowError());
+}
+
+// What follows from a failure must not hide it.
+TEST(WindowSystem, NullHandlesKeepTheWordsOfWhatGaveThem) {
+    EXPECT_EQ(nullptr, CreateOffscreenWindow(0, 1));
+    const std::string words = LastWindowError();
+    EXPECT_EQ(nullptr, GetDC(nullptr));
+    EXPECT_FALSE(SwapBuffers(nullptr));
+    EXPECT_EQ(words, LastWindowError());
+    EXPECT_EQ(ERROR_INVALID_PARAMETER, GetLastError());
+    std::thread([] { // where nothing has failed before
+        EXPECT_FALSE(SwapBuffers(nullptr));
+        EXPECT_EQ(ERROR_INVALID_HANDLE, GetLastError());
+        EXPECT_STRNE("", LastWindowError());
+    })
+        .join();
 }
 
 TEST(WindowSystem, MulDivRoundsInSixtyFourBits) {

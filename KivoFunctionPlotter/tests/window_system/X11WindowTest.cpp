@@ -3,6 +3,7 @@
 #include "support/HostGlx.h"
 #include "support/WaitFor.h"
 #include "support/X11TestWindow.h"
+#include "window_system/linux/LastError.h"
 #include "window_system/WindowSystem.h"
 
 #include <EGL/egl.h>
@@ -13,6 +14,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <optional>
 #include <random>
 #include <string>
 #include <vector>
@@ -255,6 +257,40 @@ TEST(X11Attach, SaysWhichDisplayCannotBeOpened) {
     EXPECT_NE(std::string::npos, words.find("X11: cannot open display \":60000\"")) << words;
     EXPECT_TRUE(wglMakeCurrent(nullptr, nullptr));
     EXPECT_EQ(words, LastWindowError());
+}
+
+TEST(X11Attach, SaysWhatToDoWhateverTheDisplayIsCalled) {
+    const std::string name = std::string(99, 'a') + "\u00e4" + std::string(2000, 'b');
+    EXPECT_EQ(nullptr, AttachX11Window(1, name.c_str()));
+    const std::string words = LastWindowError();
+    EXPECT_NE(std::string::npos, words.find(std::string(99, 'a') + "...\"; ")) << words;
+    EXPECT_EQ('.', words.back()) << words;
+}
+
+// There Xwayland's display is set, too, and toolkits hand out numbers of their own.
+TEST_F(X11WindowTest, SaysInAWaylandSessionThatTheToolkitUsesAnotherSystem) {
+    X11TestWindow host;
+    const HWND attached = AttachX11Window(host.Id());
+    ASSERT_NE(attached, nullptr);
+    const char* const set = std::getenv("WAYLAND_DISPLAY");
+    const std::optional<std::string> before = set ? std::optional<std::string>(set) : std::nullopt;
+    setenv("WAYLAND_DISPLAY", "wayland-0", 1);
+    for (const unsigned long window : {0UL, 0xdeadUL, 0x100000001UL}) {
+        EXPECT_EQ(nullptr, AttachX11Window(window));
+        const std::string words = LastWindowError();
+        EXPECT_NE(std::string::npos, words.find("this is a Wayland session")) << words;
+        EXPECT_NE(std::string::npos, words.find("there is no window " + Hex(window) + " ")) << words;
+    }
+    // One that was there is another matter.
+    host.Destroy();
+    RECT rect{};
+    EXPECT_FALSE(GetClientRect(attached, &rect));
+    EXPECT_EQ(std::string::npos, std::string(LastWindowError()).find("Wayland")) << LastWindowError();
+    unsetenv("WAYLAND_DISPLAY");
+    EXPECT_EQ(nullptr, AttachX11Window(0xdead));
+    EXPECT_EQ(std::string::npos, std::string(LastWindowError()).find("Wayland")) << LastWindowError();
+    if (before) setenv("WAYLAND_DISPLAY", before->c_str(), 1);
+    EXPECT_EQ(0, ReleaseWindow(attached));
 }
 
 TEST_F(X11WindowTest, SaysThatThereIsNoSuchWindow) {

@@ -56,8 +56,9 @@ DeviceContext::~DeviceContext() {
 
 DeviceContext* ValidDc(HDC dc, const char* operation) {
     if (Live<DeviceContext>().Contains(dc)) return dc;
-    Fail(ERROR_INVALID_HANDLE,
-         std::string(operation) + ": there is no such device context; its window may have been released.");
+    const std::string words =
+        std::string(operation) + ": there is no such device context; its window may have been released.";
+    dc ? Fail(ERROR_INVALID_HANDLE, words) : FailFurther(ERROR_INVALID_HANDLE, words);
     return nullptr;
 }
 

@@ -101,8 +101,8 @@ BOOL wglUseFontBitmapsA(HDC dc, DWORD first, DWORD count, DWORD listBase) {
         return Fail(ERROR_INVALID_PARAMETER,
                     "wglUseFontBitmaps: glyph numbers end at 255; ask for fewer glyphs.");
     if (!wglGetCurrentContext())
-        return Fail(ERROR_INVALID_HANDLE,
-                    "wglUseFontBitmaps: no context is current; make one current first.");
+        return FailFurther(ERROR_INVALID_HANDLE,
+                           "wglUseFontBitmaps: no context is current; make one current first.");
     const BitmapStorageScope storage;
     for (DWORD i = 0; i < count; ++i) {
         const ListScope list(listBase + i);

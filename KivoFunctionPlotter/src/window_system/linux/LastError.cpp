@@ -3,16 +3,10 @@
 #include "KivoWindow.h"
 
 #include <cstdio>
-#include <utility>
 
 namespace KivoDrawingTools {
 
 namespace {
-
-struct Failure {
-    DWORD code = ERROR_SUCCESS;
-    std::string words;
-};
 
 Failure& LastFailure() {
     thread_local Failure failure;
@@ -21,16 +15,20 @@ Failure& LastFailure() {
 
 } // namespace
 
-bool Fail(DWORD code, std::string words) {
+bool Fail(DWORD code, std::string_view words) {
     LastFailure().code = code;
-    LastFailure().words = std::move(words);
+    LastFailure().words.Say(words);
     return false;
 }
 
-KeepLastError::KeepLastError() : m_code(LastFailure().code), m_words(LastFailure().words) {}
+bool FailFurther(DWORD code, std::string_view words) {
+    return LastFailure().words.IsEmpty() && Fail(code, words);
+}
+
+KeepLastError::KeepLastError() : m_failure(LastFailure()) {}
 
 KeepLastError::~KeepLastError() {
-    Fail(m_code, std::move(m_words));
+    LastFailure() = m_failure;
 }
 
 std::string Hex(unsigned long value) {
@@ -44,7 +42,7 @@ DWORD GetLastError() {
 }
 
 const char* LastWindowError() {
-    return LastFailure().words.c_str();
+    return LastFailure().words.text;
 }
 
 } // namespace KivoDrawingTools

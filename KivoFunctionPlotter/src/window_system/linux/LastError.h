@@ -2,15 +2,27 @@
 #pragma once
 
 #include "Win32Names.h"
+#include "window_system/FailureWords.h"
 
 #include <string>
+#include <string_view>
 
 namespace KivoDrawingTools {
 
+/// A failure: its code, and one sentence that says what is wrong and what to do about it.
+struct Failure {
+    DWORD code;
+    FailureWords words;
+};
+
 /// Records a failure of the calling thread.
-/// @param words  one sentence: what is wrong and what to do about it
 /// @return false, so that an operation can end with it
-bool Fail(DWORD code, std::string words);
+bool Fail(DWORD code, std::string_view words);
+
+/// Records a failure that follows from one before, as that of an operation on a null handle does: what is
+/// recorded already has the reason, and stays. These are code and words where nothing has failed before.
+/// @return false
+bool FailFurther(DWORD code, std::string_view words);
 
 /// Puts the calling thread's failure back as it was: for what may fail without the operation failing.
 class KeepLastError {
@@ -21,8 +33,7 @@ public:
     KeepLastError& operator=(const KeepLastError&) = delete;
 
 private:
-    const DWORD m_code;
-    std::string m_words;
+    const Failure m_failure;
 };
 
 /// A number as it is written in messages, for example 0x21.

@@ -54,8 +54,9 @@ bool NativeWindow::SwapSurface() {
 
 NativeWindow* ValidWindow(HWND window, const char* operation) {
     if (Live<NativeWindow>().Contains(window)) return window;
-    Fail(ERROR_INVALID_WINDOW_HANDLE,
-         std::string(operation) + ": there is no such window; pass a handle that has not been released.");
+    const std::string words =
+        std::string(operation) + ": there is no such window; pass a handle that has not been released.";
+    window ? Fail(ERROR_INVALID_WINDOW_HANDLE, words) : FailFurther(ERROR_INVALID_WINDOW_HANDLE, words);
     return nullptr;
 }
 

@@ -170,13 +170,13 @@ BOOL SwapBuffers(HDC dc) {
     NativeWindow* const window = WindowOfDc(dc, "SwapBuffers");
     if (!window) return 0;
     if (window->Format() == 0)
-        return Fail(ERROR_INVALID_PIXEL_FORMAT,
-                    "SwapBuffers: the window has no pixel format; set one first.");
+        return FailFurther(ERROR_INVALID_PIXEL_FORMAT,
+                           "SwapBuffers: the window has no pixel format; set one first.");
     SIZE client{};
     if (!window->MeasureClient(client)) return 0;
     if (wglGetCurrentDC() != dc)
-        return Fail(ERROR_INVALID_HANDLE,
-                    "SwapBuffers: no context is current on the window; make one current first.");
+        return FailFurther(ERROR_INVALID_HANDLE,
+                           "SwapBuffers: no context is current on the window; make one current first.");
     return window->Present(client);
 }
 

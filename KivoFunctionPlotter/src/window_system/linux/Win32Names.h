@@ -3,7 +3,8 @@
 //
 // Results: BOOL operations return 0 on failure, handle operations null. A failure sets the code that
 // GetLastError() returns and the sentence that LastWindowError() returns, both per thread; a success changes
-// neither. Null handles are refused, never followed.
+// neither. Null handles are refused, never followed; they come from a failure before, whose code and sentence
+// stay.
 #pragma once
 
 #include "KivoPlatform.h"

@@ -98,7 +98,7 @@ std::unique_ptr<X11Window> X11Window::Attach(std::shared_ptr<XConnection> connec
     const XReply<xcb_get_window_attributes_reply_t> attributes(
         xcb_get_window_attributes_reply(connection->Handle(), request, nullptr));
     if (!attributes) {
-        connection->FailWindow(window);
+        connection->FailNumber(window);
         return nullptr;
     }
     if (attributes->_class != XCB_WINDOW_CLASS_INPUT_OUTPUT) {
@@ -218,8 +218,7 @@ HWND AttachX11Window(unsigned long window, const char* displayName) {
     auto connection = XConnection::Open(displayName);
     if (!connection) return nullptr;
     if (window == 0 || window > std::numeric_limits<xcb_window_t>::max()) {
-        Fail(ERROR_INVALID_WINDOW_HANDLE, "X11: there is no window " + Hex(window) + " on display \"" +
-                                              connection->Name() + "\"; pass the XID of an existing window.");
+        connection->FailNumber(window);
         return nullptr;
     }
     return X11Window::Attach(std::move(connection), static_cast<xcb_window_t>(window)).release();

@@ -12,6 +12,7 @@ namespace KivoDrawingTools {
 namespace {
 
 constexpr int usualDotsPerInch = 96;
+constexpr std::size_t longestName = 100;
 
 /// Takes the value of Xft.dpi from lines of the form "name:<blank>value".
 int ParseDotsPerInch(std::string_view settings) {
@@ -27,6 +28,18 @@ int ParseDotsPerInch(std::string_view settings) {
     return value >= 1 && value <= 1200 ? static_cast<int>(std::lround(value)) : usualDotsPerInch;
 }
 
+/// Also where Xwayland's display is set: toolkits then choose Wayland as long as nobody says otherwise.
+bool IsWaylandSession() {
+    return std::getenv("WAYLAND_DISPLAY") != nullptr;
+}
+
+/// A display's name as messages quote it, which have more to say.
+std::string Quoted(const char* name) {
+    const std::string_view whole = name ? name : "";
+    const std::string_view shown = WholeCharacters(whole, longestName);
+    return std::string(shown) + (shown.size() < whole.size() ? "..." : "");
+}
+
 } // namespace
 
 XConnection::XConnection(xcb_connection_t* handle, std::string name)
@@ -37,13 +50,12 @@ XConnection::~XConnection() {
 }
 
 std::shared_ptr<XConnection> XConnection::Open(const char* displayName) {
-    const char* const named = displayName ? displayName : std::getenv("DISPLAY");
-    const std::string name = named ? named : "";
+    const std::string name = Quoted(displayName ? displayName : std::getenv("DISPLAY"));
     auto connection = std::make_shared<XConnection>(xcb_connect(displayName, nullptr), name);
     if (connection->IsAlive()) return connection;
     const std::string problem = name.empty() ? "no display is named" : "cannot open display \"" + name + "\"";
     const std::string remedy =
-        std::getenv("WAYLAND_DISPLAY")
+        IsWaylandSession()
             ? "this is a Wayland session: start Xwayland and have the toolkit use X11 (QT_QPA_PLATFORM=xcb, "
               "GDK_BACKEND=x11, SDL_VIDEODRIVER=x11), or draw off-screen."
             : "start an X server or set DISPLAY.";
@@ -51,12 +63,21 @@ std::shared_ptr<XConnection> XConnection::Open(const char* displayName) {
     return nullptr;
 }
 
-bool XConnection::FailWindow(xcb_window_t window) const {
+bool XConnection::FailWindow(unsigned long window) const {
     if (!IsAlive())
         return Fail(ERROR_INVALID_WINDOW_HANDLE, "X11: the connection to display \"" + m_name +
                                                      "\" is lost; release the window and attach again.");
     return Fail(ERROR_INVALID_WINDOW_HANDLE, "X11: there is no window " + Hex(window) + " on display \"" +
                                                  m_name + "\"; pass the XID of an existing window.");
+}
+
+bool XConnection::FailNumber(unsigned long window) const {
+    if (!IsAlive() || !IsWaylandSession()) return FailWindow(window);
+    return Fail(ERROR_INVALID_WINDOW_HANDLE,
+                "X11: there is no window " + Hex(window) + " on display \"" + m_name +
+                    "\"; this is a Wayland session: have the toolkit use X11 (QT_QPA_PLATFORM=xcb, "
+                    "GDK_BACKEND=x11, SDL_VIDEODRIVER=x11) and pass the XID of its window, or draw "
+                    "off-screen.");
 }
 
 XReply<xcb_get_geometry_reply_t> XConnection::Geometry(xcb_window_t window) const {

@@ -35,11 +35,12 @@ public:
     XConnection& operator=(const XConnection&) = delete;
 
     xcb_connection_t* Handle() const { return m_handle; }
-    const std::string& Name() const { return m_name; }
     bool IsAlive() const { return xcb_connection_has_error(m_handle) == 0; }
 
     /// Records that the window is not there, or that the connection is lost, whichever it is. Returns false.
-    bool FailWindow(xcb_window_t window) const;
+    bool FailWindow(unsigned long window) const;
+    /// The same of a number that a host has given for a window, which can be that of another system's.
+    bool FailNumber(unsigned long window) const;
     /// Null, with the failure recorded, when the window is gone.
     XReply<xcb_get_geometry_reply_t> Geometry(xcb_window_t window) const;
     /// Whether a checked request succeeded.

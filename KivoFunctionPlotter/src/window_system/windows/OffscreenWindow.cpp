@@ -1,6 +1,7 @@
 // Windows without a screen, on Windows: hidden windows of a class of their own. And what KivoWindow.h says of
 // all windows.
 #include "KivoWindow.h"
+#include "window_system/FailureWords.h"
 #include "window_system/HostContext.h"
 
 #include <string>
@@ -13,14 +14,14 @@ constexpr char className[] = "KivoOffscreenWindow";
 constexpr int largestSize = 16384;
 constexpr DWORD windowStyle = WS_POPUP | WS_CLIPCHILDREN | WS_CLIPSIBLINGS;
 
-std::string& LastWords() {
-    thread_local std::string words;
+FailureWords& LastWords() {
+    thread_local FailureWords words;
     return words;
 }
 
 int Refuse(DWORD code, const char* words) {
     SetLastError(code);
-    LastWords() = words;
+    LastWords().Say(words);
     return -1;
 }
 
@@ -108,7 +109,7 @@ int ReleaseWindow(HWND window) {
 }
 
 const char* LastWindowError() {
-    return LastWords().c_str();
+    return LastWords().text;
 }
 
 } // namespace KivoDrawingTools
