@@ -1,7 +1,10 @@
 #!/usr/bin/env bash
-# Every public and protected name of the installed headers has a comment, and the reference notices one that has none.
+# Every public and protected name of the installed headers has a comment, which names the parameters that there are, and the
+# reference notices one that has none.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
+place=$(mktemp -d)
+trap 'rm -rf "$place"' EXIT
 scripts/make-reference.sh
 [ -s build-reference/html/classKivoDrawingTools_1_1CKivoFunctionPlotter.html ]
 
@@ -12,9 +15,16 @@ documented=$(grep -o 'include/[A-Za-z]*\.h' docs/Doxyfile | sort)
 [ -n "$installed" ]
 diff <(echo "$installed") <(echo "$documented")
 
+# Clang knows which parameters there are.
+built=${KIVO_BUILD:-build-release}/KivoFunctionPlotter/include
+for header in $documented; do
+    echo "#include \"$header\"" >>"$place/all.cpp"
+done
+clang-tidy --quiet --checks='-*,clang-diagnostic-*,readability-function-size' --warnings-as-errors='*' --header-filter='.*' \
+    "$place/all.cpp" -- -std=c++17 -Wdocumentation -IKivoFunctionPlotter "-I$built" "-I$built/Release" \
+    -IKivoFunctionPlotter/include
+
 # Without its comments each header must be refused. The namespace keeps its own, or its functions would not count.
-place=$(mktemp -d)
-trap 'rm -rf "$place"' EXIT
 for header in $documented; do
     sed -E '\|^/// The plotter, and what|!s|///.*||' "KivoFunctionPlotter/$header" >"$place/bare.h"
     if sed "s|KivoFunctionPlotter/$header|$place/bare.h|; s|build-reference|$place|" docs/Doxyfile |

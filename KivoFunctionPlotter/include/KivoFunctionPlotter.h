@@ -84,7 +84,7 @@ public:
     /// @return 0; -1 for a null window, which changes nothing, or when a step of the window system fails.
     ///         Nothing is rolled back then: OnDestroy or the destructor cleans up, and where the bitmap font
     ///         is what failed, the new context is left current. Where KivoWindow.h applies,
-    ///         LastWindowError() has the reason.
+    ///         LastWindowError() has the reason, and keeps it when the host draws all the same.
     int OnCreate(HWND hWnd, bool accelerated);
 
     /// The same, then lays the plot out for a client area of cx x cy pixels, even when the first step failed;
@@ -106,9 +106,10 @@ public:
 
     /// Lays the plot out for a new size of the client area and fits the view to it, so that zoom is undone
     /// while rotation and pan stay. The left 16 % of the width become the legend, the rest the plot.
-    /// @param type    ignored
-    /// @param cx, cy  client size in pixels; sizes of 0 and less make degenerate view volumes and draw
-    ///                nothing, and leave no error in OpenGL's queue
+    /// @param type  ignored
+    /// @param cx    width of the client area in pixels; sizes of 0 and less make degenerate view volumes and
+    ///              draw nothing, and leave no error in OpenGL's queue
+    /// @param cy    height of the client area in pixels
     void OnSize(unsigned int type, int cx, int cy);
 
     /// Selects the text font into its device context again and reads its metrics.
@@ -117,12 +118,16 @@ public:
     int SetFont(void* font);
 
     /// Draws one frame and presents it.
-    /// @return 0, or the platform's last error code when the frame could not be presented; -1 where it has
-    /// none
+    /// @return a KivoFrameResult: frameShown, which is 0, or the platform's last error code when the frame
+    /// could
+    ///         not be presented, frameUnexplained where it has none
     int Renderscene();
 
     /// Shows the rotatable 3-D plot in its start view. @return 0
     int SwitchToNormalPlot();
+    // In the flat plots texts read from left to right and from bottom to top, whatever is mirrored or
+    // reversed. Of tick labels that would touch, every second, fifth, tenth, ... remains.
+
     /// Shows the flat plot of X to the right and Y up. @return 0
     int SwitchToXYProjectPlot();
     /// Shows the flat plot of Y to the right and Z up. @return 0
@@ -142,11 +147,15 @@ public:
 
     /// @param autoSwitch  true, at first: the planes behind the surface carry the grid and switch as the view
     ///                    turns; false: they stay at the minimum of each axis, or at the maximum of an
-    ///                    inverted one, whatever the view
+    ///                    inverted one, whatever the view, and the surface hides labels and titles that stand
+    ///                    behind it
     void SetAutoSwitchFramePlanes(bool autoSwitch);
 
     /// Sets the background from the next frame on.
-    /// @param r, g, b, a  0 to 1 each, stored unchecked
+    /// @param r  red, 0 to 1; all are stored unchecked
+    /// @param g  green, 0 to 1
+    /// @param b  blue, 0 to 1
+    /// @param a  alpha, 0 to 1; windows and pictures are opaque whatever it is
     void SetBackgroundColor(float r, float g, float b, float a);
     /// @param color  0x00BBGGRR
     void SetBackgroundColor(unsigned long color);
@@ -207,7 +216,8 @@ public:
     void Rotate(POINT from, POINT to);
     /// Shifts the plot along the way from one client point to the other, at 0.8 of its length. While the
     /// viewport has no width or the view volume no finite one, it does nothing, nor where the pan would pass
-    /// single precision.
+    /// single precision. The pan is a length in units of the Z axis, which nothing but another shift undoes:
+    /// not OnSize, new data or OnCreate.
     void Translate(POINT from, POINT to);
     /// Scales the view volume.
     /// @param factor  above 0; below 1 it enlarges the picture. A negative one also turns the picture by 180
@@ -237,6 +247,10 @@ public:
 
     /// Takes a grid of points over: bounding box, colours, axis ranges and the fitted view follow from it.
     /// Whatever lay over the previous data is released, curves included, and the traced point is forgotten.
+    /// Rotation and pan stay, so that a pan over data of a large z range can leave those of a small one
+    /// outside the picture. The light is placed anew: for the first data as if nothing turned or moved them,
+    /// for others in the view that the plot was last drawn or laid out in; from there it follows neither plot
+    /// nor data.
     ///
     /// The point at column c and row r begins at float (c * columnStride + r * rowStride) * components.
     /// Drawing takes the array as packed row by row, so the expected layout is columnStride 1 and rowStride =
@@ -289,7 +303,8 @@ public:
     // A gradient runs from its start colour at the data's smallest value to its end colour at the largest,
     // through hue, saturation and value. The Z gradient colours the surface, the z contours and their legend,
     // the X and Y gradients colour the x and y contours and the legends of the flat plots. Array arguments
-    // are four floats RGBA, null is not allowed. Replacing one end re-encodes the other, so that its hue can
+    // are four floats RGBA, null is not allowed; the alpha is not shown: surface, contours and legends are
+    // opaque. Replacing one end re-encodes the other, so that its hue can
     // drift by about one degree each time. The X and Y setters leave the plotter's OpenGL context current
     // when they return, unless they put a host's own back.
 
@@ -326,6 +341,8 @@ public:
     void SetZGradientEndColor(unsigned long color);                           ///< end, 0x00BBGGRR
 
     /// Sets the digits after the decimal point in the labels of all colour legends, 3 at first.
+    /// Numbers wider than the legend's strip are drawn smaller, at 0.6 of their images instead of 0.9 at the
+    /// least; what still does not fit reaches into the plot.
     /// @param precision  of use up to the seven significant digits of a float. No limit is applied, but
     /// labels
     ///                   have at most 1000 digits after the point, and those wider than 512 pixels take two
@@ -341,7 +358,9 @@ public:
 
     // Titles are images of their texts, made when they are set: set them after OnCreate. One set before, be
     // it before OnDestroy and another OnCreate, has its text but is not drawn. Texts are UTF-8 (on Windows:
-    // the process's code page); null is not allowed.
+    // the process's code page), and an ampersand is a character like others; null is not allowed. In a small
+    // window an axis title looks for a place beside its own, over lines of the box if need be, and is left
+    // out where it would meet another text everywhere.
 
     /// @return the text, valid until the title changes; empty at first
     const char* GetPlotTitle() const;
@@ -384,7 +403,8 @@ public:
     float GetYAxisMax() const; ///< @return the last tick value of the Y axis
     float GetZAxisMax() const; ///< @return the last tick value of the Z axis
 
-    /// Sets the first tick value; the number of ticks and the precision are kept. It may exceed the last one.
+    /// Sets the first tick value; the number of ticks and the precision are kept. It may exceed the last one:
+    /// from the next fit on that axis then runs the other way, or, for the Z axis, both others do.
     /// @return 0
     int SetXAxisMin(float value);
     int SetYAxisMin(float value); ///< as SetXAxisMin
@@ -611,7 +631,8 @@ protected:
     void UpdateXZBoundingBoxToViewVolume(); ///< as UpdateXYBoundingBoxToViewVolume
     /// Takes a new data box: gradients, legends, lights, grid box and view volumes follow. Tracing relies on
     /// it to hold all points.
-    /// @param min, max  three floats each
+    /// @param min  smallest x, y, z
+    /// @param max  largest x, y, z
     void UpdateBoundingBoxToViewVolume(float* const min, float* const max);
     /// Fits the legend's view volume to its viewport.
     void UpdateLegendViewVolume();

@@ -12,8 +12,11 @@
 namespace KivoDrawingTools {
 
 /// The key-state bits of a mouse message.
-/// @param left, middle, right  whether the button is down
-/// @param shift, control       whether the key is down
+/// @param left     whether the left button is down
+/// @param middle   whether the middle button is down
+/// @param right    whether the right button is down
+/// @param shift    whether a Shift key is down
+/// @param control  whether a Ctrl key is down
 inline unsigned int KeyState(bool left, bool middle, bool right, bool shift, bool control) {
     unsigned int state = 0;
     if (left) state |= MK_LBUTTON;

@@ -9,10 +9,10 @@
 namespace KivoDrawingTools {
 
 /// Draws one frame at the window's size without presenting it and reads it back.
-/// @param plotter        a plotter whose OnCreate succeeded
-/// @param rgba           receives width * height * 4 bytes, red, green, blue, alpha (always 255), top row
-///                       first
-/// @param width, height  receive the picture's size in pixels
+/// @param plotter  a plotter whose OnCreate succeeded
+/// @param rgba     receives width * height * 4 bytes, red, green, blue, alpha (always 255), top row first
+/// @param width    receives the picture's width in pixels
+/// @param height   receives the picture's height in pixels
 /// @return 0; -1 when the plotter has no usable window or OpenGL context, then nothing is changed
 KIVO_API int CapturePicture(CKivoFunctionPlotter& plotter, std::vector<unsigned char>& rgba, int& width,
                             int& height);
@@ -20,7 +20,10 @@ KIVO_API int CapturePicture(CKivoFunctionPlotter& plotter, std::vector<unsigned 
 /// The same at a size of its own, larger than the window too: the frame is then drawn in tiles of the
 /// window's size. Rotation, pan and zoom are kept; labels keep their size in pixels. Afterwards the plotter
 /// is as before.
-/// @param wantedWidth, wantedHeight  size in pixels, 1 to 16384 each
+/// @param plotter       a plotter whose OnCreate succeeded
+/// @param wantedWidth   in pixels, 1 to 16384
+/// @param wantedHeight  in pixels, 1 to 16384
+/// @param rgba          receives wantedWidth * wantedHeight * 4 bytes, as above
 /// @return as above; -3 for a size that is refused
 KIVO_API int CapturePicture(CKivoFunctionPlotter& plotter, int wantedWidth, int wantedHeight,
                             std::vector<unsigned char>& rgba);
