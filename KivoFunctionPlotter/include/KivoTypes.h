@@ -31,11 +31,12 @@ struct SKivoColor {
 };
 
 /// What CKivoFunctionPlotter::Renderscene() returns: whether the frame has been shown, or why not. The
-/// numbers are the platform's codes; Windows has more of them, and its own reasons for these.
+/// numbers are the platform's codes; Windows has more of them, and its own reasons for these. Elsewhere a
+/// plotter whose OnCreate has failed says again why that was.
 enum KivoFrameResult : int {
     frameShown = 0,         ///< the frame has been presented
     frameUnexplained = -1,  ///< it has not, and the platform does not say why
-    frameWithoutPlot = 6,   ///< no OnCreate has succeeded, or the window's handle has been released
+    frameWithoutPlot = 6,   ///< OnCreate has not been called, or the window's handle has been released
     frameOutOfMemory = 8,   ///< there is no memory for a picture of the window's size
     frameRefused = 31,      ///< the driver refused
     frameNotSupported = 50, ///< OpenGL cannot draw to this window
