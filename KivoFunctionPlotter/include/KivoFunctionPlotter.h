@@ -118,9 +118,8 @@ public:
     int SetFont(void* font);
 
     /// Draws one frame and presents it.
-    /// @return a KivoFrameResult: frameShown, which is 0, or the platform's last error code when the frame
-    /// could
-    ///         not be presented, frameUnexplained where it has none
+    /// @return a KivoFrameResult: frameShown, which is 0, or why the frame could not be presented: the
+    ///         platform's last error code, or frameUnexplained where it has none
     int Renderscene();
 
     /// Shows the rotatable 3-D plot in its start view. @return 0
