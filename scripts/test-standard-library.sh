@@ -22,15 +22,15 @@ refused() {
 
 # built <folder> <option>...: the library with the consumer, which draws its picture; their headers are in $headers.
 built() {
-    cmake -S "$consumer" -B "$place/$1" -G Ninja -DCONSUME=add_subdirectory -DCHECKOUT="$root" "${@:2}"
+    cmake -S "$consumer" -B "$place/$1" -G Ninja -DCONSUME=add_subdirectory -DCHECKOUT="$root" -DCMAKE_BUILD_TYPE=Debug "${@:2}"
     cmake --build "$place/$1" --target consumer
     env -u DISPLAY "$place/$1/consumer"
     headers=("-I$root/KivoFunctionPlotter/include" "-I$place/$1/plotter/KivoFunctionPlotter/include")
 }
 
-# Every header refuses, whichever comes first.
-built usual -DCMAKE_BUILD_TYPE=Release
-usual=("${headers[@]}" "-I$place/usual/plotter/KivoFunctionPlotter/include/Release")
+# Every header of the usual build refuses, whichever comes first.
+made=${KIVO_BUILD:-$root/build-release}/KivoFunctionPlotter/include
+usual=("-I$root/KivoFunctionPlotter/include" "-I$made" "-I$made/Release")
 refused 'another _GLIBCXX_USE_CXX11_ABI' "${usual[@]}" -D_GLIBCXX_USE_CXX11_ABI=0
 refused '_GLIBCXX_DEBUG' "${usual[@]}" -D_GLIBCXX_DEBUG
 for header in FunctionPlotter Host Picture Platform Window; do
@@ -40,11 +40,11 @@ for header in FunctionPlotter Host Picture Platform Window; do
 done
 
 # The old interface for all of a build, and checked containers for one configuration of a project around the library.
-built old -DCMAKE_BUILD_TYPE=Release -DBUILD_SHARED_LIBS=ON -DCMAKE_CXX_FLAGS=-D_GLIBCXX_USE_CXX11_ABI=0
-refused 'another _GLIBCXX_USE_CXX11_ABI' "${headers[@]}" "-I$place/old/plotter/KivoFunctionPlotter/include/Release" \
+built old -DBUILD_SHARED_LIBS=ON -DCMAKE_CXX_FLAGS=-D_GLIBCXX_USE_CXX11_ABI=0
+refused 'another _GLIBCXX_USE_CXX11_ABI' "${headers[@]}" "-I$place/old/plotter/KivoFunctionPlotter/include/Debug" \
     -D_GLIBCXX_USE_CXX11_ABI=0 -U_GLIBCXX_USE_CXX11_ABI
 echo 'add_compile_definitions($<$<CONFIG:Debug>:_GLIBCXX_DEBUG>)
 add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-fno-common>)' >"$place/around.cmake"
-built checked -DCMAKE_BUILD_TYPE=Debug -DBUILD_SHARED_LIBS=OFF -DCMAKE_PROJECT_Consumer_INCLUDE="$place/around.cmake"
+built checked -DBUILD_SHARED_LIBS=OFF -DCMAKE_PROJECT_Consumer_INCLUDE="$place/around.cmake"
 refused '_GLIBCXX_DEBUG' "${headers[@]}" "-I$place/checked/plotter/KivoFunctionPlotter/include/Debug" \
     -D_GLIBCXX_DEBUG -U_GLIBCXX_DEBUG
