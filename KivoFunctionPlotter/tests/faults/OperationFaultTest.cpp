@@ -1,6 +1,7 @@
 // Every operation of the window system made to fail in turn: the documented result, nothing lost, and a
 // plotter that goes on working.
 #include "parts/KivoGradientColorRuler.h"
+#include "support/EglFault.h"
 #include "support/Holdings.h"
 #include "support/OperationFaults.h"
 #include "support/PublicOperations.h"
@@ -120,6 +121,21 @@ TEST(OperationFaults, InOnCreateKeepTheirWordsWhateverTheHostDoesThen) {
         if (!plotter.m_hGLRC) ExpectToKeepTheReason(plotter);
     }
     EXPECT_EQ(needed.size(), 5U);
+}
+
+TEST(OperationFaults, OfADriverThatMakesNoContextSayWhatToDo) {
+    const TestWindow window(WindowKind::offscreen, 120, 90);
+    CallProbe plotter;
+    {
+        const EglFault fault;
+        EXPECT_EQ(plotter.OnCreate(window.Handle(), 120, 90, true), -1);
+    }
+    EXPECT_EQ(GetLastError(), ERROR_GEN_FAILURE);
+    EXPECT_NE(std::string(LastWindowError()).find("cannot make an OpenGL context"), std::string::npos)
+        << LastWindowError();
+    EXPECT_NE(std::string(LastWindowError()).find("install an OpenGL driver"), std::string::npos)
+        << LastWindowError();
+    ExpectToWorkIn(window, plotter);
 }
 
 TEST(OperationFaults, InOnCreateGiveTheDocumentedResultAndLoseNothing) {

@@ -2,6 +2,7 @@
 // the ledger. The linker leads calls of a function f to __wrap_f, and __real_f to the function itself. The
 // build reads the names from this file.
 #include "AllocationFaults.h"
+#include "EglFault.h"
 #include "ResourceLedger.h"
 
 #include <EGL/egl.h>
@@ -22,7 +23,21 @@ Handle Taken(const char* kind, Handle handle) {
     return handle;
 }
 
+bool makesContexts = true;
+
 } // namespace
+
+namespace KivoTest {
+
+EglFault::EglFault() {
+    makesContexts = false;
+}
+
+EglFault::~EglFault() {
+    makesContexts = true;
+}
+
+} // namespace KivoTest
 
 #define GUARD_OWN(result, name, parameters)                                                                  \
     extern "C" result __real_##name parameters;                                                              \
@@ -69,6 +84,7 @@ GUARD(EGLBoolean, eglSwapBuffers, (EGLDisplay display, EGLSurface surface), (dis
 GUARD_OWN(EGLContext, eglCreateContext,
           (EGLDisplay display, EGLConfig config, EGLContext shared, const EGLint* attributes)) {
     const WithoutAllocationFaults reliable;
+    if (!makesContexts) return EGL_NO_CONTEXT;
     return Taken("EGL context", __real_eglCreateContext(display, config, shared, attributes));
 }
 
