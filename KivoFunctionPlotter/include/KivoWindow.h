@@ -12,7 +12,11 @@ namespace KivoDrawingTools {
 
 #if !defined(_WIN32)
 /// Attaches to an X11 window that the host owns. The plotter talks to the display over a connection of its
-/// own.
+/// own, which all windows that a thread attaches to there share; it closes with the last of them. Attach in
+/// the thread that draws: other threads have connections of their own.
+///
+/// A connection whose server has ended is lost for its windows, and their operations fail; a window that is
+/// attached afterwards gets a new one.
 ///
 /// Any visual will do: where the window's own visual cannot draw OpenGL with a depth buffer, the picture is
 /// shown in a child window of a fitting visual that follows the host window's size and lets all input

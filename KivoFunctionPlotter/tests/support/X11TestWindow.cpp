@@ -230,17 +230,25 @@ void X11TestWindow::SetResources(const std::string& text) {
         xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
 }
 
-PrivateXServer::PrivateXServer(const std::string& screen, bool smallRequests) {
+PrivateXServer::PrivateXServer(const std::string& screen, bool smallRequests)
+    : m_screen(screen), m_smallRequests(smallRequests) {
+    Start();
+}
+
+void PrivateXServer::Start() {
     int ends[2];
     if (pipe(ends) != 0) return;
-    const char* const limit = smallRequests ? "-maxbigreqsize" : nullptr; // in units of 4 MiB
+    std::vector<const char*> arguments = {"Xvfb",           "-displayfd", "3",   "-screen", "0",
+                                          m_screen.c_str(), "-nolisten",  "tcp", "-noreset"};
+    if (!m_display.empty()) arguments.insert(arguments.begin() + 1, m_display.c_str());
+    if (m_smallRequests) arguments.insert(arguments.end(), {"-maxbigreqsize", "1"}); // in units of 4 MiB
+    arguments.push_back(nullptr);
     m_process = fork();
     if (m_process == 0) {
         const int silence = open("/dev/null", O_WRONLY);
         dup2(silence, STDERR_FILENO);
         dup2(ends[1], 3);
-        execlp("Xvfb", "Xvfb", "-displayfd", "3", "-screen", "0", screen.c_str(), "-nolisten", "tcp",
-               "-noreset", limit, "1", static_cast<char*>(nullptr));
+        execvp("Xvfb", const_cast<char**>(arguments.data()));
         _exit(127);
     }
     close(ends[1]);
@@ -249,7 +257,12 @@ PrivateXServer::PrivateXServer(const std::string& screen, bool smallRequests) {
     while (read(ends[0], &digit, 1) == 1 && digit != '\n')
         number += digit;
     close(ends[0]);
-    if (!number.empty()) m_display = ":" + number;
+    m_display = number.empty() ? "" : ":" + number;
+}
+
+void PrivateXServer::Replace() {
+    Kill();
+    Start();
 }
 
 void PrivateXServer::Kill() {

@@ -91,8 +91,14 @@ public:
     /// The display's name, for example ":5"; empty when the server did not start.
     const std::string& Display() const { return m_display; }
     void Kill();
+    /// Ends it, and starts another one of the same name.
+    void Replace();
 
 private:
+    void Start();
+
+    std::string m_screen;
+    bool m_smallRequests;
     int m_process = -1;
     std::string m_display;
 };

@@ -1,5 +1,6 @@
 // What only windows on an X11 display do.
 
+#include "support/AttachedWindow.h"
 #include "support/HostGlx.h"
 #include "support/WaitFor.h"
 #include "support/X11TestWindow.h"
@@ -26,40 +27,6 @@ namespace {
 using KivoTest::HostGlx;
 using KivoTest::X11TestWindow;
 using Pixels = std::vector<std::uint8_t>;
-
-/// A handle with a context, released with the object.
-class AttachedWindow {
-public:
-    explicit AttachedWindow(unsigned long window, const char* display = nullptr)
-        : m_handle(AttachX11Window(window, display)) {
-        if (!m_handle) return;
-        PIXELFORMATDESCRIPTOR wanted{};
-        wanted.nSize = sizeof wanted;
-        wanted.nVersion = 1;
-        wanted.cColorBits = 32;
-        wanted.cDepthBits = 32;
-        wanted.cStencilBits = 8;
-        if (SetPixelFormat(Dc(), ChoosePixelFormat(Dc(), &wanted), &wanted))
-            m_context = wglCreateContext(Dc());
-    }
-    ~AttachedWindow() {
-        if (m_context) {
-            EXPECT_TRUE(wglDeleteContext(m_context));
-        }
-        EXPECT_EQ(0, ReleaseWindow(m_handle));
-    }
-    AttachedWindow(const AttachedWindow&) = delete;
-    AttachedWindow& operator=(const AttachedWindow&) = delete;
-
-    HWND Handle() const { return m_handle; }
-    HDC Dc() const { return GetDC(m_handle); }
-    HGLRC Context() const { return m_context; }
-    bool MakeCurrent() const { return wglMakeCurrent(Dc(), m_context) != 0; }
-
-private:
-    HWND m_handle = nullptr;
-    HGLRC m_context = nullptr;
-};
 
 /// A picture whose four quarters are red, green, blue and white; drawn with the depth test on, so that a
 /// missing depth buffer shows.

@@ -49,18 +49,17 @@ EGLDisplay FirstDeviceDisplay() {
 
 } // namespace
 
-EglDisplay::EglDisplay(EGLDisplay handle, std::shared_ptr<void> connection)
-    : m_handle(handle), m_connection(std::move(connection)) {}
+EglDisplay::EglDisplay(EGLDisplay handle, bool isTerminated)
+    : m_handle(handle), m_isTerminated(isTerminated) {}
 
 EglDisplay::~EglDisplay() {
-    if (m_connection) eglTerminate(m_handle);
+    if (m_isTerminated) eglTerminate(m_handle);
 }
 
-std::shared_ptr<EglDisplay> EglDisplay::OfConnection(EGLenum platform, void* native,
-                                                     const EGLAttrib* attributes,
-                                                     std::shared_ptr<void> connection) {
+std::unique_ptr<EglDisplay> EglDisplay::OfConnection(EGLenum platform, void* native,
+                                                     const EGLAttrib* attributes) {
     const EGLDisplay display = eglGetPlatformDisplay(platform, native, attributes);
-    auto result = std::make_shared<EglDisplay>(display, std::move(connection));
+    auto result = std::make_unique<EglDisplay>(display, true);
     if (!Initialise(display)) {
         Fail(ERROR_NOT_SUPPORTED, EglFailure("cannot draw OpenGL on this display") +
                                       "; install an OpenGL driver (libgl1-mesa-dri, libegl1).");
@@ -81,7 +80,7 @@ std::shared_ptr<EglDisplay> EglDisplay::WithoutScreen() {
                                       "; install an OpenGL driver (libgl1-mesa-dri, libegl1).");
         return nullptr;
     }
-    return std::make_shared<EglDisplay>(display, nullptr);
+    return std::make_shared<EglDisplay>(display, false);
 }
 
 std::vector<EGLConfig> EglDisplay::Configs(EGLint surfaceTypes) const {

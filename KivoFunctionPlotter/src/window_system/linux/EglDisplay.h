@@ -16,18 +16,17 @@ namespace KivoDrawingTools {
 /// first.
 class EglDisplay {
 public:
-    /// The display of one native connection, terminated with the last user.
-    /// @param connection  kept until then
+    /// The display of a native connection, terminated with the object. EGL knows one for each connection and
+    /// set of attributes, so the connection's owner keeps the only object for it.
     /// @return null, with the failure recorded, where EGL or the driver cannot serve it
-    static std::shared_ptr<EglDisplay> OfConnection(EGLenum platform, void* native,
-                                                    const EGLAttrib* attributes,
-                                                    std::shared_ptr<void> connection);
+    static std::unique_ptr<EglDisplay> OfConnection(EGLenum platform, void* native,
+                                                    const EGLAttrib* attributes);
     /// The display that needs no display server. There is one per process, for everybody: it stays
     /// initialised, because terminating it would destroy the contexts that the host or another library has on
     /// it.
     static std::shared_ptr<EglDisplay> WithoutScreen();
 
-    EglDisplay(EGLDisplay handle, std::shared_ptr<void> connection);
+    EglDisplay(EGLDisplay handle, bool isTerminated);
     ~EglDisplay();
     EglDisplay(const EglDisplay&) = delete;
     EglDisplay& operator=(const EglDisplay&) = delete;
@@ -40,7 +39,7 @@ public:
 
 private:
     EGLDisplay m_handle;
-    std::shared_ptr<void> m_connection; // null for the display that everybody shares
+    bool m_isTerminated; // with the object
 };
 
 /// Whether the EGL library has a client extension, that is one that needs no display.

@@ -151,6 +151,7 @@ constexpr UINT DT_NOPREFIX = 0x0800; ///< no meaning here: an ampersand is a cha
 
 /// Codes of GetLastError() that the operations set.
 constexpr DWORD ERROR_SUCCESS = 0;
+constexpr DWORD ERROR_TOO_MANY_OPEN_FILES = 4;
 constexpr DWORD ERROR_INVALID_HANDLE = 6;
 constexpr DWORD ERROR_NOT_ENOUGH_MEMORY = 8;
 constexpr DWORD ERROR_GEN_FAILURE = 31;

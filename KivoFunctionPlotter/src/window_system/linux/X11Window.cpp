@@ -51,13 +51,6 @@ XVisual NearestTo24Bits(const xcb_screen_t& screen, Test test) {
     return best;
 }
 
-std::shared_ptr<EglDisplay> EglOfScreen(const std::shared_ptr<XConnection>& connection, int screen) {
-    if (!HasEglClientExtension("EGL_EXT_platform_xcb")) return nullptr;
-    const KeepLastError keep; // there is another way to show pictures
-    const EGLAttrib attributes[] = {EGL_PLATFORM_XCB_SCREEN_EXT, screen, EGL_NONE};
-    return EglDisplay::OfConnection(EGL_PLATFORM_XCB_EXT, connection->Handle(), attributes, connection);
-}
-
 } // namespace
 
 bool X11Window::FindTarget(const std::shared_ptr<XConnection>& connection, const xcb_screen_t& screen,
@@ -66,7 +59,7 @@ bool X11Window::FindTarget(const std::shared_ptr<XConnection>& connection, const
     if (!target.visual.type)
         return Fail(ERROR_NOT_SUPPORTED, "X11: the screen does not list the window's visual " + Hex(own) +
                                              "; use another visual.");
-    target.display = EglOfScreen(connection, number);
+    target.display = connection->EglOfScreen(number);
     if (target.display) {
         const auto configs = target.display->Configs(EGL_WINDOW_BIT);
         const auto drawable = [&](const XVisual& visual) {
@@ -124,7 +117,9 @@ X11Window::X11Window(std::shared_ptr<XConnection> connection, xcb_window_t windo
 
 X11Window::~X11Window() {
     ReplaceSurface(EGL_NO_SURFACE); // before the child that it draws to
+    m_presenter.reset();            // its colours may be the child's
     m_child.Destroy();
+    xcb_flush(m_connection->Handle()); // others may go on using it, and not soon
     m_connection->DropEvents();
 }
 
@@ -215,7 +210,7 @@ bool X11Window::Present(const SIZE& client) {
 }
 
 HWND AttachX11Window(unsigned long window, const char* displayName) {
-    auto connection = XConnection::Open(displayName);
+    auto connection = XConnection::To(displayName);
     if (!connection) return nullptr;
     if (window == 0 || window > std::numeric_limits<xcb_window_t>::max()) {
         connection->FailNumber(window);

@@ -46,7 +46,6 @@ void XChildWindow::Destroy() {
     if (!IsMade()) return;
     xcb_destroy_window(m_connection->Handle(), m_window);
     xcb_free_colormap(m_connection->Handle(), m_colormap);
-    xcb_flush(m_connection->Handle());
     m_window = XCB_NONE;
     m_colormap = XCB_NONE;
 }

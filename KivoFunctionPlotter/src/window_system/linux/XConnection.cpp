@@ -1,9 +1,17 @@
 #include "XConnection.h"
 
 #include "LastError.h"
+#include "OpenXConnections.h"
 
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <cerrno>
 #include <charconv>
 #include <cmath>
+#include <cstddef>
+#include <mutex>
 #include <string_view>
 #include <utility>
 
@@ -34,33 +42,93 @@ bool IsWaylandSession() {
 }
 
 /// A display's name as messages quote it, which have more to say.
-std::string Quoted(const char* name) {
-    const std::string_view whole = name ? name : "";
-    const std::string_view shown = WholeCharacters(whole, longestName);
-    return std::string(shown) + (shown.size() < whole.size() ? "..." : "");
+std::string Quoted(std::string_view name) {
+    const std::string_view shown = WholeCharacters(name, longestName);
+    return std::string(shown) + (shown.size() < name.size() ? "..." : "");
+}
+
+/// Whether a server of this machine listens for a display's clients.
+bool IsServedHere(const std::string& display) {
+    char* parsed = nullptr;
+    int number = 0;
+    if (!xcb_parse_display(display.c_str(), &parsed, &number, nullptr)) return false;
+    const XReply<char> host(parsed);
+    if (host && *host != '\0') return false;
+    const std::string path = "/tmp/.X11-unix/X" + std::to_string(number);
+    for (const std::size_t unnamed : {1, 0}) { // Linux has sockets that are no files, with a 0 before
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        path.copy(address.sun_path + unnamed, sizeof address.sun_path - 2);
+        const auto size = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + unnamed + path.size());
+        const int client = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
+        if (client < 0) return false;
+        // EAGAIN: so many wait that this one would have to.
+        const bool isServed =
+            connect(client, reinterpret_cast<const sockaddr*>(&address), size) == 0 || errno == EAGAIN;
+        close(client);
+        if (isServed) return true;
+    }
+    return false;
+}
+
+/// What to do where no server is found.
+std::string Remedy() {
+    if (IsWaylandSession())
+        return "this is a Wayland session: start Xwayland and have the toolkit use X11 (QT_QPA_PLATFORM=xcb, "
+               "GDK_BACKEND=x11, SDL_VIDEODRIVER=x11), or draw off-screen.";
+    return "start an X server or set DISPLAY.";
 }
 
 } // namespace
 
-XConnection::XConnection(xcb_connection_t* handle, std::string name)
-    : m_handle(handle), m_name(std::move(name)) {}
-
-XConnection::~XConnection() {
-    xcb_disconnect(m_handle);
+std::shared_ptr<XConnection> XConnection::To(const char* displayName) {
+    const char* const named = displayName && *displayName ? displayName : std::getenv("DISPLAY");
+    const std::string name = named ? named : "";
+    if (auto open = OpenXConnections::Find(name); open && open->IsUsable()) return open;
+    auto connection = std::make_shared<XConnection>(name);
+    if (!connection->IsAlive()) {
+        connection->FailToOpen();
+        return nullptr;
+    }
+    OpenXConnections::Add(name, connection);
+    return connection;
 }
 
-std::shared_ptr<XConnection> XConnection::Open(const char* displayName) {
-    const std::string name = Quoted(displayName ? displayName : std::getenv("DISPLAY"));
-    auto connection = std::make_shared<XConnection>(xcb_connect(displayName, nullptr), name);
-    if (connection->IsAlive()) return connection;
-    const std::string problem = name.empty() ? "no display is named" : "cannot open display \"" + name + "\"";
-    const std::string remedy =
-        IsWaylandSession()
-            ? "this is a Wayland session: start Xwayland and have the toolkit use X11 (QT_QPA_PLATFORM=xcb, "
-              "GDK_BACKEND=x11, SDL_VIDEODRIVER=x11), or draw off-screen."
-            : "start an X server or set DISPLAY.";
-    Fail(ERROR_INVALID_PARAMETER, "X11: " + problem + "; " + remedy);
-    return nullptr;
+XConnection::XConnection(const std::string& name) : m_name(Quoted(name)), m_process(getpid()) {
+    // One after another: libXau, which XCB asks for the permission, keeps a file's name for all threads.
+    static std::mutex opening;
+    const std::lock_guard<std::mutex> guard(opening);
+    errno = 0;
+    m_handle = xcb_connect(name.c_str(), nullptr);
+    m_systemError = errno;
+}
+
+XConnection::~XConnection() {
+    m_egl.clear(); // it talks over the connection
+    xcb_disconnect(m_handle);
+    OpenXConnections::ForgetClosed();
+}
+
+bool XConnection::FailToOpen() const {
+    if (m_name.empty()) return Fail(ERROR_INVALID_PARAMETER, "X11: no display is named; " + Remedy());
+    const std::string words = "X11: cannot open display \"" + m_name + "\"";
+    if (m_systemError == EMFILE || m_systemError == ENFILE)
+        return Fail(ERROR_TOO_MANY_OPEN_FILES,
+                    words + ": there are too many open files; close some or raise the limit (ulimit -n).");
+    if (m_systemError == ENOMEM || xcb_connection_has_error(m_handle) == XCB_CONN_CLOSED_MEM_INSUFFICIENT)
+        return Fail(ERROR_NOT_ENOUGH_MEMORY, words + ": there is not enough memory; close other programs.");
+    // XCB writes the server's reason to standard error and keeps it from us.
+    if (IsServedHere(m_name))
+        return Fail(ERROR_BUSY, words + ": the X server refuses another client; it has as many as it serves "
+                                        "(close programs, or start it with a larger -maxclients), or gives "
+                                        "no permission (xauth).");
+    return Fail(ERROR_INVALID_PARAMETER, words + "; " + Remedy());
+}
+
+bool XConnection::IsUsable() const {
+    if (m_process != getpid()) return false;
+    DropEvents(); // reads, and so notices that the server has ended
+    return IsAlive();
 }
 
 bool XConnection::FailWindow(unsigned long window) const {
@@ -115,6 +183,16 @@ int XConnection::DotsPerInch(xcb_window_t root) const {
     if (!reply || reply->format != 8) return usualDotsPerInch;
     return ParseDotsPerInch({static_cast<const char*>(xcb_get_property_value(reply.get())),
                              static_cast<std::size_t>(xcb_get_property_value_length(reply.get()))});
+}
+
+std::shared_ptr<EglDisplay> XConnection::EglOfScreen(int number) {
+    if (!HasEglClientExtension("EGL_EXT_platform_xcb")) return nullptr;
+    const KeepLastError keep; // there is another way to show pictures
+    std::unique_ptr<EglDisplay>& display = m_egl[number];
+    const EGLAttrib attributes[] = {EGL_PLATFORM_XCB_SCREEN_EXT, number, EGL_NONE};
+    if (!display) display = EglDisplay::OfConnection(EGL_PLATFORM_XCB_EXT, m_handle, attributes);
+    if (!display) return nullptr;
+    return {shared_from_this(), display.get()};
 }
 
 } // namespace KivoDrawingTools

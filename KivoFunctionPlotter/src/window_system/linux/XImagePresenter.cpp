@@ -37,15 +37,21 @@ std::uint32_t Channel(std::uint32_t mask, unsigned level) {
 }
 
 /// Asks for an even cube of colours; what a full palette refuses is left out.
-void AllocateCube(xcb_connection_t* connection, xcb_colormap_t colormap) {
+/// @return the pixels that were allocated
+std::vector<std::uint32_t> AllocateCube(xcb_connection_t* connection, xcb_colormap_t colormap) {
     std::vector<xcb_alloc_color_cookie_t> requests;
+    std::vector<std::uint32_t> pixels;
     requests.reserve(cubeSide * cubeSide * cubeSide);
+    pixels.reserve(requests.capacity());
     const auto level = [](int step) { return static_cast<std::uint16_t>(step * 0xFFFF / (cubeSide - 1)); };
     for (int i = 0; i < cubeSide * cubeSide * cubeSide; ++i)
         requests.push_back(xcb_alloc_color(connection, colormap, level(i / (cubeSide * cubeSide)),
                                            level(i / cubeSide % cubeSide), level(i % cubeSide)));
-    for (const auto request : requests)
-        XReply<xcb_alloc_color_reply_t>(xcb_alloc_color_reply(connection, request, nullptr));
+    for (const auto request : requests) {
+        const XReply<xcb_alloc_color_reply_t> reply(xcb_alloc_color_reply(connection, request, nullptr));
+        if (reply) pixels.push_back(reply->pixel);
+    }
+    return pixels;
 }
 
 std::vector<PaletteColor> QueryPalette(xcb_connection_t* connection, xcb_colormap_t colormap, int entries) {
@@ -113,6 +119,13 @@ XImagePresenter::XImagePresenter(std::shared_ptr<XConnection> connection, XVisua
                                  const xcb_format_t& format)
     : m_connection(std::move(connection)), m_visual(visual), m_format(format) {}
 
+// The connection may live on for other windows; what is allocated in it is given back here.
+XImagePresenter::~XImagePresenter() {
+    if (m_allocated.empty()) return;
+    xcb_free_colors(m_connection->Handle(), m_colormap, 0, static_cast<std::uint32_t>(m_allocated.size()),
+                    m_allocated.data());
+}
+
 std::unique_ptr<XImagePresenter> XImagePresenter::Make(std::shared_ptr<XConnection> connection,
                                                        XVisual visual, xcb_colormap_t colormap) {
     const xcb_format_t* const format = FormatOf(*connection, visual.depth);
@@ -143,7 +156,8 @@ void XImagePresenter::FillPaletteTable(xcb_colormap_t colormap) {
     const auto visualClass = m_visual.type->_class;
     xcb_connection_t* const connection = m_connection->Handle();
     if (visualClass == XCB_VISUAL_CLASS_PSEUDO_COLOR || visualClass == XCB_VISUAL_CLASS_GRAY_SCALE)
-        AllocateCube(connection, colormap);
+        m_allocated = AllocateCube(connection, colormap);
+    m_colormap = colormap;
     const int entries = std::min<int>(m_visual.type->colormap_entries, 1 << m_visual.depth);
     const auto palette = QueryPalette(connection, colormap, entries);
     const bool isGrey =

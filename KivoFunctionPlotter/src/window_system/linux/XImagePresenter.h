@@ -16,6 +16,9 @@ public:
     /// @return null, with the failure recorded, for pixels of less than 8 bits
     static std::unique_ptr<XImagePresenter> Make(std::shared_ptr<XConnection> connection, XVisual visual,
                                                  xcb_colormap_t colormap);
+    ~XImagePresenter();
+    XImagePresenter(const XImagePresenter&) = delete;
+    XImagePresenter& operator=(const XImagePresenter&) = delete;
 
     /// @param size  of the picture, that is of the current context's surface
     bool Present(xcb_window_t window, const SIZE& size);
@@ -37,6 +40,8 @@ private:
     // values of red, then of green, then of blue, to be combined.
     std::vector<std::uint32_t> m_pixels;
     bool m_hasPalette = false;
+    xcb_colormap_t m_colormap = XCB_NONE;   // with a palette
+    std::vector<std::uint32_t> m_allocated; // pixels of it
 };
 
 } // namespace KivoDrawingTools
