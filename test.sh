@@ -7,7 +7,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")"
 . scripts/packages.sh
 install_packages "${kivo_run_packages[@]}" "${kivo_test_packages[@]}"
 
-builds=(test asan mingw)
+builds=(test asan tsan mingw)
 chosen=(--label-exclude only-quick)
 if [ "${1:-}" = quick ]; then
     shift

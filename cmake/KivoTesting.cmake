@@ -39,6 +39,8 @@ endfunction()
 # The kinds of builds are tested side by side; the name of a test begins with its build's.
 if(WIN32)
     set(KIVO_TESTED windows)
+elseif(KIVO_SANITIZE STREQUAL thread)
+    set(KIVO_TESTED threads)
 elseif(KIVO_SANITIZE)
     set(KIVO_TESTED sanitizers)
 else()

@@ -7,4 +7,5 @@
 export ASAN_OPTIONS=detect_leaks=1:abort_on_error=0:intercept_tls_get_addr=0
 export LSAN_OPTIONS="suppressions=$PWD/KivoFunctionPlotter/tests/support/leaks.supp:print_suppressions=0"
 export UBSAN_OPTIONS=print_stacktrace=1
+export TSAN_OPTIONS="suppressions=$PWD/KivoFunctionPlotter/tests/support/threads.supp:print_suppressions=0"
 [ "${BASH_SOURCE[0]}" != "$0" ] || exec "$@"
