@@ -2,7 +2,8 @@
 # Uses the library as other projects do; each of their programs draws a picture, and so do plugins on Linux,
 # which are unloaded and loaded again. All paths have a blank in them.
 #   scripts/test-package.sh part shared|static Debug|Release add_subdirectory|FetchContent [mingw]
-#       builds it as a part of another project, installs it from there, and uses that by find_package and pkg-config
+#       builds it as a part of another project, installs it from there, and uses that by find_package and pkg-config;
+#       with CXXFLAGS, where these are set
 #   scripts/test-package.sh installed linux|mingw
 #       installs what is built already, and uses that by find_package and pkg-config
 set -euo pipefail
@@ -84,10 +85,11 @@ if [ "$platform" = mingw ]; then # only our library is beside the program
     fi
     flags=(-static "${flags[@]}")
 fi
-"$compiler" -std=c++17 "$root/$consumer/main.cpp" -o "$place/by pkg-config/consumer$suffix" "${flags[@]}"
+read -ra own <<<"${CXXFLAGS:-}"
+"$compiler" -std=c++17 "${own[@]}" "$root/$consumer/main.cpp" -o "$place/by pkg-config/consumer$suffix" "${flags[@]}"
 LD_LIBRARY_PATH=$(dirname "$PKG_CONFIG_PATH") try "$place/by pkg-config/consumer"
 if [ "$platform" = linux ]; then
-    "$compiler" -std=c++17 -shared -fPIC -Wl,--version-script="$root/$consumer/plugin.map" "$root/$consumer/plugin.cpp" \
+    "$compiler" -std=c++17 "${own[@]}" -shared -fPIC -Wl,--version-script="$root/$consumer/plugin.map" "$root/$consumer/plugin.cpp" \
         -o "$place/by pkg-config/plugin.so" "${flags[@]}"
     LD_LIBRARY_PATH=$(dirname "$PKG_CONFIG_PATH") try_plugin "$place/by pkg-config"
 fi

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # A program whose strings and vectors lie otherwise in memory than the library's is refused by the headers, in a sentence;
-# one that is built as the library is works. scripts/test-standard-library.sh
+# one that is built as the library is is not. scripts/test-standard-library.sh
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 place=$(mktemp -d)
@@ -20,12 +20,11 @@ refused() {
     echo "refused: ${flags[-1]}"
 }
 
-# built <folder> <option>...: the library with the consumer, which draws its picture; their headers are in $headers.
-built() {
+# configured <folder> <option>...: a project around the library; the headers of both are in $headers.
+configured() {
     cmake -S "$consumer" -B "$place/$1" -G Ninja -DCONSUME=add_subdirectory -DCHECKOUT="$root" -DCMAKE_BUILD_TYPE=Debug "${@:2}"
-    cmake --build "$place/$1" --target consumer
-    env -u DISPLAY "$place/$1/consumer"
-    headers=("-I$root/KivoFunctionPlotter/include" "-I$place/$1/plotter/KivoFunctionPlotter/include")
+    headers=("-I$root/KivoFunctionPlotter/include" "-I$place/$1/plotter/KivoFunctionPlotter/include"
+        "-I$place/$1/plotter/KivoFunctionPlotter/include/Debug")
 }
 
 # Every header of the usual build refuses, whichever comes first.
@@ -39,12 +38,14 @@ for header in FunctionPlotter Host Picture Platform Window; do
     grep -q 'error: .*only one has _GLIBCXX_DEBUG' "$place/words" || { echo "Kivo$header.h accepts another library" && exit 1; }
 done
 
-# The old interface for all of a build, and checked containers for one configuration of a project around the library.
-built old -DBUILD_SHARED_LIBS=ON -DCMAKE_CXX_FLAGS=-D_GLIBCXX_USE_CXX11_ABI=0
-refused 'another _GLIBCXX_USE_CXX11_ABI' "${headers[@]}" "-I$place/old/plotter/KivoFunctionPlotter/include/Debug" \
-    -D_GLIBCXX_USE_CXX11_ABI=0 -U_GLIBCXX_USE_CXX11_ABI
+# The old interface for all of a project, in which test-package.sh draws a picture.
+configured old -DCMAKE_CXX_FLAGS=-D_GLIBCXX_USE_CXX11_ABI=0
+refused 'another _GLIBCXX_USE_CXX11_ABI' "${headers[@]}" -D_GLIBCXX_USE_CXX11_ABI=0 -U_GLIBCXX_USE_CXX11_ABI
+
+# Checked containers for one configuration of the project around the library, in which the picture is drawn here.
 echo 'add_compile_definitions($<$<CONFIG:Debug>:_GLIBCXX_DEBUG>)
 add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-fno-common>)' >"$place/around.cmake"
-built checked -DBUILD_SHARED_LIBS=OFF -DCMAKE_PROJECT_Consumer_INCLUDE="$place/around.cmake"
-refused '_GLIBCXX_DEBUG' "${headers[@]}" "-I$place/checked/plotter/KivoFunctionPlotter/include/Debug" \
-    -D_GLIBCXX_DEBUG -U_GLIBCXX_DEBUG
+configured checked -DBUILD_SHARED_LIBS=OFF -DCMAKE_PROJECT_Consumer_INCLUDE="$place/around.cmake"
+refused '_GLIBCXX_DEBUG' "${headers[@]}" -D_GLIBCXX_DEBUG -U_GLIBCXX_DEBUG
+cmake --build "$place/checked" --target consumer
+env -u DISPLAY "$place/checked/consumer"
