@@ -218,6 +218,21 @@ TEST(OperationFaults, AFailureOfTheFontListsLeavesTheContextCurrent) {
     EXPECT_EQ(wglGetCurrentContext(), nullptr);
 }
 
+// Zero would say that the frame is shown.
+TEST(OperationFaults, AFrameThatIsNotShownWithoutAReasonIsUnexplained) {
+    RecordedPlot plot;
+    OperationFault listed(0);
+    EXPECT_EQ(plot.plotter.Renderscene(), frameShown);
+    listed.Stop();
+    const auto& names = listed.Operations();
+    const long presenting = std::find(names.begin(), names.end(), "SwapBuffers") - names.begin() + 1;
+    OperationFault fault(presenting, ERROR_SUCCESS);
+    EXPECT_EQ(plot.plotter.Renderscene(), frameUnexplained);
+    EXPECT_EQ(fault.Failed(), "SwapBuffers");
+    fault.Stop();
+    EXPECT_EQ(plot.plotter.Renderscene(), frameShown);
+}
+
 // Labels of which one has failed are not taken for those that were there before.
 TEST(OperationFaults, LabelsOfTheLegendThatFailedAreMadeAgain) {
     RecordedPlot plot;

@@ -1,6 +1,8 @@
 // Makes operations of the window system fail.
 #pragma once
 
+#include "window_system/WindowSystem.h"
+
 #include <functional>
 #include <string>
 #include <vector>
@@ -8,11 +10,12 @@
 namespace KivoTest {
 
 /// Makes one window-system operation that the plotter calls fail: it does nothing, returns its failure result
-/// and sets the last error to ERROR_GEN_FAILURE. One fault at a time.
+/// and sets the last error. One fault at a time.
 class OperationFault {
 public:
     /// @param number  which operation, from 1 for the next one; 0: none, they are only listed
-    explicit OperationFault(long number);
+    /// @param error  the last error that it leaves; 0: a failure without a reason
+    explicit OperationFault(long number, KivoDrawingTools::DWORD error = KivoDrawingTools::ERROR_GEN_FAILURE);
     /// Gives back for real what an operation has been made to refuse to delete.
     ~OperationFault();
     OperationFault(const OperationFault&) = delete;
@@ -34,6 +37,7 @@ public:
 
 private:
     const long m_number;
+    const KivoDrawingTools::DWORD m_error;
     std::vector<std::string> m_operations;
     std::string m_failed;
     std::function<void()> m_owed;

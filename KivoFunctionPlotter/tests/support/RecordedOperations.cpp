@@ -26,7 +26,7 @@ OperationFault* fault = nullptr;
 
 } // namespace
 
-OperationFault::OperationFault(long number) : m_number(number) {
+OperationFault::OperationFault(long number, DWORD error) : m_number(number), m_error(error) {
     if (fault) throw std::logic_error("two operation faults at a time");
     fault = this;
 }
@@ -45,7 +45,7 @@ bool OperationFault::IsToFail(const char* name) {
     fault->m_operations.push_back(name);
     if (static_cast<long>(fault->m_operations.size()) != fault->m_number) return false;
     fault->m_failed = name;
-    Fail(ERROR_GEN_FAILURE, std::string(name) + ": made to fail");
+    Fail(fault->m_error, std::string(name) + ": made to fail");
     return true;
 }
 
