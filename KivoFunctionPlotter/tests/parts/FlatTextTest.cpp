@@ -84,12 +84,23 @@ protected:
     void ExpectReadableOutsideTheFrame(const FlatPlot& flat);
 };
 
+// The text's own directions on the screen, as long as its sides.
+ScreenVector RightOf(const DrawnQuad& quad) {
+    return {quad.corners[1].x - quad.corners[0].x, quad.corners[1].y - quad.corners[0].y};
+}
+ScreenVector UpOf(const DrawnQuad& quad) {
+    return {quad.corners[3].x - quad.corners[0].x, quad.corners[3].y - quad.corners[0].y};
+}
+
+void ExpectUnmirrored(const DrawnQuad& quad) {
+    const ScreenVector right = RightOf(quad), up = UpOf(quad);
+    EXPECT_NEAR(right.x * up.y - right.y * up.x, quad.Width() * quad.Height(), 1.0) << "determinant 1";
+}
+
 // Neither mirrored nor turned over: it reads to the right, or upwards.
 void ExpectReadable(const DrawnQuad& quad, bool isUpwards) {
-    const DrawnVertex* c = quad.corners.data(); // by the text's own directions
-    const ScreenVector right = {c[1].x - c[0].x, c[1].y - c[0].y};
-    const ScreenVector up = {c[3].x - c[0].x, c[3].y - c[0].y};
-    EXPECT_NEAR(right.x * up.y - right.y * up.x, quad.Width() * quad.Height(), 1.0) << "determinant 1";
+    ExpectUnmirrored(quad);
+    const ScreenVector right = RightOf(quad);
     EXPECT_NEAR(isUpwards ? right.x : right.y, 0.0, pixelLimit);
     EXPECT_GT(isUpwards ? right.y : right.x, 0.0);
 }
@@ -160,7 +171,8 @@ TEST_P(FlatText, ReversedRangesKeepWallsBehindAndTitlesBesideTheBox) {
                 plotter.SetAutoSwitchFramePlanes(isSwitching);
                 Reverse(reversed);
                 if (isFitted) plotter.AutoAdjustAxisLengthRatio();
-                Texts();
+                for (const DrawnQuad& text : Texts())
+                    ExpectUnmirrored(text);
                 const AxisBoxOnScreen& box = Box().m_screenBox;
                 const AxisLabelLayout& layout = Box().m_labelLayout;
                 double low = box.corners[0].y;

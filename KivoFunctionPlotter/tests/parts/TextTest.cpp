@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <cstring>
 #include <limits>
+#include <locale>
 #include <string>
 #include <utility>
 #include <vector>
@@ -153,6 +154,33 @@ TEST(TextImage, NumbersAreFixed) {
     EXPECT_EQ(FormatNumber(1234567.0f, 0), "1234567");
     EXPECT_EQ(FormatNumber(0.15f, 1), "0.2");
     EXPECT_EQ(FormatNumber(1e-7f, 2), "0.00");
+}
+
+namespace {
+
+// 1.234,5 while it lives: what streams of the program write that choose no locale.
+class CommaLocale {
+public:
+    CommaLocale() : m_before(std::locale::global(std::locale(std::locale::classic(), new Punctuation))) {}
+    ~CommaLocale() { std::locale::global(m_before); }
+    CommaLocale(const CommaLocale&) = delete;
+    CommaLocale& operator=(const CommaLocale&) = delete;
+
+private:
+    struct Punctuation : std::numpunct<char> {
+        char do_decimal_point() const override { return ','; }
+        char do_thousands_sep() const override { return '.'; }
+        std::string do_grouping() const override { return "\3"; }
+    };
+    const std::locale m_before;
+};
+
+} // namespace
+
+TEST(TextImage, NumbersAreThoseOfTheClassicLocaleWhateverTheHosts) {
+    const CommaLocale host;
+    EXPECT_EQ(FormatNumber(1234567.5f, 1), "1234567.5");
+    EXPECT_EQ(FormatNumber(-1234.0f, 0), "-1234");
 }
 
 TEST(TextImage, WhatIsNoNumberReadsTheSameEverywhere) {
@@ -316,6 +344,23 @@ TEST_P(Text, WordsAreMeasuredWithTheirSpaces) {
               (std::vector<int>{0, Extent("one  ").cx, Extent("two ").cx, Extent("three", 1).cx}));
     Make("one ");
     EXPECT_EQ(Renderer().m_wordExtents, (std::vector<int>{0, Extent("one ").cx})) << "no tail after spaces";
+}
+
+// A text may have millions.
+TEST_P(Text, WordsAfterTheFirstThousandAreMeasuredAsOne) {
+    const auto words = [](int count) {
+        std::string text;
+        for (int i = 0; i < count; ++i)
+            text += "a ";
+        return text;
+    };
+    std::vector<int> expected(1001, Extent("a ").cx);
+    expected[0] = 0;
+    Make(words(1000));
+    EXPECT_EQ(Renderer().m_wordExtents, expected);
+    Make(words(1200) + "a");
+    expected.push_back(Extent(words(200) + "a", 1).cx);
+    EXPECT_EQ(Renderer().m_wordExtents, expected);
 }
 
 TEST_P(Text, PixelsAreBlackOrTransparentWithTheBottomRowFirst) {

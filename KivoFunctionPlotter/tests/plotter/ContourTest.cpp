@@ -222,6 +222,27 @@ TEST_P(Contours, EachSetIsMovedToTheBackPlaneOfItsAxis) {
     }
 }
 
+// Whatever a point of the data has.
+TEST_P(Contours, RecordsHoldThreeFloatsAPoint) {
+    std::vector<std::vector<DrawnVertex>> expected;
+    for (const unsigned int floats : {3u, 4u, 5u, 7u}) {
+        SCOPED_TRACE(floats);
+        float* points = new float[std::size_t{30} * 24 * floats];
+        std::fill_n(points, std::size_t{30} * 24 * floats, 1.0f);
+        for (std::size_t i = 0; i < std::size_t{30} * 24; ++i)
+            std::copy_n(&surface.points[3 * i], 3, points + i * floats);
+        plotter.SetData(points, 30, 24, 1, 30, floats);
+        const std::vector<std::vector<DrawnVertex>> drawn = {
+            LineEnds([this] { plotter.RenderFlatXIsoContour(); }),
+            LineEnds([this] { plotter.RenderFlatYIsoContour(); }),
+            LineEnds([this] { plotter.RenderFlatZIsoContour(); })};
+        for (const std::vector<DrawnVertex>& ends : drawn)
+            EXPECT_GT(ends.size(), 500u);
+        if (floats == 3) expected = drawn;
+        EXPECT_EQ(drawn, expected);
+    }
+}
+
 TEST_P(Contours, AFlatPlotShowsTheSetOfTheAxisItLooksAlongWhateverIsHidden) {
     using Switch = int (CKivoFunctionPlotter::*)();
     using SetColors = void (CKivoFunctionPlotter::*)(unsigned long, unsigned long);

@@ -1,6 +1,7 @@
 // What hosts translate for the plotter, and the words that they get from it.
 #include "KivoHost.h"
 #include "KivoWindow.h"
+#include "window_system/WindowSystem.h"
 
 #include <gtest/gtest.h>
 
@@ -71,6 +72,15 @@ TEST(HostTest, WheelStepsNeverOverflow) {
             EXPECT_GT(remainder, -120);
             EXPECT_EQ(120 * steps + remainder, static_cast<long long>(before) + delta);
         }
+}
+
+TEST(HostTest, AWindowTellsItsResolution) {
+    for (const int dpi : {72, 144}) { // on Windows the system's instead
+        const HWND window = CreateOffscreenWindow(16, 12, dpi);
+        EXPECT_EQ(GetWindowDpi(window), GetDeviceCaps(GetDC(window), LOGPIXELSY));
+        EXPECT_EQ(ReleaseWindow(window), 0);
+    }
+    EXPECT_EQ(GetWindowDpi(nullptr), 0);
 }
 
 // As in printf("%d %s", OnCreate(...), LastWindowError()), where either may come first.

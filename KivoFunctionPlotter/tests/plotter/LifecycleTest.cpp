@@ -76,8 +76,34 @@ T* WatchedArray(int slot, std::size_t count) {
 
 // ---- Construction
 
+namespace {
+
+// A plotter in memory that holds no zeros, so that what construction forgets is seen.
+class FreshPlotter {
+public:
+    FreshPlotter() {
+        volatile unsigned char* const bytes =
+            m_memory; // else the compiler leaves out what a constructor ends
+        for (std::size_t i = 0; i < sizeof m_memory; ++i)
+            bytes[i] = 0xA5;
+        m_plotter = new (m_memory) PlotterProbe;
+    }
+    ~FreshPlotter() { m_plotter->~PlotterProbe(); }
+    FreshPlotter(const FreshPlotter&) = delete;
+    FreshPlotter& operator=(const FreshPlotter&) = delete;
+
+    const PlotterProbe& Get() const { return *m_plotter; }
+
+private:
+    alignas(PlotterProbe) unsigned char m_memory[sizeof(PlotterProbe)];
+    PlotterProbe* m_plotter;
+};
+
+} // namespace
+
 TEST(Lifecycle, AFreshPlotterHasNoWindowAndNoData) {
-    const PlotterProbe p;
+    const FreshPlotter fresh;
+    const PlotterProbe& p = fresh.Get();
     EXPECT_EQ(p.m_hWnd, nullptr);
     EXPECT_EQ(p.m_hDC, nullptr);
     EXPECT_EQ(p.m_hGLRC, nullptr);
@@ -108,7 +134,8 @@ TEST(Lifecycle, AFreshPlotterHasNoWindowAndNoData) {
 }
 
 TEST(Lifecycle, AFreshPlotterHasItsCameraAndColours) {
-    const PlotterProbe p;
+    const FreshPlotter fresh;
+    const PlotterProbe& p = fresh.Get();
     EXPECT_EQ(p.m_panFractionX, 0.055);
     EXPECT_EQ(p.m_panFractionY, -0.025);
     EXPECT_EQ(FromArray(p.m_rotationMatrix), Identity());
@@ -131,7 +158,8 @@ TEST(Lifecycle, AFreshPlotterHasItsCameraAndColours) {
 }
 
 TEST(Lifecycle, AFreshPlotterShowsFrameLinesOnly) {
-    const PlotterProbe p;
+    const FreshPlotter fresh;
+    const PlotterProbe& p = fresh.Get();
     EXPECT_FALSE(p.m_useFramelineTexture);
     EXPECT_TRUE(p.m_showFrameLines);
     EXPECT_FALSE(p.m_showXIsoContours);

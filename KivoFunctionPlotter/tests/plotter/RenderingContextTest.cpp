@@ -186,17 +186,22 @@ TEST_P(ContextInWindow, MaterialAndLight) {
 
 namespace {
 
+// As axes without ranges have a view without numbers, the lights stand as without one.
 TEST_P(ContextInWindow, TheFirstDataPlaceTheLightsAtFinitePoints) {
     const TestSurface surface = HillSurface(8, 6);
     plotter.SetData(surface.NewArray(), 8, 6, 1, 8, 3);
     plotter.OnDraw();
     const CurrentContext context(plotter);
-    for (const GLenum light : {GL_LIGHT0, GL_LIGHT1}) {
-        GLfloat position[4] = {};
-        glGetLightfv(light, GL_POSITION, position);
-        for (const GLfloat coordinate : position)
-            EXPECT_TRUE(std::isfinite(coordinate));
-    }
+    const auto positionOf = [](GLenum light) {
+        std::vector<float> position(4);
+        glGetLightfv(light, GL_POSITION, position.data());
+        return position;
+    };
+    const float *low = plotter.m_boundingBoxMin, *high = plotter.m_boundingBoxMax;
+    EXPECT_EQ(positionOf(GL_LIGHT0),
+              (std::vector<float>{high[0] * 1.2f, high[1] * 1.2f, high[2] * 1.8f, 1.0f}));
+    EXPECT_EQ(positionOf(GL_LIGHT1),
+              (std::vector<float>{low[0] * 1.2f, low[1] * 1.2f, high[2] * 1.8f, 1.0f}));
 }
 
 class OwnLighting : public PlotterProbe {

@@ -336,7 +336,17 @@ TEST(SurfaceData, NarrowGridsHaveNoTriangles) {
             EXPECT_EQ(plotter.m_boundingBoxMax[i], surface.Max(i));
         }
         ASSERT_NE(plotter.m_colorArray, nullptr);
-        EXPECT_EQ(plotter.m_colorArray[3], 1.0f);
+        ASSERT_NE(plotter.m_texcoordArray, nullptr);
+        for (unsigned int i = 0; i < plotter.m_vertexCount; ++i) {
+            EXPECT_EQ(plotter.m_colorArray[4 * i + 3], 1.0f);
+            for (const unsigned int along : {0u, 1u}) // the other direction has no length to be a share of
+                if (size[along] > 1) {
+                    EXPECT_FLOAT_EQ(plotter.m_texcoordArray[2 * i + along],
+                                    static_cast<float>(i) / static_cast<float>(size[along] - 1));
+                }
+        }
+        EXPECT_TRUE(plotter.m_flatXIsoContours.empty() && plotter.m_flatYIsoContours.empty() &&
+                    plotter.m_flatZIsoContours.empty());
         plotter.AssignNormalData();
         EXPECT_EQ(plotter.m_normalArray[2], 1.0f);
     }

@@ -669,6 +669,32 @@ TEST_P(TraceLayers, TheLabelStandsStillWhenTheViewTurnsOrZooms) {
     ExpectLabel(DrawLabel(), "(1.000, 2.000, 3.000)");
 }
 
+// Also where a hundredth of the width is no whole number of pixels.
+TEST_P(TraceLayers, TheLabelIsSharpAtEveryMargin) {
+    plotter.SetTracePoint(1, 2, 3);
+    SKivoTexImage label;
+    {
+        const CurrentContext context(plotter);
+        ASSERT_EQ(CreateTextImage(plotter.m_textRenderer, "(1.000, 2.000, 3.000)", &label), 0);
+    }
+    int ink = 0;
+    for (int i = 0; i < label.width * label.height; ++i)
+        ink += label.pixels[4 * i + 3] != 0 ? 1 : 0;
+    for (int viewWidth = 333; viewWidth <= 400; viewWidth += 7) {
+        SCOPED_TRACE(viewWidth);
+        plotter.m_plotViewport[2] = viewWidth;
+        plotter.AutoAdjustAxisLengthRatio();
+        const Image picture = DrawLabel();
+        EXPECT_EQ(picture.Count(IsWhite), picture.width * picture.height - ink);
+        EXPECT_EQ(picture.Count([](const unsigned char* rgb) {
+            return std::max({rgb[0], rgb[1], rgb[2]}) == 0;
+        }),
+                  ink);
+    }
+    const CurrentContext context(plotter);
+    ReleaseTextImage(&label);
+}
+
 TEST_P(TraceLayers, TheLabelLeavesTheMatrixModeAlone) {
     plotter.SetTracePoint(1, 2, 3);
     const CurrentContext context(plotter);
