@@ -420,6 +420,29 @@ TEST(PickSurface, FindsWhatAPlainWalkFindsOnRidgesAlongAShortAxis) {
         }
 }
 
+// Each corner alone says how large its cells are, and a line near the top is far from the other corners.
+TEST(PickSurface, FindsSpikesOfOnePointFromAllSides) {
+    constexpr double height = 100.0;
+    std::mt19937 random(9);
+    std::uniform_real_distribution<double> rough(-1.0, 1.0);
+    for (const unsigned int at : {1u, 4u, 7u}) {
+        Grid grid = MakeGrid(9, 9, [&](unsigned int, unsigned int) { return rough(random); });
+        grid.At(at, at)[2] = static_cast<float>(height);
+        int met = 0;
+        for (int i = 0; i < 360; ++i) {
+            const double angle = i * 3.14159265358979 / 180.0;
+            const double toX = std::cos(angle), toY = std::sin(angle), beside = 0.01 * (i % 7 - 3);
+            const Ray ray = {{static_cast<float>(at - 30.0 * toX - beside * toY),
+                              static_cast<float>(at - 30.0 * toY + beside * toX),
+                              static_cast<float>(height * (0.8 + 0.01 * (i % 13)))},
+                             {static_cast<float>(toX), static_cast<float>(toY), 0.0f}};
+            float hit[3] = {7, 7, 7};
+            met += Pick(grid.View(), ray, 1e30f, hit) == PickResult::triangle ? 1 : 0;
+        }
+        EXPECT_GT(met, 300) << at;
+    }
+}
+
 TEST(PickSurface, FindsWhatAPlainWalkFindsAmongDegenerateCells) {
     std::mt19937 random(5);
     std::uniform_real_distribution<float> uniform(-1.0f, 1.0f);
