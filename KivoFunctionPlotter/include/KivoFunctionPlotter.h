@@ -906,6 +906,7 @@ protected:
 
 private:
     friend struct PictureAccess; // draws without presenting, for KivoPicture.h
+    friend struct StyleAccess;   // the fields of KivoStyle.h, and what is made from them
     friend struct ViewAccess;    // saves and restores what a view consists of
 
     struct SOwnedArray {
@@ -919,6 +920,11 @@ private:
     std::size_t m_framelineArraySize = 0; // of which m_framelineIndexCount has the lower bits
     SOwnedArray m_ownedArray = {};        // what the points lie in, unless a derived class has replaced them
 
+    float m_pixelScale = 1.0f; // of KivoStyle.h
+
+    void InitTexts(int fontSize);
+    static void DeleteFontLists(unsigned int base);
+    void StyleGridBox() const;
     void InitRuler(CKivoGradientColorRuler* ruler, CKivoGradientColor* gradient);
     void ForgetNameTextures();
     void ApplyStartView();

@@ -2,6 +2,7 @@
 #include "FeaturePicture.h"
 
 #include <KivoPicture.h>
+#include <KivoStyle.h>
 #include <KivoWindow.h>
 
 #include <stdexcept>
@@ -44,6 +45,14 @@ void Background(CKivoFunctionPlotter& plotter) {
     // [docs: end]
 }
 
+void PixelScale(CKivoFunctionPlotter& plotter) {
+    // [docs: pixel-scale]
+    SKivoStyle style = GetStyle(plotter);
+    style.pixelScale = 1.5f; // as on a screen of 144 dots per inch
+    SetStyle(plotter, style);
+    // [docs: end]
+}
+
 Pixels Small(CKivoFunctionPlotter& plotter) {
     // [docs: small]
     std::vector<unsigned char> rgba; // red, green, blue, alpha, top row first
@@ -77,6 +86,7 @@ const std::vector<FeaturePicture> viewPictures = {
     {"xz-plot", XzPlot},
     {"turned", Turned},
     {"background", Background},
+    {"pixel-scale", PixelScale},
     {"small", Unchanged, nullptr, Small},
     {"off-screen", Unchanged, nullptr, Offscreen},
 };

@@ -1,4 +1,4 @@
-// Scopes that put OpenGL state back: the current context and the matrix mode.
+// Scopes that put OpenGL state back: the current context, the matrix mode, the width of lines.
 #pragma once
 
 #include "HostContextScope.h"
@@ -39,6 +39,23 @@ public:
 
 private:
     GLint m_previous = GL_MODELVIEW; // what stands where no context answers the query
+};
+
+/// Draws lines of another width than 1 for the life of the object; they are 1 wide afterwards. A width of 1
+/// calls nothing.
+class LineWidthScope {
+public:
+    explicit LineWidthScope(float width) : m_isOther(width != 1.0f) {
+        if (m_isOther) glLineWidth(width);
+    }
+    ~LineWidthScope() {
+        if (m_isOther) glLineWidth(1.0f);
+    }
+    LineWidthScope(const LineWidthScope&) = delete;
+    LineWidthScope& operator=(const LineWidthScope&) = delete;
+
+private:
+    bool m_isOther;
 };
 
 } // namespace KivoDrawingTools

@@ -51,13 +51,14 @@ void CKivoGradientColorRuler::BuildLabels() {
     ReleaseLabels();
     m_labels = new SKivoTexImage[std::size_t{m_divisionCount} + 1];
     bool areMade = true;
-    const float step = (m_gradient->m_max - m_gradient->m_min) / static_cast<float>(m_divisionCount);
-    for (unsigned int i = 0; i <= m_divisionCount; ++i) {
-        const float value = m_gradient->m_min + static_cast<float>(i) * step;
-        areMade &=
-            CreateTextImage(m_textRenderer, FormatNumber(value, m_precision).c_str(), &m_labels[i]) == 0;
-    }
+    for (unsigned int i = 0; i <= m_divisionCount; ++i)
+        areMade &= CreateTextImage(m_textRenderer, LabelText(i).c_str(), &m_labels[i]) == 0;
     if (areMade) m_labelSource = source;
+}
+
+std::string CKivoGradientColorRuler::LabelText(unsigned int label) const {
+    const float step = (m_gradient->m_max - m_gradient->m_min) / static_cast<float>(m_divisionCount);
+    return FormatNumber(m_gradient->m_min + static_cast<float>(label) * step, m_precision);
 }
 
 // A label that was made while no context was current has no texture.

@@ -4,6 +4,7 @@
 #include "computing/AxisLabelLayout.h"
 #include "KivoTypes.h"
 
+#include <string>
 #include <vector>
 
 namespace KivoDrawingTools {
@@ -26,6 +27,8 @@ public:
     /// where they show these numbers already.
     void BuildLabels();
     void ReleaseLabels();
+    /// The text of a label, the lowest being number 0.
+    std::string LabelText(unsigned int label) const;
     /// Draws bar and labels.
     /// @param viewport  x, y, width, height in window pixels
     /// @param volume    left, right, bottom, top, near, far

@@ -100,12 +100,14 @@ void CKivoGridBox::BuildTickLabels(int axis) {
     if (!m_tickLabels[axis] || !m_tickPositions[axis]) return;
     const std::size_t stride = LeastLabelStride(count);
     for (unsigned int i = 0; i < count; ++i) {
-        const float value = m_tickPositions[axis][i] + m_axisMin[axis] - m_tickOffset[axis];
-        if (i % stride == 0)
-            CreateTextImage(m_textMaker, FormatNumber(value, m_precision[axis]).c_str(),
-                            &m_tickLabels[axis][i]);
+        if (i % stride == 0) CreateTextImage(m_textMaker, LabelText(axis, i).c_str(), &m_tickLabels[axis][i]);
         m_tickPositions[axis][i] = static_cast<float>(i) * m_tickStep[axis] + m_tickOffset[axis];
     }
+}
+
+std::string CKivoGridBox::LabelText(int axis, unsigned int tick) const {
+    const float value = m_tickPositions[axis][tick] + m_axisMin[axis] - m_tickOffset[axis];
+    return FormatNumber(value, m_precision[axis]);
 }
 
 void CKivoGridBox::ReleaseTickLabels(int axis) {

@@ -5,6 +5,7 @@
 #include "KivoTypes.h"
 
 #include <memory>
+#include <string>
 
 namespace KivoDrawingTools {
 
@@ -44,13 +45,15 @@ public:
     /// Makes the label images of an axis, of every LeastLabelStride()-th tick; without a text renderer the
     /// old ones stay.
     void BuildTickLabels(int axis);
+    /// What the label of a tick says; the axis must have tick positions.
+    std::string LabelText(int axis, unsigned int tick) const;
     /// Frees the labels; walks the present number of intervals, so it comes before a change of that.
     void ReleaseTickLabels(int axis);
 
     // Drawing; the context must be current, lighting off and the data's model-view matrix loaded.
 
     /// Draws the 3-D box: back planes, outlines, grid lines, ticks, labels and titles.
-    /// @param worldPerPixel  length of one pixel in view-volume units
+    /// @param worldPerPixel  length of one pixel of the screen in view-volume units
     /// @param axisScale      three scale factors
     /// @param rotation       sixteen doubles, column-major
     void Render(double worldPerPixel, const double* axisScale, const double* rotation);
@@ -90,11 +93,13 @@ public:
     float* m_tickPositions[3] = {};          ///< m_tickIntervals + 1 distances from the low face; from new[]
     SKivoTexImage* m_tickLabels[3] = {};     ///< m_tickIntervals + 1 images; from new[]
     SKivoTexImage m_axisTitleImage[3];
-    float m_tickLength = 10.0f;  ///< in pixels
-    float m_labelOffset = 12.5f; ///< in pixels
+    float m_tickLength = 10.0f;  ///< in the box's pixels
+    float m_labelOffset = 12.5f; ///< likewise
+    float m_pixelScale = 1.0f;   ///< pixels of the screen in one of the box's, by which it measures
     bool m_showGridLines = true;
 
-    // Labels and titles of the last 3-D frame; kept from frame to frame for their memory.
+    // Labels and titles of the last 3-D frame, in the box's pixels; kept from frame to frame for their
+    // memory.
     AxisBoxOnScreen m_screenBox;
     AxisLabelLayout m_labelLayout;
     double m_edgeDepth[3][2] = {}; ///< of the ends of the edges with ticks, 0 to 1
@@ -110,6 +115,10 @@ private:
     View m_flatView; // of the last frame of a flat plot
 
     static View CurrentView();
+    float TickLength() const { return m_tickLength * m_pixelScale; }
+    TextImageSize SizeOf(const SKivoTexImage& image) const;
+    void DrawPlaced(const PlacedImage& place, double depth, const SKivoTexImage& image) const;
+    PlacedImage FlatPlace(const float* center, const SKivoTexImage& image, bool isUpwards) const;
     void UpdateBox(int axis, std::unique_ptr<float[]> tickPositions);
     void PlaceTicks(int axis, std::unique_ptr<float[]> tickPositions);
     void UpdateMirroring(const double* axisScale);

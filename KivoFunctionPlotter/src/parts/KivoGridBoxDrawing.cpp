@@ -59,22 +59,6 @@ private:
     float m_point[3];
 };
 
-TextImageSize SizeOf(const SKivoTexImage& image) {
-    if (image.texture == 0 || !image.pixels) return {}; // nothing is drawn of it
-    return {static_cast<double>(image.width), static_cast<double>(image.height)};
-}
-
-// In pixels, at a depth of 0 to 1 in a projection from -1 to 1.
-void DrawPlaced(const PlacedImage& place, double depth, const SKivoTexImage& image) {
-    if (!place.isShown) return;
-    const float z = static_cast<float>(1.0 - 2.0 * depth);
-    const float center[] = {static_cast<float>(place.center.x), static_cast<float>(place.center.y), z};
-    const float right[] = {static_cast<float>(place.right.x), static_cast<float>(place.right.y), 0.0f};
-    const float up[] = {static_cast<float>(place.up.x), static_cast<float>(place.up.y), 0.0f};
-    DrawTexturedQuad(center, right, up, 2.0 * place.halfWidth / image.width,
-                     2.0 * place.halfHeight / image.height, image);
-}
-
 struct UnitVector {
     explicit UnitVector(int axis, float length = 1.0f) { components[axis] = length; }
     float components[3] = {};
@@ -104,14 +88,15 @@ private:
     }
 };
 
-// The labels of one axis of a flat plot, in pixels. Those of a horizontal axis may stand in two rows.
+// The labels of one axis of a flat plot, in pixels of the screen. Those of a horizontal axis may stand in two
+// rows.
 class FlatLabels {
 public:
     FlatLabels(const SKivoTexImage* images, const float* positions, unsigned int count, float pixelSize,
-               bool isHorizontal, bool isStaggered)
+               float pixelScale, bool isHorizontal, bool isStaggered)
         : m_images(images), m_positions(positions), m_count(images ? count : 0),
-          m_pixelSize(static_cast<double>(pixelSize)), m_isHorizontal(isHorizontal),
-          m_isStaggered(isStaggered) {}
+          m_pixelSize(static_cast<double>(pixelSize)), m_gap(leastGap * static_cast<double>(pixelScale)),
+          m_isHorizontal(isHorizontal), m_isStaggered(isStaggered) {}
 
     // Of 1, 2, 5, 10, ... the least that leaves labels that do not touch.
     std::size_t Stride() const {
@@ -132,18 +117,20 @@ private:
     }
 
     bool Touch(std::size_t a, std::size_t b) const {
-        constexpr double gap = 2.0; // nearer, the digits of two neighbours read as one number
         if (IsInLowerRow(a) != IsInLowerRow(b)) return false;
         const double distance = std::abs(static_cast<double>(m_positions[b] - m_positions[a]) / m_pixelSize);
         const double extents =
             m_isHorizontal ? m_images[a].width + m_images[b].width : m_images[a].height + m_images[b].height;
-        return distance < 0.5 * extents + (m_isHorizontal ? gap : 0.0);
+        return distance < 0.5 * extents + (m_isHorizontal ? m_gap : 0.0);
     }
+
+    static constexpr double leastGap = 2.0; // nearer, the digits of two neighbours read as one number
 
     const SKivoTexImage* m_images;
     const float* m_positions;
     std::size_t m_count;
     double m_pixelSize;
+    double m_gap;
     bool m_isHorizontal;
     bool m_isStaggered;
 };
@@ -159,28 +146,12 @@ void DrawFlatText(const float* center, const UnitVector& right, const UnitVector
     glPopAttrib();
 }
 
-// Where a text of a flat plot is seen, in pixels of the viewport.
-template <typename View>
-PlacedImage FlatPlace(const View& view, const float* center, const SKivoTexImage& image, bool isUpwards) {
-    GLdouble x = 0.0, y = 0.0, depth = 0.0;
-    gluProject(static_cast<double>(center[0]), static_cast<double>(center[1]), static_cast<double>(center[2]),
-               view.modelView, view.projection, view.viewport, &x, &y, &depth);
-    PlacedImage place;
-    place.center = {x - view.viewport[0], y - view.viewport[1]};
-    if (isUpwards) {
-        place.right = {0.0, 1.0};
-        place.up = {-1.0, 0.0};
-    }
-    place.halfWidth = 0.5 * image.width;
-    place.halfHeight = 0.5 * image.height;
-    return place;
-}
-
 } // namespace
 
 // ---- The 3-D box ----------------------------------------------------------------------------------------
 
 void CKivoGridBox::Render(double worldPerPixel, const double* axisScale, const double* rotation) {
+    const LineWidthScope lines(m_pixelScale);
     UpdateMirroring(axisScale);
     ChooseBackPlanes(rotation);
     UpdatePlaneGeometry();
@@ -295,8 +266,8 @@ void CKivoGridBox::RenderGridLines() const {
 
 void CKivoGridBox::RenderTickMarks(const float* pixelSize) const {
     const bool zTicksAlongY = m_tickDirection[2][1] != 0.0f;
-    const float lengths[] = {m_tickLength * pixelSize[2], m_tickLength * pixelSize[2],
-                             m_tickLength * pixelSize[zTicksAlongY ? 1 : 0]};
+    const float lengths[] = {TickLength() * pixelSize[2], TickLength() * pixelSize[2],
+                             TickLength() * pixelSize[zTicksAlongY ? 1 : 0]};
     glColor4fv(lineColor);
     glBegin(GL_LINES);
     for (int axis = 0; axis < 3; ++axis) {
@@ -313,7 +284,14 @@ void CKivoGridBox::RenderTickMarks(const float* pixelSize) const {
     glEnd();
 }
 
-// Finds out where labels and titles stand, in pixels of the viewport.
+// What is drawn of an image, in the box's pixels.
+TextImageSize CKivoGridBox::SizeOf(const SKivoTexImage& image) const {
+    if (image.texture == 0 || !image.pixels) return {};
+    const double scale = static_cast<double>(m_pixelScale);
+    return {image.width / scale, image.height / scale};
+}
+
+// Finds out where labels and titles stand, in the box's pixels of the viewport.
 void CKivoGridBox::PlaceLabels(double worldPerPixel, const double* axisScale, const double* rotation) {
     const View view = CurrentView();
     const int* const viewport = view.viewport;
@@ -331,11 +309,12 @@ void CKivoGridBox::PlaceLabels(double worldPerPixel, const double* axisScale, co
 
     const AxisBoxInData box = {
         m_boxMin, m_boxMax, {IsGridAtMin(0), IsGridAtMin(1), IsGridAtMin(2)}, m_tickBase, m_tickDirection};
-    const ScreenVector center = {x - viewport[0], y - viewport[1]};
-    ProjectAxisBox(box, worldPerPixel, axisScale, rotation, center, &m_screenBox);
+    const double scale = static_cast<double>(m_pixelScale);
+    const ScreenVector center = {(x - viewport[0]) / scale, (y - viewport[1]) / scale};
+    ProjectAxisBox(box, worldPerPixel * scale, axisScale, rotation, center, &m_screenBox);
     m_screenBox.labelOffset = static_cast<double>(m_labelOffset);
     m_screenBox.isEachTitleWanted = true;
-    m_screenBox.viewport = {static_cast<double>(viewport[2]), static_cast<double>(viewport[3])};
+    m_screenBox.viewport = {viewport[2] / scale, viewport[3] / scale};
     for (int axis = 0; axis < 3; ++axis) {
         AxisEdge& edge = m_screenBox.axes[axis];
         const SKivoTexImage* labels = m_tickLabels[axis];
@@ -351,7 +330,7 @@ void CKivoGridBox::PlaceLabels(double worldPerPixel, const double* axisScale, co
     m_labelLayout.Place(m_screenBox);
 }
 
-// In pixels of the viewport, over the box. What is drawn later hides the ink where it lies in front of it:
+// In pixels of the screen, over the box. What is drawn later hides the ink where it lies in front of it:
 // with planes that do not switch, an edge with labels may lie before or behind the surface. Otherwise labels
 // stand beside the box, and nothing hides them.
 void CKivoGridBox::RenderLabels() const {
@@ -360,7 +339,8 @@ void CKivoGridBox::RenderLabels() const {
     const MatrixModeScope projection(GL_PROJECTION);
     glPushMatrix();
     glLoadIdentity();
-    glOrtho(0.0, m_screenBox.viewport.x, 0.0, m_screenBox.viewport.y, -1.0, 1.0);
+    const double scale = static_cast<double>(m_pixelScale);
+    glOrtho(0.0, m_screenBox.viewport.x * scale, 0.0, m_screenBox.viewport.y * scale, -1.0, 1.0);
     glMatrixMode(GL_MODELVIEW);
     glPushMatrix();
     glLoadIdentity();
@@ -405,6 +385,19 @@ CKivoGridBox::View CKivoGridBox::CurrentView() {
     return view;
 }
 
+// At a depth of 0 to 1 in a projection of pixels of the screen, from -1 to 1.
+void CKivoGridBox::DrawPlaced(const PlacedImage& place, double depth, const SKivoTexImage& image) const {
+    if (!place.isShown) return;
+    const double scale = static_cast<double>(m_pixelScale);
+    const float center[] = {static_cast<float>(place.center.x * scale),
+                            static_cast<float>(place.center.y * scale),
+                            static_cast<float>(1.0 - 2.0 * depth)};
+    const float right[] = {static_cast<float>(place.right.x), static_cast<float>(place.right.y), 0.0f};
+    const float up[] = {static_cast<float>(place.up.x), static_cast<float>(place.up.y), 0.0f};
+    DrawTexturedQuad(center, right, up, 2.0 * place.halfWidth * scale / image.width,
+                     2.0 * place.halfHeight * scale / image.height, image);
+}
+
 void CKivoGridBox::DrawLabelQuads() const {
     for (int axis = 0; axis < 3; ++axis) {
         const std::vector<PlacedImage>& places = m_labelLayout.Labels(axis);
@@ -431,6 +424,7 @@ void CKivoGridBox::RenderXZFrame(double worldPerPixel, const double* axisScale) 
 
 void CKivoGridBox::RenderFrame(int horizontal, int vertical, bool isStaggered, double worldPerPixel,
                                const double* axisScale) {
+    const LineWidthScope lines(m_pixelScale);
     UpdateMirroring(axisScale);
     m_flatView = CurrentView();
     float pixelSize[3];
@@ -448,24 +442,41 @@ void CKivoGridBox::RenderFrame(int horizontal, int vertical, bool isStaggered, d
     const float labelRows = RenderHorizontalTicks(horizontal, vertical, isStaggered, pixelSize);
     const SKivoTexImage& horizontalTitle = m_axisTitleImage[horizontal];
     const float titleV =
-        vFrame - m_tickLength * sv - labelRows - static_cast<float>(horizontalTitle.height) * sv;
+        vFrame - TickLength() * sv - labelRows - static_cast<float>(horizontalTitle.height) * sv;
     const float* center = pen.At((hMin + hMax) / 2.0f, titleV);
-    if (!MeetsAny(FlatPlace(m_flatView, center, horizontalTitle, false), m_screenBox.others))
+    if (!MeetsAny(FlatPlace(center, horizontalTitle, false), m_screenBox.others))
         DrawFlatText(center, text.right, text.up, sh, sv, horizontalTitle);
 
     // The vertical title reads from bottom to top.
     const float labelWidth = RenderVerticalTicks(horizontal, vertical, pixelSize);
     const SKivoTexImage& verticalTitle = m_axisTitleImage[vertical];
     const float titleH =
-        hFrame - m_tickLength * sh - labelWidth - static_cast<float>(verticalTitle.height) * sh * 1.85f;
+        hFrame - TickLength() * sh - labelWidth - static_cast<float>(verticalTitle.height) * sh * 1.85f;
     center = pen.At(titleH, (vMin + vMax) / 2.0f);
-    if (!MeetsAny(FlatPlace(m_flatView, center, verticalTitle, true), m_screenBox.others))
+    if (!MeetsAny(FlatPlace(center, verticalTitle, true), m_screenBox.others))
         DrawFlatText(center, text.up, text.left, sv, sh, verticalTitle);
+}
+
+// Where a text is seen, in the box's pixels of the viewport.
+PlacedImage CKivoGridBox::FlatPlace(const float* center, const SKivoTexImage& image, bool isUpwards) const {
+    GLdouble x = 0.0, y = 0.0, depth = 0.0;
+    gluProject(static_cast<double>(center[0]), static_cast<double>(center[1]), static_cast<double>(center[2]),
+               m_flatView.modelView, m_flatView.projection, m_flatView.viewport, &x, &y, &depth);
+    const double scale = static_cast<double>(m_pixelScale);
+    PlacedImage place;
+    place.center = {(x - m_flatView.viewport[0]) / scale, (y - m_flatView.viewport[1]) / scale};
+    if (isUpwards) {
+        place.right = {0.0, 1.0};
+        place.up = {-1.0, 0.0};
+    }
+    place.halfWidth = 0.5 * image.width / scale;
+    place.halfHeight = 0.5 * image.height / scale;
+    return place;
 }
 
 // Whether a label meets no text of others.
 bool CKivoGridBox::IsFlatLabelClear(const float* center, const SKivoTexImage& label) const {
-    return !MeetsAny(FlatPlace(m_flatView, center, label, false), m_screenBox.others);
+    return !MeetsAny(FlatPlace(center, label, false), m_screenBox.others);
 }
 
 // Returns the room that the labels take below the ticks; negative, as all lengths, where the axis scale is.
@@ -473,13 +484,13 @@ float CKivoGridBox::RenderHorizontalTicks(int horizontal, int vertical, bool isS
                                           const float* pixelSize) const {
     const float vFrame = LowSide(vertical);
     const float vFar = HighSide(vertical);
-    const float tickEnd = vFrame - m_tickLength * pixelSize[vertical];
+    const float tickEnd = vFrame - TickLength() * pixelSize[vertical];
     const ReadingDirections text(horizontal, vertical, pixelSize);
     const unsigned int count = m_tickPositions[horizontal] ? m_tickIntervals[horizontal] + 1 : 0;
     FlatPen pen(horizontal, vertical, m_boxMin);
     const SKivoTexImage* images = m_tickLabels[horizontal];
-    const FlatLabels labels(images, m_tickPositions[horizontal], count, pixelSize[horizontal], true,
-                            isStaggered);
+    const FlatLabels labels(images, m_tickPositions[horizontal], count, pixelSize[horizontal], m_pixelScale,
+                            true, isStaggered);
     const std::size_t stride = labels.Stride();
     int tallest = 0;
     for (unsigned int i = 0; i < count; ++i) {
@@ -503,12 +514,13 @@ float CKivoGridBox::RenderHorizontalTicks(int horizontal, int vertical, bool isS
 float CKivoGridBox::RenderVerticalTicks(int horizontal, int vertical, const float* pixelSize) const {
     const float hFrame = LowSide(horizontal);
     const float hFar = HighSide(horizontal);
-    const float tickEnd = hFrame - m_tickLength * pixelSize[horizontal];
+    const float tickEnd = hFrame - TickLength() * pixelSize[horizontal];
     const ReadingDirections text(horizontal, vertical, pixelSize);
     const unsigned int count = m_tickPositions[vertical] ? m_tickIntervals[vertical] + 1 : 0;
     FlatPen pen(horizontal, vertical, m_boxMin);
     const SKivoTexImage* images = m_tickLabels[vertical];
-    const FlatLabels labels(images, m_tickPositions[vertical], count, pixelSize[vertical], false, false);
+    const FlatLabels labels(images, m_tickPositions[vertical], count, pixelSize[vertical], m_pixelScale,
+                            false, false);
     const std::size_t stride = labels.Stride();
     int widest = 0;
     for (unsigned int i = 0; i < count; ++i) {

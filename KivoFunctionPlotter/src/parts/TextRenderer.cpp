@@ -15,7 +15,7 @@ namespace KivoDrawingTools {
 
 namespace {
 
-constexpr int widestLine = 512;         // pixels
+constexpr int widestLine = 512;         // pixels at a scale of 1
 constexpr std::size_t mostWords = 1000; // measured one by one
 // A float has at most 149 digits after the point. The standard library formats on the stack, which the zeros
 // of a precision of millions would overrun.
@@ -47,18 +47,26 @@ bool IsLeadByte(unsigned char byte) {
     return IsDBCSLeadByte(byte) != 0;
 }
 
-void DrawTextLines(HDC dc, const char* text, std::size_t length, bool isTwoLines, const SIZE& line,
-                   int width) {
+// A text in one line, and the room it has in its image: that at a scale of 1, times the scale, at least.
+struct LineSize {
+    SIZE text;
+    SIZE room;
+    bool isTooWide; // for one line
+};
+
+void DrawTextLines(HDC dc, const char* text, std::size_t length, const LineSize& line, int width) {
     constexpr UINT format = DT_CENTER | DT_BOTTOM | DT_NOPREFIX; // an ampersand is drawn, not an underline
-    RECT whole = {0, 0, width, width};
-    if (!isTwoLines) {
+    const LONG height = line.room.cy;
+    const LONG top = (height - line.text.cy) / 2;
+    RECT whole = {0, top, width, width};
+    if (!line.isTooWide) {
         DrawTextA(dc, text, static_cast<int>(length), &whole, format);
         return;
     }
     const TextEncoding encoding = {GetACP() == CP_UTF8, IsLeadByte};
     const std::size_t cut = MiddleOfText(text, length, encoding);
-    RECT first = {0, 0, width, line.cy};
-    RECT second = {0, line.cy, width, 2 * line.cy};
+    RECT first = {0, top, width, height};
+    RECT second = {0, height + top, width, 2 * height};
     DrawTextA(dc, text, static_cast<int>(cut), &first, format);
     DrawTextA(dc, text + cut, static_cast<int>(length - cut), &second, format);
 }
@@ -101,14 +109,14 @@ struct WhiteBrush {
 // Draws the text on a white square and reads its top rows back, flipped, as RGBA from new[]; null without
 // memory, or when the system refuses a step: what was not drawn on would show as a black box.
 unsigned char* DrawPixels(const STextRenderer& renderer, const char* text, std::size_t length,
-                          bool isTwoLines, const SIZE& line, int width, int height) {
+                          const LineSize& line, int width, int height) {
     SelectedBitmap bitmap(renderer, width);
     if (!bitmap.IsSelected()) return nullptr;
     {
         const WhiteBrush white;
         const RECT whole = {0, 0, width, width};
         if (!FillRect(renderer.m_memoryDC, &whole, white.handle)) return nullptr;
-        DrawTextLines(renderer.m_memoryDC, text, length, isTwoLines, line, width);
+        DrawTextLines(renderer.m_memoryDC, text, length, line, width);
     }
     bitmap.Deselect();
 
@@ -182,17 +190,36 @@ void UploadTexture(SKivoTexImage& image) {
     glBindTexture(GL_TEXTURE_2D, 0);
 }
 
+// Whether the text could be measured by the font that draws it.
+bool MeasureLine(const STextRenderer& renderer, const char* text, std::size_t length, LineSize& line) {
+    const HDC dc = renderer.m_memoryDC;
+    SIZE plain = {};
+    const bool isScaled = renderer.m_plainFont && SelectObject(dc, renderer.m_plainFont);
+    if (isScaled) {
+        GetTextExtentPoint32A(dc, text, static_cast<int>(length), &plain);
+        if (!SelectObject(dc, renderer.m_font)) return false;
+    }
+    GetTextExtentPoint32A(dc, text, static_cast<int>(length), &line.text);
+    if (!isScaled) plain = line.text;
+    const float scale = isScaled ? renderer.m_pixelScale : 1.0f;
+    line.room.cx = std::max(line.text.cx, static_cast<LONG>(ScaledPixels(static_cast<int>(plain.cx), scale)));
+    line.room.cy = std::max(line.text.cy, static_cast<LONG>(ScaledPixels(static_cast<int>(plain.cy), scale)));
+    line.isTooWide = plain.cx > widestLine;
+    return true;
+}
+
 // Measures and draws the text into an image that has a texture name and no pixels.
 int DrawTextImage(STextRenderer& renderer, const char* text, SKivoTexImage& image) {
     const std::size_t length = std::strlen(text);
-    SIZE line = {};
-    GetTextExtentPoint32A(renderer.m_memoryDC, text, static_cast<int>(length), &line);
-    const bool isTwoLines = line.cx > widestLine;
-    image.width = isTwoLines ? widestLine : std::max(line.cx, line.cy);
-    image.height = isTwoLines ? 2 * line.cy : line.cy;
+    LineSize line = {};
+    if (!MeasureLine(renderer, text, length, line)) return -1;
+    const SIZE& room = line.room;
+    image.width =
+        line.isTooWide ? ScaledPixels(widestLine, renderer.m_pixelScale) : std::max(room.cx, room.cy);
+    image.height = line.isTooWide ? 2 * room.cy : room.cy;
     MeasureWords(renderer, text, length);
 
-    image.pixels = DrawPixels(renderer, text, length, isTwoLines, line, image.width, image.height);
+    image.pixels = DrawPixels(renderer, text, length, line, image.width, image.height);
     if (!image.pixels) return -1;
     UploadTexture(image);
     return 0;
@@ -203,14 +230,21 @@ int DrawTextImage(STextRenderer& renderer, const char* text, SKivoTexImage& imag
 void InitTextRenderer(STextRenderer* renderer, HDC windowDC, int fontSize) {
     ReleaseTextRenderer(renderer);
     renderer->m_windowDC = windowDC;
+    renderer->m_fontSize = fontSize;
     renderer->m_memoryDC = CreateCompatibleDC(windowDC);
     if (!renderer->m_memoryDC) return;
 
-    renderer->m_fontDescription = DescribeFont(renderer->m_memoryDC, fontSize, FW_BOLD, "MS Gothic");
+    const auto describe = [&](float scale) {
+        return DescribeFont(renderer->m_memoryDC, fontSize, FW_BOLD, "MS Gothic", scale);
+    };
+    renderer->m_fontDescription = describe(renderer->m_pixelScale);
     renderer->m_font = CreateFontIndirectA(&renderer->m_fontDescription);
     if (!renderer->m_font) return;
     renderer->m_savedFont = static_cast<HFONT>(SelectObject(renderer->m_memoryDC, renderer->m_font));
     GetTextMetricsA(renderer->m_memoryDC, &renderer->m_textMetrics);
+    if (renderer->m_pixelScale == 1.0f) return;
+    const LOGFONTA plain = describe(1.0f);
+    renderer->m_plainFont = CreateFontIndirectA(&plain);
 }
 
 void ReleaseTextRenderer(STextRenderer* renderer) {
@@ -220,9 +254,9 @@ void ReleaseTextRenderer(STextRenderer* renderer) {
         renderer->m_memoryDC = nullptr;
         renderer->m_savedFont = nullptr;
     }
-    if (renderer->m_font) {
-        DeleteObject(renderer->m_font);
-        renderer->m_font = nullptr;
+    for (HFONT* const font : {&renderer->m_font, &renderer->m_plainFont}) {
+        if (*font) DeleteObject(*font);
+        *font = nullptr;
     }
     renderer->m_windowDC = nullptr;
 }

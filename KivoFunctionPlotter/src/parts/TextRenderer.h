@@ -16,21 +16,27 @@ struct STextRenderer {
     HDC m_memoryDC = nullptr;
     HFONT m_savedFont = nullptr; ///< the memory device context's first font, put back at release
     HFONT m_font = nullptr;
+    HFONT m_plainFont =
+        nullptr; ///< the font at a scale of 1, by which images are measured; null at that scale
     LOGFONTA m_fontDescription = {};
     TEXTMETRICA m_textMetrics = {};
+    int m_fontSize = 0;        ///< what InitTextRenderer was given
+    float m_pixelScale = 1.0f; ///< by which all sizes in pixels are multiplied; kept by InitTextRenderer
     /// Pixel extents of the last string's words, after a leading 0; from the 1001st word on all in one.
     std::vector<int> m_wordExtents;
     std::vector<int> m_reserved;
 };
 
-/// Makes the memory device context and the font, bold and fontSize points high.
+/// Makes the memory device context and the font, bold and fontSize points high, times the renderer's scale.
 void InitTextRenderer(STextRenderer* renderer, HDC windowDC, int fontSize);
 /// Gives both back; harmless when there are none.
 void ReleaseTextRenderer(STextRenderer* renderer);
 
-/// Draws a text as an image: opaque black on a transparent ground, one line, or two halves of 512 pixels
-/// where it is wider than that. An image used before keeps its texture name. The OpenGL context must be
-/// current.
+/// Draws a text as an image: opaque black on a transparent ground, one line, or two halves of 512 pixels,
+/// times the scale, where it is wider than that. Its size is that at a scale of 1, times the scale, or the
+/// text's own where that is larger: by the measures of fonts of other heights alone, which are whole pixels,
+/// texts would move against each other. An image used before keeps its texture name. The OpenGL context must
+/// be current.
 /// @param text  as the platform's text operations take it: UTF-8, on Windows the process's code page. Drawn
 /// as it
 ///              stands, ampersands included; two lines are cut at a whole character of that encoding

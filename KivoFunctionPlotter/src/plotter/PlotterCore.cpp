@@ -99,13 +99,20 @@ void CollectOtherTexts(const CKivoGradientColorRuler* ruler, const int* legendVi
     std::vector<PlacedImage>& others = box.m_screenBox.others; // keeps its memory
     others.clear();
     if (ruler) ruler->AddLabelsBeyond(legendViewport, legendVolume, plotViewport, &others);
-    if (!title || title->texture == 0 || !title->pixels) return;
-    PlacedImage place;
-    place.halfWidth = 0.5 * title->width;
-    place.halfHeight = 0.5 * title->height;
-    place.center = {0.5 * plotViewport[2], plotViewport[3] - place.halfHeight};
-    place.isShown = true;
-    others.push_back(place);
+    if (title && title->texture != 0 && title->pixels) {
+        PlacedImage place;
+        place.halfWidth = 0.5 * title->width;
+        place.halfHeight = 0.5 * title->height;
+        place.center = {0.5 * plotViewport[2], plotViewport[3] - place.halfHeight};
+        place.isShown = true;
+        others.push_back(place);
+    }
+    const double scale = static_cast<double>(box.m_pixelScale); // the box measures in pixels of its own
+    for (PlacedImage& place : others) {
+        place.center = {place.center.x / scale, place.center.y / scale};
+        place.halfWidth /= scale;
+        place.halfHeight /= scale;
+    }
 }
 
 // Where there is no memory for it, groups find their room when they are added.
@@ -220,7 +227,7 @@ int CKivoFunctionPlotter::Release() {
     ReleaseDataRelativeResource();
     {
         const ContextScope context(m_hDC, m_hGLRC);
-        glDeleteLists(m_fontListBase, glyphCount);
+        DeleteFontLists(m_fontListBase);
         m_fontListBase = 0;
     }
     if (m_textRenderer) ReleaseTextRenderer(m_textRenderer);
@@ -316,13 +323,18 @@ int CKivoFunctionPlotter::Init(HWND hWnd, int fontSize, bool accelerated) {
         return -1;
     }
 
-    if (m_textRenderer) InitTextRenderer(m_textRenderer, m_hDC, fontSize);
+    if (m_textRenderer) InitTexts(fontSize);
     if (m_gridBox) m_gridBox->m_textMaker = m_textRenderer;
     InitRuler(m_xColorRuler, m_xGradientColor);
     InitRuler(m_yColorRuler, m_yGradientColor);
     InitRuler(m_zColorRuler, m_zGradientColor);
     ApplyStartView();
     return 0;
+}
+
+void CKivoFunctionPlotter::InitTexts(int fontSize) {
+    m_textRenderer->m_pixelScale = m_pixelScale;
+    InitTextRenderer(m_textRenderer, m_hDC, fontSize);
 }
 
 // InitLighting may have chosen another plot type; none for what is no plot type.
@@ -387,8 +399,12 @@ int CKivoFunctionPlotter::SetDCPixelFormat(HDC hdc, bool accelerated) {
 int CKivoFunctionPlotter::InitFont() {
     if (!m_hDC || !m_hGLRC) return -1;
     m_fontListBase = glGenLists(glyphCount);
-    const SelectedFont font(m_hDC, DescribeFont(m_hDC, 10, FW_MEDIUM, "Arial"));
+    const SelectedFont font(m_hDC, DescribeFont(m_hDC, 10, FW_MEDIUM, "Arial", m_pixelScale));
     return wglUseFontBitmapsA(m_hDC, 0, glyphCount, m_fontListBase) == 1 ? 0 : -1;
+}
+
+void CKivoFunctionPlotter::DeleteFontLists(unsigned int base) {
+    glDeleteLists(base, glyphCount);
 }
 
 int CKivoFunctionPlotter::InitLighting() {
@@ -525,6 +541,10 @@ void CKivoFunctionPlotter::ClearFrame() {
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
 }
 
+void CKivoFunctionPlotter::StyleGridBox() const {
+    m_gridBox->m_pixelScale = m_pixelScale;
+}
+
 void CKivoFunctionPlotter::DrawNormalPlot() {
     const SurfaceStateAfterwards stateAfterwards;
     ClearFrame();
@@ -532,6 +552,7 @@ void CKivoFunctionPlotter::DrawNormalPlot() {
 
     glDisable(GL_LIGHTING);
     if (m_gridBox) {
+        StyleGridBox();
         CollectOtherTexts(m_zColorRuler, m_legendViewport, m_legendViewVolume, m_plotTitleImage,
                           m_plotViewport, *m_gridBox);
         m_gridBox->Render(PixelToWorld(1.0), m_axisScale, m_rotationMatrix);
@@ -585,6 +606,7 @@ void CKivoFunctionPlotter::DrawProjectionPlot() {
 
     glDisable(GL_LIGHTING);
     if (m_gridBox) {
+        StyleGridBox();
         CollectOtherTexts(ruler, m_legendViewport, m_legendViewVolume, m_plotTitleImage, m_plotViewport,
                           *m_gridBox);
         (m_gridBox->*renderFrame)(PixelToWorld(1.0), m_axisScale);
@@ -609,6 +631,7 @@ void CKivoFunctionPlotter::RenderTraceGuideLines() {
     const float wallZ = m_gridBox->GridFace(2);
     const float* p = m_tracePoint;
 
+    const LineWidthScope lines(m_pixelScale);
     glColor4f(0.3f, 0.3f, 0.3f, 1.0f);
     glBegin(GL_LINES);
     glVertex3f(p[0], wallY, min[2]);

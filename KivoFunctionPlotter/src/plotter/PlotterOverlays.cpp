@@ -90,7 +90,7 @@ void CKivoFunctionPlotter::RenderCurves() {
         const std::size_t stride = data.size() / count;
         float point[3];
         const float width = m_curveWidths[index];
-        glLineWidth(width > 0.0f ? width : 1.0f); // OpenGL refuses others
+        glLineWidth((width > 0.0f ? width : 1.0f) * m_pixelScale); // OpenGL refuses others
         glBegin(GL_LINES);
         for (std::size_t k = 0; k + 1 < count; ++k)
             for (const std::size_t end : {k, k + 1}) {
@@ -143,7 +143,8 @@ int CKivoFunctionPlotter::SetPointRadiusPixelSize(unsigned int pixels) {
 // Radius of a marker in view-volume units.
 float CKivoFunctionPlotter::MarkerSize(double factor) const {
     const double pixel = (m_viewRight - m_viewLeft) / m_plotViewport[2];
-    return static_cast<float>(pixel * static_cast<double>(m_pointRadiusPixelSize) * factor);
+    return static_cast<float>(pixel * static_cast<double>(m_pointRadiusPixelSize) * factor *
+                              static_cast<double>(m_pixelScale));
 }
 
 // ---- Measure groups -------------------------------------------------------------------------------------

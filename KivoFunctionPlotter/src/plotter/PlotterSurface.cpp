@@ -350,6 +350,7 @@ void CKivoFunctionPlotter::RenderSurface() {
         if (m_useFramelineTexture && m_framelineTexels && m_framelineTexId != 0) {
             UploadFramelineTexture();
         } else if (m_framelineIndexArray) {
+            const LineWidthScope lines(m_pixelScale);
             glDisable(GL_LIGHTING);
             glDisableClientState(GL_COLOR_ARRAY);
             glColor4fv(m_framelineColor);
@@ -360,8 +361,9 @@ void CKivoFunctionPlotter::RenderSurface() {
         }
     }
 
-    // The surface is pushed back a little, so that the lines on it win the depth test.
-    glPolygonOffset(1.0f, 1.0f);
+    // The surface is pushed back a little, so that the lines on it win the depth test: by what it rises in
+    // the width of a line, and a bit.
+    glPolygonOffset(m_pixelScale, 1.0f);
     glEnable(GL_POLYGON_OFFSET_FILL);
     DrawIndexed(GL_TRIANGLES, m_indexArray, WholeCount(m_indexCount, m_indexArraySize));
     glDisable(GL_POLYGON_OFFSET_FILL);
@@ -506,6 +508,7 @@ void CKivoFunctionPlotter::RenderFlatContours(const std::vector<SKivoIsoContour>
     const MatrixModeScope modelView(GL_MODELVIEW);
     glPushMatrix();
     glTranslatef(wall[0], wall[1], wall[2]);
+    const LineWidthScope lines(m_pixelScale);
     glEnableClientState(GL_VERTEX_ARRAY);
     for (const SKivoIsoContour& contour : contours) {
         float color[4] = {0, 0, 0, 1};
@@ -521,6 +524,7 @@ void CKivoFunctionPlotter::RenderIsoContour() {
     std::vector<LevelLines> traced; // before any state is changed: it can throw
     if (HasReadablePoints())
         traced = TraceLevelLines(Grid(), ContouredAxis(), EvenHeights(m_isoContourCount));
+    const LineWidthScope widths(m_pixelScale);
     glDisable(GL_LIGHTING);
     for (const LevelLines& lines : traced) {
         glBegin(GL_LINES);

@@ -1,5 +1,6 @@
 // The OpenGL context around each public member: made current for its work and released afterwards, except
 // where it is meant to stay.
+#include "KivoStyle.h"
 #include "support/GlSnapshot.h"
 #include "support/PublicOperations.h"
 #include "support/TestHostContext.h"
@@ -61,7 +62,7 @@ TEST_F(ContextCalls, MembersThatDrawOrMakeTexturesBracketTheirWork) {
         EXPECT_EQ(wglGetCurrentContext(), nullptr);
         ++count;
     }
-    EXPECT_EQ(count, 59);
+    EXPECT_EQ(count, 60);
 }
 
 TEST_F(ContextCalls, TheGradientSettersOfXAndYLeaveTheContextCurrent) {
@@ -89,7 +90,7 @@ TEST_F(ContextCalls, OtherMembersLeaveOpenGlAlone) {
         EXPECT_FALSE(CallsOpenGl(*recorder));
         ++count;
     }
-    EXPECT_EQ(count, 58);
+    EXPECT_EQ(count, 59);
 }
 
 TEST_F(ContextCalls, TextIsDrawnInTheCallersBracket) {
@@ -124,6 +125,8 @@ TEST_F(ContextCalls, NothingToDoBindsNothing) {
         plotter.OnMouseMove(MK_RBUTTON, POINT{-1, 150});
         plotter.AddMeasurePoints(0, 3, plot.measured, "refused");
         plotter.SetMeasureGroupName(7, "refused");
+        SetStyle(plotter, GetStyle(plotter));
+        SetStyle(plotter, SKivoStyle{-1.0f});
     });
     EXPECT_TRUE(recorder->Calls().empty());
 }

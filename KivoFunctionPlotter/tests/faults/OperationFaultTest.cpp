@@ -307,6 +307,17 @@ int ResultOf(const std::string& member, const std::string& failed, int n) {
     return 0;
 }
 
+// A style is refused where a text or a font cannot be made. Some selections and bindings only undo others,
+// and letters of lists have a font in any case.
+bool IsResultOfStyle(const std::string& failed, int result) {
+    const std::set<std::string> needed = {
+        "CreateCompatibleDC", "wglUseFontBitmapsA", "CreateCompatibleBitmap", "CreateSolidBrush",
+        "FillRect",           "GetObjectA",         "GetBitmapBits"};
+    const std::set<std::string> partlyNeeded = {"SelectObject", "CreateFontIndirectA", "wglMakeCurrent"};
+    if (partlyNeeded.count(failed) != 0) return result == 0 || result == -1;
+    return result == (needed.count(failed) != 0 ? -1 : 0);
+}
+
 } // namespace
 
 TEST(OperationFaults, InAnyMemberGiveTheDocumentedResultAndLoseNothing) {
@@ -326,7 +337,11 @@ TEST(OperationFaults, InAnyMemberGiveTheDocumentedResultAndLoseNothing) {
             hasFailed = !fault.Failed().empty();
             SCOPED_TRACE(fault.Failed());
             const int nth = Occurrence(fault, n);
-            EXPECT_EQ(result, ResultOf(member.name, fault.Failed(), nth));
+            if (member.name.rfind("SetStyle", 0) == 0) {
+                EXPECT_TRUE(IsResultOfStyle(fault.Failed(), result)) << result;
+            } else {
+                EXPECT_EQ(result, ResultOf(member.name, fault.Failed(), nth));
+            }
             ExpectLabelsToBeText(plotter);
             plotter.EndGLOperation();
             EXPECT_TRUE(IsOpenGlInOrder(plotter));

@@ -38,6 +38,7 @@ std::map<std::string, int> DeclaredFunctions() {
     std::map<std::string, int> counts;
     CountFunctions(header.substr(begin, end - begin), counts);
     CountFunctions(Header("KivoPicture.h"), counts);
+    CountFunctions(Header("KivoStyle.h"), counts);
     return counts;
 }
 

@@ -1,6 +1,7 @@
 #include "PublicMembers.h"
 
 #include "KivoPicture.h"
+#include "KivoStyle.h"
 
 #include <algorithm>
 #include <cstring>
@@ -425,10 +426,27 @@ const std::vector<PublicMember> pictureFunctions = {
     Member("TakeView(plotter)", bracketed, TakeOwnView).Refuses(-1).Refuses(-3),
 };
 
+// ---- KivoStyle.h
+
+// One that is sensible, then the one asked for.
+int SetTwoStyles(P& plotter, A& source) {
+    SKivoStyle style;
+    style.pixelScale = 1.5f;
+    const int first = SetStyle(plotter, style);
+    style.pixelScale = source.Float(1.0f);
+    const int second = SetStyle(plotter, style);
+    return first != 0 ? first : second;
+}
+
+const std::vector<PublicMember> styleFunctions = {
+    Member("GetStyle()", none, [](P& p, A&) { return GetStyle(p).pixelScale > 0.0f ? 0 : contradiction; }),
+    Member("SetStyle(float)", bracketed, SetTwoStyles).Refuses(-1).Refuses(-3),
+};
+
 std::vector<PublicMember> AllMembers() {
     std::vector<PublicMember> all;
     for (const auto* const part : {&coreMembers, &viewMembers, &surfaceMembers, &colorMembers,
-                                   &annotationMembers, &overlayMembers, &pictureFunctions})
+                                   &annotationMembers, &overlayMembers, &pictureFunctions, &styleFunctions})
         all.insert(all.end(), part->begin(), part->end());
     return all;
 }

@@ -1,0 +1,31 @@
+// What a plot is drawn with. It belongs to the plotter: it may be set before OnCreate and after it, with data
+// or without, and stays until it is set again, through OnDestroy and OnCreate too.
+#pragma once
+
+#include "KivoFunctionPlotter.h"
+
+namespace KivoDrawingTools {
+
+/// How a plot looks, whatever it shows. As it is made, it changes nothing.
+struct SKivoStyle {
+    /// Every size that is given in pixels is multiplied by this: heights of texts, the width of which they
+    /// have two lines, ticks, distances and gaps between texts, lines, points. Above 0, up to 8. For a screen
+    /// of twice the density, or a picture of twice the size that is averaged down, it is 2. Texts are drawn
+    /// by fonts of that height, rounded to whole pixels. What the plotter's members and fields are given in
+    /// pixels keeps its number: a point radius of 4 stays 4 and is drawn with 8.
+    float pixelScale = 1.0f;
+};
+
+/// @return what the plot is drawn with
+KIVO_API SKivoStyle GetStyle(const CKivoFunctionPlotter& plotter);
+
+/// Draws with another style from the next frame on. After OnCreate the fonts are made anew, and with them the
+/// images of titles, labels, legend and names of measure groups; view, data, curves and groups stay. Where an
+/// OpenGL context of the host's own is current, it is so afterwards as after the plotter's members.
+/// @return 0; -3 for a scale that is not finite, not above 0, or beyond 8; -1 when the plotter's context
+/// cannot be
+///         made current or a font or a text cannot be made. But for 0 everything is as before, as it is when
+///         std::bad_alloc is thrown
+KIVO_API int SetStyle(CKivoFunctionPlotter& plotter, const SKivoStyle& style);
+
+} // namespace KivoDrawingTools

@@ -1,0 +1,438 @@
+// What a plot is drawn with: everything in its place at every pixel scale, and what stays.
+#include "KivoStyle.h"
+#include "parts/KivoGradientColorRuler.h"
+#include "parts/KivoGridBox.h"
+#include "parts/KivoMeasurePointGroupManager.h"
+#include "parts/TextRenderer.h"
+#include "support/Drawing.h"
+#include "support/Image.h"
+#include "support/TestSurfaces.h"
+#include "support/TestWindow.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <limits>
+#include <string>
+#include <vector>
+
+using namespace KivoDrawingTools;
+
+namespace {
+
+constexpr int width = 600;
+constexpr int height = 400;
+constexpr float scales[] = {1.25f, 1.5f, 2.0f, 3.0f};
+
+class StyledPlotter : public PlotterProbe {
+public:
+    using CKivoFunctionPlotter::RenderLegend;
+};
+
+float measured[6] = {0, 0, 1, 1, 1, 0.5f};
+
+// Something for every layer to draw.
+void Fill(StyledPlotter& plotter) {
+    const TestSurface surface = HillSurface(12, 10);
+    plotter.SetData(surface.NewArray(), 12, 10, 1, 12, 3);
+    plotter.SetPlotTitle("A title");
+    plotter.SetXAxisTitle("Length");
+    plotter.SetYAxisTitle("Width");
+    plotter.SetZAxisTitle("Height");
+    plotter.ShowXIsoContours(true);
+    plotter.ShowYIsoContours(true);
+    plotter.ShowZIsoContours(true);
+    float curve[] = {-2, -1, 1, 0, 0, 1.5f, 3, 1, 1};
+    plotter.AddCurveData(curve, 3, 3);
+    plotter.AddMeasurePoints(2, 3, measured, "First");
+    plotter.AddMeasurePoints(1, 3, measured, "Second group");
+    const float traced[] = {1.0f, 0.5f, 0.25f};
+    std::copy(traced, traced + 3, plotter.m_tracePoint);
+    plotter.m_hasTracePoint = 1;
+}
+
+SKivoStyle Scaled(float scale) {
+    SKivoStyle style;
+    style.pixelScale = scale;
+    return style;
+}
+
+int Times(float scale, int pixels) {
+    return static_cast<int>(std::lround(scale * static_cast<float>(pixels)));
+}
+
+// A plot in a window of a scale's size.
+struct StyledPlot {
+    explicit StyledPlot(float windowScale = 1.0f)
+        : window(WindowKind::offscreen, Times(windowScale, width), Times(windowScale, height)) {}
+
+    void Create() { ASSERT_EQ(plotter.OnCreate(window.Handle(), window.Width(), window.Height(), true), 0); }
+
+    Drawing RecordFrame(bool hasLegend = false) {
+        const CurrentContext context(plotter);
+        return Record([&] {
+            plotter.DrawScene();
+            if (hasLegend) plotter.RenderLegend();
+        });
+    }
+
+    TestWindow window;
+    StyledPlotter plotter;
+};
+
+// A mode of the plot, and a view of it.
+struct Shown {
+    const char* name;
+    int (CKivoFunctionPlotter::*show)();
+    int turn; ///< pixels of a plot at scale 1
+};
+const Shown allShown[] = {{"the start view", &CKivoFunctionPlotter::SwitchToNormalPlot, 0},
+                          {"turned", &CKivoFunctionPlotter::SwitchToNormalPlot, 160},
+                          {"x and y", &CKivoFunctionPlotter::SwitchToXYProjectPlot, 0},
+                          {"y and z", &CKivoFunctionPlotter::SwitchToYZProjectPlot, 0},
+                          {"x and z", &CKivoFunctionPlotter::SwitchToZXProjectPlot, 0}};
+
+void Show(StyledPlot& plot, const Shown& shown, float scale) {
+    (plot.plotter.*shown.show)();
+    if (shown.turn != 0)
+        plot.plotter.Rotate({100, 100}, {100 + Times(scale, shown.turn), 100 + Times(scale, shown.turn / 5)});
+}
+
+bool IsTextured(const DrawnPrimitive& primitive) {
+    return primitive.size() >= 3 &&
+           std::any_of(primitive.begin(), primitive.end(),
+                       [&](const DrawnVertex& vertex) { return vertex.texture != primitive[0].texture; });
+}
+
+Drawing WithoutTexts(const Drawing& drawing) {
+    Drawing rest;
+    std::copy_if(drawing.begin(), drawing.end(), std::back_inserter(rest),
+                 [](const DrawnPrimitive& primitive) { return !IsTextured(primitive); });
+    return rest;
+}
+
+// How far a corner of the one is from that of the other, at most, in pixels of the other.
+double FarthestCorner(const Drawing& scaled, const Drawing& plain, double scale) {
+    if (scaled.size() != plain.size()) return 1e9;
+    double farthest = 0.0;
+    for (std::size_t i = 0; i < scaled.size(); ++i) {
+        if (scaled[i].size() != plain[i].size()) return 1e9;
+        for (std::size_t k = 0; k < scaled[i].size(); ++k)
+            farthest = std::max({farthest, std::abs(scaled[i][k].x / scale - plain[i][k].x),
+                                 std::abs(scaled[i][k].y / scale - plain[i][k].y)});
+    }
+    return farthest;
+}
+
+double FarthestCenter(const std::vector<DrawnQuad>& scaled, const std::vector<DrawnQuad>& plain,
+                      double scale) {
+    if (scaled.size() != plain.size()) return 1e9;
+    double farthest = 0.0;
+    for (std::size_t i = 0; i < scaled.size(); ++i)
+        farthest = std::max({farthest, std::abs(scaled[i].CenterX() / scale - plain[i].CenterX()),
+                             std::abs(scaled[i].CenterY() / scale - plain[i].CenterY())});
+    return farthest;
+}
+
+std::vector<SKivoTexImage*> ImagesOf(const StyledPlotter& plotter) {
+    std::vector<SKivoTexImage*> images = {plotter.m_plotTitleImage};
+    for (int axis = 0; axis < 3; ++axis) {
+        images.push_back(&plotter.m_gridBox->m_axisTitleImage[axis]);
+        for (unsigned int i = 0; i <= plotter.m_gridBox->m_tickIntervals[axis]; ++i)
+            images.push_back(&plotter.m_gridBox->m_tickLabels[axis][i]);
+    }
+    for (const CKivoGradientColorRuler* ruler :
+         {plotter.m_xColorRuler, plotter.m_yColorRuler, plotter.m_zColorRuler})
+        for (unsigned int i = 0; i <= ruler->m_divisionCount; ++i)
+            images.push_back(&ruler->m_labels[i]);
+    for (CKivoMeasurePointGroup* group : plotter.m_measureGroups->m_groups)
+        images.push_back(&group->m_nameImage);
+    return images;
+}
+
+} // namespace
+
+// To a pixel: heights of texts are whole pixels, and the titles of flat plots stand beyond three of them.
+TEST(PixelScale, EverythingIsWhereItIsAtOne) {
+    constexpr double aPixel = 1.1;
+    for (const float scale : scales) {
+        StyledPlot plain, scaled(scale);
+        for (StyledPlot* const plot : {&plain, &scaled}) {
+            plot->Create();
+            Fill(plot->plotter);
+        }
+        ASSERT_EQ(SetStyle(scaled.plotter, Scaled(scale)), 0);
+        for (const Shown& shown : allShown) {
+            SCOPED_TRACE(testing::Message() << scale << ", " << shown.name);
+            Show(plain, shown, 1.0f);
+            Show(scaled, shown, scale);
+            Drawing expected = plain.RecordFrame(), actual = scaled.RecordFrame();
+            EXPECT_LT(FarthestCorner(WithoutTexts(actual), WithoutTexts(expected), double{scale}), 0.05)
+                << "lines, ticks, markers, surface, bar";
+            EXPECT_GT(TexturedQuads(expected).size(), 20u);
+            EXPECT_LT(FarthestCenter(TexturedQuads(actual), TexturedQuads(expected), double{scale}), aPixel)
+                << "texts";
+            expected = plain.RecordFrame(true), actual = scaled.RecordFrame(true);
+            EXPECT_LT(FarthestCorner(WithoutTexts(actual), WithoutTexts(expected), double{scale}), aPixel)
+                << "squares of the groups";
+            EXPECT_LT(FarthestCenter(TexturedQuads(actual), TexturedQuads(expected), double{scale}), aPixel)
+                << "names of the groups";
+        }
+    }
+}
+
+namespace {
+
+// Each pixel is the mean of the square that takes its place at a whole scale.
+Image AveragedDown(const Image& image, int scale) {
+    Image small(image.width / scale, image.height / scale);
+    for (int y = 0; y < small.height; ++y)
+        for (int x = 0; x < small.width; ++x)
+            for (int channel = 0; channel < 4; ++channel) {
+                int sum = 0;
+                for (int i = 0; i < scale * scale; ++i)
+                    sum += image.Pixel(x * scale + i % scale, y * scale + i / scale)[channel];
+                small.Pixel(x, y)[channel] = static_cast<unsigned char>(sum / (scale * scale));
+            }
+    return small;
+}
+
+// The share of the ink that a picture has where another has none near by, either way.
+double ShareElsewhere(const Image& a, const Image& b) {
+    const auto isInk = [](const Image& image, int x, int y) { return image.Pixel(x, y)[1] < 100; };
+    int ink = 0, alone = 0;
+    for (int y = 2; y < a.height - 2; ++y)
+        for (int x = 2; x < a.width - 2; ++x) {
+            if (!isInk(a, x, y)) continue;
+            ++ink;
+            bool isNear = false;
+            for (int i = 0; i < 25 && !isNear; ++i)
+                isNear = b.Pixel(x + i % 5 - 2, y + i / 5 - 2)[1] < 200;
+            if (!isNear) ++alone;
+        }
+    return ink == 0 ? 1.0 : static_cast<double>(alone) / ink;
+}
+
+} // namespace
+
+TEST(PixelScale, AveragedDownThePictureIsTheSame) {
+    StyledPlot plain;
+    plain.Create();
+    Fill(plain.plotter);
+    for (const int scale : {2, 3}) {
+        StyledPlot scaled(static_cast<float>(scale));
+        scaled.Create();
+        Fill(scaled.plotter);
+        ASSERT_EQ(SetStyle(scaled.plotter, Scaled(static_cast<float>(scale))), 0);
+        for (const Shown& shown : allShown) {
+            SCOPED_TRACE(testing::Message() << scale << ", " << shown.name);
+            Show(plain, shown, 1.0f);
+            Show(scaled, shown, static_cast<float>(scale));
+            const Image expected = CaptureImage(plain.plotter);
+            const Image actual = AveragedDown(CaptureImage(scaled.plotter), scale);
+            EXPECT_LT(ShareElsewhere(expected, actual), 0.01);
+            EXPECT_LT(ShareElsewhere(actual, expected), 0.01);
+            EXPECT_LT(Compare(actual, expected).mean, 6.0);
+        }
+    }
+}
+
+TEST(PixelScale, LongTitlesHaveTwoLinesOfTheScaledWidth) {
+    for (const float scale : {1.0f, 1.5f, 3.0f}) {
+        StyledPlot plot;
+        plot.Create();
+        plot.plotter.SetPlotTitle(std::string(90, 'n').c_str());
+        EXPECT_EQ(plot.plotter.m_plotTitleImage->width, 512);
+        SetStyle(plot.plotter, Scaled(scale));
+        EXPECT_EQ(plot.plotter.m_plotTitleImage->width, Times(scale, 512));
+    }
+}
+
+TEST(PixelScale, FontsHaveTheHeightOfTheRoundedPixels) {
+    StyledPlot plot;
+    plot.Create();
+    const STextRenderer& renderer = *plot.plotter.m_textRenderer;
+    const LONG plain = renderer.m_fontDescription.lfHeight;
+    EXPECT_LT(plain, -10);
+    for (const float scale : {1.25f, 1.5f, 2.0f, 3.0f, 8.0f, 0.5f}) {
+        ASSERT_EQ(SetStyle(plot.plotter, Scaled(scale)), 0);
+        EXPECT_EQ(renderer.m_fontDescription.lfHeight, -Times(scale, static_cast<int>(-plain))) << scale;
+    }
+    ASSERT_EQ(SetStyle(plot.plotter, Scaled(1e-30f)), 0);
+    EXPECT_EQ(renderer.m_fontDescription.lfHeight, -1) << "0 would ask for a height of the system's choice";
+}
+
+TEST(PixelScale, WhatTheHostSetsInPixelsKeepsItsNumber) {
+    StyledPlot plot;
+    plot.Create();
+    Fill(plot.plotter);
+    plot.plotter.SetCurveWidth(0, 2.5f);
+    SetStyle(plot.plotter, Scaled(2.0f));
+    EXPECT_EQ(plot.plotter.GetPointRadiusPixelSize(), 4u);
+    EXPECT_EQ(plot.plotter.m_pointRadiusPixelSize, 4.0f);
+    EXPECT_EQ(plot.plotter.m_curveWidths[0], 2.5f);
+    EXPECT_EQ(plot.plotter.m_gridBox->m_tickLength, 10.0f);
+    EXPECT_EQ(plot.plotter.m_gridBox->m_labelOffset, 12.5f);
+}
+
+// ---- When it may be set, and what stays
+
+TEST(Style, IsNeutralAtFirst) {
+    StyledPlot plot;
+    EXPECT_EQ(GetStyle(plot.plotter).pixelScale, 1.0f);
+    plot.Create();
+    EXPECT_EQ(GetStyle(plot.plotter).pixelScale, 1.0f);
+}
+
+TEST(Style, ScalesThatAreNoneAreRefusedAndChangeNothing) {
+    using Limits = std::numeric_limits<float>;
+    StyledPlot plot, never;
+    plot.Create();
+    Fill(plot.plotter);
+    ASSERT_EQ(SetStyle(plot.plotter, Scaled(1.5f)), 0);
+    const unsigned int lists = plot.plotter.m_fontListBase;
+    const unsigned int texture = plot.plotter.m_plotTitleImage->texture;
+    const Image before = CaptureImage(plot.plotter);
+    for (const float scale : {Limits::quiet_NaN(), Limits::infinity(), -Limits::infinity(), 0.0f, -0.0f,
+                              -1.0f, -Limits::denorm_min(), std::nextafter(8.0f, 9.0f), Limits::max()}) {
+        EXPECT_EQ(SetStyle(plot.plotter, Scaled(scale)), -3) << scale;
+        EXPECT_EQ(SetStyle(never.plotter, Scaled(scale)), -3) << scale;
+    }
+    EXPECT_EQ(GetStyle(plot.plotter).pixelScale, 1.5f);
+    EXPECT_EQ(GetStyle(never.plotter).pixelScale, 1.0f);
+    EXPECT_EQ(plot.plotter.m_fontListBase, lists);
+    EXPECT_EQ(plot.plotter.m_plotTitleImage->texture, texture);
+    EXPECT_TRUE(ImagesAgree(CaptureImage(plot.plotter), before, 0, 0, "refused"));
+    EXPECT_EQ(SetStyle(plot.plotter, Scaled(8.0f)), 0) << "the largest";
+}
+
+TEST(Style, BeforeOnCreateAndBeforeOrAfterDataIsTheSame) {
+    StyledPlot before, between, after;
+    EXPECT_EQ(SetStyle(before.plotter, Scaled(1.5f)), 0);
+    for (StyledPlot* const plot : {&before, &between, &after})
+        plot->Create();
+    EXPECT_EQ(SetStyle(between.plotter, Scaled(1.5f)), 0);
+    for (StyledPlot* const plot : {&before, &between, &after})
+        Fill(plot->plotter);
+    const Image plain = CaptureImage(after.plotter);
+    EXPECT_EQ(SetStyle(after.plotter, Scaled(1.5f)), 0);
+    for (const Shown& shown : allShown) {
+        for (StyledPlot* const plot : {&before, &between, &after})
+            Show(*plot, shown, 1.0f);
+        const Image expected = CaptureImage(after.plotter);
+        EXPECT_TRUE(ImagesAgree(CaptureImage(before.plotter), expected, 0, 0, "before"));
+        EXPECT_TRUE(ImagesAgree(CaptureImage(between.plotter), expected, 0, 0, "between"));
+        EXPECT_GT(Compare(expected, plain).mean, 0.5);
+    }
+}
+
+TEST(Style, BackAtOneThePictureIsAsBefore) {
+    StyledPlot plot;
+    plot.Create();
+    Fill(plot.plotter);
+    for (const Shown& shown : allShown) {
+        Show(plot, shown, 1.0f);
+        const Image before = CaptureImage(plot.plotter);
+        ASSERT_EQ(SetStyle(plot.plotter, Scaled(2.0f)), 0);
+        EXPECT_GT(Compare(CaptureImage(plot.plotter), before).mean, 0.5);
+        ASSERT_EQ(SetStyle(plot.plotter, Scaled(1.0f)), 0);
+        EXPECT_TRUE(ImagesAgree(CaptureImage(plot.plotter), before, 0, 0, "back"));
+    }
+}
+
+TEST(Style, ViewDataCurvesAndGroupsStay) {
+    StyledPlot plot;
+    plot.Create();
+    Fill(plot.plotter);
+    Show(plot, allShown[1], 1.0f);
+    plot.plotter.Zoom(0.8f);
+    plot.plotter.ShowMeasureGroup(1, false);
+    const StyledPlotter& p = plot.plotter;
+    const std::vector<double> view = {p.m_viewLeft, p.m_viewRight, p.m_viewBottom, p.m_viewTop, p.m_viewNear};
+    const std::vector<double> rotation(p.m_rotationMatrix, p.m_rotationMatrix + 16);
+    const float* const points = p.m_points;
+    const float* const colors = p.m_colorArray;
+    ASSERT_EQ(SetStyle(plot.plotter, Scaled(3.0f)), 0);
+    EXPECT_EQ((std::vector<double>{p.m_viewLeft, p.m_viewRight, p.m_viewBottom, p.m_viewTop, p.m_viewNear}),
+              view);
+    EXPECT_EQ(std::vector<double>(p.m_rotationMatrix, p.m_rotationMatrix + 16), rotation);
+    EXPECT_EQ(p.m_points, points);
+    EXPECT_EQ(p.m_colorArray, colors);
+    EXPECT_EQ(p.m_curveData.size(), 1u);
+    EXPECT_EQ(plot.plotter.GetNumMeasureGroups(), 2u);
+    EXPECT_FALSE(plot.plotter.IsShowMeasureGroup(1));
+    EXPECT_EQ(p.m_hasTracePoint, 1);
+    EXPECT_EQ(wglGetCurrentContext(), nullptr);
+}
+
+TEST(Style, ImagesOfAllTextsAreMadeAnewAtOnce) {
+    StyledPlot plot;
+    plot.Create();
+    Fill(plot.plotter);
+    const std::vector<SKivoTexImage*> images = ImagesOf(plot.plotter);
+    std::vector<int> heights;
+    for (const SKivoTexImage* image : images)
+        heights.push_back(image->height);
+    ASSERT_EQ(SetStyle(plot.plotter, Scaled(3.0f)), 0);
+    for (std::size_t i = 0; i < images.size(); ++i)
+        EXPECT_NEAR(images[i]->height, 3 * heights[i], 3) << i;
+}
+
+TEST(Style, StaysThroughOnDestroyAndOnCreate) {
+    StyledPlot plot, expected;
+    plot.Create();
+    Fill(plot.plotter);
+    ASSERT_EQ(SetStyle(plot.plotter, Scaled(1.5f)), 0);
+    EXPECT_EQ(plot.plotter.OnDestroy(), 0);
+    EXPECT_EQ(GetStyle(plot.plotter).pixelScale, 1.5f);
+    plot.Create();
+    EXPECT_EQ(GetStyle(plot.plotter).pixelScale, 1.5f);
+    EXPECT_EQ(SetStyle(plot.plotter, Scaled(2.0f)), 0);
+    EXPECT_EQ(plot.plotter.m_plotTitleImage->texture, 0u) << "it shows once it has been set anew";
+    plot.plotter.SetPlotTitle("Title");
+    expected.Create();
+    expected.plotter.SetPlotTitle("Title");
+    SetStyle(expected.plotter, Scaled(2.0f));
+    EXPECT_EQ(plot.plotter.m_plotTitleImage->height, expected.plotter.m_plotTitleImage->height);
+}
+
+TEST(Style, IsEachPlottersOwn) {
+    StyledPlot plain, scaled, alone;
+    for (StyledPlot* const plot : {&plain, &scaled, &alone}) {
+        plot->Create();
+        Fill(plot->plotter);
+    }
+    const Image expected = CaptureImage(plain.plotter);
+    SetStyle(alone.plotter, Scaled(2.0f));
+    const Image twice = CaptureImage(alone.plotter);
+    SetStyle(scaled.plotter, Scaled(2.0f));
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_TRUE(ImagesAgree(CaptureImage(plain.plotter), expected, 0, 0, "plain"));
+        EXPECT_TRUE(ImagesAgree(CaptureImage(scaled.plotter), twice, 0, 0, "scaled"));
+    }
+}
+
+// What a host draws with OpenGL's lists of letters.
+TEST(Style, ListsOfLettersAreMadeAnewAndTheOldOnesGivenBack) {
+    StyledPlot plot;
+    plot.Create();
+    const unsigned int before = plot.plotter.m_fontListBase;
+    ASSERT_EQ(SetStyle(plot.plotter, Scaled(2.0f)), 0);
+    const CurrentContext context(plot.plotter);
+    EXPECT_NE(plot.plotter.m_fontListBase, before);
+    EXPECT_TRUE(glIsList(plot.plotter.m_fontListBase + 'A'));
+    EXPECT_FALSE(glIsList(before + 'A'));
+}
+
+TEST(Style, WithoutItsContextNothingChanges) {
+    StyledPlot plot;
+    plot.Create();
+    Fill(plot.plotter);
+    const HGLRC context = plot.plotter.m_hGLRC;
+    plot.plotter.m_hGLRC = reinterpret_cast<HGLRC>(&plot); // none of the system's
+    EXPECT_EQ(SetStyle(plot.plotter, Scaled(2.0f)), -1);
+    plot.plotter.m_hGLRC = context;
+    EXPECT_EQ(GetStyle(plot.plotter).pixelScale, 1.0f);
+}
