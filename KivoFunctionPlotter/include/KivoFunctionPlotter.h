@@ -920,10 +920,13 @@ private:
     std::size_t m_framelineArraySize = 0; // of which m_framelineIndexCount has the lower bits
     SOwnedArray m_ownedArray = {};        // what the points lie in, unless a derived class has replaced them
 
-    float m_pixelScale = 1.0f; // of KivoStyle.h
+    // Of KivoStyle.h
+    float m_pixelScale = 1.0f;
+    unsigned long m_inkColor = 0;
 
     void InitTexts(int fontSize);
     static void DeleteFontLists(unsigned int base);
+    void ShadeOfInk(float groundShare, float* rgba) const;
     void StyleGridBox() const;
     void InitRuler(CKivoGradientColorRuler* ruler, CKivoGradientColor* gradient);
     void ForgetNameTextures();

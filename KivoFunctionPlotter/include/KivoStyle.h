@@ -14,6 +14,11 @@ struct SKivoStyle {
     /// by fonts of that height, rounded to whole pixels. What the plotter's members and fields are given in
     /// pixels keeps its number: a point radius of 4 stays 4 and is drawn with 8.
     float pixelScale = 1.0f;
+    /// 0x00BBGGRR: texts, read-outs, the outline of the box and ticks. Grid lines and the lines that lead to
+    /// the traced point are shades between it and the background; with black, the first one, they have the
+    /// greys that they have on white. The frame lines on the surface have a colour of their own, as curves,
+    /// groups and the axes of flat plots have.
+    unsigned long inkColor = 0;
 };
 
 /// @return what the plot is drawn with

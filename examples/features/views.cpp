@@ -53,6 +53,15 @@ void PixelScale(CKivoFunctionPlotter& plotter) {
     // [docs: end]
 }
 
+void DarkGround(CKivoFunctionPlotter& plotter) {
+    // [docs: dark-ground]
+    SKivoStyle style = GetStyle(plotter);
+    style.inkColor = 0x00F0F0F0;
+    SetStyle(plotter, style);
+    plotter.SetBackgroundColor(0x00382C28ul);
+    // [docs: end]
+}
+
 Pixels Small(CKivoFunctionPlotter& plotter) {
     // [docs: small]
     std::vector<unsigned char> rgba; // red, green, blue, alpha, top row first
@@ -87,6 +96,7 @@ const std::vector<FeaturePicture> viewPictures = {
     {"turned", Turned},
     {"background", Background},
     {"pixel-scale", PixelScale},
+    {"dark-ground", DarkGround},
     {"small", Unchanged, nullptr, Small},
     {"off-screen", Unchanged, nullptr, Offscreen},
 };

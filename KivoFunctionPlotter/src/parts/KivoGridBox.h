@@ -97,6 +97,8 @@ public:
     float m_labelOffset = 12.5f; ///< likewise
     float m_pixelScale = 1.0f;   ///< pixels of the screen in one of the box's, by which it measures
     bool m_showGridLines = true;
+    float m_lineColor[4] = {0.0f, 0.0f, 0.0f, 1.0f}; ///< RGBA of outlines and ticks
+    float m_gridColor[4] = {0.8f, 0.8f, 0.8f, 1.0f}; ///< RGBA of grid lines
 
     // Labels and titles of the last 3-D frame, in the box's pixels; kept from frame to frame for their
     // memory.

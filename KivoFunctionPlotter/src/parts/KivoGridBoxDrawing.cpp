@@ -15,8 +15,6 @@ namespace KivoDrawingTools {
 namespace {
 
 constexpr float axisColors[3][4] = {{1, 0, 0, 1}, {0, 1, 0, 1}, {0, 0, 1, 1}};
-constexpr float lineColor[] = {0, 0, 0, 1};
-constexpr float gridColor[] = {0.8f, 0.8f, 0.8f, 1};
 
 void SetPoint(float* point, float x, float y, float z) {
     point[0] = x;
@@ -235,7 +233,7 @@ void CKivoGridBox::RenderOutlines() const {
                                    {backX, high[1], low[2]},
                                    {backX, high[1], high[2]},
                                    {backX, low[1], high[2]}}};
-    glColor4fv(lineColor);
+    glColor4fv(m_lineColor);
     for (const auto& loop : loops) {
         glBegin(GL_LINE_LOOP);
         for (const auto& corner : loop)
@@ -248,7 +246,7 @@ void CKivoGridBox::RenderGridLines() const {
     // The first and last line of an axis run along the outline. A hair behind it, they cannot break it up.
     glPushAttrib(GL_VIEWPORT_BIT);
     glDepthRange(1e-5, 1.0);
-    glColor4fv(gridColor);
+    glColor4fv(m_gridColor);
     glBegin(GL_LINES);
     for (int axis = 0; axis < 3; ++axis) {
         const float* positions = m_tickPositions[axis];
@@ -268,7 +266,7 @@ void CKivoGridBox::RenderTickMarks(const float* pixelSize) const {
     const bool zTicksAlongY = m_tickDirection[2][1] != 0.0f;
     const float lengths[] = {TickLength() * pixelSize[2], TickLength() * pixelSize[2],
                              TickLength() * pixelSize[zTicksAlongY ? 1 : 0]};
-    glColor4fv(lineColor);
+    glColor4fv(m_lineColor);
     glBegin(GL_LINES);
     for (int axis = 0; axis < 3; ++axis) {
         const float* positions = m_tickPositions[axis];
@@ -495,8 +493,8 @@ float CKivoGridBox::RenderHorizontalTicks(int horizontal, int vertical, bool isS
     int tallest = 0;
     for (unsigned int i = 0; i < count; ++i) {
         const float p = m_boxMin[horizontal] + m_tickPositions[horizontal][i];
-        pen.Line(lineColor, p, vFrame, p, tickEnd);
-        if (m_showGridLines) pen.Line(gridColor, p, vFrame, p, vFar);
+        pen.Line(m_lineColor, p, vFrame, p, tickEnd);
+        if (m_showGridLines) pen.Line(m_gridColor, p, vFrame, p, vFar);
         if (!images) continue;
         const SKivoTexImage& label = images[i];
         const float height = static_cast<float>(label.height) * pixelSize[vertical];
@@ -525,8 +523,8 @@ float CKivoGridBox::RenderVerticalTicks(int horizontal, int vertical, const floa
     int widest = 0;
     for (unsigned int i = 0; i < count; ++i) {
         const float q = m_boxMin[vertical] + m_tickPositions[vertical][i];
-        pen.Line(lineColor, hFrame, q, tickEnd, q);
-        if (m_showGridLines) pen.Line(gridColor, hFrame, q, hFar, q);
+        pen.Line(m_lineColor, hFrame, q, tickEnd, q);
+        if (m_showGridLines) pen.Line(m_gridColor, hFrame, q, hFar, q);
         if (!images) continue;
         const SKivoTexImage& label = images[i];
         const float width = static_cast<float>(label.width) * pixelSize[horizontal];

@@ -132,7 +132,7 @@ unsigned char* DrawPixels(const STextRenderer& renderer, const char* text, std::
     if (GetBitmapBits(bitmap.Handle(), static_cast<LONG>(rows.size()), rows.data()) == 0) return nullptr;
 
     unsigned char* rgba = new unsigned char[columns * lines * 4];
-    TextPixels({rows.data(), rowBytes, bits}, columns, lines, rgba);
+    TextPixels({rows.data(), rowBytes, bits}, columns, lines, rgba, renderer.m_inkColor);
     return rgba;
 }
 

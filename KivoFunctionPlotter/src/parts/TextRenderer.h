@@ -20,8 +20,9 @@ struct STextRenderer {
         nullptr; ///< the font at a scale of 1, by which images are measured; null at that scale
     LOGFONTA m_fontDescription = {};
     TEXTMETRICA m_textMetrics = {};
-    int m_fontSize = 0;        ///< what InitTextRenderer was given
-    float m_pixelScale = 1.0f; ///< by which all sizes in pixels are multiplied; kept by InitTextRenderer
+    int m_fontSize = 0;           ///< what InitTextRenderer was given
+    float m_pixelScale = 1.0f;    ///< by which all sizes in pixels are multiplied; kept by InitTextRenderer
+    unsigned long m_inkColor = 0; ///< 0x00BBGGRR, likewise
     /// Pixel extents of the last string's words, after a leading 0; from the 1001st word on all in one.
     std::vector<int> m_wordExtents;
     std::vector<int> m_reserved;
@@ -32,11 +33,11 @@ void InitTextRenderer(STextRenderer* renderer, HDC windowDC, int fontSize);
 /// Gives both back; harmless when there are none.
 void ReleaseTextRenderer(STextRenderer* renderer);
 
-/// Draws a text as an image: opaque black on a transparent ground, one line, or two halves of 512 pixels,
-/// times the scale, where it is wider than that. Its size is that at a scale of 1, times the scale, or the
-/// text's own where that is larger: by the measures of fonts of other heights alone, which are whole pixels,
-/// texts would move against each other. An image used before keeps its texture name. The OpenGL context must
-/// be current.
+/// Draws a text as an image: the renderer's opaque ink on a transparent ground, one line, or two halves of
+/// 512 pixels, times the scale, where it is wider than that. Its size is that at a scale of 1, times the
+/// scale, or the text's own where that is larger: by the measures of fonts of other heights alone, which are
+/// whole pixels, texts would move against each other. An image used before keeps its texture name. The OpenGL
+/// context must be current.
 /// @param text  as the platform's text operations take it: UTF-8, on Windows the process's code page. Drawn
 /// as it
 ///              stands, ampersands included; two lines are cut at a whole character of that encoding

@@ -22,16 +22,19 @@ bool IsStyle(const SKivoStyle& style) {
 }
 
 bool AreEqual(const SKivoStyle& a, const SKivoStyle& b) {
-    return a.pixelScale == b.pixelScale;
+    return a.pixelScale == b.pixelScale && a.inkColor == b.inkColor;
 }
 
 } // namespace
 
 // A plotter's style, and what is made for it: fonts and text images.
 struct StyleAccess {
-    static SKivoStyle Get(const CKivoFunctionPlotter& plotter) { return {plotter.m_pixelScale}; }
+    static SKivoStyle Get(const CKivoFunctionPlotter& plotter) {
+        return {plotter.m_pixelScale, plotter.m_inkColor};
+    }
     static void Take(CKivoFunctionPlotter& plotter, SKivoStyle& style) noexcept {
         std::swap(plotter.m_pixelScale, style.pixelScale);
+        std::swap(plotter.m_inkColor, style.inkColor);
     }
     static int Set(CKivoFunctionPlotter& plotter, const SKivoStyle& style);
 

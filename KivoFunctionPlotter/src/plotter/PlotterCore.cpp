@@ -334,6 +334,7 @@ int CKivoFunctionPlotter::Init(HWND hWnd, int fontSize, bool accelerated) {
 
 void CKivoFunctionPlotter::InitTexts(int fontSize) {
     m_textRenderer->m_pixelScale = m_pixelScale;
+    m_textRenderer->m_inkColor = m_inkColor;
     InitTextRenderer(m_textRenderer, m_hDC, fontSize);
 }
 
@@ -541,8 +542,20 @@ void CKivoFunctionPlotter::ClearFrame() {
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
 }
 
+// A shade between ink and ground; black ink has the one that it has on white, whatever the ground is.
+void CKivoFunctionPlotter::ShadeOfInk(float groundShare, float* rgba) const {
+    float ink[4];
+    ColorToRgba(m_inkColor, ink);
+    const bool isBlack = ink[0] == 0.0f && ink[1] == 0.0f && ink[2] == 0.0f;
+    for (int i = 0; i < 3; ++i)
+        rgba[i] = isBlack ? groundShare : groundShare * m_backgroundColor[i] + (1.0f - groundShare) * ink[i];
+    rgba[3] = 1.0f;
+}
+
 void CKivoFunctionPlotter::StyleGridBox() const {
     m_gridBox->m_pixelScale = m_pixelScale;
+    ColorToRgba(m_inkColor, m_gridBox->m_lineColor);
+    ShadeOfInk(0.8f, m_gridBox->m_gridColor);
 }
 
 void CKivoFunctionPlotter::DrawNormalPlot() {
@@ -632,7 +645,9 @@ void CKivoFunctionPlotter::RenderTraceGuideLines() {
     const float* p = m_tracePoint;
 
     const LineWidthScope lines(m_pixelScale);
-    glColor4f(0.3f, 0.3f, 0.3f, 1.0f);
+    float color[4];
+    ShadeOfInk(0.3f, color);
+    glColor4f(color[0], color[1], color[2], color[3]);
     glBegin(GL_LINES);
     glVertex3f(p[0], wallY, min[2]);
     glVertex3f(p[0], wallY, max[2]);

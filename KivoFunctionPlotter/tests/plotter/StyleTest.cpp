@@ -12,10 +12,12 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
 #include <limits>
 #include <string>
+#include <utility>
 #include <vector>
 
 using namespace KivoDrawingTools;
@@ -435,4 +437,148 @@ TEST(Style, WithoutItsContextNothingChanges) {
     EXPECT_EQ(SetStyle(plot.plotter, Scaled(2.0f)), -1);
     plot.plotter.m_hGLRC = context;
     EXPECT_EQ(GetStyle(plot.plotter).pixelScale, 1.0f);
+}
+
+// ---- Ink
+
+namespace {
+
+// Relative luminance and contrast as the Web Content Accessibility Guidelines define them.
+double Luminance(const unsigned char* rgb) {
+    const auto linear = [](unsigned char byte) {
+        const double value = byte / 255.0;
+        return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(rgb[0]) + 0.7152 * linear(rgb[1]) + 0.0722 * linear(rgb[2]);
+}
+
+double Contrast(const unsigned char* a, const unsigned char* b) {
+    const double first = Luminance(a), second = Luminance(b);
+    return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
+}
+
+// The best that the pixels of a text have.
+double ContrastOf(const DrawnQuad& text, const Image& image, const unsigned char* ground) {
+    double best = 1.0;
+    const auto range = [&](double DrawnVertex::*coordinate) {
+        const auto less = [&](const DrawnVertex& a, const DrawnVertex& b) {
+            return a.*coordinate < b.*coordinate;
+        };
+        const auto ends = std::minmax_element(text.corners.begin(), text.corners.end(), less);
+        return std::pair{static_cast<int>(ends.first->*coordinate),
+                         static_cast<int>(ends.second->*coordinate)};
+    };
+    const auto [left, right] = range(&DrawnVertex::x);
+    const auto [bottom, top] = range(&DrawnVertex::y);
+    for (int y = bottom; y < top; ++y)
+        for (int x = left; x < right; ++x)
+            best = std::max(best, Contrast(image.Pixel(x, image.height - 1 - y), ground));
+    return best;
+}
+
+struct Ground {
+    const char* name;
+    unsigned char rgb[3];
+    unsigned long ink;
+};
+const Ground grounds[] = {{"white", {255, 255, 255}, 0},
+                          {"cream", {255, 253, 233}, 0},
+                          {"white, blue", {255, 255, 255}, 0x800000},
+                          {"dark grey", {48, 48, 48}, 0x00F0F0F0},
+                          {"black", {0, 0, 0}, 0x00FFFFFF},
+                          {"black, amber", {0, 0, 0}, 0x0040C0FF}};
+
+SKivoStyle Inked(unsigned long ink) {
+    SKivoStyle style;
+    style.inkColor = ink;
+    return style;
+}
+
+unsigned long ColorOf(const unsigned char* rgb) {
+    return rgb[0] | static_cast<unsigned long>(rgb[1]) << 8 | static_cast<unsigned long>(rgb[2]) << 16;
+}
+
+std::array<float, 3> Rgb(unsigned long color) {
+    const auto channel = [&](int i) { return static_cast<float>(color >> 8 * i & 0xFF) / 255.0f; };
+    return {channel(0), channel(1), channel(2)};
+}
+
+} // namespace
+
+TEST(Ink, TextsHaveContrastEnoughOnEveryGround) {
+    StyledPlot plot;
+    plot.Create();
+    Fill(plot.plotter);
+    for (const Ground& ground : grounds) {
+        plot.plotter.SetBackgroundColor(ColorOf(ground.rgb));
+        ASSERT_EQ(SetStyle(plot.plotter, Inked(ground.ink)), 0);
+        for (const Shown& shown : allShown) {
+            SCOPED_TRACE(testing::Message() << ground.name << ", " << shown.name);
+            Show(plot, shown, 1.0f);
+            const Image image = CaptureImage(plot.plotter);
+            const std::vector<DrawnQuad> texts = TexturedQuads(plot.RecordFrame());
+            EXPECT_GT(texts.size(), 20u);
+            for (std::size_t i = 0; i < texts.size(); ++i)
+                EXPECT_GE(ContrastOf(texts[i], image, ground.rgb), 4.5) << i;
+        }
+    }
+}
+
+TEST(Ink, OutlinesAndTicksHaveItAndNothingIsLeftBlack) {
+    StyledPlot plot;
+    plot.Create();
+    Fill(plot.plotter);
+    plot.plotter.ShowFrameLines(false);
+    const unsigned long ink = 0x00E0C8F0;
+    for (const Shown& shown : allShown) {
+        Show(plot, shown, 1.0f);
+        ASSERT_EQ(SetStyle(plot.plotter, SKivoStyle()), 0);
+        const Drawing before = plot.RecordFrame();
+        const std::size_t count = LinesOfColor(before, Rgb(0)).size();
+        EXPECT_GT(count, 5u);
+        ASSERT_EQ(SetStyle(plot.plotter, Inked(ink)), 0);
+        const Drawing drawing = plot.RecordFrame();
+        EXPECT_EQ(LinesOfColor(drawing, Rgb(ink)).size(), count);
+        EXPECT_TRUE(LinesOfColor(drawing, Rgb(0)).empty());
+        EXPECT_EQ(drawing.size(), before.size());
+    }
+}
+
+// A fifth and seven tenths of the way from the ground to the ink.
+TEST(Ink, GridAndGuideLinesLieBetweenItAndTheGround) {
+    StyledPlot plot;
+    plot.Create();
+    Fill(plot.plotter);
+    const std::array<float, 3> grid = {0.8f, 0.8f, 0.8f}, guide = {0.3f, 0.3f, 0.3f};
+    plot.plotter.SetBackgroundColor(0.0f, 0.0f, 0.0f, 1.0f);
+    const Drawing black = plot.RecordFrame();
+    const std::size_t gridCount = LinesOfColor(black, grid).size(),
+                      guideCount = LinesOfColor(black, guide).size();
+    EXPECT_GT(gridCount, 20u) << "as they are on white";
+    EXPECT_EQ(guideCount, 6u);
+    ASSERT_EQ(SetStyle(plot.plotter, Inked(0x00FFFFFF)), 0);
+    Drawing drawing = plot.RecordFrame();
+    EXPECT_EQ(LinesOfColor(drawing, {0.2f, 0.2f, 0.2f}).size(), gridCount);
+    EXPECT_EQ(LinesOfColor(drawing, {0.7f, 0.7f, 0.7f}).size(), guideCount);
+    plot.plotter.SetBackgroundColor(0.0f, 0.5f, 1.0f, 1.0f); // they follow it
+    drawing = plot.RecordFrame();
+    EXPECT_EQ(LinesOfColor(drawing, {0.2f, 0.6f, 1.0f}).size(), gridCount);
+    EXPECT_EQ(LinesOfColor(drawing, {0.7f, 0.85f, 1.0f}).size(), guideCount);
+}
+
+TEST(Ink, IsInThePixelsOfTextsAndTheHighByteIsIgnored) {
+    StyledPlot plot;
+    plot.Create();
+    Fill(plot.plotter);
+    ASSERT_EQ(SetStyle(plot.plotter, Inked(0xFF332211)), 0);
+    const SKivoTexImage& title = *plot.plotter.m_plotTitleImage;
+    int inked = 0;
+    for (int i = 0; i < title.width * title.height; ++i) {
+        const unsigned char* const pixel = title.pixels + 4 * i;
+        EXPECT_THAT(std::vector<int>(pixel, pixel + 3), testing::ElementsAre(0x11, 0x22, 0x33));
+        if (pixel[3] != 0) ++inked;
+    }
+    EXPECT_GT(inked, 50);
+    EXPECT_LT(inked, title.width * title.height / 2);
+    EXPECT_EQ(GetStyle(plot.plotter).inkColor, 0xFF332211ul);
 }
