@@ -923,6 +923,8 @@ private:
     // Of KivoStyle.h
     float m_pixelScale = 1.0f;
     unsigned long m_inkColor = 0;
+    std::string m_textFace;
+    bool m_boldText = true;
 
     void InitTexts(int fontSize);
     static void DeleteFontLists(unsigned int base);

@@ -4,6 +4,8 @@
 
 #include "KivoFunctionPlotter.h"
 
+#include <string>
+
 namespace KivoDrawingTools {
 
 /// How a plot looks, whatever it shows. As it is made, it changes nothing.
@@ -19,6 +21,12 @@ struct SKivoStyle {
     /// greys that they have on white. The frame lines on the surface have a colour of their own, as curves,
     /// groups and the axes of flat plots have.
     unsigned long inkColor = 0;
+    /// Family of the letters of all texts, as the system's list of fonts has it, at most 31 bytes without a
+    /// zero: UTF-8, on Windows the process's code page. Where it is not installed, a font of fixed pitch
+    /// stands in. Empty, as at first: the plot's own.
+    std::string textFace;
+    /// Whether titles, labels and read-outs are bold. RenderText and its like have one weight.
+    bool boldText = true;
 };
 
 /// @return what the plot is drawn with
@@ -27,10 +35,9 @@ KIVO_API SKivoStyle GetStyle(const CKivoFunctionPlotter& plotter);
 /// Draws with another style from the next frame on. After OnCreate the fonts are made anew, and with them the
 /// images of titles, labels, legend and names of measure groups; view, data, curves and groups stay. Where an
 /// OpenGL context of the host's own is current, it is so afterwards as after the plotter's members.
-/// @return 0; -3 for a scale that is not finite, not above 0, or beyond 8; -1 when the plotter's context
-/// cannot be
-///         made current or a font or a text cannot be made. But for 0 everything is as before, as it is when
-///         std::bad_alloc is thrown
+/// @return 0; -3 for a scale that is not finite, not above 0, or beyond 8, and for a face that is no name; -1
+///         when the plotter's context cannot be made current, or a font or a text cannot be made. But for 0
+///         everything is as before, as it is when std::bad_alloc is thrown
 KIVO_API int SetStyle(CKivoFunctionPlotter& plotter, const SKivoStyle& style);
 
 } // namespace KivoDrawingTools

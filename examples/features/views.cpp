@@ -62,6 +62,15 @@ void DarkGround(CKivoFunctionPlotter& plotter) {
     // [docs: end]
 }
 
+void TextFace(CKivoFunctionPlotter& plotter) {
+    // [docs: text-face]
+    SKivoStyle style = GetStyle(plotter);
+    style.textFace = "DejaVu Serif";
+    style.boldText = false;
+    SetStyle(plotter, style);
+    // [docs: end]
+}
+
 Pixels Small(CKivoFunctionPlotter& plotter) {
     // [docs: small]
     std::vector<unsigned char> rgba; // red, green, blue, alpha, top row first
@@ -97,6 +106,7 @@ const std::vector<FeaturePicture> viewPictures = {
     {"background", Background},
     {"pixel-scale", PixelScale},
     {"dark-ground", DarkGround},
+    {"text-face", TextFace},
     {"small", Unchanged, nullptr, Small},
     {"off-screen", Unchanged, nullptr, Offscreen},
 };

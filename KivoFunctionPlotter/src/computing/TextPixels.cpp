@@ -17,13 +17,11 @@ std::size_t PixelBytesOfRow(unsigned int bitsPerPixel, std::size_t width) {
 }
 
 void TextPixels(const BitmapRows& rows, std::size_t width, std::size_t height, unsigned char* rgba,
-                unsigned long ink) {
-    const auto channel = [ink](int i) { return static_cast<unsigned char>(ink >> 8 * i & 0xFF); };
-    const unsigned char color[] = {channel(0), channel(1), channel(2), 255};
-    const bool isBlack = color[0] == 0 && color[1] == 0 && color[2] == 0;
-    const unsigned char white[] = {255, 255, 255, 0}, clear[] = {color[0], color[1], color[2], 0};
-    const unsigned char* const ground = isBlack ? white : clear;
-
+                const TextColors& colors) {
+    const auto channel = [&](int i) { return static_cast<unsigned char>(colors.ink >> 8 * i & 0xFF); };
+    const unsigned char ink[] = {channel(0), channel(1), channel(2), 255};
+    const unsigned char white[] = {255, 255, 255, 0}, clear[] = {ink[0], ink[1], ink[2], 0};
+    const unsigned char* const ground = colors.isOnWhite ? white : clear;
     const std::size_t bytesPerPixel = BytesPerPixel(rows.bitsPerPixel);
     const std::size_t channels =
         std::min<std::size_t>(bytesPerPixel, 3); // of 32 bits the fourth says nothing
@@ -33,7 +31,7 @@ void TextPixels(const BitmapRows& rows, std::size_t width, std::size_t height, u
         for (std::size_t column = 0; column < width; ++column, source += bytesPerPixel, target += 4) {
             const bool isWhite =
                 std::all_of(source, source + channels, [](unsigned char byte) { return byte == 255; });
-            std::copy_n(isWhite ? ground : color, 4, target);
+            std::copy_n(isWhite ? ground : ink, 4, target);
         }
     }
 }

@@ -15,11 +15,16 @@ struct BitmapRows {
 /// Bytes of a row's pixels; pixels of less than eight bits take a byte each.
 std::size_t PixelBytesOfRow(unsigned int bitsPerPixel, std::size_t width);
 
-/// Makes pure white transparent and everything else opaque ink. Around black ink what is transparent is
-/// white, around any other it has the ink's colour, which interpolated borders then keep.
+struct TextColors {
+    unsigned long ink = 0; ///< 0x00BBGGRR
+    /// What is transparent is white, or of the ink's colour, which interpolated borders and thin strokes then
+    /// keep.
+    bool isOnWhite = true;
+};
+
+/// Makes pure white transparent and everything else opaque ink.
 /// @param rgba  width * height pixels of four bytes, bottom row first
-/// @param ink   0x00BBGGRR
 void TextPixels(const BitmapRows& rows, std::size_t width, std::size_t height, unsigned char* rgba,
-                unsigned long ink = 0);
+                const TextColors& colors = {});
 
 } // namespace KivoDrawingTools

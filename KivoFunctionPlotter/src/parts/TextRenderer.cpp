@@ -106,6 +106,12 @@ struct WhiteBrush {
     const HBRUSH handle = CreateSolidBrush(0xFFFFFF);
 };
 
+// Bold black is on white, as at first. Thin strokes on it, and minus signs with them, would be lost where
+// labels are drawn smaller than they are, and others would have light borders.
+TextColors ColorsOf(const STextRenderer& renderer) {
+    return {renderer.m_inkColor, renderer.m_isBold && (renderer.m_inkColor & 0xFFFFFF) == 0};
+}
+
 // Draws the text on a white square and reads its top rows back, flipped, as RGBA from new[]; null without
 // memory, or when the system refuses a step: what was not drawn on would show as a black box.
 unsigned char* DrawPixels(const STextRenderer& renderer, const char* text, std::size_t length,
@@ -132,7 +138,7 @@ unsigned char* DrawPixels(const STextRenderer& renderer, const char* text, std::
     if (GetBitmapBits(bitmap.Handle(), static_cast<LONG>(rows.size()), rows.data()) == 0) return nullptr;
 
     unsigned char* rgba = new unsigned char[columns * lines * 4];
-    TextPixels({rows.data(), rowBytes, bits}, columns, lines, rgba, renderer.m_inkColor);
+    TextPixels({rows.data(), rowBytes, bits}, columns, lines, rgba, ColorsOf(renderer));
     return rgba;
 }
 
@@ -235,7 +241,9 @@ void InitTextRenderer(STextRenderer* renderer, HDC windowDC, int fontSize) {
     if (!renderer->m_memoryDC) return;
 
     const auto describe = [&](float scale) {
-        return DescribeFont(renderer->m_memoryDC, fontSize, FW_BOLD, "MS Gothic", scale);
+        const char* const face = renderer->m_face.empty() ? "MS Gothic" : renderer->m_face.c_str();
+        return DescribeFont(renderer->m_memoryDC, fontSize, renderer->m_isBold ? FW_BOLD : FW_NORMAL, face,
+                            scale);
     };
     renderer->m_fontDescription = describe(renderer->m_pixelScale);
     renderer->m_font = CreateFontIndirectA(&renderer->m_fontDescription);

@@ -23,12 +23,14 @@ struct STextRenderer {
     int m_fontSize = 0;           ///< what InitTextRenderer was given
     float m_pixelScale = 1.0f;    ///< by which all sizes in pixels are multiplied; kept by InitTextRenderer
     unsigned long m_inkColor = 0; ///< 0x00BBGGRR, likewise
+    std::string m_face;           ///< family of the font, likewise; empty: the renderer's own
+    bool m_isBold = true;         ///< likewise
     /// Pixel extents of the last string's words, after a leading 0; from the 1001st word on all in one.
     std::vector<int> m_wordExtents;
     std::vector<int> m_reserved;
 };
 
-/// Makes the memory device context and the font, bold and fontSize points high, times the renderer's scale.
+/// Makes the memory device context and the font, fontSize points high, times the renderer's scale.
 void InitTextRenderer(STextRenderer* renderer, HDC windowDC, int fontSize);
 /// Gives both back; harmless when there are none.
 void ReleaseTextRenderer(STextRenderer* renderer);

@@ -17,12 +17,18 @@ namespace {
 
 constexpr float largestScale = 8.0f;
 
+bool IsFace(const std::string& face) {
+    return face.size() < LF_FACESIZE && face.find('\0') == std::string::npos;
+}
+
 bool IsStyle(const SKivoStyle& style) {
-    return style.pixelScale > 0.0f && style.pixelScale <= largestScale; // false for what is no number
+    const bool isScale = style.pixelScale > 0.0f && style.pixelScale <= largestScale; // no number is none
+    return isScale && IsFace(style.textFace);
 }
 
 bool AreEqual(const SKivoStyle& a, const SKivoStyle& b) {
-    return a.pixelScale == b.pixelScale && a.inkColor == b.inkColor;
+    return a.pixelScale == b.pixelScale && a.inkColor == b.inkColor && a.textFace == b.textFace &&
+           a.boldText == b.boldText;
 }
 
 } // namespace
@@ -30,11 +36,13 @@ bool AreEqual(const SKivoStyle& a, const SKivoStyle& b) {
 // A plotter's style, and what is made for it: fonts and text images.
 struct StyleAccess {
     static SKivoStyle Get(const CKivoFunctionPlotter& plotter) {
-        return {plotter.m_pixelScale, plotter.m_inkColor};
+        return {plotter.m_pixelScale, plotter.m_inkColor, plotter.m_textFace, plotter.m_boldText};
     }
     static void Take(CKivoFunctionPlotter& plotter, SKivoStyle& style) noexcept {
         std::swap(plotter.m_pixelScale, style.pixelScale);
         std::swap(plotter.m_inkColor, style.inkColor);
+        plotter.m_textFace.swap(style.textFace);
+        std::swap(plotter.m_boldText, style.boldText);
     }
     static int Set(CKivoFunctionPlotter& plotter, const SKivoStyle& style);
 

@@ -335,6 +335,8 @@ int CKivoFunctionPlotter::Init(HWND hWnd, int fontSize, bool accelerated) {
 void CKivoFunctionPlotter::InitTexts(int fontSize) {
     m_textRenderer->m_pixelScale = m_pixelScale;
     m_textRenderer->m_inkColor = m_inkColor;
+    m_textRenderer->m_face = m_textFace;
+    m_textRenderer->m_isBold = m_boldText;
     InitTextRenderer(m_textRenderer, m_hDC, fontSize);
 }
 
@@ -400,7 +402,8 @@ int CKivoFunctionPlotter::SetDCPixelFormat(HDC hdc, bool accelerated) {
 int CKivoFunctionPlotter::InitFont() {
     if (!m_hDC || !m_hGLRC) return -1;
     m_fontListBase = glGenLists(glyphCount);
-    const SelectedFont font(m_hDC, DescribeFont(m_hDC, 10, FW_MEDIUM, "Arial", m_pixelScale));
+    const char* const face = m_textFace.empty() ? "Arial" : m_textFace.c_str();
+    const SelectedFont font(m_hDC, DescribeFont(m_hDC, 10, FW_MEDIUM, face, m_pixelScale));
     return wglUseFontBitmapsA(m_hDC, 0, glyphCount, m_fontListBase) == 1 ? 0 : -1;
 }
 

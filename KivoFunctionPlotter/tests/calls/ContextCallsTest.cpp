@@ -117,6 +117,8 @@ TEST_F(ContextCalls, BeginAndEndBindAndUnbind) {
 
 // Setting what is set already does no work, so it needs no context.
 TEST_F(ContextCalls, NothingToDoBindsNothing) {
+    SKivoStyle refused;
+    refused.pixelScale = -1.0f;
     const auto recorder = Record(plotter, [&] {
         plotter.SetInverseXAxis(false);
         plotter.SetIsoContourCount(20);
@@ -126,7 +128,7 @@ TEST_F(ContextCalls, NothingToDoBindsNothing) {
         plotter.AddMeasurePoints(0, 3, plot.measured, "refused");
         plotter.SetMeasureGroupName(7, "refused");
         SetStyle(plotter, GetStyle(plotter));
-        SetStyle(plotter, SKivoStyle{-1.0f});
+        SetStyle(plotter, refused);
     });
     EXPECT_TRUE(recorder->Calls().empty());
 }

@@ -65,18 +65,18 @@ TEST(TextPixels, OfThirtyTwoBitsTheFourthByteSaysNothing) {
     }
 }
 
-// Around black, white; around another colour, that colour, which interpolated borders then keep.
 TEST(TextPixels, TakeTheInkAndWhatIsAroundIt) {
     const unsigned char row[] = {255, 255, 255, 0, 0, 0, 0, 0};
-    const std::pair<unsigned long, std::vector<int>> cases[] = {
-        {0x00000000, {255, 255, 255, 0, 0, 0, 0, 255}},
-        {0xFF000000, {255, 255, 255, 0, 0, 0, 0, 255}},
-        {0x00FFFFFF, {255, 255, 255, 0, 255, 255, 255, 255}},
-        {0x00332211, {0x11, 0x22, 0x33, 0, 0x11, 0x22, 0x33, 255}}};
-    for (const auto& [ink, expected] : cases) {
+    const std::pair<TextColors, std::vector<int>> cases[] = {
+        {{}, {255, 255, 255, 0, 0, 0, 0, 255}},
+        {{0xFF000000, true}, {255, 255, 255, 0, 0, 0, 0, 255}},
+        {{0x00000000, false}, {0, 0, 0, 0, 0, 0, 0, 255}},
+        {{0x00332211, true}, {255, 255, 255, 0, 0x11, 0x22, 0x33, 255}},
+        {{0x00332211, false}, {0x11, 0x22, 0x33, 0, 0x11, 0x22, 0x33, 255}}};
+    for (const auto& [colors, expected] : cases) {
         unsigned char rgba[8] = {};
-        TextPixels({row, 8, 32}, 2, 1, rgba, ink);
-        EXPECT_EQ(std::vector<int>(rgba, rgba + 8), expected) << ink;
+        TextPixels({row, 8, 32}, 2, 1, rgba, colors);
+        EXPECT_EQ(std::vector<int>(rgba, rgba + 8), expected) << colors.ink;
     }
 }
 

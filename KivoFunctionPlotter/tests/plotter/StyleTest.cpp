@@ -457,9 +457,17 @@ double Contrast(const unsigned char* a, const unsigned char* b) {
     return (std::max(first, second) + 0.05) / (std::min(first, second) + 0.05);
 }
 
-// The best that the pixels of a text have.
-double ContrastOf(const DrawnQuad& text, const Image& image, const unsigned char* ground) {
+// The best that the pixels of a rectangle have; y upwards.
+double BestContrast(const Image& image, int left, int bottom, int right, int top,
+                    const unsigned char* ground) {
     double best = 1.0;
+    for (int y = bottom; y < top; ++y)
+        for (int x = left; x < right; ++x)
+            best = std::max(best, Contrast(image.Pixel(x, image.height - 1 - y), ground));
+    return best;
+}
+
+double ContrastOf(const DrawnQuad& text, const Image& image, const unsigned char* ground) {
     const auto range = [&](double DrawnVertex::*coordinate) {
         const auto less = [&](const DrawnVertex& a, const DrawnVertex& b) {
             return a.*coordinate < b.*coordinate;
@@ -470,10 +478,7 @@ double ContrastOf(const DrawnQuad& text, const Image& image, const unsigned char
     };
     const auto [left, right] = range(&DrawnVertex::x);
     const auto [bottom, top] = range(&DrawnVertex::y);
-    for (int y = bottom; y < top; ++y)
-        for (int x = left; x < right; ++x)
-            best = std::max(best, Contrast(image.Pixel(x, image.height - 1 - y), ground));
-    return best;
+    return BestContrast(image, left, bottom, right, top, ground);
 }
 
 struct Ground {
@@ -581,4 +586,102 @@ TEST(Ink, IsInThePixelsOfTextsAndTheHighByteIsIgnored) {
     EXPECT_GT(inked, 50);
     EXPECT_LT(inked, title.width * title.height / 2);
     EXPECT_EQ(GetStyle(plot.plotter).inkColor, 0xFF332211ul);
+}
+
+// ---- Face and weight
+
+namespace {
+
+SKivoStyle WithFace(const std::string& face, bool isBold) {
+    SKivoStyle style;
+    style.textFace = face;
+    style.boldText = isBold;
+    return style;
+}
+
+std::vector<unsigned char> TitlePixels(const StyledPlotter& plotter) {
+    const SKivoTexImage& title = *plotter.m_plotTitleImage;
+    return {title.pixels, title.pixels + 4 * title.width * title.height};
+}
+
+} // namespace
+
+TEST(TextFace, IsAskedForWithItsWeight) {
+    StyledPlot plot;
+    plot.Create();
+    Fill(plot.plotter);
+    const LOGFONTA& font = plot.plotter.m_textRenderer->m_fontDescription;
+    EXPECT_STREQ(font.lfFaceName, "MS Gothic");
+    EXPECT_EQ(font.lfWeight, FW_BOLD);
+    const LONG height = font.lfHeight;
+    const std::vector<unsigned char> bold = TitlePixels(plot.plotter);
+    ASSERT_EQ(SetStyle(plot.plotter, WithFace("", false)), 0);
+    EXPECT_STREQ(font.lfFaceName, "MS Gothic");
+    EXPECT_EQ(font.lfWeight, FW_NORMAL);
+    EXPECT_NE(TitlePixels(plot.plotter), bold);
+    ASSERT_EQ(SetStyle(plot.plotter, WithFace("DejaVu Serif", true)), 0);
+    EXPECT_STREQ(font.lfFaceName, "DejaVu Serif");
+    EXPECT_EQ(font.lfWeight, FW_BOLD);
+    EXPECT_EQ(font.lfHeight, height);
+    EXPECT_NE(TitlePixels(plot.plotter), bold);
+    ASSERT_EQ(SetStyle(plot.plotter, SKivoStyle()), 0);
+    EXPECT_EQ(TitlePixels(plot.plotter), bold);
+}
+
+// What stands in is what stands in for the plot's own.
+TEST(TextFace, ThatIsNotInstalledIsReplaced) {
+    StyledPlot plot;
+    plot.Create();
+    plot.plotter.SetPlotTitle("Title");
+    ASSERT_EQ(SetStyle(plot.plotter, WithFace("No Such Face 1", true)), 0);
+    const std::vector<unsigned char> first = TitlePixels(plot.plotter);
+    ASSERT_EQ(SetStyle(plot.plotter, WithFace("No Such Face 2", true)), 0);
+    EXPECT_EQ(TitlePixels(plot.plotter), first);
+    EXPECT_GT(std::count(first.begin(), first.end(), 0), 50);
+}
+
+TEST(TextFace, ThatIsNoNameIsRefused) {
+    StyledPlot plot;
+    plot.Create();
+    plot.plotter.SetPlotTitle("Title");
+    ASSERT_EQ(SetStyle(plot.plotter, WithFace(std::string(31, 'n'), true)), 0) << "the longest";
+    const std::vector<unsigned char> before = TitlePixels(plot.plotter);
+    for (const std::string& face : {std::string(32, 'n'), std::string(100000, 'n'), std::string("a\0b", 3)})
+        EXPECT_EQ(SetStyle(plot.plotter, WithFace(face, false)), -3);
+    EXPECT_EQ(GetStyle(plot.plotter).textFace, std::string(31, 'n'));
+    EXPECT_TRUE(GetStyle(plot.plotter).boldText);
+    EXPECT_EQ(TitlePixels(plot.plotter), before);
+}
+
+// Labels are drawn smaller than they are, so that strokes of a pixel fall between those of the screen.
+TEST(TextFace, MinusSignsOfThinLettersAreSeen) {
+    constexpr unsigned char cream[] = {255, 253, 233};
+    for (const char* const face : {"", "DejaVu Serif", "DejaVu Sans"}) {
+        StyledPlot plot;
+        plot.Create();
+        Fill(plot.plotter);
+        ASSERT_EQ(SetStyle(plot.plotter, WithFace(face, false)), 0);
+        const CKivoGridBox& box = *plot.plotter.m_gridBox;
+        int count = 0;
+        for (const int turn : {0, 3, 5, 8, 11, 14}) {
+            plot.plotter.Rotate({100, 100}, {100 + turn, 100 + turn / 2});
+            const Image image = CaptureImage(plot.plotter);
+            for (int axis = 0; axis < 3; ++axis)
+                for (unsigned int i = 0; i <= box.m_tickIntervals[axis]; ++i) {
+                    const PlacedImage& place = box.m_labelLayout.Labels(axis)[i];
+                    const std::string text = box.LabelText(axis, i);
+                    if (!place.isShown || text[0] != '-') continue;
+                    ++count;
+                    const int left =
+                        plot.plotter.m_plotViewport[0] + static_cast<int>(place.center.x - place.halfWidth);
+                    const int bottom = static_cast<int>(place.center.y - place.halfHeight);
+                    const int right =
+                        left + static_cast<int>(2.0 * place.halfWidth / static_cast<double>(text.size()));
+                    const int top = bottom + static_cast<int>(2.0 * place.halfHeight);
+                    const double best = BestContrast(image, left, bottom, right, top, cream);
+                    EXPECT_GT(best, 2.0) << face << ", " << text << ", turned by " << turn;
+                }
+        }
+        EXPECT_GT(count, 20);
+    }
 }

@@ -433,16 +433,20 @@ int SetTwoStyles(P& plotter, A& source) {
     SKivoStyle style;
     style.pixelScale = 1.5f;
     style.inkColor = 0x00E0F0FF;
+    style.textFace = "DejaVu Serif";
+    style.boldText = false;
     const int first = SetStyle(plotter, style);
     style.pixelScale = source.Float(1.0f);
     style.inkColor = source.Color(0);
+    style.textFace = source.Text("");
+    style.boldText = source.Flag(true);
     const int second = SetStyle(plotter, style);
     return first != 0 ? first : second;
 }
 
 const std::vector<PublicMember> styleFunctions = {
     Member("GetStyle()", none, [](P& p, A&) { return GetStyle(p).pixelScale > 0.0f ? 0 : contradiction; }),
-    Member("SetStyle(float, color)", bracketed, SetTwoStyles).Refuses(-1).Refuses(-3),
+    Member("SetStyle(float, color, text, flag)", bracketed, SetTwoStyles).Refuses(-1).Refuses(-3),
 };
 
 std::vector<PublicMember> AllMembers() {

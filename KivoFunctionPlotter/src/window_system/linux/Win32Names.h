@@ -130,6 +130,7 @@ constexpr DWORD PFD_GENERIC_FORMAT = 0x00000040;
 constexpr DWORD PFD_GENERIC_ACCELERATED = 0x00001000;
 constexpr DWORD PFD_STEREO_DONTCARE = 0x80000000;
 
+constexpr int FW_NORMAL = 400;
 constexpr int FW_MEDIUM = 500;
 constexpr int FW_BOLD = 700;
 constexpr BYTE DEFAULT_CHARSET = 1;
