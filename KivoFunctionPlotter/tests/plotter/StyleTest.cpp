@@ -275,6 +275,7 @@ TEST(PixelScale, WhatTheHostSetsInPixelsKeepsItsNumber) {
     Fill(plot.plotter);
     plot.plotter.SetCurveWidth(0, 2.5f);
     SetStyle(plot.plotter, Scaled(2.0f));
+    plot.RecordFrame();
     EXPECT_EQ(plot.plotter.GetPointRadiusPixelSize(), 4u);
     EXPECT_EQ(plot.plotter.m_pointRadiusPixelSize, 4.0f);
     EXPECT_EQ(plot.plotter.m_curveWidths[0], 2.5f);
