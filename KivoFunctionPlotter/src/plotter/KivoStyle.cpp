@@ -5,8 +5,8 @@
 #include "parts/KivoGridBox.h"
 #include "parts/KivoMeasurePointGroupManager.h"
 #include "parts/TextRenderer.h"
+#include "window_system/WindowSystem.h"
 
-#include <cmath>
 #include <string>
 #include <utility>
 #include <vector>

@@ -10,7 +10,9 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <cmath>
+#include <new>
+#include <string>
+#include <vector>
 
 using namespace KivoDrawingTools;
 using namespace KivoTest;
