@@ -19,9 +19,12 @@ using namespace KivoTest;
 
 namespace {
 
-int (CKivoFunctionPlotter::*const modes[])() = {
-    &CKivoFunctionPlotter::SwitchToNormalPlot, &CKivoFunctionPlotter::SwitchToXYProjectPlot,
-    &CKivoFunctionPlotter::SwitchToYZProjectPlot, &CKivoFunctionPlotter::SwitchToZXProjectPlot};
+// The plots by their switches.
+const std::vector<int (*)(CKivoFunctionPlotter&)> modes = {
+    [](CKivoFunctionPlotter& plotter) { return plotter.SwitchToNormalPlot(); },
+    [](CKivoFunctionPlotter& plotter) { return plotter.SwitchToXYProjectPlot(); },
+    [](CKivoFunctionPlotter& plotter) { return plotter.SwitchToYZProjectPlot(); },
+    [](CKivoFunctionPlotter& plotter) { return plotter.SwitchToZXProjectPlot(); }};
 
 SKivoStyle Scaled(float scale) {
     SKivoStyle style;
@@ -64,8 +67,8 @@ std::vector<float> LineWidths(const CallRecorder& recorder) {
 } // namespace
 
 TEST_F(StyleCalls, BackAtOneEveryCallIsAsItWas) {
-    for (const auto mode : modes) {
-        (plotter.*mode)();
+    for (const auto& mode : modes) {
+        mode(plotter);
         plotter.OnDraw();
         const Texts before = CallsOfFrame();
         ASSERT_EQ(SetStyle(plotter, Scaled(2.0f)), 0);
@@ -82,8 +85,8 @@ TEST_F(StyleCalls, BackAtOneEveryCallIsAsItWas) {
 
 // The widths of curves are the host's: 1, and 2.5.
 TEST_F(StyleCalls, EveryLineIsSoManyTimesAsWide) {
-    for (const auto mode : modes) {
-        (plotter.*mode)();
+    for (const auto& mode : modes) {
+        mode(plotter);
         const std::vector<float> plain = LineWidths(*Frame());
         EXPECT_GT(plain.size(), 10u);
         for (const float scale : {1.25f, 2.0f, 3.0f}) {
