@@ -428,25 +428,29 @@ const std::vector<PublicMember> pictureFunctions = {
 
 // ---- KivoStyle.h
 
-// One that is sensible, then the one asked for.
-int SetTwoStyles(P& plotter, A& source) {
+// Other texts and fonts than at first, so that all of them are drawn again.
+int SetOtherStyle(P& plotter, A&) {
     SKivoStyle style;
     style.pixelScale = 1.5f;
     style.inkColor = 0x00E0F0FF;
     style.textFace = "DejaVu Serif";
     style.boldText = false;
-    const int first = SetStyle(plotter, style);
+    return SetStyle(plotter, style);
+}
+
+int SetStyleOf(P& plotter, A& source) {
+    SKivoStyle style;
     style.pixelScale = source.Float(1.0f);
     style.inkColor = source.Color(0);
     style.textFace = source.Text("");
     style.boldText = source.Flag(true);
-    const int second = SetStyle(plotter, style);
-    return first != 0 ? first : second;
+    return SetStyle(plotter, style);
 }
 
 const std::vector<PublicMember> styleFunctions = {
     Member("GetStyle()", none, [](P& p, A&) { return GetStyle(p).pixelScale > 0.0f ? 0 : contradiction; }),
-    Member("SetStyle(float, color, text, flag)", bracketed, SetTwoStyles).Refuses(-1).Refuses(-3),
+    Member("SetStyle()", bracketed, SetOtherStyle).Refuses(-1),
+    Member("SetStyle(float, color, text, flag)", bracketed, SetStyleOf).Refuses(-1).Refuses(-3),
 };
 
 std::vector<PublicMember> AllMembers() {
