@@ -62,7 +62,7 @@ TEST_F(ContextCalls, MembersThatDrawOrMakeTexturesBracketTheirWork) {
         EXPECT_EQ(wglGetCurrentContext(), nullptr);
         ++count;
     }
-    EXPECT_EQ(count, 61);
+    EXPECT_EQ(count, 60);
 }
 
 TEST_F(ContextCalls, TheGradientSettersOfXAndYLeaveTheContextCurrent) {

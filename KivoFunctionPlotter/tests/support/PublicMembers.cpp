@@ -428,29 +428,27 @@ const std::vector<PublicMember> pictureFunctions = {
 
 // ---- KivoStyle.h
 
-// Other texts and fonts than at first, so that all of them are drawn again.
-int SetOtherStyle(P& plotter, A&) {
-    SKivoStyle style;
-    style.pixelScale = 1.5f;
-    style.inkColor = 0x00E0F0FF;
-    style.textFace = "DejaVu Serif";
-    style.boldText = false;
-    return SetStyle(plotter, style);
-}
-
-int SetStyleOf(P& plotter, A& source) {
+// Another one before the one that there is already, so that texts and fonts are made in every call.
+int SetStyleAnew(P& plotter, A& source) {
     SKivoStyle style;
     style.pixelScale = source.Float(1.0f);
     style.inkColor = source.Color(0);
     style.textFace = source.Text("");
     style.boldText = source.Flag(true);
+    if (style.pixelScale == GetStyle(plotter).pixelScale) {
+        SKivoStyle other;
+        other.pixelScale = 1.5f;
+        other.inkColor = 0x00E0F0FF;
+        other.textFace = "DejaVu Serif";
+        other.boldText = false;
+        if (const int result = SetStyle(plotter, other)) return result;
+    }
     return SetStyle(plotter, style);
 }
 
 const std::vector<PublicMember> styleFunctions = {
     Member("GetStyle()", none, [](P& p, A&) { return GetStyle(p).pixelScale > 0.0f ? 0 : contradiction; }),
-    Member("SetStyle()", bracketed, SetOtherStyle).Refuses(-1),
-    Member("SetStyle(float, color, text, flag)", bracketed, SetStyleOf).Refuses(-1).Refuses(-3),
+    Member("SetStyle(float, color, text, flag)", bracketed, SetStyleAnew).Refuses(-1).Refuses(-3),
 };
 
 std::vector<PublicMember> AllMembers() {
