@@ -906,7 +906,8 @@ protected:
 
 private:
     friend struct PictureAccess; // draws without presenting, for KivoPicture.h
-    friend struct StyleAccess;   // the fields of KivoStyle.h, and what is made from them
+    friend struct StyleAccess;   // the context, for KivoStyle.h
+    friend class TextSet;        // the style, and the fonts and images that are made for it
     friend struct ViewAccess;    // saves and restores what a view consists of
 
     struct SOwnedArray {
@@ -926,6 +927,17 @@ private:
     std::string m_textFace;
     bool m_boldText = true;
 
+    // Of KivoPicture.h
+    struct SOwnPictureStore { // owned: what pictures are drawn with. Copies of a plotter have their own.
+        SOwnPictureStore() = default;
+        SOwnPictureStore(const SOwnPictureStore&) {}
+        SOwnPictureStore& operator=(const SOwnPictureStore&) { return *this; }
+
+        struct SPictureStore* store = nullptr;
+    };
+    SOwnPictureStore m_pictures;
+    const float* m_pictureGround = nullptr; // RGBA that the present picture has behind it
+
     void InitTexts(int fontSize);
     static void DeleteFontLists(unsigned int base);
     void ShadeOfInk(float groundShare, float* rgba) const;
@@ -934,6 +946,7 @@ private:
     void ForgetNameTextures();
     void ApplyStartView();
     void FitToPlotType();
+    bool DrawSmoothFrame();
     void ClearFrame();
     int SetInverseAxis(int axis, bool& current, bool inverse);
     void FitFlatPlot(int horizontalAxis, int verticalAxis, const bool* shifted);

@@ -13,6 +13,7 @@ struct SKivoTexImage {
     float sMax = 0.0f;               ///< width / the power of two that holds it: end of the used part in s
     float tMax = 0.0f;               ///< height / the power of two that holds it: end of the used part in t
     unsigned char* pixels = nullptr; ///< width * height * 4 bytes RGBA, bottom row first; from new[], owned
+    std::uint64_t drawing = 0;       ///< another number each time a text is drawn into an image, 0 before
 };
 
 /// The line segments of one contour level.

@@ -51,6 +51,21 @@ KIVO_API int ResizeOffscreenWindow(HWND window, int width, int height);
 /// @return 1 or more; 0 for a handle that is no window
 KIVO_API int GetWindowDpi(HWND window);
 
+/// Makes the frames that a plotter shows in a window smooth from the next one on: each is drawn so many times
+/// as large beside the window and averaged, so that texts and lines have soft edges. The sizes of everything
+/// stay. The mouse members' frames are smooth, too, as are the pictures of KivoPicture.h that have no
+/// smoothing of their own. From the first such frame until the plotter's OnDestroy it takes a surface of
+/// factor * factor times the window's pixels, eight bytes each, and four bytes for each pixel of the window.
+/// Where there is no memory for it, frames are drawn as without.
+/// @param window  made by one of the functions above, on Windows any
+/// @param factor  1 to 4; 1, as a window is made, draws frames as they are. On Windows a host that destroys
+///                its window itself puts it back to 1 before.
+/// @return 0, or -1 when the handle or the factor is refused
+KIVO_API int SetWindowSmoothing(HWND window, int factor);
+
+/// @return what SetWindowSmoothing has set; 1 for a handle that is no window
+KIVO_API int GetWindowSmoothing(HWND window);
+
 /// Gives back a handle made by one of the functions above, after the plotter's OnDestroy. A window that the
 /// host owns is never touched. Null is accepted.
 /// @return 0, or -1 for a handle that is not one of those

@@ -5,8 +5,10 @@
 #include "FontDescription.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <locale>
 #include <sstream>
@@ -74,8 +76,8 @@ void DrawTextLines(HDC dc, const char* text, std::size_t length, const LineSize&
 // A bitmap selected into a memory device context; deselected and deleted with the scope.
 class SelectedBitmap {
 public:
-    SelectedBitmap(const STextRenderer& renderer, int side)
-        : m_dc(renderer.m_memoryDC), m_bitmap(CreateCompatibleBitmap(renderer.m_windowDC, side, side)),
+    SelectedBitmap(const STextRenderer& renderer, int width, int height)
+        : m_dc(renderer.m_memoryDC), m_bitmap(CreateCompatibleBitmap(renderer.m_windowDC, width, height)),
           m_previous(m_bitmap ? SelectObject(m_dc, m_bitmap) : nullptr) {}
     ~SelectedBitmap() {
         Deselect();
@@ -112,15 +114,17 @@ TextColors ColorsOf(const STextRenderer& renderer) {
     return {renderer.m_inkColor, renderer.m_isBold && (renderer.m_inkColor & 0xFFFFFF) == 0};
 }
 
-// Draws the text on a white square and reads its top rows back, flipped, as RGBA from new[]; null without
-// memory, or when the system refuses a step: what was not drawn on would show as a black box.
+// Draws the text on a white square, or at another scale than 1, where a square may be large, on as much as it
+// takes, and reads its top rows back, flipped, as RGBA from new[]; null without memory, or when the system
+// refuses a step: what was not drawn on would show as a black box.
 unsigned char* DrawPixels(const STextRenderer& renderer, const char* text, std::size_t length,
                           const LineSize& line, int width, int height) {
-    SelectedBitmap bitmap(renderer, width);
+    const int depth = renderer.m_pixelScale == 1.0f ? width : height;
+    SelectedBitmap bitmap(renderer, width, depth);
     if (!bitmap.IsSelected()) return nullptr;
     {
         const WhiteBrush white;
-        const RECT whole = {0, 0, width, width};
+        const RECT whole = {0, 0, width, depth};
         if (!FillRect(renderer.m_memoryDC, &whole, white.handle)) return nullptr;
         DrawTextLines(renderer.m_memoryDC, text, length, line, width);
     }
@@ -156,6 +160,14 @@ struct PaddedSize {
     int width;
     int height;
 };
+
+// What OpenGL refuses would be drawn as a box. Every driver takes the sizes below.
+bool IsTextureSize(const PaddedSize& padded) {
+    constexpr int alwaysTaken = 2048;
+    GLint largest = alwaysTaken;
+    if (std::max(padded.width, padded.height) > alwaysTaken) glGetIntegerv(GL_MAX_TEXTURE_SIZE, &largest);
+    return std::max(padded.width, padded.height) <= largest;
+}
 
 // Transparent texels for the larger of the padding's two parts.
 std::vector<unsigned char> ClearTexels(const SKivoTexImage& image, const PaddedSize& padded) {
@@ -223,6 +235,7 @@ int DrawTextImage(STextRenderer& renderer, const char* text, SKivoTexImage& imag
     image.width =
         line.isTooWide ? ScaledPixels(widestLine, renderer.m_pixelScale) : std::max(room.cx, room.cy);
     image.height = line.isTooWide ? 2 * room.cy : room.cy;
+    if (!IsTextureSize(PaddedSize(image))) return -1;
     MeasureWords(renderer, text, length);
 
     image.pixels = DrawPixels(renderer, text, length, line, image.width, image.height);
@@ -270,7 +283,9 @@ void ReleaseTextRenderer(STextRenderer* renderer) {
 }
 
 int CreateTextImage(STextRenderer* renderer, const char* text, SKivoTexImage* image) {
+    static std::atomic<std::uint64_t> drawings{0};
     if (!renderer || !renderer->m_windowDC || !renderer->m_memoryDC || !renderer->m_font) return -1;
+    image->drawing = ++drawings;
     if (image->texture == 0) glGenTextures(1, &image->texture);
     delete[] image->pixels;
     image->pixels = nullptr;

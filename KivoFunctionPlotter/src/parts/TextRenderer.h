@@ -44,7 +44,8 @@ void ReleaseTextRenderer(STextRenderer* renderer);
 /// as it
 ///              stands, ampersands included; two lines are cut at a whole character of that encoding
 /// @return 0; -1 when the renderer has not been initialised, then the image is untouched, or when the system
-///         cannot draw the picture, for example for lack of memory: then the image has no pixels
+///         cannot draw the picture, for lack of memory or since no texture is so large: then the image has no
+///         pixels
 int CreateTextImage(STextRenderer* renderer, const char* text, SKivoTexImage* image);
 
 /// A number as labels show it: fixed notation, in the classic locale.

@@ -1,31 +1,22 @@
 #include "KivoPicture.h"
 
 #include "drawing/GLScopes.h"
+#include "PictureDrawing.h"
 #include "ViewState.h"
+#include "window_system/CompanionWindow.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
-#include <cstring>
+#include <new>
 
 namespace KivoDrawingTools {
 
-// Reaches the plotter's drawing without presenting.
-struct PictureAccess {
-    static HDC Dc(const CKivoFunctionPlotter& plotter) { return plotter.m_hDC; }
-    static HGLRC Context(const CKivoFunctionPlotter& plotter) { return plotter.m_hGLRC; }
-
-    static bool WindowSize(const CKivoFunctionPlotter& plotter, int& width, int& height) {
-        RECT rect = {};
-        if (!plotter.m_hGLRC || !GetClientRect(plotter.m_hWnd, &rect)) return false;
-        width = rect.right - rect.left;
-        height = rect.bottom - rect.top;
-        return width > 0 && height > 0;
-    }
-
-    static void Draw(CKivoFunctionPlotter& plotter) { plotter.DrawScene(); }
-};
-
 namespace {
+
+constexpr int largestSide = 16384;
+constexpr float largestScale = 8.0f;
+constexpr float largestScaleInAll = 32.0f;
 
 // Makes a plotter's context current for the life of the object.
 class PlotterContext : public ContextScope {
@@ -35,46 +26,76 @@ public:
     bool IsUsable() const { return wglGetCurrentContext() != nullptr; }
 };
 
-// Puts the plotter's own view back, whatever ends the scope.
-class ViewScope {
-public:
-    explicit ViewScope(CKivoFunctionPlotter& plotter)
-        : m_plotter(plotter), m_view(ViewAccess::Save(plotter)) {}
-    ~ViewScope() {
-        ViewAccess::Restore(m_plotter, m_view);
-        const PlotterContext context(m_plotter);
-        ViewAccess::ApplyVolume(m_plotter);
-    }
-    ViewScope(const ViewScope&) = delete;
-    ViewScope& operator=(const ViewScope&) = delete;
+bool IsSide(int side) {
+    return side >= 1 && side <= largestSide;
+}
 
-private:
-    CKivoFunctionPlotter& m_plotter;
-    const ViewState m_view;
-};
+PictureTarget TargetOf(std::vector<unsigned char>& rgba, int width) {
+    return {rgba.data(), std::ptrdiff_t{width} * 4, GL_RGBA};
+}
 
-// Reads a rectangle from the back buffer's lower left corner into a picture whose first row is the top one.
-void ReadTile(std::vector<unsigned char>& rgba, int pictureWidth, int pictureHeight, int x, int y, int width,
-              int height) {
-    std::vector<unsigned char> tile(static_cast<std::size_t>(width) * height * 4);
-    glPushClientAttrib(GL_CLIENT_PIXEL_STORE_BIT);
-    glPixelStorei(GL_PACK_ALIGNMENT, 1);
-    glPixelStorei(GL_PACK_ROW_LENGTH, 0);
-    GLint readBuffer = GL_BACK;
-    glGetIntegerv(GL_READ_BUFFER, &readBuffer);
-    glReadBuffer(GL_BACK);
-    glReadPixels(0, 0, width, height, GL_RGBA, GL_UNSIGNED_BYTE, tile.data());
-    glReadBuffer(static_cast<GLenum>(readBuffer));
-    glPopClientAttrib();
+std::vector<unsigned char> PixelsOf(int width, int height) {
+    return std::vector<unsigned char>(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 4);
+}
 
-    for (int row = 0; row < height; ++row) {
-        const std::size_t target =
-            (static_cast<std::size_t>(pictureHeight - 1 - (y + row)) * pictureWidth + x) * 4;
-        const unsigned char* source = tile.data() + static_cast<std::size_t>(row) * width * 4;
-        std::memcpy(rgba.data() + target, source, static_cast<std::size_t>(width) * 4);
-        for (int column = 0; column < width; ++column)
-            rgba[target + static_cast<std::size_t>(column) * 4 + 3] = 255;
-    }
+// In the window itself, in tiles of its size.
+int DrawInWindow(CKivoFunctionPlotter& plotter, int width, int height, const SIZE& tile,
+                 const PictureTarget& target) {
+    const ViewScope shown(plotter);
+    ViewAccess::LayOut(plotter, width, height);
+    const ViewState whole = ViewAccess::Save(plotter);
+    const PlotterContext context(plotter);
+    const int columns = static_cast<int>(tile.cx);
+    const int rows = static_cast<int>(tile.cy);
+    for (int y = 0; y < height; y += rows)
+        for (int x = 0; x < width; x += columns) {
+            ViewState view = whole;
+            view.ShiftTo(x, y);
+            ViewAccess::Restore(plotter, view);
+            ViewAccess::ApplyVolume(plotter);
+            PictureAccess::Draw(plotter);
+            ReadPart(PictureAccess::Store(plotter), target, height,
+                     {x, y, std::min(columns, width - x), std::min(rows, height - y), 1});
+        }
+    return 0;
+}
+
+// Pictures that are smoothed, scaled or transparent.
+int DrawPlanned(CKivoFunctionPlotter& plotter, const PicturePlan& plan, const PictureTarget& target) {
+    if (!PlotterContext(plotter).IsUsable()) return -1;
+    return PictureAccess::DrawBeside(plotter, plan, target) ? 0 : -1;
+}
+
+int Refuse() {
+    RecordFailure(ERROR_NOT_ENOUGH_MEMORY,
+                  "Picture: there is not enough memory for this size; ask for a smaller one.");
+    return -1;
+}
+
+bool AreWithinLimits(const CKivoFunctionPlotter& plotter, const SKivoPictureOptions& options) {
+    const bool isScale = options.scale > 0.0f && options.scale <= largestScale; // no number is none
+    return isScale && PictureAccess::PixelScale(plotter) * options.scale <= largestScaleInAll &&
+           options.smoothing >= 1 && options.smoothing <= 4 && options.width >= 0 && options.height >= 0;
+}
+
+// A size that is given, or else the window's.
+int SideOf(int given, int windowSide, float scale) {
+    if (given != 0) return given;
+    return static_cast<int>(std::lround(static_cast<float>(windowSide) * scale));
+}
+
+int PlanOf(const CKivoFunctionPlotter& plotter, const SKivoPictureOptions& options, PicturePlan& plan) {
+    if (!AreWithinLimits(plotter, options)) return -3;
+    int windowWidth = 0;
+    int windowHeight = 0;
+    if (!PictureAccess::WindowSize(plotter, windowWidth, windowHeight)) return -1;
+    plan.width = SideOf(options.width, windowWidth, options.scale);
+    plan.height = SideOf(options.height, windowHeight, options.scale);
+    plan.scale = options.scale;
+    plan.smoothing = options.smoothing;
+    plan.isTransparent = options.transparent;
+    plan.isLaidOut = plan.width == windowWidth && plan.height == windowHeight;
+    return IsSide(plan.width) && IsSide(plan.height) ? 0 : -3;
 }
 
 } // namespace
@@ -84,12 +105,18 @@ int CapturePicture(CKivoFunctionPlotter& plotter, std::vector<unsigned char>& rg
     int windowWidth = 0;
     int windowHeight = 0;
     if (!PictureAccess::WindowSize(plotter, windowWidth, windowHeight)) return -1;
-
-    const PlotterContext context(plotter);
-    if (!context.IsUsable()) return -1;
-    std::vector<unsigned char> picture(static_cast<std::size_t>(windowWidth) * windowHeight * 4);
-    PictureAccess::Draw(plotter);
-    ReadTile(picture, windowWidth, windowHeight, 0, 0, windowWidth, windowHeight);
+    std::vector<unsigned char> picture = PixelsOf(windowWidth, windowHeight);
+    const PictureTarget target = TargetOf(picture, windowWidth);
+    const int smoothing = PictureAccess::WindowSmoothing(plotter);
+    if (smoothing > 1) {
+        if (DrawPlanned(plotter, {windowWidth, windowHeight, 1.0f, smoothing, false, true}, target) != 0)
+            return -1;
+    } else {
+        const PlotterContext context(plotter);
+        if (!context.IsUsable()) return -1;
+        PictureAccess::Draw(plotter);
+        ReadPart(PictureAccess::Store(plotter), target, windowHeight, {0, 0, windowWidth, windowHeight, 1});
+    }
     rgba.swap(picture);
     width = windowWidth;
     height = windowHeight;
@@ -98,30 +125,64 @@ int CapturePicture(CKivoFunctionPlotter& plotter, std::vector<unsigned char>& rg
 
 int CapturePicture(CKivoFunctionPlotter& plotter, int wantedWidth, int wantedHeight,
                    std::vector<unsigned char>& rgba) {
-    constexpr int largest = 16384;
-    if (wantedWidth < 1 || wantedHeight < 1 || wantedWidth > largest || wantedHeight > largest) return -3;
+    if (!IsSide(wantedWidth) || !IsSide(wantedHeight)) return -3;
     const HostContextScope host(nullptr);
     int tileWidth = 0;
     int tileHeight = 0;
     if (!PictureAccess::WindowSize(plotter, tileWidth, tileHeight)) return -1;
-
-    std::vector<unsigned char> picture(static_cast<std::size_t>(wantedWidth) * wantedHeight * 4);
+    std::vector<unsigned char> picture = PixelsOf(wantedWidth, wantedHeight);
+    const PictureTarget target = TargetOf(picture, wantedWidth);
     if (!PlotterContext(plotter).IsUsable()) return -1;
-    const ViewScope shown(plotter);
-    ViewAccess::LayOut(plotter, wantedWidth, wantedHeight);
-    const ViewState wanted = ViewAccess::Save(plotter);
-    const PlotterContext context(plotter);
-    for (int y = 0; y < wantedHeight; y += tileHeight)
-        for (int x = 0; x < wantedWidth; x += tileWidth) {
-            ViewState tile = wanted;
-            tile.ShiftTo(x, y);
-            ViewAccess::Restore(plotter, tile);
-            ViewAccess::ApplyVolume(plotter);
-            PictureAccess::Draw(plotter);
-            ReadTile(picture, wantedWidth, wantedHeight, x, y, std::min(tileWidth, wantedWidth - x),
-                     std::min(tileHeight, wantedHeight - y));
-        }
-    rgba.swap(picture);
+    const int smoothing = PictureAccess::WindowSmoothing(plotter);
+    const int result =
+        smoothing > 1
+            ? DrawPlanned(plotter, {wantedWidth, wantedHeight, 1.0f, smoothing, false, false}, target)
+            : DrawInWindow(plotter, wantedWidth, wantedHeight, {tileWidth, tileHeight}, target);
+    if (result == 0) rgba.swap(picture);
+    return result;
+}
+
+int MeasurePicture(const CKivoFunctionPlotter& plotter, const SKivoPictureOptions& options, int& width,
+                   int& height) {
+    PicturePlan plan = {};
+    const int result = PlanOf(plotter, options, plan);
+    if (result != 0) return result;
+    width = plan.width;
+    height = plan.height;
+    return 0;
+}
+
+int DrawPicture(CKivoFunctionPlotter& plotter, const SKivoPictureOptions& options, unsigned char* pixels,
+                std::size_t rowBytes, KivoPixelOrder order) {
+    PicturePlan plan = {};
+    const int result = PlanOf(plotter, options, plan);
+    if (result != 0) return result;
+    if (!pixels || rowBytes < static_cast<std::size_t>(plan.width) * 4) return -3;
+    const HostContextScope host(nullptr);
+    const GLenum glOrder = order == KivoPixelOrder::bgra ? GL_BGRA : GL_RGBA;
+    try {
+        return DrawPlanned(plotter, plan, {pixels, static_cast<std::ptrdiff_t>(rowBytes), glOrder});
+    } catch (const std::bad_alloc&) {
+        return Refuse();
+    }
+}
+
+int CapturePicture(CKivoFunctionPlotter& plotter, const SKivoPictureOptions& options,
+                   std::vector<unsigned char>& rgba, int& width, int& height) {
+    PicturePlan plan = {};
+    int result = PlanOf(plotter, options, plan);
+    if (result != 0) return result;
+    try {
+        std::vector<unsigned char> picture = PixelsOf(plan.width, plan.height);
+        result = DrawPicture(plotter, options, picture.data(), static_cast<std::size_t>(plan.width) * 4,
+                             KivoPixelOrder::rgba);
+        if (result != 0) return result;
+        rgba.swap(picture);
+    } catch (const std::bad_alloc&) {
+        return Refuse();
+    }
+    width = plan.width;
+    height = plan.height;
     return 0;
 }
 

@@ -9,6 +9,7 @@
 #include "parts/KivoGridBox.h"
 #include "parts/KivoMeasurePointGroupManager.h"
 #include "parts/TextRenderer.h"
+#include "PictureDrawing.h"
 #include "PlotType.h"
 #include "window_system/HostContext.h"
 #include "window_system/WindowSystem.h"
@@ -229,6 +230,7 @@ int CKivoFunctionPlotter::Release() {
         const ContextScope context(m_hDC, m_hGLRC);
         DeleteFontLists(m_fontListBase);
         m_fontListBase = 0;
+        PictureAccess::ReleaseStore(*this);
     }
     if (m_textRenderer) ReleaseTextRenderer(m_textRenderer);
 
@@ -520,11 +522,26 @@ void CKivoFunctionPlotter::UpdateViewport(int x, int y, int width, int height) {
 // ---- Frame driver ---------------------------------------------------------------------------------------
 
 int CKivoFunctionPlotter::Renderscene() {
+    const bool isBeside = DrawSmoothFrame();
     const ContextScope context(m_hDC, m_hGLRC);
-    DrawScene();
+    if (isBeside)
+        PictureAccess::PutFrame(*this);
+    else
+        DrawScene();
     if (SwapBuffers(m_hDC)) return frameShown;
     const int error = static_cast<int>(GetLastError());
     return error != frameShown ? error : frameUnexplained;
+}
+
+// Whether the window asks for one and there is the memory.
+bool CKivoFunctionPlotter::DrawSmoothFrame() {
+    const int smoothing = GetWindowSmoothing(m_hWnd);
+    if (smoothing == 1) return false;
+    try {
+        return PictureAccess::DrawFrameBeside(*this, smoothing);
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
 }
 
 void CKivoFunctionPlotter::DrawScene() {
@@ -541,7 +558,8 @@ void CKivoFunctionPlotter::DrawScene() {
 }
 
 void CKivoFunctionPlotter::ClearFrame() {
-    glClearColor(m_backgroundColor[0], m_backgroundColor[1], m_backgroundColor[2], m_backgroundColor[3]);
+    const float* const ground = m_pictureGround ? m_pictureGround : m_backgroundColor;
+    glClearColor(ground[0], ground[1], ground[2], ground[3]);
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
 }
 

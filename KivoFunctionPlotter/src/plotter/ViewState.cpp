@@ -19,6 +19,13 @@ double ViewState::ShorterSide() const {
     return std::min(std::abs(volume[1] - volume[0]), std::abs(volume[3] - volume[2]));
 }
 
+void ViewState::Enlarge(int factor) {
+    clientHeight *= factor;
+    for (int* const viewport : {plotViewport, legendViewport})
+        for (int i = 0; i < 4; ++i)
+            viewport[i] *= factor;
+}
+
 void ViewState::ShiftTo(int x, int y) {
     for (int* const viewport : {plotViewport, legendViewport}) {
         viewport[0] -= x;

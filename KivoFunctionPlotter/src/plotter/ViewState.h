@@ -26,6 +26,8 @@ struct ViewState {
 
     /// What the plot shows along the shorter side, in view-volume units: zooms are measured by it.
     double ShorterSide() const;
+    /// Shows the same in a window so many times as large.
+    void Enlarge(int factor);
     /// Brings the client point (x, y), y upwards, to the window's lower left corner.
     void ShiftTo(int x, int y);
 };

@@ -26,6 +26,10 @@ Texts Bindings(const CallRecorder& recorder) {
     return recorder.TextsOf({"wglMakeCurrent"});
 }
 
+bool IsDrawnBeside(const PublicOperation& operation) {
+    return operation.name.find("Picture(options)") != std::string::npos;
+}
+
 bool CallsOpenGl(const CallRecorder& recorder) {
     return std::any_of(recorder.Calls().begin(), recorder.Calls().end(),
                        [](const RecordedCall& call) { return !call.isOperation; });
@@ -52,9 +56,10 @@ TEST_F(ContextCalls, MembersThatDrawOrMakeTexturesBracketTheirWork) {
         ASSERT_FALSE(bindings.empty());
         EXPECT_EQ(bindings.front(), bind);
         EXPECT_EQ(bindings.back(), unbind);
-        // Nothing else is bound, and the last call of all releases the context.
+        // Nothing else is bound, but for what is drawn beside the window, and the last call of all releases
+        // the context.
         for (const std::string& binding : bindings)
-            EXPECT_TRUE(binding == bind || binding == unbind) << binding;
+            EXPECT_TRUE(binding == bind || binding == unbind || IsDrawnBeside(operation)) << binding;
         EXPECT_EQ(std::count(bindings.begin(), bindings.end(), bind),
                   std::count(bindings.begin(), bindings.end(), unbind));
         EXPECT_EQ(recorder->Texts().back(), unbind);
@@ -62,7 +67,7 @@ TEST_F(ContextCalls, MembersThatDrawOrMakeTexturesBracketTheirWork) {
         EXPECT_EQ(wglGetCurrentContext(), nullptr);
         ++count;
     }
-    EXPECT_EQ(count, 60);
+    EXPECT_EQ(count, 62);
 }
 
 TEST_F(ContextCalls, TheGradientSettersOfXAndYLeaveTheContextCurrent) {
@@ -90,7 +95,7 @@ TEST_F(ContextCalls, OtherMembersLeaveOpenGlAlone) {
         EXPECT_FALSE(CallsOpenGl(*recorder));
         ++count;
     }
-    EXPECT_EQ(count, 59);
+    EXPECT_EQ(count, 60);
 }
 
 TEST_F(ContextCalls, TextIsDrawnInTheCallersBracket) {

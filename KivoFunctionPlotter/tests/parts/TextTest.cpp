@@ -237,6 +237,18 @@ TEST_P(Text, WiderTextsTakeTwoLines) {
     EXPECT_TRUE(upper && lower);
 }
 
+TEST_P(Text, ThatNoTextureHoldsIsRefused) {
+    Make("A short one");
+    const int fontSize = Renderer().m_fontSize;
+    Renderer().m_pixelScale = 150.0f; // two lines of 76,800 pixels
+    InitTextRenderer(&Renderer(), plotter.m_hDC, fontSize);
+    const CurrentContext context(plotter);
+    const std::string text(400, 'w');
+    EXPECT_EQ(CreateTextImage(&Renderer(), text.c_str(), &image), -1);
+    EXPECT_EQ(image.pixels, nullptr);
+    EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
+}
+
 // Half of the bytes each, whatever they are as words or as widths.
 TEST_P(Text, TwoLinesAreCutInTheMiddleOfTheBytes) {
     const std::string wide(40, 'W'), narrow(40, '.');

@@ -3,10 +3,12 @@
 
 namespace KivoTest {
 
-/// For as long as it lives, the driver makes no contexts. One at a time.
+/// For as long as it lives, the driver makes no contexts, or no surfaces of more than so many pixels. One at
+/// a time.
 class EglFault {
 public:
     EglFault();
+    explicit EglFault(long mostPixels);
     ~EglFault();
     EglFault(const EglFault&) = delete;
     EglFault& operator=(const EglFault&) = delete;

@@ -23,7 +23,16 @@ Handle Taken(const char* kind, Handle handle) {
     return handle;
 }
 
+constexpr long anyNumber = -1;
 bool makesContexts = true;
+long mostPixelsOfSurface = anyNumber;
+
+long PixelsOf(const EGLint* attributes) {
+    long pixels = 1;
+    for (; attributes && *attributes != EGL_NONE; attributes += 2)
+        if (attributes[0] == EGL_WIDTH || attributes[0] == EGL_HEIGHT) pixels *= attributes[1];
+    return pixels;
+}
 
 } // namespace
 
@@ -33,8 +42,13 @@ EglFault::EglFault() {
     makesContexts = false;
 }
 
+EglFault::EglFault(long mostPixels) {
+    mostPixelsOfSurface = mostPixels;
+}
+
 EglFault::~EglFault() {
     makesContexts = true;
+    mostPixelsOfSurface = anyNumber;
 }
 
 } // namespace KivoTest
@@ -97,6 +111,7 @@ GUARD_OWN(EGLBoolean, eglDestroyContext, (EGLDisplay display, EGLContext context
 GUARD_OWN(EGLSurface, eglCreatePbufferSurface,
           (EGLDisplay display, EGLConfig config, const EGLint* attributes)) {
     const WithoutAllocationFaults reliable;
+    if (mostPixelsOfSurface != anyNumber && PixelsOf(attributes) > mostPixelsOfSurface) return EGL_NO_SURFACE;
     return Taken("EGL surface", __real_eglCreatePbufferSurface(display, config, attributes));
 }
 

@@ -167,6 +167,43 @@ int CaptureSized(P& plotter, A& source) {
     return rgba.size() == (result == 0 ? std::size_t{4} * width * height : 0) ? result : contradiction;
 }
 
+SKivoPictureOptions SmoothOptions(A& source) {
+    SKivoPictureOptions options;
+    options.width = source.Of(Amount::pictureSize, 300);
+    options.height = source.Of(Amount::pictureSize, 200);
+    options.scale = source.Float(1.25f);
+    options.smoothing = source.Int(2);
+    options.transparent = source.Flag(true);
+    return options;
+}
+
+int Measure(P& plotter, A& source) {
+    int width = -1, height = -1;
+    const int result = MeasurePicture(plotter, SmoothOptions(source), width, height);
+    return (result == 0) == (width > 0 && height > 0) ? result : contradiction;
+}
+
+int CaptureSmooth(P& plotter, A& source) {
+    std::vector<unsigned char> rgba;
+    int width = 0, height = 0;
+    const int result = CapturePicture(plotter, SmoothOptions(source), rgba, width, height);
+    return rgba.size() == std::size_t{4} * width * height ? result : contradiction;
+}
+
+// A buffer of any size, and one that is too small.
+int DrawSmooth(P& plotter, A& source) {
+    SKivoPictureOptions options = SmoothOptions(source);
+    options.transparent = false;
+    int width = 0, height = 0;
+    const int result = MeasurePicture(plotter, options, width, height);
+    const std::size_t rowBytes = std::size_t{4} * width + 8;
+    std::vector<unsigned char> pixels(rowBytes * height);
+    if (result != 0) return result;
+    const int refused = DrawPicture(plotter, options, pixels.data(), 3, KivoPixelOrder::rgba);
+    if (refused != -3) return refused == 0 ? contradiction : refused;
+    return DrawPicture(plotter, options, pixels.data(), rowBytes, KivoPixelOrder::bgra);
+}
+
 // Its own view is one that any plot can take.
 int TakeOwnView(P& plotter, A&) {
     return TakeView(plotter, plotter);
@@ -423,6 +460,9 @@ const std::vector<PublicMember> overlayMembers = {
 const std::vector<PublicMember> pictureFunctions = {
     Member("CapturePicture()", bracketed, Capture).Refuses(-1),
     Member("CapturePicture(size, size)", bracketed, CaptureSized).Refuses(-1).Refuses(-3),
+    Member("CapturePicture(options)", bracketed, CaptureSmooth).Refuses(-1).Refuses(-3),
+    Member("DrawPicture(options)", bracketed, DrawSmooth).Refuses(-1).Refuses(-3),
+    Member("MeasurePicture(options)", none, Measure).Refuses(-1).Refuses(-3),
     Member("TakeView(plotter)", bracketed, TakeOwnView).Refuses(-1).Refuses(-3),
 };
 

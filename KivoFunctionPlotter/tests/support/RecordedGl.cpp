@@ -156,6 +156,9 @@ RECORD(void, glClear, (GLbitfield mask), (mask), Mask(mask))
 RECORD(void, glClearColor, (GLclampf r, GLclampf g, GLclampf b, GLclampf a), (r, g, b, a), Num(r), Num(g),
        Num(b), Num(a))
 RECORD(void, glClearDepth, (GLclampd depth), (depth), Num(depth))
+RECORD(void, glDrawPixels,
+       (GLsizei width, GLsizei height, GLenum format, GLenum type, const GLvoid* pixels),
+       (width, height, format, type, pixels), Num(width), Num(height), Enum(format), Enum(type), Ptr(pixels))
 RECORD(void, glReadBuffer, (GLenum buffer), (buffer), Enum(buffer))
 RECORD(void, glReadPixels,
        (GLint x, GLint y, GLsizei width, GLsizei height, GLenum format, GLenum type, GLvoid* pixels),
@@ -198,6 +201,7 @@ RECORD(void, glGetDoublev, (GLenum name, GLdouble* values), (name, values), Enum
 RECORD(void, glGetIntegerv, (GLenum name, GLint* values), (name, values), Enum(name), Ptr(values))
 RECORD(GLboolean, glIsEnabled, (GLenum cap), (cap), Enum(cap))
 RECORD(GLenum, glGetError, (), (), )
+RECORD(const GLubyte*, glGetString, (GLenum name), (name), Enum(name))
 RECORD(GLint, gluProject,
        (GLdouble x, GLdouble y, GLdouble z, const GLdouble* modelView, const GLdouble* projection,
         const GLint* viewport, GLdouble* outX, GLdouble* outY, GLdouble* outZ),

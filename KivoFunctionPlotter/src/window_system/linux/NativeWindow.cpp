@@ -91,6 +91,21 @@ int GetWindowDpi(HWND window) {
     return live ? live->DotsPerInch() : 0;
 }
 
+int SetWindowSmoothing(HWND window, int factor) {
+    NativeWindow* const live = ValidWindow(window, "SetWindowSmoothing");
+    if (!live) return -1;
+    if (factor < 1 || factor > 4) {
+        Fail(ERROR_INVALID_PARAMETER, "SetWindowSmoothing: the factor is not 1 to 4; pass one within.");
+        return -1;
+    }
+    live->SetSmoothing(factor);
+    return 0;
+}
+
+int GetWindowSmoothing(HWND window) {
+    return Live<NativeWindow>().Contains(window) ? window->Smoothing() : 1;
+}
+
 int ReleaseWindow(HWND window) {
     if (!window) return 0;
     if (!ValidWindow(window, "ReleaseWindow")) return -1;

@@ -51,6 +51,10 @@ struct NativeWindow {
     EGLConfig Config() const { return m_config; }
     EGLSurface Surface() const { return m_surface; }
 
+    /// By how many pixels of each side one of a frame is averaged.
+    int Smoothing() const { return m_smoothing; }
+    void SetSmoothing(int factor) { m_smoothing = factor; }
+
 protected:
     virtual std::vector<EGLConfig> FittingConfigs() const = 0;
     /// Makes a surface of the window's size; EGL_NO_SURFACE, with the failure recorded, when it is refused.
@@ -66,6 +70,7 @@ private:
     int m_format = 0;
     EGLConfig m_config = nullptr;
     EGLSurface m_surface = EGL_NO_SURFACE;
+    int m_smoothing = 1;
     DeviceContext m_dc;
 };
 

@@ -5,9 +5,11 @@
 #include "LastError.h"
 #include "NativeWindow.h"
 #include "PixelFormats.h"
+#include "window_system/CompanionWindow.h"
 
 #include <GL/gl.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace KivoDrawingTools {
@@ -121,6 +123,27 @@ int ResizeOffscreenWindow(HWND window, int width, int height) {
         return -1;
     }
     return offscreen->Resize({width, height}) ? 0 : -1;
+}
+
+HWND CreateCompanionWindow(HDC dc, int width, int height) {
+    NativeWindow* const other = WindowOfDc(dc, "CreateCompanionWindow");
+    if (!other) return nullptr;
+    const SIZE size{width, height};
+    auto window = std::make_unique<OffscreenWindow>(other->Display(), size, other->DotsPerInch());
+    const auto& formats = window->Formats();
+    const auto found = std::find(formats.begin(), formats.end(), other->Config());
+    if (!IsSize(width, height) || other->Format() == 0 || found == formats.end()) {
+        Fail(ERROR_INVALID_PIXEL_FORMAT,
+             "EGL: what is drawn in this window cannot be drawn outside it; use an off-screen window.");
+        return nullptr;
+    }
+    if (!window->HasMemoryFor(size) || !window->SetFormat(static_cast<int>(found - formats.begin()) + 1))
+        return nullptr;
+    return window.release();
+}
+
+void RecordFailure(unsigned long code, const char* words) {
+    Fail(static_cast<DWORD>(code), words);
 }
 
 } // namespace KivoDrawingTools

@@ -1,9 +1,11 @@
 // Windows without a screen, on Windows: hidden windows of a class of their own. And what KivoWindow.h says of
 // all windows.
 #include "KivoWindow.h"
+#include "window_system/CompanionWindow.h"
 #include "window_system/FailureWords.h"
 #include "window_system/HostContext.h"
 
+#include <cstdint>
 #include <string>
 
 namespace KivoDrawingTools {
@@ -102,10 +104,56 @@ int ReleaseWindow(HWND window) {
         return Refuse(
             ERROR_INVALID_WINDOW_HANDLE,
             "Window: the handle is none of CreateOffscreenWindow; a host destroys its own windows itself.");
+    SetWindowSmoothing(window, 1);
     if (!DestroyWindow(window))
         return Refuse(GetLastError(),
                       "Window: it was not destroyed; call ReleaseWindow on the thread that made it.");
     return 0;
+}
+
+HWND CreateCompanionWindow(HDC dc, int width, int height) {
+    const HWND window = CreateOffscreenWindow(width, height);
+    if (!window) return nullptr;
+    const HDC own = GetDC(window); // stays with the window
+    PIXELFORMATDESCRIPTOR descriptor = {};
+    const int format = GetPixelFormat(dc);
+    DescribePixelFormat(dc, format, sizeof(descriptor), &descriptor);
+    if (format != 0 && SetPixelFormat(own, format, &descriptor)) return window;
+    Refuse(GetLastError(), "Window: a hidden window does not take the pixel format of the plot's.");
+    DestroyWindow(window);
+    return nullptr;
+}
+
+void RecordFailure(unsigned long code, const char* words) {
+    Refuse(code, words);
+}
+
+namespace {
+
+constexpr char smoothingName[] = "KivoSmoothing"; // a property of the window, the factor less 1
+
+} // namespace
+
+int SetWindowSmoothing(HWND window, int factor) {
+    if (factor < 1 || factor > 4)
+        return Refuse(ERROR_INVALID_PARAMETER,
+                      "SetWindowSmoothing: the factor is not 1 to 4; pass one within.");
+    if (!IsWindow(window))
+        return Refuse(ERROR_INVALID_WINDOW_HANDLE,
+                      "SetWindowSmoothing: there is no such window; pass one that has not been destroyed.");
+    if (factor == 1) {
+        RemovePropA(window, smoothingName); // none is left behind when the window is destroyed
+        return 0;
+    }
+    const auto stored = static_cast<std::uintptr_t>(factor - 1);
+    if (SetPropA(window, smoothingName, reinterpret_cast<HANDLE>(stored))) return 0;
+    return Refuse(GetLastError(), "SetWindowSmoothing: the system keeps no property; free memory.");
+}
+
+int GetWindowSmoothing(HWND window) {
+    if (!IsWindow(window)) return 1;
+    const auto stored = reinterpret_cast<std::uintptr_t>(GetPropA(window, smoothingName));
+    return static_cast<int>(stored) + 1;
 }
 
 const char* LastWindowError() {

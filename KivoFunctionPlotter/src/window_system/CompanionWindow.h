@@ -1,0 +1,18 @@
+// Windows beside a plotter's own, for what is drawn larger than that.
+#pragma once
+
+#include "KivoPlatform.h"
+
+namespace KivoDrawingTools {
+
+/// Makes a window without a screen that the contexts of another window can draw to as well. Size, resizing
+/// and release are those of off-screen windows.
+/// @param dc  the other window's, with its pixel format set
+/// @return null, with the failure recorded, when there is no memory for it or the driver has no such windows
+HWND CreateCompanionWindow(HDC dc, int width, int height);
+
+/// Records a failure of the calling thread that is not the window system's, for LastWindowError().
+/// @param code  one of GetLastError()'s
+void RecordFailure(unsigned long code, const char* words);
+
+} // namespace KivoDrawingTools
