@@ -124,14 +124,11 @@ SIZE LargestTile(const SIZE& drawn, int factor) {
             std::min(drawn.cy, WholeMultiple(tileHeight, factor))};
 }
 
+// Another one for another size: not every system's drivers follow a window that is not shown.
 bool FitWindow(SPictureStore& store, HDC dc, const SIZE& size) {
     if (store.window && store.size.cx == size.cx && store.size.cy == size.cy) return true;
-    const int width = static_cast<int>(size.cx);
-    const int height = static_cast<int>(size.cy);
-    if (!store.window)
-        store.window = CreateCompanionWindow(dc, width, height);
-    else if (ResizeOffscreenWindow(store.window, width, height) != 0)
-        return false;
+    ReleaseWindow(std::exchange(store.window, nullptr));
+    store.window = CreateCompanionWindow(dc, static_cast<int>(size.cx), static_cast<int>(size.cy));
     store.size = size;
     return store.window != nullptr;
 }
