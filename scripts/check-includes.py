@@ -43,7 +43,8 @@ SURROUNDINGS = {
     "viewer/tests": ["viewer/src", f"{LIBRARY}/tests", f"{LIBRARY}/tests/fuzz", f"{LIBRARY}/src", f"{LIBRARY}/include"],
     "examples/tests": ["examples", f"{LIBRARY}/tests", f"{LIBRARY}/samples", f"{LIBRARY}/include"],
     "examples": [f"{LIBRARY}/samples", f"{LIBRARY}/include"],
-    "docs/picture_makers": ["viewer/src", "viewer/tests", f"{LIBRARY}/tests", f"{LIBRARY}/include"],
+    "docs/picture_makers": [
+        "viewer/src", "viewer/tests", f"{LIBRARY}/samples", f"{LIBRARY}/tests", f"{LIBRARY}/include"],
 }
 
 # Tests of one layer know no more than that layer.

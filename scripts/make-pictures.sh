@@ -14,12 +14,13 @@ else
     . scripts/packages.sh
     install_packages "${kivo_run_packages[@]}" "${kivo_test_packages[@]}"
     cmake --preset release
-    cmake --build "$build" --target terrain_gallery feature_pictures kivo-viewer-pictures
+    cmake --build "$build" --target terrain_gallery averages_picture feature_pictures kivo-viewer-pictures
 fi
 mkdir -p "$pictures/features" "$pictures/viewer"
 
 unset WAYLAND_DISPLAY
 env -u DISPLAY "$build"/docs/picture_makers/terrain_gallery viewer/samples/terrain.asc "$pictures"
+env -u DISPLAY "$build"/docs/picture_makers/averages_picture "$pictures/averages.png"
 env -u DISPLAY "$build"/examples/feature_pictures "$pictures/features"
 steps=$(mktemp -d) # the program keeps a picture of each step, too
 trap 'rm -rf "$steps"' EXIT

@@ -6,6 +6,7 @@
 
 #include <KivoFunctionPlotter.h>
 #include <KivoPicture.h>
+#include <KivoStyle.h>
 #include <KivoWindow.h>
 
 #include <cstdio>
@@ -51,17 +52,34 @@ public:
     }
 
     void ShowOverItsContours() {
+        SKivoStyle style = GetStyle(*this);
+        style.pixelScale = 1.25f;
+        style.textFace = "DejaVu Sans";
+        style.boldText = false;
+        SetStyle(*this, style);
+        SetBackgroundColor(1.0f, 1.0f, 1.0f, 1.0f);
         ShowZIsoContours(true);
         SetIsoContourCount(12);
         SetFrameLineStep(2, 2);
         SetFrameLineColor(0x00404040);
         SetXAxisMin(0.0f), SetXAxisMax(30.0f), SetXAxisTickMarkNumber(7), SetXAxisFloatingPointPrecision(0);
         SetYAxisMin(0.0f), SetYAxisMax(25.0f), SetYAxisTickMarkNumber(6), SetYAxisFloatingPointPrecision(0);
-        SetZAxisMin(-1000.0f), SetZAxisMax(2000.0f), SetZAxisTickMarkNumber(4);
+        SetZAxisMin(-500.0f), SetZAxisMax(1500.0f), SetZAxisTickMarkNumber(5);
         SetGradientColorRuleFloatingPointPrecision(0);
         AutoAdjustAxisLengthRatio();
-        Zoom(0.85f);
-        Translate({0, 0}, {-40, -40});
+        Rotate({0, 0}, {40, 12});
+        Zoom(0.86f);
+        Translate({0, 0}, {-25, -35});
+    }
+
+    // The frame lines are the host's to colour.
+    void ShowOn(unsigned long ground, unsigned long ink, unsigned long frameLines) {
+        SKivoStyle style = GetStyle(*this);
+        style.inkColor = ink;
+        SetStyle(*this, style);
+        SetBackgroundColor(ground);
+        SetFrameLineColor(frameLines);
+        ShowZIsoContours(true);
     }
 
 private:
@@ -75,6 +93,7 @@ struct Picture {
     std::function<void(TerrainPlot&)> prepare;
     int width = 640;
     int height = 480;
+    int smoothing = 2;
 };
 
 // A drag across the plot, in pixels.
@@ -83,7 +102,7 @@ std::function<void(TerrainPlot&)> Turned(int dx, int dy) {
 }
 
 const std::vector<Picture> pictures = {
-    {"terrain", [](TerrainPlot& plot) { plot.ShowOverItsContours(); }, 900, 600},
+    {"terrain", [](TerrainPlot& plot) { plot.ShowOverItsContours(); }, 1000, 700, 3},
     {"start", [](TerrainPlot&) {}},
     {"turned-left", Turned(-220, -50)},
     {"turned-right", Turned(320, 50)},
@@ -96,6 +115,10 @@ const std::vector<Picture> pictures = {
     {"yz", [](TerrainPlot& plot) { plot.SwitchToYZProjectPlot(); }},
     {"xz", [](TerrainPlot& plot) { plot.SwitchToZXProjectPlot(); }},
     {"contours", [](TerrainPlot& plot) { plot.ShowContours(); }},
+    {"on-white", [](TerrainPlot& plot) { plot.ShowOn(0x00FFFFFF, 0x00000000, 0x00000000); }},
+    {"on-cream", [](TerrainPlot& plot) { plot.ShowOn(0x00DCEEFA, 0x00203040, 0x00203040); }},
+    {"on-grey", [](TerrainPlot& plot) { plot.ShowOn(0x00302C2A, 0x00F0F0F0, 0x00302C2A); }},
+    {"on-black", [](TerrainPlot& plot) { plot.ShowOn(0x00000000, 0x00D8F0FF, 0x00000000); }},
     {"long-title",
      [](TerrainPlot& plot) {
          plot.SetPlotTitle(
@@ -114,9 +137,11 @@ int Draw(const KivoViewer::GridData& grid, const Picture& picture, const std::st
     }
     plot.Load();
     picture.prepare(plot);
+    SKivoPictureOptions options;
+    options.smoothing = picture.smoothing;
     std::vector<unsigned char> rgba;
     int width = 0, height = 0;
-    CapturePicture(plot, rgba, width, height);
+    CapturePicture(plot, options, rgba, width, height);
     plot.OnDestroy();
     ReleaseWindow(window);
     KivoViewer::WritePng(folder + "/" + picture.name + ".png", rgba, {width, height});

@@ -21,7 +21,7 @@ struct FeaturePicture {
     void (*prepare)(Plotter& plotter);
     /// Null: the class itself.
     std::unique_ptr<Plotter> (*make)() = nullptr;
-    /// Null: one frame at the window's size.
+    /// Null: one smooth frame at the window's size.
     Pixels (*capture)(Plotter& plotter) = nullptr;
 };
 

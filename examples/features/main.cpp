@@ -31,8 +31,10 @@ constexpr int width = 640;
 constexpr int height = 480;
 
 Pixels Capture(CKivoFunctionPlotter& plotter) {
+    SKivoPictureOptions options;
+    options.smoothing = 2;
     Pixels picture;
-    CapturePicture(plotter, picture.rgba, picture.width, picture.height);
+    CapturePicture(plotter, options, picture.rgba, picture.width, picture.height);
     return picture;
 }
 

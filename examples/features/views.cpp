@@ -71,6 +71,66 @@ void TextFace(CKivoFunctionPlotter& plotter) {
     // [docs: end]
 }
 
+Pixels AsShown(CKivoFunctionPlotter& plotter) {
+    // [docs: as-shown]
+    std::vector<unsigned char> rgba; // red, green, blue, alpha, top row first
+    int width = 0, height = 0;
+    CapturePicture(plotter, rgba, width, height);
+    // [docs: end]
+    return {width, height, rgba};
+}
+
+Pixels Smooth(CKivoFunctionPlotter& plotter) {
+    std::vector<unsigned char> rgba;
+    int width = 0, height = 0;
+    // [docs: smooth]
+    SKivoPictureOptions options;
+    options.smoothing = 3;
+    CapturePicture(plotter, options, rgba, width, height);
+    // [docs: end]
+    return {width, height, rgba};
+}
+
+Pixels Print(CKivoFunctionPlotter& plotter) {
+    std::vector<unsigned char> rgba;
+    int width = 0, height = 0;
+    // [docs: print]
+    SKivoPictureOptions options;
+    options.scale = 300.0f / 96.0f; // the window's inches at 300 dots each
+    options.smoothing = 2;
+    CapturePicture(plotter, options, rgba, width, height);
+    // [docs: end]
+    return {width, height, rgba};
+}
+
+Pixels Transparent(CKivoFunctionPlotter& plotter) {
+    // [docs: transparent]
+    SKivoPictureOptions options;
+    options.smoothing = 2;
+    options.transparent = true;
+    int width = 0, height = 0;
+    MeasurePicture(plotter, options, width, height);
+    std::vector<unsigned char> buffer(4 * width * height); // such as that of a toolkit's image
+    DrawPicture(plotter, options, buffer.data(), 4 * width, KivoPixelOrder::rgba);
+    // [docs: end]
+    return {width, height, buffer};
+}
+
+Pixels SmoothWindow(CKivoFunctionPlotter&) {
+    const HWND window = CreateOffscreenWindow(640, 480);
+    CKivoFunctionPlotter plotter;
+    if (plotter.OnCreate(window, 640, 480, true) != 0) throw std::runtime_error(LastWindowError());
+    LoadPlate(plotter);
+    // [docs: smooth-window]
+    SetWindowSmoothing(window, 2); // every frame from the next one on
+    plotter.Renderscene();
+    // [docs: end]
+    const Pixels pixels = AsShown(plotter);
+    plotter.OnDestroy();
+    ReleaseWindow(window);
+    return pixels;
+}
+
 Pixels Small(CKivoFunctionPlotter& plotter) {
     // [docs: small]
     std::vector<unsigned char> rgba; // red, green, blue, alpha, top row first
@@ -107,6 +167,11 @@ const std::vector<FeaturePicture> viewPictures = {
     {"pixel-scale", PixelScale},
     {"dark-ground", DarkGround},
     {"text-face", TextFace},
+    {"as-shown", Unchanged, nullptr, AsShown},
+    {"smooth", Unchanged, nullptr, Smooth},
+    {"print", Unchanged, nullptr, Print},
+    {"transparent", Unchanged, nullptr, Transparent},
+    {"smooth-window", Unchanged, nullptr, SmoothWindow},
     {"small", Unchanged, nullptr, Small},
     {"off-screen", Unchanged, nullptr, Offscreen},
 };

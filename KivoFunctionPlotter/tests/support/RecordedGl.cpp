@@ -156,8 +156,7 @@ RECORD(void, glClear, (GLbitfield mask), (mask), Mask(mask))
 RECORD(void, glClearColor, (GLclampf r, GLclampf g, GLclampf b, GLclampf a), (r, g, b, a), Num(r), Num(g),
        Num(b), Num(a))
 RECORD(void, glClearDepth, (GLclampd depth), (depth), Num(depth))
-RECORD(void, glDrawPixels,
-       (GLsizei width, GLsizei height, GLenum format, GLenum type, const GLvoid* pixels),
+RECORD(void, glDrawPixels, (GLsizei width, GLsizei height, GLenum format, GLenum type, const GLvoid* pixels),
        (width, height, format, type, pixels), Num(width), Num(height), Enum(format), Enum(type), Ptr(pixels))
 RECORD(void, glReadBuffer, (GLenum buffer), (buffer), Enum(buffer))
 RECORD(void, glReadPixels,
