@@ -31,6 +31,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <list>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -41,8 +42,10 @@ class CKivoGradientColorRuler;
 class CKivoGridBox;
 class CKivoMeasurePointGroup;
 class CKivoMeasurePointGroupManager;
+class ReducedSurface;
 struct GridView;
 struct STextRenderer;
+struct SurfaceArrays;
 
 /// The plot. A host makes one object for each plot window, calls OnCreate with the window, hands over its
 /// data with SetData or SetDataReference and forwards its messages to the On... members.
@@ -905,6 +908,7 @@ protected:
     bool m_inverseZAxis = false; ///< whether z is mirrored
 
 private:
+    friend struct MotionAccess;  // the fields of KivoMotion.h, and frames of less detail
     friend struct PictureAccess; // draws without presenting, for KivoPicture.h
     friend struct StyleAccess;   // the context, for KivoStyle.h
     friend class TextSet;        // the style, and the fonts and images that are made for it
@@ -937,6 +941,16 @@ private:
     };
     SOwnPictureStore m_pictures;
     const float* m_pictureGround = nullptr; // RGBA that the present picture has behind it
+    // Of KivoMotion.h
+    unsigned int m_motionDetail = 0;                  // most points a side of frames that move; 0: all
+    unsigned int m_detailOfDrag = 0;                  // what it was when the drag began
+    unsigned int m_detailOfFrame = 0;                 // of the one being drawn
+    bool m_isFrameReduced = false;                    // the one drawn last
+    bool m_isDetailReduced = false;                   // of the one presented last
+    std::shared_ptr<ReducedSurface> m_reducedSurface; // for these data; null before it is needed
+    bool m_hasReducedValues = false;                  // it holds what the arrays held at the last full frame
+    unsigned int m_frameLineStep[2] = {0, 0};         // of m_framelineIndexArray
+    const float* m_pointsWithoutHoles = nullptr;      // m_points where no number is missing among them
 
     void InitTexts(int fontSize);
     static void DeleteFontLists(unsigned int base);
@@ -964,8 +978,12 @@ private:
     std::uint64_t AddressedFloats() const;
     bool HasReadablePoints() const;
     bool HasDrawablePoints() const;
-    void SetVertexPointer() const;
-    void UploadFramelineTexture() const;
+    bool ArePointsPacked() const;
+    void UploadFramelineTexture(const float* texcoords) const;
+    SurfaceArrays WholeSurface() const;
+    bool ReduceSurface(SurfaceArrays& surface);
+    void DrawSurface(const SurfaceArrays& surface);
+    void RenderMoved(unsigned int detail);
     struct SContourPicture;
     SContourPicture TraceContourPicture(unsigned int count) const;
     void DrawContourPicture(SContourPicture& picture);

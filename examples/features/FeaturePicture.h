@@ -34,4 +34,5 @@ extern const std::vector<FeaturePicture> surfacePictures;
 extern const std::vector<FeaturePicture> axisPictures;
 extern const std::vector<FeaturePicture> overlayPictures;
 extern const std::vector<FeaturePicture> viewPictures;
+extern const std::vector<FeaturePicture> motionPictures;
 extern const std::vector<FeaturePicture> derivedPictures;

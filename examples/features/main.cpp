@@ -64,8 +64,8 @@ int main(int argc, char** argv) {
         return 2;
     }
     try {
-        for (const auto* pictures :
-             {&surfacePictures, &axisPictures, &overlayPictures, &viewPictures, &derivedPictures})
+        for (const auto* pictures : {&surfacePictures, &axisPictures, &overlayPictures, &viewPictures,
+                                     &motionPictures, &derivedPictures})
             for (const FeaturePicture& picture : *pictures)
                 if (Draw(picture, argv[1]) != 0) return 1;
     } catch (const std::exception& error) {

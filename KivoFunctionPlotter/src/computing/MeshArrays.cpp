@@ -13,6 +13,7 @@ namespace {
 constexpr std::size_t lanes = 24; // eight triples
 struct LaneBounds {
     float min[lanes], max[lanes];
+    unsigned int lacking[lanes]; // not 0 where a number is missing
 };
 
 KIVO_VECTOR_CLONES void WidenByTriples(const float* triples, std::size_t count, LaneBounds& bounds) {
@@ -22,17 +23,20 @@ KIVO_VECTOR_CLONES void WidenByTriples(const float* triples, std::size_t count, 
             const float value = triples[3 * start + k];
             local.min[k] = local.min[k] > value ? value : local.min[k];
             local.max[k] = value > local.max[k] ? value : local.max[k];
+            local.lacking[k] |= static_cast<unsigned int>(value != value);
         }
     bounds = local;
 }
 
-void Widen(const float* point, float* min, float* max) {
+// Returns whether each coordinate is a number.
+bool Widen(const float* point, float* min, float* max) {
     for (int i = 0; i < 3; ++i) {
         if (min[i] > point[i])
             min[i] = point[i];
         else if (point[i] > max[i])
             max[i] = point[i];
     }
+    return point[0] == point[0] && point[1] == point[1] && point[2] == point[2];
 }
 
 // Of zeros that differ in sign the first one met is the bound. Lanes cannot tell which that is.
@@ -45,15 +49,16 @@ void TakeFirstZero(const GridView& grid, std::size_t coordinate, float& bound) {
             }
 }
 
-void FindBoundsOfTriples(const GridView& grid, float* min, float* max) {
-    LaneBounds bounds;
+bool FindBoundsOfTriples(const GridView& grid, float* min, float* max) {
+    LaneBounds bounds = {};
+    bool areNumbers = true;
     for (std::size_t k = 0; k < lanes; ++k)
         bounds.min[k] = bounds.max[k] = grid.points[k % 3];
     const std::size_t whole = grid.columns / 8 * 8;
     for (std::size_t r = 0; r < grid.rows; ++r) {
         WidenByTriples(grid.At(0, r), whole, bounds);
         for (std::size_t c = whole; c < grid.columns; ++c)
-            Widen(grid.At(c, r), min, max);
+            areNumbers &= Widen(grid.At(c, r), min, max);
     }
     for (std::size_t k = 0; k < lanes; k += 3) {
         Widen(bounds.min + k, min, max);
@@ -63,6 +68,8 @@ void FindBoundsOfTriples(const GridView& grid, float* min, float* max) {
         if (min[i] == 0.0f) TakeFirstZero(grid, i, min[i]);
         if (max[i] == 0.0f) TakeFirstZero(grid, i, max[i]);
     }
+    return areNumbers && std::all_of(bounds.lacking, bounds.lacking + lanes,
+                                     [](unsigned int lacking) { return lacking == 0; });
 }
 
 KIVO_VECTOR_CLONES void AddToAll(const unsigned int* indices, std::size_t count, unsigned int offset,
@@ -80,16 +87,15 @@ KIVO_VECTOR_CLONES void FillTexcoordRow(int columns, float du, float v, float* t
 
 } // namespace
 
-void FindBounds(const GridView& grid, float* min, float* max) {
+bool FindBounds(const GridView& grid, float* min, float* max) {
     std::copy_n(grid.points, 3, min);
     std::copy_n(grid.points, 3, max);
-    if (grid.columnStride == 3) {
-        FindBoundsOfTriples(grid, min, max);
-        return;
-    }
+    if (grid.columnStride == 3) return FindBoundsOfTriples(grid, min, max);
+    bool areNumbers = true;
     for (std::size_t r = 0; r < grid.rows; ++r)
         for (std::size_t c = 0; c < grid.columns; ++c)
-            Widen(grid.At(c, r), min, max);
+            areNumbers &= Widen(grid.At(c, r), min, max);
+    return areNumbers;
 }
 
 void FillTexcoords(unsigned int columns, unsigned int rows, float* texcoords, unsigned int mostInVectors) {

@@ -10,7 +10,8 @@ namespace KivoDrawingTools {
 /// The least and greatest x, y and z of a grid with at least one point. A value that is no number is passed
 /// over, unless the first point has it: then that coordinate's bounds are no numbers.
 /// @param min, max  receive three floats each
-void FindBounds(const GridView& grid, float* min, float* max);
+/// @return whether every x, y and z is a number
+bool FindBounds(const GridView& grid, float* min, float* max);
 
 /// Texture coordinates that run from 0 to 1 across the grid, row by row; infinite or no numbers where there
 /// is one column or row only.

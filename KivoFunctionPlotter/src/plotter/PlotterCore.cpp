@@ -216,6 +216,8 @@ void CKivoFunctionPlotter::ReleaseWhatFollowsFromData() {
         FreeArray(m_framelineTexels);
     }
     ReleaseIsoContour();
+    m_reducedSurface.reset();
+    m_pointsWithoutHoles = nullptr;
     m_curveData.clear();
     m_curvePointCounts.clear();
     m_curveVisible.clear();
@@ -226,6 +228,7 @@ void CKivoFunctionPlotter::ReleaseWhatFollowsFromData() {
 
 int CKivoFunctionPlotter::Release() {
     ReleaseDataRelativeResource();
+    m_isDetailReduced = false;
     {
         const ContextScope context(m_hDC, m_hGLRC);
         DeleteFontLists(m_fontListBase);
@@ -528,7 +531,10 @@ int CKivoFunctionPlotter::Renderscene() {
         PictureAccess::PutFrame(*this);
     else
         DrawScene();
-    if (SwapBuffers(m_hDC)) return frameShown;
+    if (SwapBuffers(m_hDC)) {
+        m_isDetailReduced = m_isFrameReduced;
+        return frameShown;
+    }
     const int error = static_cast<int>(GetLastError());
     return error != frameShown ? error : frameUnexplained;
 }
@@ -558,6 +564,7 @@ void CKivoFunctionPlotter::DrawScene() {
 }
 
 void CKivoFunctionPlotter::ClearFrame() {
+    m_isFrameReduced = false; // until a surface is drawn
     const float* const ground = m_pictureGround ? m_pictureGround : m_backgroundColor;
     glClearColor(ground[0], ground[1], ground[2], ground[3]);
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);

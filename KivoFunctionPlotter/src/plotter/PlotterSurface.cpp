@@ -9,6 +9,7 @@
 #include "drawing/LongDraws.h"
 #include "parts/KivoGradientColor.h"
 #include "parts/KivoGridBox.h"
+#include "ReducedSurface.h"
 #include "window_system/WindowSystem.h"
 
 #include <algorithm>
@@ -72,6 +73,13 @@ std::unique_ptr<unsigned char[]> WhiteTexels(int size) {
 // Cells along a side of so many points.
 unsigned int CellCount(unsigned int points) {
     return points == 0 ? 0 : points - 1;
+}
+
+// OpenGL takes two to four floats of a point; of longer points it gets the first three, with their stride.
+void SetVertexPointer(const SurfaceArrays& surface) {
+    const bool isShort = surface.components <= 4;
+    glVertexPointer(isShort ? static_cast<GLint>(surface.components) : 3, GL_FLOAT,
+                    isShort ? 0 : static_cast<GLsizei>(surface.components * sizeof(float)), surface.points);
 }
 
 void DrawFramelineTexture() {
@@ -186,7 +194,9 @@ int CKivoFunctionPlotter::TakeData(float* points, bool isReference, const unsign
 
     float min[3] = {};
     float max[3] = {};
-    if (HasReadablePoints()) FindBounds(Grid(), min, max);
+    // A fourth float, which OpenGL takes as well, is not looked at here.
+    if (HasReadablePoints() && FindBounds(Grid(), min, max) && ArePointsPacked() && m_componentCount != 4)
+        m_pointsWithoutHoles = m_points;
 
     const ContextScope context(m_hDC, m_hGLRC);
     UpdateBoundingBoxToViewVolume(min, max);
@@ -234,6 +244,11 @@ bool CKivoFunctionPlotter::HasDrawablePoints() const {
     return packed <= AddressedFloats();
 }
 
+bool CKivoFunctionPlotter::ArePointsPacked() const {
+    return m_columnStride == m_componentCount &&
+           m_rowStride == std::uint64_t{m_columnCount} * m_componentCount;
+}
+
 // From the first point to the end of the last one.
 std::uint64_t CKivoFunctionPlotter::AddressedFloats() const {
     if (!HasReadablePoints()) return 0;
@@ -251,6 +266,7 @@ void CKivoFunctionPlotter::AssignColorData() {
         ReplaceArray(m_colorArray, size);
         m_colorArraySize = size;
     }
+    m_hasReducedValues = false;
     for (std::size_t r = 0; r < m_rowCount; ++r)
         m_zGradientColor->EvaluateAll(Grid().At(0, r) + 2, m_columnStride, m_columnCount,
                                       m_colorArray + r * m_columnCount * 4);
@@ -318,16 +334,8 @@ void CKivoFunctionPlotter::AssignPositionData() {}
 
 // ---- Drawing --------------------------------------------------------------------------------------------
 
-// OpenGL takes two to four floats of a point; of longer points it gets the first three, with their stride.
-void CKivoFunctionPlotter::SetVertexPointer() const {
-    if (m_componentCount <= 4)
-        glVertexPointer(static_cast<GLint>(m_componentCount), GL_FLOAT, 0, m_points);
-    else
-        glVertexPointer(3, GL_FLOAT, static_cast<GLsizei>(m_componentCount * sizeof(float)), m_points);
-}
-
-void CKivoFunctionPlotter::UploadFramelineTexture() const {
-    glTexCoordPointer(2, GL_FLOAT, 0, m_texcoordArray);
+void CKivoFunctionPlotter::UploadFramelineTexture(const float* texcoords) const {
+    glTexCoordPointer(2, GL_FLOAT, 0, texcoords);
     glEnableClientState(GL_TEXTURE_COORD_ARRAY);
     glEnable(GL_TEXTURE_2D);
     glBindTexture(GL_TEXTURE_2D, m_framelineTexId);
@@ -339,23 +347,41 @@ void CKivoFunctionPlotter::UploadFramelineTexture() const {
                  GL_UNSIGNED_BYTE, m_framelineTexels);
 }
 
+SurfaceArrays CKivoFunctionPlotter::WholeSurface() const {
+    return {m_points,
+            m_componentCount,
+            m_colorArray,
+            m_texcoordArray,
+            m_indexArray,
+            WholeCount(m_indexCount, m_indexArraySize),
+            m_framelineIndexArray,
+            WholeCount(m_framelineIndexCount, m_framelineArraySize)};
+}
+
 void CKivoFunctionPlotter::RenderSurface() {
     if (!HasDrawablePoints() || !m_colorArray || !m_indexArray) return;
-    SetVertexPointer();
+    SurfaceArrays surface = WholeSurface();
+    m_isFrameReduced = m_detailOfFrame != 0 && ReduceSurface(surface);
+    // Until the next frame that shows everything the points stay what they were in this one.
+    if (!m_isFrameReduced) m_hasReducedValues = false;
+    DrawSurface(surface);
+}
+
+void CKivoFunctionPlotter::DrawSurface(const SurfaceArrays& surface) {
+    SetVertexPointer(surface);
     glEnableClientState(GL_VERTEX_ARRAY);
-    glColorPointer(4, GL_FLOAT, 0, m_colorArray);
+    glColorPointer(4, GL_FLOAT, 0, surface.colors);
     glEnableClientState(GL_COLOR_ARRAY);
 
     if (m_showFrameLines) {
         if (m_useFramelineTexture && m_framelineTexels && m_framelineTexId != 0) {
-            UploadFramelineTexture();
-        } else if (m_framelineIndexArray) {
+            UploadFramelineTexture(surface.texcoords);
+        } else if (surface.lines) {
             const LineWidthScope lines(m_pixelScale);
             glDisable(GL_LIGHTING);
             glDisableClientState(GL_COLOR_ARRAY);
             glColor4fv(m_framelineColor);
-            DrawIndexed(GL_LINES, m_framelineIndexArray,
-                        WholeCount(m_framelineIndexCount, m_framelineArraySize));
+            DrawIndexed(GL_LINES, surface.lines, surface.lineIndexCount);
             glEnable(GL_LIGHTING);
             glEnableClientState(GL_COLOR_ARRAY);
         }
@@ -365,7 +391,7 @@ void CKivoFunctionPlotter::RenderSurface() {
     // the width of a line, and a bit.
     glPolygonOffset(m_pixelScale, 1.0f);
     glEnable(GL_POLYGON_OFFSET_FILL);
-    DrawIndexed(GL_TRIANGLES, m_indexArray, WholeCount(m_indexCount, m_indexArraySize));
+    DrawIndexed(GL_TRIANGLES, surface.triangles, surface.triangleIndexCount);
     glDisable(GL_POLYGON_OFFSET_FILL);
 
     glDisable(GL_TEXTURE_2D);
@@ -402,6 +428,8 @@ void CKivoFunctionPlotter::AssignFramelineIndexData(unsigned int columnStep, uns
     }
     m_framelineIndexCount = static_cast<int>(count);
     m_framelineArraySize = count;
+    m_frameLineStep[0] = columnStep;
+    m_frameLineStep[1] = rowStep;
 }
 
 void CKivoFunctionPlotter::CreateFramelineSKivoTexImage() {

@@ -440,6 +440,7 @@ void CKivoFunctionPlotter::OnRButtonDown(unsigned int, POINT pt) {
     m_lastMouseX = pt.x;
     m_lastMouseY = pt.y;
     m_mouseButtonDown = true;
+    m_detailOfDrag = m_motionDetail;
 }
 
 void CKivoFunctionPlotter::OnRButtonUp(unsigned int, POINT pt) {
@@ -465,18 +466,19 @@ void CKivoFunctionPlotter::OnMouseMove(unsigned int flags, POINT pt) {
             return;
         else
             Rotate(last, pt);
+        RenderMoved(m_detailOfDrag);
     } else if (!m_traceEnabled || m_plotType != normalPlot) {
         return;
     } else {
         Trace(pt);
+        Renderscene();
     }
-    Renderscene();
 }
 
 void CKivoFunctionPlotter::OnMouseWheel(unsigned int, short delta, POINT pt) {
     if (!IsScreenPointInViewport(pt)) return;
     Zoom(delta < 0 ? 1.04f : 0.96f);
-    Renderscene();
+    RenderMoved(m_motionDetail);
 }
 
 void CKivoFunctionPlotter::Rotate(POINT from, POINT to) {

@@ -93,6 +93,24 @@ TEST(Bounds, PassOverWhatIsNoNumberUnlessItComesFirst) {
         }
 }
 
+// Any coordinate of any point, and nothing beside them.
+TEST(Bounds, TellWhetherANumberIsMissing) {
+    float min[3], max[3];
+    for (const unsigned int columns : {8u, 33u})
+        for (const unsigned int stride : {3u, 5u}) {
+            std::vector<float> points(std::size_t{columns} * 4 * stride, 1.0f);
+            const GridView grid = {points.data(), columns, 4, stride, columns * stride};
+            EXPECT_TRUE(FindBounds(grid, min, max));
+            for (std::size_t place = 0; place < points.size(); ++place) {
+                points[place] = noNumber;
+                EXPECT_EQ(FindBounds(grid, min, max), place % stride >= 3) << place;
+                points[place] = -infinity;
+                EXPECT_TRUE(FindBounds(grid, min, max)) << place;
+                points[place] = 1.0f;
+            }
+        }
+}
+
 TEST(Bounds, KeepTheSignOfTheFirstZero) {
     for (const float sign : {1.0f, -1.0f})
         for (const std::size_t first : {2u, 25u, 98u}) { // a z coordinate

@@ -39,6 +39,7 @@ std::map<std::string, int> DeclaredFunctions() {
     CountFunctions(header.substr(begin, end - begin), counts);
     CountFunctions(Header("KivoPicture.h"), counts);
     CountFunctions(Header("KivoStyle.h"), counts);
+    CountFunctions(Header("KivoMotion.h"), counts);
     return counts;
 }
 

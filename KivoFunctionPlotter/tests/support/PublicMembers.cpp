@@ -1,5 +1,6 @@
 #include "PublicMembers.h"
 
+#include "KivoMotion.h"
 #include "KivoPicture.h"
 #include "KivoStyle.h"
 
@@ -491,10 +492,21 @@ const std::vector<PublicMember> styleFunctions = {
     Member("SetStyle(float, color, text, flag)", bracketed, SetStyleAnew).Refuses(-1).Refuses(-3),
 };
 
+// ---- KivoMotion.h
+
+const std::vector<PublicMember> motionFunctions = {
+    Member("SetMotionDetail(unsigned)", none,
+           [](P& p, A& a) { return SetMotionDetail(p, Unsigned(5).From(a)); })
+        .Refuses(-3),
+    Member("IsDetailReduced()", none, [](P& p, A&) { IsDetailReduced(p); }),
+    Member("MotionDetailFor(float)", bracketed, [](P& p, A& a) { MotionDetailFor(p, a.Float(1.0f)); }),
+};
+
 std::vector<PublicMember> AllMembers() {
     std::vector<PublicMember> all;
-    for (const auto* const part : {&coreMembers, &viewMembers, &surfaceMembers, &colorMembers,
-                                   &annotationMembers, &overlayMembers, &pictureFunctions, &styleFunctions})
+    for (const auto* const part :
+         {&coreMembers, &viewMembers, &surfaceMembers, &colorMembers, &annotationMembers, &overlayMembers,
+          &pictureFunctions, &styleFunctions, &motionFunctions})
         all.insert(all.end(), part->begin(), part->end());
     return all;
 }

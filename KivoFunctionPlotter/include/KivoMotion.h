@@ -1,0 +1,46 @@
+// A plot as fast as the hand, whatever its size: while something moves, less of the surface is drawn. The
+// setting belongs to the plotter: it may be made before OnCreate and after it, with data or without, and
+// stays until it is made again, through OnDestroy and OnCreate too.
+#pragma once
+
+#include "KivoFunctionPlotter.h"
+
+namespace KivoDrawingTools {
+
+/// Sets with how many points a side, at most, the surface is shown in the frames that OnMouseMove draws of a
+/// drag, and OnMouseWheel. All other frames, and pictures, show everything. With 0, as at first, these do,
+/// too.
+///
+/// Such a frame has every so manieth column and row of the points and the last ones, by the smallest steps
+/// that leave no more, each with the values and the colour that it has. A cell between them is a hole where
+/// any point inside it or on its sides is no number, so that no hole is lost.
+/// Frame lines have the steps that come nearest to their own, at least a cell. Everything else is drawn as
+/// always, and so are grids that are small enough, and one for whose copy there is no memory.
+///
+/// A drag keeps what it began with; another setting counts from the next one. What is shown is copied at the
+/// first such frame, which reads no other points, and the copy goes with the data. Where numbers are missing
+/// among them, which reading the data has told, it looks at all points once for their holes. Colours
+/// that are set, and what a derived class writes into the arrays of points, colours and texture coordinates
+/// before a frame that shows everything, are taken over; its own lists of triangles and frame lines are not.
+/// @param pointsPerSide  at least 2; 0 for all
+/// @return 0; -3 for 1, since a side has two ends: nothing changes then
+KIVO_API int SetMotionDetail(CKivoFunctionPlotter& plotter, unsigned int pointsPerSide);
+
+/// @return whether the frame that was presented last shows less than everything, so that one that does is due
+///         as soon as the hand rests: OnDraw() draws it. Pictures are not presented; not after OnDestroy
+KIVO_API bool IsDetailReduced(const CKivoFunctionPlotter& plotter);
+
+/// Measures with how many points a side the 3-D plot, as it is now, is drawn within a time. Frames of 10, 20,
+/// 40 ... points a side are drawn, twice each and without presenting them, until one takes longer or shows
+/// everything; all of them take about ten times the time given. Presenting comes on top of it, and other
+/// processes' work is measured with it. Another size of the window, and more to draw beside the surface, take
+/// another time. Nothing is set; the window goes on showing what it shows, but an off-screen one, whose
+/// buffer the frames are drawn into, needs a new frame.
+/// @param milliseconds  for a frame, above 0
+/// @return what SetMotionDetail takes: 0 where everything is drawn within the time, else at least 10, even if
+///         that takes longer; 0, too, where nothing can be measured: no context, no surface, a flat plot, or
+///         a time that is not above 0
+/// @throws std::bad_alloc  as drawing a frame does
+KIVO_API unsigned int MotionDetailFor(CKivoFunctionPlotter& plotter, double milliseconds);
+
+} // namespace KivoDrawingTools

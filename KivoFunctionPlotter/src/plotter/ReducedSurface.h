@@ -1,0 +1,58 @@
+// The surface as it is drawn while something moves: a copy of some of its points.
+#pragma once
+
+#include "computing/ReducedGrid.h"
+
+#include <cstddef>
+#include <vector>
+
+namespace KivoDrawingTools {
+
+/// What a surface is drawn from: client arrays of others.
+struct SurfaceArrays {
+    const float* points;
+    unsigned int components; ///< floats from a point to the next
+    const float* colors;     ///< 4 a point
+    const float* texcoords;  ///< 2 a point
+    const unsigned int* triangles;
+    std::size_t triangleIndexCount;
+    const unsigned int* lines; ///< null without frame lines
+    std::size_t lineIndexCount;
+};
+
+/// What such a copy is made for.
+struct SurfaceOutline {
+    const float* points; ///< packed, row by row
+    unsigned int columns;
+    unsigned int rows;
+    unsigned int components;
+    unsigned int frameLineStep[2]; ///< of columns and rows; 0 without frame lines
+    bool hasTexcoords;             ///< whether they are copied, too
+    bool hasNoHoles;               ///< known for sure
+
+    bool operator==(const SurfaceOutline& other) const;
+};
+
+class ReducedSurface {
+public:
+    /// Makes room for the points, and the lists of triangles and frame lines.
+    /// @param outline  at least two points a side
+    ReducedSurface(const SurfaceOutline& outline, const ReducedGrid& grid);
+
+    bool IsFor(const SurfaceOutline& outline, const ReducedGrid& grid) const;
+    /// Copies what the arrays hold now. It takes no memory.
+    void TakeValues(const SurfaceArrays& whole);
+    SurfaceArrays Arrays() const;
+
+private:
+    SurfaceOutline m_outline;
+    ReducedGrid m_grid;
+    std::size_t m_floatsPerPoint; // that OpenGL takes
+    std::vector<float> m_points;
+    std::vector<float> m_colors;
+    std::vector<float> m_texcoords;
+    std::vector<unsigned int> m_triangles;
+    std::vector<unsigned int> m_lines;
+};
+
+} // namespace KivoDrawingTools

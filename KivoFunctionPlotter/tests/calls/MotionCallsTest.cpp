@@ -1,0 +1,521 @@
+// What is drawn of the surface while something moves, and from which arrays.
+#include "KivoMotion.h"
+#include "KivoPicture.h"
+#include "support/AllocationFaults.h"
+#include "support/OperationFaults.h"
+#include "support/RecordedPlot.h"
+#include "support/TestSurfaces.h"
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+#include <cstring>
+#include <functional>
+#include <limits>
+#include <memory>
+#include <new>
+#include <vector>
+
+using namespace KivoDrawingTools;
+using namespace KivoTest;
+
+namespace {
+
+constexpr unsigned int columns = 41, rows = 30;
+constexpr POINT start = {100, 100};
+
+// Of the surface in a frame.
+struct DrawnSurface {
+    const RecordedDraw* triangles = nullptr;
+    const RecordedDraw* lines = nullptr;
+};
+
+DrawnSurface SurfaceOf(const CallRecorder& recorder) {
+    DrawnSurface surface;
+    for (const RecordedDraw& draw : recorder.Draws()) {
+        if (!draw.vertexArray || !draw.state.vertexArray) continue;
+        if (draw.primitive == GL_TRIANGLES) surface.triangles = &draw;
+        if (draw.primitive == GL_LINES && draw.indices) surface.lines = &draw;
+    }
+    return surface;
+}
+
+class MotionCalls : public testing::Test {
+protected:
+    MotionCalls() { plotter.SetData(surface.NewArray(), columns, rows, 1, columns, 3); }
+
+    void Press() { plotter.OnRButtonDown(MK_RBUTTON, start); }
+
+    // One move of a drag; each leads to another place.
+    std::unique_ptr<CallRecorder> Move(unsigned int keys = 0) {
+        ++moves;
+        return Record(plotter, [&] {
+            plotter.OnMouseMove(MK_RBUTTON | keys, POINT{start.x + moves % 20, start.y + moves % 15});
+        });
+    }
+
+    std::unique_ptr<CallRecorder> Turn() {
+        return Record(plotter, [&] { plotter.OnMouseWheel(0, 120, start); });
+    }
+
+    // The triangles of a move; all of the drawing's arrays are still there.
+    std::size_t TriangleIndicesOfMove() {
+        const auto frame = Move();
+        const RecordedDraw* const triangles = SurfaceOf(*frame).triangles;
+        return triangles ? static_cast<std::size_t>(triangles->count) : 0;
+    }
+
+    TestSurface surface = NoiseSurface(columns, rows);
+    RecordedPlot plot;
+    CallProbe& plotter = plot.plotter;
+    int moves = 0;
+};
+
+// Indices of two triangles for each cell of so many points.
+constexpr std::size_t TriangleIndices(std::size_t keptColumns, std::size_t keptRows) {
+    return (keptColumns - 1) * (keptRows - 1) * 6;
+}
+
+constexpr std::size_t wholeIndices = TriangleIndices(columns, rows);
+
+bool IsWhole(const CallRecorder& recorder, const CallProbe& plotter) {
+    const DrawnSurface drawn = SurfaceOf(recorder);
+    return drawn.triangles && drawn.lines && drawn.triangles->vertexArray == plotter.m_points &&
+           drawn.triangles->colorArray == plotter.m_colorArray &&
+           drawn.triangles->indices == plotter.m_indexArray &&
+           drawn.triangles->count == static_cast<int>(wholeIndices) &&
+           drawn.lines->indices == plotter.m_framelineIndexArray;
+}
+
+// At most eight points a side: of 41 columns every sixth, of 30 rows every fifth.
+constexpr unsigned int eight = 8;
+const std::vector<unsigned int> keptColumns = {0, 6, 12, 18, 24, 30, 36, 40};
+const std::vector<unsigned int> keptRows = {0, 5, 10, 15, 20, 25, 29};
+
+bool IsReduced(const CallRecorder& recorder) {
+    const DrawnSurface drawn = SurfaceOf(recorder);
+    return drawn.triangles && drawn.lines &&
+           drawn.triangles->count == static_cast<int>(TriangleIndices(8, 7)) &&
+           drawn.lines->count == 2 * (7 * 7 + 6 * 8);
+}
+
+} // namespace
+
+// ---- Which frames
+
+TEST_F(MotionCalls, AtFirstEveryFrameIsWhole) {
+    Press();
+    const auto turned = Move();
+    EXPECT_TRUE(IsWhole(*turned, plotter));
+    EXPECT_FALSE(IsDetailReduced(plotter));
+    const auto zoomed = Turn();
+    EXPECT_TRUE(IsWhole(*zoomed, plotter));
+    EXPECT_FALSE(IsDetailReduced(plotter));
+}
+
+// The host's frames are the same call by call, and with 0 again those of a drag.
+TEST_F(MotionCalls, AnythingButAMoveMakesTheCallsThatItMade) {
+    const auto frame = [&] { return Record(plotter, [&] { plotter.Renderscene(); })->Texts(); };
+    const Texts before = frame();
+    ASSERT_EQ(SetMotionDetail(plotter, eight), 0);
+    EXPECT_EQ(frame(), before);
+    Press();
+    Move(MK_SHIFT);
+    ASSERT_EQ(SetMotionDetail(plotter, 0), 0);
+    plotter.OnRButtonUp(0, start);
+
+    Press();
+    const auto first = Record(plotter, [&] { plotter.OnMouseMove(MK_RBUTTON | MK_SHIFT, start); })->Texts();
+    const Texts again = frame();
+    // A pan by nothing loads the camera, and draws what the host would.
+    ASSERT_GT(first.size(), again.size());
+    EXPECT_TRUE(
+        std::equal(again.begin(), again.end(), first.end() - static_cast<std::ptrdiff_t>(again.size())));
+}
+
+TEST_F(MotionCalls, FramesOfDragAndWheelAreReduced) {
+    ASSERT_EQ(SetMotionDetail(plotter, eight), 0);
+    Press();
+    for (const unsigned int keys :
+         {0u, static_cast<unsigned int>(MK_SHIFT), static_cast<unsigned int>(MK_CONTROL)}) {
+        EXPECT_TRUE(IsReduced(*Move(keys))) << keys;
+        EXPECT_TRUE(IsDetailReduced(plotter)) << keys;
+    }
+    plotter.OnRButtonUp(0, start);
+    EXPECT_TRUE(IsDetailReduced(plotter)) << "nothing has been drawn";
+    plotter.OnDraw();
+    EXPECT_FALSE(IsDetailReduced(plotter));
+    EXPECT_TRUE(IsReduced(*Turn()));
+    EXPECT_TRUE(IsDetailReduced(plotter));
+}
+
+TEST_F(MotionCalls, FramesOfTheHostAreWhole) {
+    ASSERT_EQ(SetMotionDetail(plotter, eight), 0);
+    Press();
+    const std::vector<std::function<void()>> drawings = {[&] { plotter.Renderscene(); },
+                                                         [&] { plotter.OnDraw(); }};
+    for (const auto& draw : drawings) {
+        ASSERT_TRUE(IsReduced(*Move()));
+        ASSERT_TRUE(IsDetailReduced(plotter));
+        EXPECT_TRUE(IsWhole(*Record(plotter, draw), plotter));
+        EXPECT_FALSE(IsDetailReduced(plotter));
+    }
+}
+
+// What the window shows stays reduced.
+TEST_F(MotionCalls, PicturesAreWholeAndDoNotStandForAFrame) {
+    ASSERT_EQ(SetMotionDetail(plotter, eight), 0);
+    Press();
+    Move();
+    std::vector<unsigned char> rgba;
+    int width = 0, height = 0;
+    EXPECT_TRUE(IsWhole(*Record(plotter, [&] { CapturePicture(plotter, rgba, width, height); }), plotter));
+    EXPECT_TRUE(IsDetailReduced(plotter));
+    EXPECT_TRUE(IsWhole(*Record(plotter, [&] { CapturePicture(plotter, 300, 200, rgba); }), plotter));
+    EXPECT_TRUE(IsDetailReduced(plotter));
+}
+
+TEST_F(MotionCalls, TracingIsNoMotion) {
+    ASSERT_EQ(SetMotionDetail(plotter, eight), 0);
+    plotter.Trace(true);
+    EXPECT_TRUE(IsWhole(*Record(plotter, [&] { plotter.OnMouseMove(0, start); }), plotter));
+    EXPECT_FALSE(IsDetailReduced(plotter));
+}
+
+TEST_F(MotionCalls, FlatPlotsHaveNothingToReduce) {
+    ASSERT_EQ(SetMotionDetail(plotter, eight), 0);
+    Turn();
+    ASSERT_TRUE(IsDetailReduced(plotter));
+    plotter.SwitchToXYProjectPlot();
+    const auto frame = Turn();
+    EXPECT_EQ(SurfaceOf(*frame).triangles, nullptr);
+    EXPECT_FALSE(IsDetailReduced(plotter));
+}
+
+TEST_F(MotionCalls, GridsThatAreSmallEnoughAreWhole) {
+    ASSERT_EQ(SetMotionDetail(plotter, columns), 0);
+    EXPECT_TRUE(IsWhole(*Turn(), plotter));
+    EXPECT_FALSE(IsDetailReduced(plotter));
+    ASSERT_EQ(SetMotionDetail(plotter, std::numeric_limits<unsigned int>::max()), 0);
+    EXPECT_TRUE(IsWhole(*Turn(), plotter));
+    ASSERT_EQ(SetMotionDetail(plotter, columns - 1), 0);
+    const auto frame = Turn();
+    EXPECT_EQ(SurfaceOf(*frame).triangles->count, static_cast<int>(TriangleIndices(21, rows)))
+        << "the shorter side keeps all of its points";
+    EXPECT_TRUE(IsDetailReduced(plotter));
+}
+
+TEST_F(MotionCalls, AFrameThatIsNotPresentedChangesNothing) {
+    ASSERT_EQ(SetMotionDetail(plotter, eight), 0);
+    const auto failing = [&](const std::function<void()>& draw) {
+        OperationFault listed(0);
+        draw();
+        listed.Stop();
+        const auto& names = listed.Operations();
+        return std::find(names.begin(), names.end(), "SwapBuffers") - names.begin() + 1;
+    };
+    const auto whole = [&] { plotter.OnDraw(); };
+    const auto wheel = [&] { plotter.OnMouseWheel(0, 120, start); };
+    const long swapOfWheel = failing(wheel), swapOfWhole = failing(whole);
+    {
+        ASSERT_FALSE(IsDetailReduced(plotter));
+        OperationFault fault(swapOfWheel);
+        wheel();
+        EXPECT_EQ(fault.Failed(), "SwapBuffers");
+        EXPECT_FALSE(IsDetailReduced(plotter));
+    }
+    wheel();
+    ASSERT_TRUE(IsDetailReduced(plotter));
+    OperationFault fault(swapOfWhole);
+    whole();
+    EXPECT_EQ(fault.Failed(), "SwapBuffers");
+    EXPECT_TRUE(IsDetailReduced(plotter));
+}
+
+// ---- One drag
+
+TEST_F(MotionCalls, ADragKeepsTheDetailThatItBeganWith) {
+    ASSERT_EQ(SetMotionDetail(plotter, eight), 0);
+    Press();
+    for (const unsigned int detail : {eight, 20u, 0u, 5u}) {
+        ASSERT_EQ(SetMotionDetail(plotter, detail), 0);
+        EXPECT_EQ(TriangleIndicesOfMove(), TriangleIndices(8, 7)) << detail;
+    }
+    plotter.OnRButtonUp(0, start);
+    Press();
+    EXPECT_EQ(TriangleIndicesOfMove(), TriangleIndices(5, 5));
+
+    // One that began whole stays whole.
+    ASSERT_EQ(SetMotionDetail(plotter, 0), 0);
+    Press();
+    ASSERT_EQ(SetMotionDetail(plotter, 5), 0);
+    EXPECT_EQ(TriangleIndicesOfMove(), wholeIndices);
+}
+
+// It is not made anew for each frame.
+TEST_F(MotionCalls, ADragDrawsFromOneCopy) {
+    ASSERT_EQ(SetMotionDetail(plotter, eight), 0);
+    Press();
+    const auto first = Move();
+    for (int i = 0; i < 3; ++i) {
+        const auto frame = Move(i == 1 ? MK_SHIFT : 0);
+        EXPECT_EQ(SurfaceOf(*frame).triangles->vertexArray, SurfaceOf(*first).triangles->vertexArray);
+        EXPECT_EQ(SurfaceOf(*frame).triangles->indices, SurfaceOf(*first).triangles->indices);
+    }
+}
+
+// ---- What it is made of
+
+namespace {
+
+// Points of so many floats, each with a number of its own.
+std::vector<float> PointsOf(const TestSurface& surface, unsigned int components) {
+    std::vector<float> points;
+    for (unsigned int i = 0; i < columns * rows; ++i)
+        for (unsigned int k = 0; k < components; ++k)
+            points.push_back(k < 3 ? surface.points[3 * i + k] : 1.0f + static_cast<float>(i) / 4096);
+    return points;
+}
+
+void ExpectKeptPoints(const CallRecorder& frame, const CallProbe& plotter, unsigned int components) {
+    const RecordedDraw& drawn = *SurfaceOf(frame).triangles;
+    const unsigned int floats = components <= 4 ? components : 3;
+    const Texts pointers = frame.TextsOf({"glVertexPointer"});
+    EXPECT_THAT(pointers.back(), testing::StartsWith("glVertexPointer(" + std::to_string(floats) + ", "));
+    EXPECT_THAT(pointers.back(), testing::HasSubstr(", 0, "));
+    const float* point = static_cast<const float*>(drawn.vertexArray);
+    const float* color = static_cast<const float*>(drawn.colorArray);
+    for (const unsigned int r : keptRows)
+        for (const unsigned int c : keptColumns) {
+            const std::size_t i = std::size_t{r} * columns + c;
+            EXPECT_EQ(std::memcmp(point, plotter.m_points + i * components, floats * sizeof(float)), 0)
+                << c << ", " << r;
+            EXPECT_EQ(std::memcmp(color, plotter.m_colorArray + i * 4, 4 * sizeof(float)), 0)
+                << c << ", " << r;
+            point += floats;
+            color += 4;
+        }
+}
+
+} // namespace
+
+TEST_F(MotionCalls, KeptPointsHaveTheirValuesAndColors) {
+    ASSERT_EQ(SetMotionDetail(plotter, eight), 0);
+    for (const unsigned int components : {3u, 4u, 6u}) {
+        std::vector<float> points = PointsOf(surface, components);
+        plotter.SetDataReference(points.data(), columns, rows, 1, columns, components);
+        const auto frame = Turn();
+        ASSERT_TRUE(IsReduced(*frame)) << components;
+        ExpectKeptPoints(*frame, plotter, components);
+        plotter.OnDestroy(); // the points go
+        plotter.OnCreate(plot.window.Handle(), RecordedPlot::width, RecordedPlot::height, true);
+    }
+}
+
+// The way of the texture, which has no public switch.
+TEST_F(MotionCalls, KeptPointsHaveTheirTextureCoordinates) {
+    ASSERT_EQ(SetMotionDetail(plotter, eight), 0);
+    Turn();
+    plotter.m_useFramelineTexture = true;
+    {
+        const CurrentContext context(plotter);
+        plotter.CreateFramelineSKivoTexImage();
+    }
+    const auto frame = Turn();
+    const RecordedDraw& drawn = *SurfaceOf(*frame).triangles;
+    ASSERT_EQ(drawn.count, static_cast<int>(TriangleIndices(8, 7)));
+    const float* texcoord = static_cast<const float*>(drawn.texcoordArray);
+    ASSERT_NE(texcoord, plotter.m_texcoordArray);
+    for (const unsigned int r : keptRows)
+        for (const unsigned int c : keptColumns) {
+            const float* const whole = plotter.m_texcoordArray + 2 * (r * columns + c);
+            EXPECT_EQ(texcoord[0], whole[0]);
+            EXPECT_EQ(texcoord[1], whole[1]);
+            texcoord += 2;
+        }
+}
+
+TEST_F(MotionCalls, FrameLinesHaveStepsNearTheirOwn) {
+    ASSERT_EQ(SetMotionDetail(plotter, eight), 0);
+    const auto lineIndices = [&] {
+        const auto frame = Turn();
+        const RecordedDraw* const lines = SurfaceOf(*frame).lines;
+        return lines ? lines->count : 0;
+    };
+    plotter.SetFrameLineStep(12, 10);              // two columns and two rows of those kept
+    EXPECT_EQ(lineIndices(), 2 * (4 * 7 + 5 * 6)); // rows 0, 2, 4, 6; columns 0, 2, 4, 6, 7
+    plotter.SetFrameLineStep(1000, 1000);
+    EXPECT_EQ(lineIndices(), 2 * (2 * 7 + 2 * 6));
+    plotter.SetFrameLineStep(0, 4);
+    EXPECT_EQ(lineIndices(), 0);
+    plotter.SetFrameLineStep(2, 2);
+    EXPECT_EQ(lineIndices(), 2 * (7 * 7 + 6 * 8));
+    plotter.ShowFrameLines(false);
+    EXPECT_EQ(lineIndices(), 0);
+}
+
+// A single point lies in one cell, on the side of two, or in the corner of four.
+TEST_F(MotionCalls, HolesStay) {
+    ASSERT_EQ(SetMotionDetail(plotter, eight), 0);
+    const auto triangleIndices = [&](unsigned int column, unsigned int row, unsigned int components, int k) {
+        std::vector<float> points = PointsOf(surface, components);
+        points[(row * columns + column) * components + static_cast<unsigned int>(k)] =
+            std::numeric_limits<float>::quiet_NaN();
+        plotter.SetDataReference(points.data(), columns, rows, 1, columns, components);
+        const auto frame = Turn();
+        const int count = SurfaceOf(*frame).triangles->count;
+        EXPECT_EQ(SurfaceOf(*Turn()).triangles->count, count) << "in the next frame too";
+        plotter.ReleaseDataRelativeResource();
+        return count;
+    };
+    const int all = static_cast<int>(TriangleIndices(8, 7));
+    for (const unsigned int components : {3u, 4u, 6u}) {
+        EXPECT_EQ(triangleIndices(3, 2, components, 2), all - 6);
+        EXPECT_EQ(triangleIndices(8, 7, components, 0), all - 6);
+        EXPECT_EQ(triangleIndices(6, 7, components, 1), all - 12);
+        EXPECT_EQ(triangleIndices(3, 5, components, 2), all - 12);
+        EXPECT_EQ(triangleIndices(6, 5, components, 2), all - 24);
+        EXPECT_EQ(triangleIndices(40, 29, components, 2), all - 6);
+    }
+    EXPECT_EQ(triangleIndices(3, 2, 4, 3), all - 6) << "a w is drawn, too";
+    EXPECT_EQ(triangleIndices(3, 2, 6, 3), all) << "what is no coordinate is not";
+}
+
+// Strides by which bounds and colours are read, but nothing is drawn.
+TEST_F(MotionCalls, HolesOfPointsThatAreDrawnCount) {
+    ASSERT_EQ(SetMotionDetail(plotter, eight), 0);
+    std::vector<float> points = PointsOf(surface, 3);
+    points.resize(2 * points.size(), 0.5f);
+    points[3 * (2 * columns + 3) + 2] = std::numeric_limits<float>::quiet_NaN(); // an odd column
+    plotter.SetDataReference(points.data(), columns, rows, 2, 2 * columns, 3);
+    EXPECT_EQ(SurfaceOf(*Turn()).triangles->count, static_cast<int>(TriangleIndices(8, 7) - 6));
+    plotter.ReleaseDataRelativeResource();
+}
+
+// ---- What makes it stale
+
+TEST_F(MotionCalls, NewDataAreDrawnInTheDragThatGoesOn) {
+    ASSERT_EQ(SetMotionDetail(plotter, eight), 0);
+    Press();
+    Move();
+    std::vector<float> points = PointsOf(HillSurface(columns, rows), 3);
+    plotter.SetDataReference(points.data(), columns, rows, 1, columns, 3);
+    ExpectKeptPoints(*Move(), plotter, 3);
+    // The same array with other numbers.
+    for (float& number : points)
+        number = 1.5f - number;
+    plotter.SetDataReference(points.data(), columns, rows, 1, columns, 3);
+    ExpectKeptPoints(*Move(), plotter, 3);
+    // Another size.
+    plotter.SetDataReference(points.data(), 20, 30, 1, 20, 3);
+    EXPECT_EQ(TriangleIndicesOfMove(), TriangleIndices(8, 7));
+    plotter.SetDataReference(points.data(), 4, 4, 1, 4, 3);
+    EXPECT_EQ(TriangleIndicesOfMove(), TriangleIndices(4, 4));
+    EXPECT_FALSE(IsDetailReduced(plotter));
+    plotter.OnDestroy();
+}
+
+TEST_F(MotionCalls, NewColorsAreDrawnInTheDragThatGoesOn) {
+    ASSERT_EQ(SetMotionDetail(plotter, eight), 0);
+    Press();
+    Move();
+    plotter.SetZGradientColor(0x0000FF00UL, 0x000000FFUL);
+    ExpectKeptPoints(*Move(), plotter, 3);
+    plotter.SetGradientStartColor(0x00FF0000UL);
+    ExpectKeptPoints(*Move(), plotter, 3);
+}
+
+// As a derived class writes into the arrays.
+TEST_F(MotionCalls, WhatAWholeFrameHasShownIsTaken) {
+    ASSERT_EQ(SetMotionDetail(plotter, eight), 0);
+    Press();
+    Move();
+    for (std::size_t i = 0; i < std::size_t{columns} * rows; ++i) {
+        plotter.m_points[3 * i + 2] += 0.25f;
+        plotter.m_colorArray[4 * i] = 0.125f;
+    }
+    plotter.OnDraw();
+    ExpectKeptPoints(*Move(), plotter, 3);
+}
+
+TEST_F(MotionCalls, ItGoesWithTheDataAndTheWindow) {
+    ASSERT_EQ(SetMotionDetail(plotter, eight), 0);
+    Press();
+    Move();
+    plotter.ReleaseDataRelativeResource();
+    EXPECT_EQ(SurfaceOf(*Move()).triangles, nullptr);
+    EXPECT_FALSE(IsDetailReduced(plotter));
+    plotter.SetData(surface.NewArray(), columns, rows, 1, columns, 3);
+    Press();
+    Move();
+    ASSERT_TRUE(IsDetailReduced(plotter));
+    plotter.OnDestroy();
+    EXPECT_FALSE(IsDetailReduced(plotter));
+    plotter.OnMouseMove(MK_RBUTTON, start); // without window and data
+    plotter.OnCreate(plot.window.Handle(), RecordedPlot::width, RecordedPlot::height, true);
+    EXPECT_FALSE(IsDetailReduced(plotter));
+    plotter.SetData(surface.NewArray(), columns, rows, 1, columns, 3);
+    EXPECT_TRUE(IsReduced(*Turn())) << "the setting stays";
+}
+
+TEST_F(MotionCalls, ItTakesNoMemoryOnceItIsOff) {
+    plotter.OnMouseWheel(0, 120, start);
+    const long before = LiveBlocks();
+    ASSERT_EQ(SetMotionDetail(plotter, eight), 0);
+    EXPECT_EQ(LiveBlocks(), before) << "before the first moved frame";
+    plotter.OnMouseWheel(0, 120, start);
+    EXPECT_GT(LiveBlocks(), before);
+    ASSERT_EQ(SetMotionDetail(plotter, 0), 0);
+    EXPECT_EQ(LiveBlocks(), before);
+}
+
+// ---- Refusals and faults
+
+TEST_F(MotionCalls, OnePointASideIsRefused) {
+    ASSERT_EQ(SetMotionDetail(plotter, eight), 0);
+    EXPECT_EQ(SetMotionDetail(plotter, 1), -3);
+    EXPECT_TRUE(IsReduced(*Turn()));
+    ASSERT_EQ(SetMotionDetail(plotter, 2), 0);
+    EXPECT_EQ(SurfaceOf(*Turn()).triangles->count, 6);
+}
+
+// Each allocation of a frame in turn, and all of them from it on.
+TEST_F(MotionCalls, WithoutMemoryTheFrameIsWhole) {
+    ASSERT_EQ(SetMotionDetail(plotter, eight), 0);
+    for (const AllocationFault::Mode mode : {AllocationFault::Mode::once, AllocationFault::Mode::onwards}) {
+        int wholeFrames = 0;
+        bool hasFailed = true;
+        for (long n = 1; hasFailed; ++n) {
+            plotter.SetData(surface.NewArray(), columns, rows, 1, columns, 3); // nothing is copied yet
+            plotter.OnDraw(); // what all frames need is there
+            AllocationFault fault(n, mode);
+            plotter.OnMouseWheel(0, 120, start);
+            fault.Stop();
+            hasFailed = fault.HasFailed();
+            EXPECT_NE(IsDetailReduced(plotter), hasFailed) << n;
+            wholeFrames += hasFailed ? 1 : 0;
+            EXPECT_TRUE(IsReduced(*Turn())) << n;
+        }
+        EXPECT_GE(wholeFrames, 5) << "points, colours, triangles, lines and what holds them";
+    }
+}
+
+// ---- Measuring
+
+TEST_F(MotionCalls, MeasuringPresentsNothingAndSetsNothing) {
+    ASSERT_EQ(SetMotionDetail(plotter, eight), 0);
+    Turn();
+    const auto measured = Record(plotter, [&] { MotionDetailFor(plotter, 1e9); });
+    EXPECT_EQ(measured->Count("SwapBuffers"), 0);
+    EXPECT_TRUE(IsDetailReduced(plotter));
+    // 10, 20 and 40 points a side, then all of them, twice each.
+    std::vector<int> counts;
+    for (const RecordedDraw& draw : measured->Draws())
+        if (draw.primitive == GL_TRIANGLES && draw.indices) counts.push_back(draw.count);
+    const int ten = static_cast<int>(TriangleIndices(9, 9)),
+              twenty = static_cast<int>(TriangleIndices(15, 16)),
+              forty = static_cast<int>(TriangleIndices(21, 30)), all = static_cast<int>(wholeIndices);
+    EXPECT_THAT(counts, testing::ElementsAre(ten, ten, twenty, twenty, forty, forty, all, all));
+    EXPECT_TRUE(IsReduced(*Turn()));
+    EXPECT_TRUE(IsWhole(*Record(plotter, [&] { plotter.OnDraw(); }), plotter));
+}
