@@ -1,5 +1,6 @@
 #include "KivoMotion.h"
 
+#include "computing/DetailSearch.h"
 #include "drawing/GLScopes.h"
 #include "PlotType.h"
 #include "ReducedSurface.h"
@@ -7,7 +8,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cmath>
 #include <new>
 
 namespace KivoDrawingTools {
@@ -25,20 +25,6 @@ public:
 private:
     unsigned int& m_detail;
 };
-
-// What a frame of so many points a side has taken.
-struct MeasuredFrame {
-    double detail;
-    double milliseconds;
-};
-
-// Between two frames, one within the time and one beyond it; the time grows with the number of points.
-unsigned int DetailBetween(const MeasuredFrame& within, const MeasuredFrame& beyond, double milliseconds) {
-    const double share = (milliseconds - within.milliseconds) / (beyond.milliseconds - within.milliseconds);
-    const double least = within.detail * within.detail;
-    const double points = least + share * (beyond.detail * beyond.detail - least);
-    return static_cast<unsigned int>(std::sqrt(points));
-}
 
 } // namespace
 
@@ -117,24 +103,18 @@ double MotionAccess::DrawingTime(CKivoFunctionPlotter& plotter, unsigned int det
 }
 
 unsigned int MotionAccess::DetailFor(CKivoFunctionPlotter& plotter, double milliseconds) {
-    constexpr unsigned int coarsest = 10;
     if (!(milliseconds > 0.0) || !HasSurface(plotter)) return 0;
     const HostContextScope host(nullptr); // in windows on a screen, too: nothing is presented
     const ContextScope context(plotter.m_hDC, plotter.m_hGLRC);
     if (!wglGetCurrentContext()) return 0;
-    const std::uint64_t longest = std::max(plotter.m_columnCount, plotter.m_rowCount);
-    MeasuredFrame within = {coarsest, 0.0};
-    for (std::uint64_t detail = coarsest;; detail *= 2) {
-        const auto most = static_cast<unsigned int>(std::min(detail, longest));
-        const MeasuredFrame frame = {static_cast<double>(most), DrawingTime(plotter, most)};
-        const bool isWhole = !plotter.m_isFrameReduced;
-        if (isWhole || frame.milliseconds > milliseconds) {
-            plotter.m_reducedSurface.reset();
-            if (frame.milliseconds <= milliseconds) return 0;
-            return detail == coarsest ? coarsest : DetailBetween(within, frame, milliseconds);
-        }
-        within = frame;
-    }
+    const auto measure = [&](unsigned int pointsPerSide) {
+        const double time = DrawingTime(plotter, pointsPerSide);
+        return MeasuredFrame{time, !plotter.m_isFrameReduced};
+    };
+    const unsigned int detail =
+        DetailWithin(milliseconds, std::max(plotter.m_columnCount, plotter.m_rowCount), measure);
+    plotter.m_reducedSurface.reset();
+    return detail;
 }
 
 int SetMotionDetail(CKivoFunctionPlotter& plotter, unsigned int pointsPerSide) {
