@@ -110,12 +110,17 @@ std::vector<double> DragTimes(PlotterProbe& plotter, unsigned int detail, int co
     return times;
 }
 
-// Whole frames and those of 150 points a side in turn, so that what slows the machine down meets both.
+// Whole frames and those of 150 points a side in turn, so that what slows the machine down meets both; with
+// contours of all axes, which are drawn whole, or without.
 void DragFrame(benchmark::State& state) {
     const auto n = static_cast<unsigned int>(state.range(0));
     std::vector<float>& points = SquareGrid(n);
     BenchmarkPlot plot;
     plot.SetPoints(points, n, n);
+    const bool hasContours = state.range(1) != 0;
+    plot.plotter.ShowXIsoContours(hasContours);
+    plot.plotter.ShowYIsoContours(hasContours);
+    plot.plotter.ShowZIsoContours(hasContours);
     plot.plotter.Renderscene();
     std::vector<double> whole, reduced, firstWhole, firstReduced;
     for (auto _ : state) {
@@ -159,7 +164,7 @@ void ReduceSurface(benchmark::State& state) {
 
 BENCHMARK(Frame)->Apply(AllSizes);
 BENCHMARK(FrameWithLines)->Apply(AllSizes);
-BENCHMARK(DragFrame)->Apply(Defaults)->Arg(250)->Arg(1000)->Arg(2000)->Arg(4000)->Iterations(7);
+BENCHMARK(DragFrame)->Apply(Defaults)->ArgsProduct({{250, 1000, 2000, 4000}, {0, 1}})->Iterations(7);
 BENCHMARK(ReduceSurface)->Apply(Defaults)->ArgsProduct({{1000, 2000, 4000}, {0, 1}});
 BENCHMARK(SmallFrame)->Apply(Defaults);
 BENCHMARK(PeakMemory)->Apply(PeerSizes)->Iterations(1);

@@ -1,4 +1,5 @@
 // Construction, copying and the ways of giving back what a plotter holds.
+#include "KivoMotion.h"
 #include "parts/KivoGradientColor.h"
 #include "parts/KivoGradientColorRuler.h"
 #include "parts/KivoGridBox.h"
@@ -363,6 +364,23 @@ TEST_P(LifecycleInWindow, ACopyDrawsThePictureOfItsSource) {
     const Image expected = CaptureImage(plotter);
     PlotterProbe copy(plotter);
     EXPECT_TRUE(ImagesAgree(CaptureImage(copy), expected, 0, 0, "copy"));
+    Disown(copy);
+}
+
+// Either goes on with what it has copied of the points when the other lets go of that.
+TEST_P(LifecycleInWindow, ACopyShowsASurfaceThatMovesToo) {
+    SetSurface();
+    ASSERT_EQ(SetMotionDetail(plotter, 3), 0);
+    const auto turn = [](PlotterProbe& turned) {
+        turned.OnMouseWheel(0, 120, {100, 100});
+        return IsDetailReduced(turned);
+    };
+    EXPECT_TRUE(turn(plotter));
+    PlotterProbe copy(plotter);
+    EXPECT_TRUE(turn(copy));
+    ASSERT_EQ(SetMotionDetail(copy, 0), 0);
+    EXPECT_TRUE(turn(plotter));
+    EXPECT_FALSE(turn(copy));
     Disown(copy);
 }
 
