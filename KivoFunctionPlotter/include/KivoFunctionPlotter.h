@@ -66,7 +66,8 @@ public:
     CKivoFunctionPlotter();
 
     /// Copies every field as it stands: the copy is a second view of the same window, context, data and
-    /// helper objects. Only one of the two may be destroyed or released.
+    /// helper objects. Only one of the two may be destroyed or released. What pictures of KivoPicture.h are
+    /// drawn with is each one's own.
     CKivoFunctionPlotter(const CKivoFunctionPlotter& other);
 
     /// Assigns every field as it stands, with the consequences of the copy constructor. What this object

@@ -10,18 +10,18 @@
 namespace KivoDrawingTools {
 
 /// Draws one frame at the window's size without presenting it and reads it back. It is smoothed as the window
-/// is (SetWindowSmoothing).
+/// is (SetWindowSmoothing). A megabyte that it is read through is kept until OnDestroy.
 /// @param plotter  a plotter whose OnCreate succeeded
 /// @param rgba     receives width * height * 4 bytes, red, green, blue, alpha (always 255), top row first
 /// @param width    receives the picture's width in pixels
 /// @param height   receives the picture's height in pixels
 /// @return 0; -1 when the plotter has no usable window or OpenGL context, then nothing is changed
+/// @throws std::bad_alloc  when there is no memory for these bytes; nothing is changed then
 KIVO_API int CapturePicture(CKivoFunctionPlotter& plotter, std::vector<unsigned char>& rgba, int& width,
                             int& height);
 
-/// The same at a size of its own, larger than the window too: the frame is then drawn in tiles of the
-/// window's size. Rotation, pan and zoom are kept; labels keep their size in pixels. Afterwards the plotter
-/// is as before.
+/// The same at a size of its own, larger than the window too: the frame is then drawn in tiles. Rotation, pan
+/// and zoom are kept; labels keep their size in pixels. Afterwards the plotter is as before.
 /// @param plotter       a plotter whose OnCreate succeeded
 /// @param wantedWidth   in pixels, 1 to 16384
 /// @param wantedHeight  in pixels, 1 to 16384
@@ -42,8 +42,9 @@ struct SKivoPictureOptions {
     /// window of 96 dots per inch.
     float scale = 1.0f;
     /// So many times as large the picture is drawn, along each side, and averaged, so that texts and lines
-    /// have soft edges: 1 to 4. All positions and sizes stay. Where a side becomes larger than OpenGL draws
-    /// (in most drivers 16384 pixels), or texts 32 times as large as they are at first, it is smoothed less.
+    /// have soft edges: 1 to 4. All positions and sizes stay. It is smoothed less where OpenGL would not draw
+    /// it so large: sides of more pixels than its viewports have (in most drivers 16384), lines that are
+    /// wider than its widest, texts more than 16 times as large as at first.
     int smoothing = 1;
     /// Whether the background is left out: alpha then says how opaque a pixel is, and the colours are not
     /// multiplied by it. The frame is drawn twice.
@@ -69,9 +70,10 @@ KIVO_API int MeasurePicture(const CKivoFunctionPlotter& plotter, const SKivoPict
 /// Afterwards the plotter is as before.
 ///
 /// What it is drawn with is kept for the next picture, which allocates nothing but the label of a traced
-/// point where the options and the plot's texts are the same, and given back by OnDestroy: a surface of the
-/// picture's size times the smoothing in both directions, eight bytes a pixel, up to 268 MB (larger pictures
-/// are drawn in tiles), the texts once more, and one megabyte.
+/// point where the options and the plot's texts are the same; another size or scale in between makes it anew.
+/// OnDestroy gives it back: a surface of the picture's size times the smoothing in both directions, eight
+/// bytes a pixel, up to 268 MB (larger pictures are drawn in tiles), the texts once more, in the square of
+/// scale times smoothing as much memory as the plot's own (which take a megabyte or two), and one megabyte.
 /// @param plotter  a plotter whose OnCreate succeeded
 /// @param options  size, scale, smoothing, ground
 /// @param pixels   receives the picture, four bytes a pixel, top row first

@@ -24,8 +24,7 @@ void AverageRow(const AveragedRows& rows, std::size_t width, unsigned short* sum
 
 /// Finds colour and opacity of what has been drawn on black and on white.
 /// @param row      width pixels of four bytes, as drawn on black; receives the colours, and as the fourth
-/// byte how opaque
-///                 they are. What is wholly transparent is black.
+///                 byte how opaque they are. What is wholly transparent is black.
 /// @param onWhite  the same drawn on white
 void FindOpacity(unsigned char* row, const unsigned char* onWhite, std::size_t width);
 

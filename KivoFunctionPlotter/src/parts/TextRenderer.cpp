@@ -163,7 +163,7 @@ struct PaddedSize {
 
 // What OpenGL refuses would be drawn as a box. Every driver takes the sizes below.
 bool IsTextureSize(const PaddedSize& padded) {
-    constexpr int alwaysTaken = 2048;
+    constexpr int alwaysTaken = 1024;
     GLint largest = alwaysTaken;
     if (std::max(padded.width, padded.height) > alwaysTaken) glGetIntegerv(GL_MAX_TEXTURE_SIZE, &largest);
     return std::max(padded.width, padded.height) <= largest;

@@ -3,11 +3,12 @@
 #include "drawing/GLScopes.h"
 #include "PictureDrawing.h"
 #include "ViewState.h"
-#include "window_system/CompanionWindow.h"
+#include "window_system/Failure.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <limits>
 #include <new>
 
 namespace KivoDrawingTools {
@@ -39,8 +40,8 @@ std::vector<unsigned char> PixelsOf(int width, int height) {
 }
 
 // In the window itself, in tiles of its size.
-int DrawInWindow(CKivoFunctionPlotter& plotter, int width, int height, const SIZE& tile,
-                 const PictureTarget& target) {
+void DrawInWindow(CKivoFunctionPlotter& plotter, int width, int height, const SIZE& tile,
+                  const PictureTarget& target) {
     const ViewScope shown(plotter);
     ViewAccess::LayOut(plotter, width, height);
     const ViewState whole = ViewAccess::Save(plotter);
@@ -57,7 +58,6 @@ int DrawInWindow(CKivoFunctionPlotter& plotter, int width, int height, const SIZ
             ReadPart(PictureAccess::Store(plotter), target, height,
                      {x, y, std::min(columns, width - x), std::min(rows, height - y), 1});
         }
-    return 0;
 }
 
 // Pictures that are smoothed, scaled or transparent.
@@ -66,7 +66,21 @@ int DrawPlanned(CKivoFunctionPlotter& plotter, const PicturePlan& plan, const Pi
     return PictureAccess::DrawBeside(plotter, plan, target) ? 0 : -1;
 }
 
-int Refuse() {
+// Whether there is the memory for a smooth picture of a smooth window; its frames, too, are drawn plain
+// without.
+bool DrawSmoothed(CKivoFunctionPlotter& plotter, int width, int height, bool isLaidOut,
+                  const PictureTarget& target) {
+    const int smoothing = PictureAccess::WindowSmoothing(plotter);
+    if (smoothing == 1) return false;
+    const KeepFailure keep;
+    try {
+        return DrawPlanned(plotter, {width, height, 1.0f, smoothing, false, isLaidOut}, target) == 0;
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+}
+
+int RefuseForMemory() {
     RecordFailure(ERROR_NOT_ENOUGH_MEMORY,
                   "Picture: there is not enough memory for this size; ask for a smaller one.");
     return -1;
@@ -74,8 +88,9 @@ int Refuse() {
 
 bool AreWithinLimits(const CKivoFunctionPlotter& plotter, const SKivoPictureOptions& options) {
     const bool isScale = options.scale > 0.0f && options.scale <= largestScale; // no number is none
-    return isScale && PictureAccess::PixelScale(plotter) * options.scale <= largestScaleInAll &&
-           options.smoothing >= 1 && options.smoothing <= 4 && options.width >= 0 && options.height >= 0;
+    const float scaleInAll = PictureAccess::PixelScale(plotter) * options.scale;
+    return isScale && scaleInAll > 0.0f && scaleInAll <= largestScaleInAll && options.smoothing >= 1 &&
+           options.smoothing <= 4 && options.width >= 0 && options.height >= 0;
 }
 
 // A size that is given, or else the window's.
@@ -107,11 +122,7 @@ int CapturePicture(CKivoFunctionPlotter& plotter, std::vector<unsigned char>& rg
     if (!PictureAccess::WindowSize(plotter, windowWidth, windowHeight)) return -1;
     std::vector<unsigned char> picture = PixelsOf(windowWidth, windowHeight);
     const PictureTarget target = TargetOf(picture, windowWidth);
-    const int smoothing = PictureAccess::WindowSmoothing(plotter);
-    if (smoothing > 1) {
-        if (DrawPlanned(plotter, {windowWidth, windowHeight, 1.0f, smoothing, false, true}, target) != 0)
-            return -1;
-    } else {
+    if (!DrawSmoothed(plotter, windowWidth, windowHeight, true, target)) {
         const PlotterContext context(plotter);
         if (!context.IsUsable()) return -1;
         PictureAccess::Draw(plotter);
@@ -133,13 +144,10 @@ int CapturePicture(CKivoFunctionPlotter& plotter, int wantedWidth, int wantedHei
     std::vector<unsigned char> picture = PixelsOf(wantedWidth, wantedHeight);
     const PictureTarget target = TargetOf(picture, wantedWidth);
     if (!PlotterContext(plotter).IsUsable()) return -1;
-    const int smoothing = PictureAccess::WindowSmoothing(plotter);
-    const int result =
-        smoothing > 1
-            ? DrawPlanned(plotter, {wantedWidth, wantedHeight, 1.0f, smoothing, false, false}, target)
-            : DrawInWindow(plotter, wantedWidth, wantedHeight, {tileWidth, tileHeight}, target);
-    if (result == 0) rgba.swap(picture);
-    return result;
+    if (!DrawSmoothed(plotter, wantedWidth, wantedHeight, false, target))
+        DrawInWindow(plotter, wantedWidth, wantedHeight, {tileWidth, tileHeight}, target);
+    rgba.swap(picture);
+    return 0;
 }
 
 int MeasurePicture(const CKivoFunctionPlotter& plotter, const SKivoPictureOptions& options, int& width,
@@ -157,13 +165,15 @@ int DrawPicture(CKivoFunctionPlotter& plotter, const SKivoPictureOptions& option
     PicturePlan plan = {};
     const int result = PlanOf(plotter, options, plan);
     if (result != 0) return result;
-    if (!pixels || rowBytes < static_cast<std::size_t>(plan.width) * 4) return -3;
+    constexpr std::size_t longest = std::numeric_limits<std::ptrdiff_t>::max();
+    const bool isLong = rowBytes >= static_cast<std::size_t>(plan.width) * 4;
+    if (!pixels || !isLong || rowBytes > longest / static_cast<std::size_t>(plan.height)) return -3;
     const HostContextScope host(nullptr);
     const GLenum glOrder = order == KivoPixelOrder::bgra ? GL_BGRA : GL_RGBA;
     try {
         return DrawPlanned(plotter, plan, {pixels, static_cast<std::ptrdiff_t>(rowBytes), glOrder});
     } catch (const std::bad_alloc&) {
-        return Refuse();
+        return RefuseForMemory();
     }
 }
 
@@ -179,7 +189,7 @@ int CapturePicture(CKivoFunctionPlotter& plotter, const SKivoPictureOptions& opt
         if (result != 0) return result;
         rgba.swap(picture);
     } catch (const std::bad_alloc&) {
-        return Refuse();
+        return RefuseForMemory();
     }
     width = plan.width;
     height = plan.height;

@@ -3,6 +3,7 @@
 #include "computing/PixelAverage.h"
 #include "drawing/GLScopes.h"
 #include "window_system/CompanionWindow.h"
+#include "window_system/Failure.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -20,7 +21,9 @@ constexpr LONG longestSideAtOnce = 16384;
 constexpr LONG tileWidth = 8192, tileHeight = 4096;
 constexpr LONG leastTile = 256;
 constexpr std::size_t stripBytes = 1 << 20; // which stay in a processor's cache
-constexpr float largestTextScale = 32.0f;   // beyond it the smoothing goes down
+// Beyond this the smoothing goes down: texts take memory by the square of their scale.
+constexpr float largestTextScale = 16.0f;
+constexpr float widestText = 512.0f; // at a scale of 1
 
 // ---- Reading back
 
@@ -101,6 +104,8 @@ void ReadOpacity(SPictureStore& store, const PictureTarget& target, int pictureH
 
 void AskDriver(SPictureStore& store) {
     glGetIntegerv(GL_MAX_VIEWPORT_DIMS, store.largestViewport);
+    glGetIntegerv(GL_MAX_TEXTURE_SIZE, &store.largestTexture);
+    glGetFloatv(GL_LINE_WIDTH_RANGE, store.lineWidths);
     const auto* const extensions = reinterpret_cast<const char*>(glGetString(GL_EXTENSIONS));
     if (!extensions || !std::strstr(extensions, "GL_ARB_ES2_compatibility")) return;
     constexpr GLenum ownReadOrder = 0x8B9B; // GL_IMPLEMENTATION_COLOR_READ_FORMAT
@@ -133,26 +138,39 @@ bool FitWindow(SPictureStore& store, HDC dc, const SIZE& size) {
     return store.window != nullptr;
 }
 
-// As large a tile as there is memory for.
+SIZE HalfTile(const SIZE& tile, int factor) {
+    const auto half = [factor](LONG side) {
+        return std::max(WholeMultiple(side / 2, factor), std::min(side, WholeMultiple(leastTile, factor)));
+    };
+    return {half(tile.cx), half(tile.cy)};
+}
+
+// As large a tile as there is memory for, and the next time the same.
 bool FindWindow(SPictureStore& store, HDC dc, const SIZE& drawn, int factor) {
+    if (store.window && store.drawn.cx == drawn.cx && store.drawn.cy == drawn.cy) return true;
+    KeepFailure keep; // of sizes that there is not enough memory for
     SIZE tile = LargestTile(drawn, factor);
+    store.drawn = drawn;
     while (!FitWindow(store, dc, tile)) {
-        if (tile.cx <= leastTile && tile.cy <= leastTile) return false;
-        tile.cx =
-            std::max(WholeMultiple(tile.cx / 2, factor), std::min(tile.cx, WholeMultiple(leastTile, factor)));
-        tile.cy =
-            std::max(WholeMultiple(tile.cy / 2, factor), std::min(tile.cy, WholeMultiple(leastTile, factor)));
+        if (tile.cx <= leastTile && tile.cy <= leastTile) {
+            keep.Forget();
+            return false;
+        }
+        tile = HalfTile(tile, factor);
     }
     return true;
 }
 
-// OpenGL narrows larger viewports without a word, and text images of larger scales pass its largest texture.
-int UsableSmoothing(const SPictureStore& store, const PicturePlan& plan, float ownScale) {
+// OpenGL narrows larger viewports and wider lines without a word, and refuses larger textures.
+int UsableSmoothing(const SPictureStore& store, const PicturePlan& plan, float ownScale, float widestLine) {
+    const float largestScale =
+        std::min(largestTextScale, static_cast<float>(store.largestTexture) / widestText);
     int factor = plan.smoothing;
     const auto isTooLarge = [&] {
+        const float scale = ownScale * plan.scale * static_cast<float>(factor);
         return std::int64_t{plan.width} * factor > store.largestViewport[0] ||
-               std::int64_t{plan.height} * factor > store.largestViewport[1] ||
-               ownScale * plan.scale * static_cast<float>(factor) > largestTextScale;
+               std::int64_t{plan.height} * factor > store.largestViewport[1] || scale > largestScale ||
+               scale * widestLine > store.lineWidths[1];
     };
     while (factor > 1 && isTooLarge())
         --factor;
@@ -160,6 +178,23 @@ int UsableSmoothing(const SPictureStore& store, const PicturePlan& plan, float o
 }
 
 // ---- Scopes
+
+// Pixels are read and drawn as they are, whatever a derived class has set for its own.
+class PlainPixelsScope {
+public:
+    PlainPixelsScope() {
+        glPushAttrib(GL_PIXEL_MODE_BIT);
+        glPixelZoom(1.0f, 1.0f);
+        glPixelTransferi(GL_MAP_COLOR, GL_FALSE);
+        for (const GLenum scale : {GL_RED_SCALE, GL_GREEN_SCALE, GL_BLUE_SCALE, GL_ALPHA_SCALE})
+            glPixelTransferf(scale, 1.0f);
+        for (const GLenum bias : {GL_RED_BIAS, GL_GREEN_BIAS, GL_BLUE_BIAS, GL_ALPHA_BIAS})
+            glPixelTransferf(bias, 0.0f);
+    }
+    ~PlainPixelsScope() { glPopAttrib(); }
+    PlainPixelsScope(const PlainPixelsScope&) = delete;
+    PlainPixelsScope& operator=(const PlainPixelsScope&) = delete;
+};
 
 // Nothing but what glDrawPixels is given reaches the pixels, and they start in the lower left corner.
 class PixelsAloneScope {
@@ -190,6 +225,9 @@ public:
     }
     PixelsAloneScope(const PixelsAloneScope&) = delete;
     PixelsAloneScope& operator=(const PixelsAloneScope&) = delete;
+
+private:
+    const PlainPixelsScope m_plainPixels;
 };
 
 // Frames load matrices of their own, which then stay; the lights of new data are placed by them.
@@ -214,9 +252,7 @@ public:
     ScaleScope(CKivoFunctionPlotter& plotter, TextSet& texts, float scale)
         : m_plotter(plotter), m_texts(texts), m_isOther(scale != 1.0f) {
         if (!m_isOther) return;
-        SKivoStyle style = GetStyle(plotter);
-        style.pixelScale *= scale;
-        m_isMade = texts.Make(plotter, style);
+        m_isMade = texts.MakeScaled(plotter, scale);
         if (m_isMade) texts.Exchange(plotter);
     }
     ~ScaleScope() {
@@ -242,7 +278,11 @@ public:
     Ground(CKivoFunctionPlotter& plotter, const float* rgba) : m_plotter(plotter) {
         plotter.m_pictureGround = rgba;
     }
-    ~Ground() { m_plotter.m_pictureGround = nullptr; }
+    ~Ground() {
+        m_plotter.m_pictureGround = nullptr;
+        const float* const own = m_plotter.m_backgroundColor; // which frames leave behind
+        glClearColor(own[0], own[1], own[2], own[3]);
+    }
     Ground(const Ground&) = delete;
     Ground& operator=(const Ground&) = delete;
 
@@ -310,6 +350,14 @@ void PictureAccess::ReleaseStore(CKivoFunctionPlotter& plotter) {
     delete std::exchange(plotter.m_pictures.store, nullptr);
 }
 
+// Of all that are drawn, at a scale of 1.
+float PictureAccess::WidestLine(const CKivoFunctionPlotter& plotter) {
+    float widest = 1.0f;
+    for (std::size_t i = 0; i < plotter.m_curveWidths.size(); ++i)
+        if (plotter.m_curveVisible[i]) widest = std::max(widest, plotter.m_curveWidths[i]);
+    return widest;
+}
+
 // A part of a picture that the surface has room for; the view is the part's.
 void PictureAccess::DrawPart(CKivoFunctionPlotter& plotter, const PicturePlan& plan,
                              const PictureTarget& target, const PicturePart& part) {
@@ -357,7 +405,7 @@ bool PictureAccess::DrawBeside(CKivoFunctionPlotter& plotter, const PicturePlan&
         AskDriver(store);
     }
     if (store.largestViewport[0] <= 0) return false; // there is no context
-    const int factor = UsableSmoothing(store, plan, plotter.m_pixelScale);
+    const int factor = UsableSmoothing(store, plan, plotter.m_pixelScale, WidestLine(plotter));
     const SIZE drawn = {LONG{plan.width} * factor, LONG{plan.height} * factor};
     if (!FindWindow(store, plotter.m_hDC, drawn, factor)) return false;
     Reserve(store, static_cast<std::size_t>(store.size.cx), factor);
@@ -367,6 +415,7 @@ bool PictureAccess::DrawBeside(CKivoFunctionPlotter& plotter, const PicturePlan&
     const ContextScope context(GetDC(store.window), plotter.m_hGLRC);
     if (!wglGetCurrentContext()) return false;
     const MatrixScope matrix;
+    const PlainPixelsScope plainPixels;
     const ScaleScope scale(plotter, store.texts, plan.scale * static_cast<float>(factor));
     if (scale.IsMade())
         DrawParts(plotter, plan, target, factor);

@@ -23,7 +23,10 @@ struct SPictureStore {
     HGLRC context = nullptr; ///< the plotter's, in which the texts are
     HWND window = nullptr;   ///< what is drawn to
     SIZE size = {};          ///< of it
+    SIZE drawn = {};         ///< of all that it was made for, in one piece or in tiles
     GLint largestViewport[2] = {};
+    GLint largestTexture = 0;
+    GLfloat lineWidths[2] = {}; ///< narrowest and widest
     GLenum readOrder = GL_RGBA; ///< in which the driver reads back without turning every pixel
     TextSet texts;
     std::vector<unsigned char> strip; ///< rows of what has been drawn
@@ -102,6 +105,8 @@ struct PictureAccess {
 
 private:
     class Ground;
+
+    static float WidestLine(const CKivoFunctionPlotter& plotter);
 
     static void DrawPart(CKivoFunctionPlotter& plotter, const PicturePlan& plan, const PictureTarget& target,
                          const PicturePart& part);

@@ -11,6 +11,7 @@
 #include "parts/TextRenderer.h"
 #include "PictureDrawing.h"
 #include "PlotType.h"
+#include "window_system/Failure.h"
 #include "window_system/HostContext.h"
 #include "window_system/WindowSystem.h"
 
@@ -543,6 +544,7 @@ int CKivoFunctionPlotter::Renderscene() {
 bool CKivoFunctionPlotter::DrawSmoothFrame() {
     const int smoothing = GetWindowSmoothing(m_hWnd);
     if (smoothing == 1) return false;
+    const KeepFailure keep; // without it, the frame is drawn plain
     try {
         return PictureAccess::DrawFrameBeside(*this, smoothing);
     } catch (const std::bad_alloc&) {

@@ -137,6 +137,16 @@ bool TextSet::Make(CKivoFunctionPlotter& plotter, const SKivoStyle& style) {
     return MakeImages(plotter);
 }
 
+bool TextSet::MakeScaled(CKivoFunctionPlotter& plotter, float factor) {
+    const float scale = plotter.m_pixelScale * factor;
+    const bool isMade = m_hasFonts && m_style.pixelScale == scale && m_style.inkColor == plotter.m_inkColor &&
+                        m_style.textFace == plotter.m_textFace && m_style.boldText == plotter.m_boldText;
+    if (isMade) return MakeImages(plotter);
+    SKivoStyle style = StyleOf(plotter);
+    style.pixelScale = scale;
+    return Make(plotter, style);
+}
+
 void TextSet::Exchange(CKivoFunctionPlotter& plotter) noexcept {
     ExchangeFonts(plotter);
     std::size_t count = 0;

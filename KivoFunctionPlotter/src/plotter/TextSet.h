@@ -24,6 +24,8 @@ public:
     /// texts are others now.
     /// @return false when the system does not make a font, or the image of a text that the plotter has one of
     bool Make(CKivoFunctionPlotter& plotter, const SKivoStyle& style);
+    /// The same for the plotter's own style at another scale; without allocating where that is made already.
+    bool MakeScaled(CKivoFunctionPlotter& plotter, float factor);
 
     /// After Make: its style, fonts and images become the plotter's, and the plotter's become the set's.
     void Exchange(CKivoFunctionPlotter& plotter) noexcept;

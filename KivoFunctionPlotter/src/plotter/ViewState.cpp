@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
+#include <limits>
 
 namespace KivoDrawingTools {
 
@@ -13,6 +15,12 @@ void Copy(const T (&from)[count], T (&to)[count]) {
     std::copy(from, from + count, to);
 }
 
+// Hosts lay plots out for any size.
+int WithinInt(std::int64_t number) {
+    using Limits = std::numeric_limits<int>;
+    return static_cast<int>(std::clamp<std::int64_t>(number, Limits::min(), Limits::max()));
+}
+
 } // namespace
 
 double ViewState::ShorterSide() const {
@@ -20,16 +28,16 @@ double ViewState::ShorterSide() const {
 }
 
 void ViewState::Enlarge(int factor) {
-    clientHeight *= factor;
+    const auto enlarge = [factor](int& number) { number = WithinInt(std::int64_t{number} * factor); };
+    enlarge(clientHeight);
     for (int* const viewport : {plotViewport, legendViewport})
-        for (int i = 0; i < 4; ++i)
-            viewport[i] *= factor;
+        std::for_each(viewport, viewport + 4, enlarge);
 }
 
 void ViewState::ShiftTo(int x, int y) {
     for (int* const viewport : {plotViewport, legendViewport}) {
-        viewport[0] -= x;
-        viewport[1] -= y;
+        viewport[0] = WithinInt(std::int64_t{viewport[0]} - x);
+        viewport[1] = WithinInt(std::int64_t{viewport[1]} - y);
     }
 }
 

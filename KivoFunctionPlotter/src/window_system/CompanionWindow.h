@@ -11,8 +11,4 @@ namespace KivoDrawingTools {
 /// @return null, with the failure recorded, when there is no memory for it or the driver has no such windows
 HWND CreateCompanionWindow(HDC dc, int width, int height);
 
-/// Records a failure of the calling thread that is not the window system's, for LastWindowError().
-/// @param code  one of GetLastError()'s
-void RecordFailure(unsigned long code, const char* words);
-
 } // namespace KivoDrawingTools

@@ -1,17 +1,20 @@
 // What pictures and smooth windows take and give back, what they leave in OpenGL, and what happens without
 // the memory for them.
 #include "KivoPicture.h"
+#include "KivoStyle.h"
 #include "KivoWindow.h"
 #include "support/EglFault.h"
 #include "support/GlSnapshot.h"
 #include "support/Holdings.h"
 #include "support/OperationFaults.h"
 #include "support/RecordedPlot.h"
+#include "window_system/Failure.h"
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <cstddef>
-#include <cstring>
+#include <limits>
 #include <set>
 #include <string>
 #include <vector>
@@ -135,6 +138,105 @@ TEST_F(PictureCalls, SmoothFramesLeaveInOpenGlWhatFramesDo) {
     EXPECT_EQ(Differences(before, Snapshot()), std::set<std::string>{"GL_POLYGON_OFFSET_FACTOR"});
 }
 
+TEST_F(PictureCalls, TransparentOnesLeaveTheBackground) {
+    ASSERT_EQ(Draw({}), 0);
+    const GlSnapshot before = Snapshot();
+    SKivoPictureOptions options = Smoothing(2);
+    options.transparent = true;
+    ASSERT_EQ(Draw(options), 0);
+    EXPECT_THAT(Differences(before, Snapshot()), testing::Not(testing::Contains("GL_COLOR_CLEAR_VALUE")));
+}
+
+TEST_F(PictureCalls, PixelsAreReadAndPutAsTheyAre) {
+    plotter.m_hasTracePoint = 0;
+    const Image expected = [&] {
+        Image image(width, height);
+        EXPECT_EQ(Draw(Smoothing(2)), 0);
+        image.rgba = pixels;
+        return image;
+    }();
+    {
+        const CurrentContext context(plotter);
+        glPixelZoom(1.0f, -1.0f);
+        glPixelTransferf(GL_RED_SCALE, 0.5f);
+        glPixelTransferf(GL_BLUE_BIAS, 0.25f);
+    }
+    ASSERT_EQ(Draw(Smoothing(2)), 0);
+    EXPECT_TRUE(pixels == expected.rgba);
+    ASSERT_EQ(SetWindowSmoothing(plot.window.Handle(), 2), 0);
+    ASSERT_EQ(plotter.Renderscene(), 0);
+    GLfloat zoom = 0.0f, scale = 0.0f;
+    {
+        const CurrentContext context(plotter);
+        glGetFloatv(GL_ZOOM_Y, &zoom);
+        glGetFloatv(GL_RED_SCALE, &scale);
+        glPixelTransferf(GL_RED_SCALE, 1.0f);
+        glPixelTransferf(GL_BLUE_BIAS, 0.0f);
+    }
+    EXPECT_EQ(zoom, -1.0f);
+    EXPECT_EQ(scale, 0.5f);
+    EXPECT_TRUE(ImagesAgree(plot.window.Presented(plotter), expected, 0, 0, "put-as-it-is"));
+}
+
+TEST_F(PictureCalls, ALongFaceAllocatesNothingEither) {
+    plotter.m_hasTracePoint = 0;
+    SKivoStyle style;
+    style.textFace = "A family of twenty-six or so";
+    ASSERT_EQ(SetStyle(plotter, style), 0);
+    ASSERT_EQ(Draw(Smoothing(2)), 0);
+    const AllocationFault count(0);
+    ASSERT_EQ(Draw(Smoothing(2)), 0);
+    EXPECT_EQ(count.Count(), 0);
+}
+
+TEST_F(PictureCalls, OnesThatOpenGlCannotDrawSoLargeAreSmoothedLess) {
+    GLfloat widths[2] = {};
+    {
+        const CurrentContext context(plotter);
+        glGetFloatv(GL_LINE_WIDTH_RANGE, widths);
+    }
+    plotter.SetCurveWidth(0, widths[1] / 2.0f);
+    const auto widestOf = [&](int smoothing) {
+        const auto recorder = Record(plotter, [&] { Draw(Smoothing(smoothing)); });
+        float widest = 0.0f;
+        for (const RecordedDraw& draw : recorder->Draws())
+            widest = std::max(widest, draw.state.lineWidth);
+        return widest;
+    };
+    EXPECT_EQ(widestOf(2), widths[1]);
+    EXPECT_EQ(widestOf(4), widths[1]);
+    plotter.SetCurveWidth(0, 1.0f);
+    EXPECT_LT(widestOf(4), widths[1]);
+}
+
+TEST_F(PictureCalls, SizesOfAnyWindowThatIsLaidOutForDoNotOverflow) {
+    ASSERT_EQ(SetWindowSmoothing(plot.window.Handle(), 4), 0);
+    for (const int side : {std::numeric_limits<int>::max(), std::numeric_limits<int>::min(), -1, 0}) {
+        plotter.OnSize(0, side, side);
+        EXPECT_EQ(plotter.Renderscene(), 0) << side;
+        EXPECT_EQ(Draw(Smoothing(3)), 0) << side;
+        EXPECT_TRUE(IsOpenGlInOrder(plotter)) << side;
+    }
+}
+
+TEST_F(PictureCalls, ScalesThatLeaveNothingAreRefused) {
+    SKivoStyle style;
+    style.pixelScale = 1e-30f;
+    ASSERT_EQ(SetStyle(plotter, style), 0);
+    SKivoPictureOptions options;
+    options.width = width;
+    options.height = height;
+    options.scale = 1e-30f;
+    EXPECT_EQ(Draw(options), -3);
+    EXPECT_TRUE(IsOpenGlInOrder(plotter));
+}
+
+TEST_F(PictureCalls, RowsLongerThanAllMemoryAreRefused) {
+    for (const std::size_t rowBytes :
+         {static_cast<std::size_t>(-1200), std::numeric_limits<std::size_t>::max() / 4})
+        EXPECT_EQ(DrawPicture(plotter, Smoothing(1), pixels.data(), rowBytes, KivoPixelOrder::rgba), -3);
+}
+
 // ---- Without the memory
 
 TEST_F(PictureCalls, WithLittleMemoryTheyAreDrawnInTiles) {
@@ -153,6 +255,9 @@ TEST_F(PictureCalls, WithLittleMemoryTheyAreDrawnInTiles) {
     tiled.rgba = pixels;
     // Lines may step by a pixel where a tile begins.
     EXPECT_TRUE(ImagesAgree(tiled, whole, 64, 0.1, "little-memory"));
+    const Holdings before;
+    ASSERT_EQ(Draw(Smoothing(3)), 0); // in the surface that there is
+    EXPECT_EQ(Holdings().resources, before.resources);
 }
 
 TEST_F(PictureCalls, WithoutMemoryTheyAreRefusedInWordsAndThePlotDrawsOn) {
@@ -177,9 +282,13 @@ TEST_F(PictureCalls, WithoutMemorySmoothFramesAreDrawnPlain) {
     const Image plain = CaptureImage(plotter);
     ASSERT_EQ(SetWindowSmoothing(plot.window.Handle(), 2), 0);
     {
+        RecordFailure(ERROR_GEN_FAILURE, "Words of before.");
         const EglFault none(0L);
         EXPECT_EQ(plotter.Renderscene(), 0);
         EXPECT_TRUE(plot.window.Presented(plotter).rgba == plain.rgba);
+        EXPECT_TRUE(CaptureImage(plotter).rgba == plain.rgba);
+        EXPECT_EQ(CaptureImage(plotter, 200, 100).width, 200);
+        EXPECT_STREQ(LastWindowError(), "Words of before.");
     }
     for (long n = 1; n < 20; ++n) {
         plotter.SetPlotTitle(n % 2 == 0 ? "A title" : "Another");

@@ -158,6 +158,7 @@ RECORD(void, glClearColor, (GLclampf r, GLclampf g, GLclampf b, GLclampf a), (r,
 RECORD(void, glClearDepth, (GLclampd depth), (depth), Num(depth))
 RECORD(void, glDrawPixels, (GLsizei width, GLsizei height, GLenum format, GLenum type, const GLvoid* pixels),
        (width, height, format, type, pixels), Num(width), Num(height), Enum(format), Enum(type), Ptr(pixels))
+RECORD(void, glPixelZoom, (GLfloat x, GLfloat y), (x, y), Num(x), Num(y))
 RECORD(void, glReadBuffer, (GLenum buffer), (buffer), Enum(buffer))
 RECORD(void, glReadPixels,
        (GLint x, GLint y, GLsizei width, GLsizei height, GLenum format, GLenum type, GLvoid* pixels),

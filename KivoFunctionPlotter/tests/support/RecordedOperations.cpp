@@ -181,7 +181,7 @@ OPERATION("_ZN16KivoDrawingTools14wglMakeCurrentEPNS_13DeviceContextEPNS_16Rende
     // As a real failure does, a failed binding leaves nothing bound; a failed unbinding leaves all as it is.
     if (IsToFail("wglMakeCurrent", {Ptr(dc), Ptr(context)})) {
         const InsideWrapped inside;
-        const KeepLastError keep;
+        const KeepFailure keep;
         if (context) Real_wglMakeCurrent(dc, nullptr);
         return 0;
     }

@@ -25,10 +25,14 @@ bool FailFurther(DWORD code, std::string_view words) {
     return LastFailure().words.IsEmpty() && Fail(code, words);
 }
 
-KeepLastError::KeepLastError() : m_failure(LastFailure()) {}
+void RecordFailure(unsigned long code, const char* words) {
+    Fail(static_cast<DWORD>(code), words);
+}
 
-KeepLastError::~KeepLastError() {
-    LastFailure() = m_failure;
+KeepFailure::KeepFailure() : m_code(LastFailure().code), m_words(LastFailure().words) {}
+
+KeepFailure::~KeepFailure() {
+    if (!m_isForgotten) LastFailure() = {static_cast<DWORD>(m_code), m_words};
 }
 
 std::string Hex(unsigned long value) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Win32Names.h"
+#include "window_system/Failure.h"
 #include "window_system/FailureWords.h"
 
 #include <string>
@@ -23,18 +24,6 @@ bool Fail(DWORD code, std::string_view words);
 /// recorded already has the reason, and stays. These are code and words where nothing has failed before.
 /// @return false
 bool FailFurther(DWORD code, std::string_view words);
-
-/// Puts the calling thread's failure back as it was: for what may fail without the operation failing.
-class KeepLastError {
-public:
-    KeepLastError();
-    ~KeepLastError();
-    KeepLastError(const KeepLastError&) = delete;
-    KeepLastError& operator=(const KeepLastError&) = delete;
-
-private:
-    const Failure m_failure;
-};
 
 /// A number as it is written in messages, for example 0x21.
 std::string Hex(unsigned long value);

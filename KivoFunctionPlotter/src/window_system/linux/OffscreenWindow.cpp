@@ -142,8 +142,4 @@ HWND CreateCompanionWindow(HDC dc, int width, int height) {
     return window.release();
 }
 
-void RecordFailure(unsigned long code, const char* words) {
-    Fail(static_cast<DWORD>(code), words);
-}
-
 } // namespace KivoDrawingTools

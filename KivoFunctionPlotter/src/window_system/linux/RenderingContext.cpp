@@ -132,7 +132,7 @@ BOOL wglMakeCurrent(HDC dc, HGLRC context) {
     if (Bind(dc, context)) return 1;
     // As on Windows, nothing is current after a failure: what the caller draws next must not reach a host's
     // context. The unbinding must not hide the reason.
-    const KeepLastError keep;
+    const KeepFailure keep;
     UnbindThread();
     return 0;
 }

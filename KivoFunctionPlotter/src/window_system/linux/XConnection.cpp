@@ -189,7 +189,7 @@ int XConnection::DotsPerInch(xcb_window_t root) const {
 
 std::shared_ptr<EglDisplay> XConnection::EglOfScreen(int number) {
     if (!HasEglClientExtension("EGL_EXT_platform_xcb")) return nullptr;
-    const KeepLastError keep; // there is another way to show pictures
+    const KeepFailure keep; // there is another way to show pictures
     std::unique_ptr<EglDisplay>& display = m_egl[number];
     const EGLAttrib attributes[] = {EGL_PLATFORM_XCB_SCREEN_EXT, number, EGL_NONE};
     if (!display) display = EglDisplay::OfConnection(EGL_PLATFORM_XCB_EXT, m_handle, attributes);

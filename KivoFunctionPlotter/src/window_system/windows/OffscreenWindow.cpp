@@ -2,9 +2,11 @@
 // all windows.
 #include "KivoWindow.h"
 #include "window_system/CompanionWindow.h"
+#include "window_system/Failure.h"
 #include "window_system/FailureWords.h"
 #include "window_system/HostContext.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 
@@ -119,13 +121,23 @@ HWND CreateCompanionWindow(HDC dc, int width, int height) {
     const int format = GetPixelFormat(dc);
     DescribePixelFormat(dc, format, sizeof(descriptor), &descriptor);
     if (format != 0 && SetPixelFormat(own, format, &descriptor)) return window;
-    Refuse(GetLastError(), "Window: a hidden window does not take the pixel format of the plot's.");
+    const DWORD error = GetLastError();
+    Refuse(error != 0 ? error : ERROR_INVALID_PIXEL_FORMAT,
+           "Window: a hidden window does not take the plot's pixel format; use an off-screen window.");
     DestroyWindow(window);
     return nullptr;
 }
 
 void RecordFailure(unsigned long code, const char* words) {
     Refuse(code, words);
+}
+
+KeepFailure::KeepFailure() : m_code(GetLastError()), m_words(LastWords()) {}
+
+KeepFailure::~KeepFailure() {
+    if (m_isForgotten) return;
+    SetLastError(m_code);
+    LastWords() = m_words;
 }
 
 namespace {
@@ -153,7 +165,7 @@ int SetWindowSmoothing(HWND window, int factor) {
 int GetWindowSmoothing(HWND window) {
     if (!IsWindow(window)) return 1;
     const auto stored = reinterpret_cast<std::uintptr_t>(GetPropA(window, smoothingName));
-    return static_cast<int>(stored) + 1;
+    return std::min(static_cast<int>(stored) + 1, 4); // others may have set it
 }
 
 const char* LastWindowError() {
