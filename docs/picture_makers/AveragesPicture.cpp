@@ -1,7 +1,7 @@
 // Draws docs/pictures/averages.png, two ways to average the pixels of a smooth picture: `averages_picture
 // FILE.png`. On the left the bytes are averaged, as the library does, on the right the light that they stand
 // for.
-#include "PngWriter.h"
+#include "PictureFile.h"
 #include "SampleGrids.h"
 
 #include <KivoFunctionPlotter.h>
@@ -92,8 +92,8 @@ int main(int argc, char** argv) {
         return 2;
     }
     try {
-        KivoViewer::WritePng(argv[1], SideBySide(LargePlot()),
-                             {2 * partWidth * enlargement, partHeight * enlargement});
+        KivoViewer::WritePictureFile(argv[1], SideBySide(LargePlot()),
+                                     {2 * partWidth * enlargement, partHeight * enlargement});
     } catch (const std::exception& error) {
         std::fprintf(stderr, "averages_picture: %s\n", error.what());
         return 1;

@@ -2,7 +2,7 @@
 // flat plots, with contours on all walls, with a long title and in a narrow window. `terrain_gallery
 // TERRAIN.asc FOLDER` needs no display.
 #include "GridReader.h"
-#include "PngWriter.h"
+#include "PictureFile.h"
 
 #include <KivoFunctionPlotter.h>
 #include <KivoPicture.h>
@@ -144,7 +144,7 @@ int Draw(const KivoViewer::GridData& grid, const Picture& picture, const std::st
     CapturePicture(plot, options, rgba, width, height);
     plot.OnDestroy();
     ReleaseWindow(window);
-    KivoViewer::WritePng(folder + "/" + picture.name + ".png", rgba, {width, height});
+    KivoViewer::WritePictureFile(folder + "/" + picture.name + ".png", rgba, {width, height});
     return 0;
 }
 

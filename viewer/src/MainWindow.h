@@ -64,8 +64,6 @@ private:
     void SavePicture();
     void CopyPicture();
     void Print();
-    /// The plot as it stands, RGBA, top row first. Throws a Failure.
-    std::vector<unsigned char> Draw(const PictureFormat& format);
 
     struct ToggleAction {
         const Setting* setting;

@@ -2,8 +2,8 @@
 #include "Failure.h"
 #include "GridReader.h"
 #include "MainWindow.h"
+#include "PictureFile.h"
 #include "PlotWidget.h"
-#include "PngWriter.h"
 #include "PointsPanel.h"
 #include "Preferences.h"
 
@@ -83,14 +83,18 @@ bool AskForFormat(QWidget* parent, PictureFormat& format) {
     QSpinBox* const width = AddNumber(form, "&Width", format.width, maxPictureSize, "pixels");
     QSpinBox* const height = AddNumber(form, "&Height", format.height, maxPictureSize, "pixels");
     QSpinBox* const dpi = AddNumber(form, "&Resolution", format.dpi, maxResolution, "dots per inch");
-    dpi->setToolTip("Texts keep their size on paper: with more dots per inch they have more pixels");
+    dpi->setToolTip(
+        "Texts, lines and points keep their size on paper: with more dots per inch they have more "
+        "pixels");
     width->selectAll();
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Save | QDialogButtonBox::Cancel);
     form->addRow(buttons);
     QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
     QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
     if (dialog.exec() != QDialog::Accepted) return false;
-    format = {width->value(), height->value(), dpi->value()};
+    format.width = width->value();
+    format.height = height->value();
+    format.dpi = dpi->value();
     return true;
 }
 
@@ -164,20 +168,18 @@ void MainWindow::AddPointFiles(PointSet::Kind kind) {
 
 // ---- The picture out ------------------------------------------------------------------------------------
 
-// Where its texts fit, the window's own plotter draws the picture, on the same OpenGL as the screen.
-std::vector<unsigned char> MainWindow::Draw(const PictureFormat& format) {
-    if (format.dpi == m_plot->Format().dpi) return CaptureScene(Scene(), format.width, format.height);
-    return DrawPicture(format, [this](PlotScene& scene) { scene.ShowSameAs(Scene()); });
-}
-
 void MainWindow::SavePicture() {
     PictureFormat format = m_plot->Format();
     if (!AskForFormat(this, format)) return;
-    QString path = QFileDialog::getSaveFileName(this, "Save the picture", "plot.png", "PNG pictures (*.png)");
+    QString endings;
+    for (const std::string& ending : PictureEndings())
+        endings += " *" + QString::fromStdString(ending);
+    QString path = QFileDialog::getSaveFileName(this, "Save the picture", "plot.png",
+                                                "Pictures (" + endings.trimmed() + ')');
     if (path.isEmpty()) return;
     if (QFileInfo(path).suffix().isEmpty()) path += ".png";
     Try(this, [&] {
-        WritePng(NameOf(path), Draw(format), format);
+        WritePictureFile(NameOf(path), CaptureScene(Scene(), format), format);
         statusBar()->showMessage("Saved " + path);
     });
 }
@@ -185,27 +187,30 @@ void MainWindow::SavePicture() {
 void MainWindow::CopyPicture() {
     Try(this, [this] {
         const PictureFormat format = m_plot->Format();
-        QApplication::clipboard()->setImage(ImageOf(Draw(format), format));
+        QApplication::clipboard()->setImage(ImageOf(CaptureScene(Scene(), format), format));
         statusBar()->showMessage("Copied the picture");
     });
 }
 
-// The plot takes the page's proportions. Its pixels are as large as on a usual screen, so that text is too.
+// The plot takes the page's proportions, with texts of 7.5 points. Finer than that nobody sees, and the
+// pixels of a page take a hundred megabytes.
 void MainWindow::Print() {
-    constexpr double pixelsPerInch = 120.0;
+    constexpr int finest = 600; // dots per inch
     QPrinter printer(QPrinter::HighResolution);
     printer.setPageOrientation(QPageLayout::Landscape);
     QPrintDialog dialog(&printer, this);
     if (dialog.exec() != QDialog::Accepted) return;
     Try(this, [&] {
-        const QSizeF page = printer.pageRect(QPrinter::Inch).size();
-        const auto pixels = [](double inches) {
-            return std::clamp(static_cast<int>(std::lround(inches * pixelsPerInch)), 1, maxPictureSize);
-        };
-        const PictureFormat format = {pixels(page.width()), pixels(page.height()), m_plot->Format().dpi};
-        const QImage image = ImageOf(Draw(format), format);
+        PictureFormat format;
+        format.dpi = std::min(printer.resolution(), finest);
+        format.scale = 0.8;
+        const QSizeF page = printer.pageRect(QPrinter::Inch).size() * format.dpi;
+        format.width = std::clamp(qRound(page.width()), 1, maxPictureSize);
+        format.height = std::clamp(qRound(page.height()), 1, maxPictureSize);
+        const QImage image = ImageOf(CaptureScene(Scene(), format), format);
         QPainter painter;
         if (!painter.begin(&printer)) throw Failure("the printer cannot be used");
+        painter.setRenderHint(QPainter::LosslessImageRendering); // by itself Qt takes JPEG
         painter.drawImage(painter.viewport(), image);
     });
 }

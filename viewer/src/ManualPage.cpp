@@ -24,7 +24,7 @@ kivo\-viewer \- show surfaces z = f(x, y) as 3-D plots
 .I FORMULA
 .RI [ option ]...
 .SH DESCRIPTION
-Shows a grid of points in a window, or writes its picture to a PNG file, which needs no display.
+Shows a grid of points in a window, or writes its picture to a file, which needs no display.
 Without data it shows a sample terrain.
 .PP
 The format of a file follows from its content.

@@ -5,7 +5,6 @@
 #include "GdalReader.h"
 #include "ManualPage.h"
 #include "Numbers.h"
-#include "Picture.h"
 #include "SettingTable.h"
 
 #include <CLI/CLI.hpp>
@@ -38,6 +37,7 @@ struct Words {
     std::string y;
     std::string size;
     std::string traceAt;
+    std::string scale;
     bool wantsManualPage = false;
     std::map<std::string, std::string> settings; // by their names
 };
@@ -91,6 +91,22 @@ void ParseSettings(const CLI::App& app, const Words& words, Options& options) {
     }
 }
 
+// How a picture is drawn.
+void DescribePicture(CLI::App& app, CLI::Option& picture, PictureFormat& format, Words& words) {
+    app.add_option("--dpi", format.dpi, "Dots per inch that texts, lines and points are sized for (96)")
+        ->type_name("DPI")
+        ->needs(&picture)
+        ->check(CLI::Range(1, maxResolution).description(""));
+    app.add_option("--scale", words.scale, "Factor on the size of texts, lines and points (1)")
+        ->type_name("FACTOR")
+        ->needs(&picture);
+    app.add_option("--smoothing", format.smoothing, "How much finer it is drawn, for soft edges: 1 to 4 (2)")
+        ->type_name("FACTOR")
+        ->needs(&picture)
+        ->check(CLI::Range(1, maxSmoothing).description(""));
+    app.add_flag("--transparent", format.isTransparent, "Leave the background out")->needs(&picture);
+}
+
 void Describe(CLI::App& app, Options& options, Words& words) {
     app.set_version_flag("--version", std::string("kivo-viewer ") + KIVO_VERSION);
     app.footer(Footer());
@@ -100,9 +116,9 @@ void Describe(CLI::App& app, Options& options, Words& words) {
     auto* const function =
         app.add_option("--function", options.function, "Formula such as \"sin(x)*cos(y)\"");
     auto* const picture =
-        app.add_option("--picture", options.picture, "Write the plot to a file; needs no display");
-    auto* const dpi =
-        app.add_option("--dpi", options.dpi, "Dots per inch that the picture's text is sized for (96)");
+        app.add_option("--picture", options.picture,
+                       "Write the plot to a file of the format that its name ends in, or - for PNG "
+                       "to the standard output; needs no display");
     file->type_name("");
     function->type_name("FORMULA")->excludes(file);
     app.add_option("--x", words.x, "Values of x, -3:3:61 without")
@@ -111,7 +127,7 @@ void Describe(CLI::App& app, Options& options, Words& words) {
     app.add_option("--y", words.y, "Values of y, -3:3:61 without")
         ->type_name("FROM:TO:COUNT")
         ->needs(function);
-    picture->type_name("FILE.png");
+    picture->type_name("FILE");
     app.add_flag("--manual-page", words.wantsManualPage)->group(""); // for the installation
     app.add_option("--size", words.size,
                    "Size of the picture or the window's plot in pixels, 1200x800 without")
@@ -129,7 +145,7 @@ void Describe(CLI::App& app, Options& options, Words& words) {
     app.add_option("--trace-at", words.traceAt, "Trace the surface at this pixel of the picture")
         ->type_name("X,Y")
         ->needs(picture);
-    dpi->type_name("DPI")->needs(picture)->check(CLI::Range(1, maxResolution).description(""));
+    DescribePicture(app, *picture, options.format, words);
 }
 
 int ParseLength(const std::string& text) {
@@ -156,6 +172,19 @@ PixelPosition ParsePosition(const std::string& text) {
     if (!x || !y || *x >= maxPictureSize || *y >= maxPictureSize)
         throw Failure("--trace-at: expected X,Y in pixels, found " + text);
     return {static_cast<int>(*x), static_cast<int>(*y)};
+}
+
+// Fine pictures have large texts already.
+void ParseScale(const std::string& text, PictureFormat& format) {
+    const auto scale = ParseNumber(text);
+    if (!scale || !(*scale >= minScale) || *scale > maxScale)
+        throw Failure("--scale: expected a number from " + FormatRounded(static_cast<float>(minScale)) +
+                      " to " + FormatRounded(static_cast<float>(maxScale)) + ", found " + text);
+    format.scale = *scale;
+    const double most = maxPixelScale * usualResolution / format.dpi;
+    if (format.PixelScale() > maxPixelScale)
+        throw Failure("--scale: at most " + FormatRounded(static_cast<float>(most)) + " with " +
+                      std::to_string(format.dpi) + " dots per inch, found " + text);
 }
 
 Range RangeOf(const std::string& option, const std::string& text) {
@@ -194,6 +223,7 @@ Options ParseOptions(int argc, const char* const* argv) {
     options.hasSize = app.count("--size") > 0;
     if (options.hasSize) ParseSize(words.size, options);
     if (app.count("--trace-at") > 0) options.traceAt = ParsePosition(words.traceAt);
+    if (app.count("--scale") > 0) ParseScale(words.scale, options.format);
     ParseSettings(app, words, options);
     return options;
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "FormulaGrid.h"
+#include "Picture.h"
 #include "PlotSettings.h"
 
 #include <optional>
@@ -23,11 +24,11 @@ struct Options {
     std::string function;                  ///< formula, or empty
     Range x;                               ///< of the formula
     Range y;                               ///< of the formula
-    std::string picture;                   ///< PNG file to write, or empty
+    std::string picture;                   ///< file to write, "-" for the standard output, or empty
     int width = 1200;                      ///< of the picture, or of the plot in the window, in pixels
     int height = 800;                      ///< as above
     bool hasSize = false;                  ///< whether the command line gives it
-    int dpi = 96;                          ///< of the picture
+    PictureFormat format;                  ///< of the picture, but for its size
     PlotSettings settings;                 ///< how the plot looks
     std::vector<std::string> settingNames; ///< of those that the command line sets, by their names
     std::vector<std::string> pointFiles;   ///< measure points, a group for each

@@ -4,9 +4,9 @@
 #include "PlotScene.h"
 
 #include <KivoPicture.h>
+#include <KivoStyle.h>
 #include <KivoWindow.h>
 
-#include <algorithm>
 #include <memory>
 #include <string>
 #include <type_traits>
@@ -15,22 +15,37 @@ namespace KivoViewer {
 
 namespace {
 
-// Larger pictures are drawn in tiles: not every OpenGL has windows of any size.
-constexpr int maxWindowSize = 4096;
-
-// A window of the picture's proportions.
-KivoDrawingTools::HWND CreateWindowFor(const PictureFormat& format) {
-    const int longer = std::max(format.width, format.height);
-    const auto fitted = [&](int length) {
-        return longer <= maxWindowSize ? length
-                                       : std::max(1, static_cast<int>(1.0 * length * maxWindowSize / longer));
-    };
-    return KivoDrawingTools::CreateOffscreenWindow(fitted(format.width), fitted(format.height), format.dpi);
-}
-
 [[noreturn]] void FailToDraw() {
     throw Failure(std::string("cannot draw: ") + KivoDrawingTools::LastWindowError());
 }
+
+// The library multiplies sizes by the style's scale and by the picture's, no more than 8 times each: where
+// the two scales are further apart, the style has the largest one meanwhile.
+class StyleScope {
+public:
+    StyleScope(PlotScene& scene, double wantedScale) : m_scene(scene), m_style(GetStyle(scene.Plotter())) {
+        m_pictureScale = wantedScale / static_cast<double>(m_style.pixelScale);
+        if (m_pictureScale <= maxScale) return;
+        KivoDrawingTools::SKivoStyle style = m_style;
+        style.pixelScale = static_cast<float>(maxScale);
+        if (SetStyle(scene.Plotter(), style) != 0) FailToDraw();
+        m_isOther = true;
+        m_pictureScale = wantedScale / maxScale;
+    }
+    ~StyleScope() {
+        if (m_isOther) SetStyle(m_scene.Plotter(), m_style);
+    }
+    StyleScope(const StyleScope&) = delete;
+    StyleScope& operator=(const StyleScope&) = delete;
+
+    double PictureScale() const { return m_pictureScale; }
+
+private:
+    PlotScene& m_scene;
+    KivoDrawingTools::SKivoStyle m_style;
+    double m_pictureScale = 1.0;
+    bool m_isOther = false;
+};
 
 } // namespace
 
@@ -38,18 +53,28 @@ std::vector<unsigned char> DrawPicture(const PictureFormat& format,
                                        const std::function<void(PlotScene&)>& show) {
     using KivoDrawingTools::HWND;
     const auto release = [](HWND window) { KivoDrawingTools::ReleaseWindow(window); };
-    const std::unique_ptr<std::remove_pointer_t<HWND>, decltype(release)> window(CreateWindowFor(format),
-                                                                                 release);
+    constexpr int side = 16; // nothing is drawn in the window itself
+    const std::unique_ptr<std::remove_pointer_t<HWND>, decltype(release)> window(
+        KivoDrawingTools::CreateOffscreenWindow(side, side, usualResolution), release);
     if (!window) FailToDraw();
     PlotScene scene; // gone before its window
     if (scene.Plotter().OnCreate(window.get(), format.width, format.height, true) != 0) FailToDraw();
     show(scene);
-    return CaptureScene(scene, format.width, format.height);
+    return CaptureScene(scene, format);
 }
 
-std::vector<unsigned char> CaptureScene(PlotScene& scene, int width, int height) {
+std::vector<unsigned char> CaptureScene(PlotScene& scene, const PictureFormat& format) {
+    const StyleScope style(scene, format.PixelScale());
+    KivoDrawingTools::SKivoPictureOptions options;
+    options.width = format.width;
+    options.height = format.height;
+    options.scale = static_cast<float>(style.PictureScale());
+    options.smoothing = format.smoothing;
+    options.transparent = format.isTransparent;
     std::vector<unsigned char> rgba;
-    if (CapturePicture(scene.Plotter(), width, height, rgba) != 0) FailToDraw();
+    int width = 0;
+    int height = 0;
+    if (CapturePicture(scene.Plotter(), options, rgba, width, height) != 0) FailToDraw();
     return rgba;
 }
 

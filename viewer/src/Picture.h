@@ -8,15 +8,26 @@ namespace KivoViewer {
 
 class PlotScene;
 
-constexpr int maxPictureSize = 16384; ///< in pixels, of each side
-constexpr int maxResolution = 1200;   ///< in dots per inch
-constexpr int usualResolution = 96;   ///< in dots per inch
+constexpr int maxPictureSize = 16384;  ///< in pixels, of each side
+constexpr int maxResolution = 1200;    ///< in dots per inch
+constexpr int usualResolution = 96;    ///< in dots per inch
+constexpr int maxSmoothing = 4;        ///< along each side
+constexpr int usualSmoothing = 2;      ///< along each side
+constexpr double minScale = 0.1;       ///< that a picture is asked for
+constexpr double maxScale = 8.0;       ///< as above
+constexpr double maxPixelScale = 32.0; ///< of resolution and scale together
 
-/// How large a picture is.
+/// How large a picture is, and how it is drawn.
 struct PictureFormat {
-    int width = 0;             ///< in pixels
-    int height = 0;            ///< in pixels
-    int dpi = usualResolution; ///< dots per inch that texts are sized for
+    int width = 0;                  ///< in pixels
+    int height = 0;                 ///< in pixels
+    int dpi = usualResolution;      ///< dots per inch that texts, lines and points are sized for
+    double scale = 1.0;             ///< on top of that
+    int smoothing = usualSmoothing; ///< so many times as fine it is drawn along each side, and averaged
+    bool isTransparent = false;     ///< the background is left out
+
+    /// The pixels for one at the usual resolution, of texts, lines, ticks and points alike.
+    double PixelScale() const { return scale * dpi / usualResolution; }
 };
 
 /// Draws what a scene is made to show. Throws a Failure.
@@ -25,8 +36,9 @@ struct PictureFormat {
 std::vector<unsigned char> DrawPicture(const PictureFormat& format,
                                        const std::function<void(PlotScene&)>& show);
 
-/// Draws what a scene shows in its own window, at another size. Throws a Failure.
+/// Draws what a scene shows in its own window, whose texts are of the size that they have at the usual
+/// resolution, times the plotter's style. Throws a Failure.
 /// @return as above
-std::vector<unsigned char> CaptureScene(PlotScene& scene, int width, int height);
+std::vector<unsigned char> CaptureScene(PlotScene& scene, const PictureFormat& format);
 
 } // namespace KivoViewer

@@ -6,7 +6,7 @@
 
 namespace KivoViewer {
 
-/// Draws the content as the options say and writes the PNG file. Throws a Failure.
+/// Draws the content as the options say and writes the file. Throws a Failure.
 void WritePicture(const Content& content, const Options& options);
 
 } // namespace KivoViewer

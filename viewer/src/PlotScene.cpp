@@ -3,7 +3,8 @@
 #include "Failure.h"
 #include "SettingTable.h"
 
-#include <KivoPicture.h>
+#include <KivoStyle.h>
+#include <KivoWindow.h>
 
 #include <algorithm>
 #include <cmath>
@@ -168,17 +169,6 @@ void ViewerPlotter::ForgetView() {
     m_panFractionY = panY;
 }
 
-void ViewerPlotter::ReferToGridOf(const ViewerPlotter& other) {
-    SetDataReference(other.m_points, other.m_columnCount, other.m_rowCount, 1, other.m_columnCount,
-                     other.m_componentCount);
-}
-
-void ViewerPlotter::TakeViewOf(const ViewerPlotter& other) {
-    KivoDrawingTools::TakeView(*this, other);
-    m_hasTracePoint = other.m_hasTracePoint;
-    std::copy(std::begin(other.m_tracePoint), std::end(other.m_tracePoint), m_tracePoint);
-}
-
 void PlotScene::ShowGrid(const GridData& grid) {
     m_plotter.ForgetView();
     HandOver(m_plotter, grid);
@@ -186,18 +176,6 @@ void PlotScene::ShowGrid(const GridData& grid) {
     m_curves.clear();
     ReadAutomaticSettings(grid);
     ApplyAll();
-}
-
-void PlotScene::ShowSameAs(PlotScene& other) {
-    m_plotter.ForgetView();
-    m_plotter.ReferToGridOf(other.m_plotter);
-    m_dataScale = other.m_dataScale;
-    m_curves.clear();
-    m_settings = other.m_settings;
-    m_automatic = other.m_automatic;
-    ApplyAll();
-    TakePointsOf(other);
-    m_plotter.TakeViewOf(other.m_plotter);
 }
 
 PlotSettings PlotScene::Effective() const {
@@ -312,6 +290,13 @@ void PlotScene::ApplySwitches() {
     m_plotter.SetPointRadiusPixelSize(*settings.pointSize);
 }
 
+void PlotScene::SetPixelScale(double scale) {
+    KivoDrawingTools::SKivoStyle style = GetStyle(m_plotter);
+    style.pixelScale = static_cast<float>(scale);
+    if (SetStyle(m_plotter, style) != 0)
+        throw Failure(std::string("cannot draw: ") + KivoDrawingTools::LastWindowError());
+}
+
 void PlotScene::ApplyLineSteps() {
     const PlotSettings settings = Effective();
     m_plotter.SetFrameLineStep(*settings.axes[0].lineStep, *settings.axes[1].lineStep);
@@ -362,15 +347,6 @@ void PlotScene::AddMeasureGroup(const PointFile& file) {
     m_groupPoints.push_back(file.points);
     m_plotter.AddMeasurePoints(static_cast<unsigned int>(file.Count()), 3, m_groupPoints.back().data(),
                                file.name.c_str());
-}
-
-void PlotScene::TakePointsOf(PlotScene& other) {
-    for (const std::vector<float>& points : other.m_groupPoints)
-        AddMeasureGroup({{}, points});
-    for (const std::vector<float>& points : other.m_plotter.CurvePoints())
-        AddCurve({{}, points});
-    for (const PointSet& set : other.PointSets())
-        ChangePoints(set);
 }
 
 std::vector<PointSet> PlotScene::PointSets() {

@@ -42,19 +42,13 @@ public:
     /// Makes the plot as one that has had no data. The plotter places its lights by the view that is there
     /// when data come: without this the same grid would be lit differently after another one.
     void ForgetView();
-    /// Shows the same grid as another, whose array it must not outlive.
-    void ReferToGridOf(const ViewerPlotter& other);
-    /// Takes over what the user turns, moves, zooms and traces, and the size that this is shown at.
-    void TakeViewOf(const ViewerPlotter& other);
-    /// The points of the curves, three numbers each.
-    const std::list<std::vector<float>>& CurvePoints() const { return m_curveData; }
 
 private:
     double BoxDiagonal() const;
 };
 
-/// A plotter with the viewer's data and settings. To be used after the plotter's OnCreate. Nothing here draws
-/// a frame.
+/// A plotter with the viewer's data and settings. To be used after the plotter's OnCreate, but for
+/// SetPixelScale. Nothing here draws a frame.
 class PlotScene {
 public:
     PlotScene() = default;
@@ -68,9 +62,8 @@ public:
     /// with the ranges that follow from it.
     void ShowGrid(const GridData& grid);
 
-    /// Shows what another scene shows, in the same view; the plotters' texts may be of different sizes. The
-    /// grid stays the other's: this scene must be gone before the other changes.
-    void ShowSameAs(PlotScene& other);
+    /// Has everything that is given in pixels so many times as large. Throws a Failure.
+    void SetPixelScale(double scale);
 
     /// The settings; a change is brought to the plot by the setting's apply member or by ApplyAll.
     PlotSettings& Settings() { return m_settings; }
@@ -114,7 +107,6 @@ private:
     void AddMeasureGroup(const PointFile& file);
     PointSet MeasureGroup(std::size_t index);
     void ChangeMeasureGroup(const PointSet& group);
-    void TakePointsOf(PlotScene& other);
     void KeepScale();
     void ReadAutomaticSettings(const GridData& grid);
 

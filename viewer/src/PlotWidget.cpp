@@ -3,12 +3,15 @@
 #include "Failure.h"
 
 #include <KivoHost.h>
+#include <KivoStyle.h>
 
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QScreen>
 #include <QWheelEvent>
+#include <QWindow>
 
+#include <algorithm>
 #include <cstdlib>
 #include <string>
 
@@ -18,12 +21,21 @@ using KivoDrawingTools::POINT;
 
 namespace {
 
+constexpr int leastResolution = 24; // of a screen
+
 unsigned int KeyState(const QSinglePointEvent& event) {
     const Qt::MouseButtons buttons = event.buttons();
     const Qt::KeyboardModifiers keys = event.modifiers();
     return KivoDrawingTools::KeyState(buttons & Qt::LeftButton, buttons & Qt::MiddleButton,
                                       buttons & Qt::RightButton, keys & Qt::ShiftModifier,
                                       keys & Qt::ControlModifier);
+}
+
+// The display's own dots per inch have the plotter's texts grow, too: the points for those of usual ones.
+int TextPoints(KivoDrawingTools::HWND window) {
+    constexpr int points = 10;
+    const int dpi = KivoDrawingTools::GetWindowDpi(window);
+    return std::max(qRound(1.0 * points * usualResolution / std::max(dpi, 1)), 1);
 }
 
 } // namespace
@@ -36,6 +48,9 @@ PlotWidget::PlotWidget(QWidget* parent) : QWidget(parent) {
     setContextMenuPolicy(Qt::PreventContextMenu); // the right button turns the plot
     setFocusPolicy(Qt::StrongFocus);
     setMinimumSize(160, 120);
+    m_rest.setSingleShot(true);
+    m_rest.setInterval(120); // milliseconds
+    connect(&m_rest, &QTimer::timeout, this, &PlotWidget::Rest);
 }
 
 PlotWidget::~PlotWidget() {
@@ -47,8 +62,11 @@ void PlotWidget::Attach() {
     const WId id = winId();
     QGuiApplication::sync(); // the plotter's own connection to the display must find the window there
     m_window = KivoDrawingTools::AttachX11Window(static_cast<unsigned long>(id));
-    if (Plotter().OnCreate(m_window, ToDevice(width()), ToDevice(height()), true) != 0)
+    m_scene.SetPixelScale(Format().PixelScale());
+    if (Plotter().OnCreate(m_window, ToDevice(width()), ToDevice(height()), TextPoints(m_window), true) != 0)
         throw Failure(std::string("cannot draw: ") + KivoDrawingTools::LastWindowError());
+    KivoDrawingTools::SetWindowSmoothing(m_window, usualSmoothing);
+    connect(windowHandle(), &QWindow::screenChanged, this, &PlotWidget::FollowScreen);
 }
 
 void PlotWidget::Redraw() {
@@ -57,14 +75,29 @@ void PlotWidget::Redraw() {
     ReportTrace();
 }
 
+void PlotWidget::Move() {
+    KivoDrawingTools::SetWindowSmoothing(m_window, 1);
+    m_rest.start();
+}
+
+void PlotWidget::Rest() {
+    m_rest.stop();
+    KivoDrawingTools::SetWindowSmoothing(m_window, usualSmoothing);
+    Redraw();
+}
+
 void PlotWidget::SetWantedSize(const QSize& size) {
     m_wantedSize = size;
     updateGeometry();
 }
 
+// Qt scales the window for a dense screen or, where it is told not to, has more dots per inch.
 PictureFormat PlotWidget::Format() const {
-    const int dpi = KivoDrawingTools::GetWindowDpi(m_window);
-    return {ToDevice(width()), ToDevice(height()), dpi > 0 ? dpi : usualResolution};
+    PictureFormat format;
+    format.width = ToDevice(width());
+    format.height = ToDevice(height());
+    format.dpi = std::clamp(qRound(devicePixelRatioF() * logicalDpiY()), leastResolution, maxResolution / 2);
+    return format;
 }
 
 void PlotWidget::ReportTrace() {
@@ -73,6 +106,15 @@ void PlotWidget::ReportTrace() {
 }
 
 void PlotWidget::paintEvent(QPaintEvent*) {
+    Redraw();
+}
+
+// What had another density is laid out anew.
+void PlotWidget::FollowScreen() {
+    const double scale = Format().PixelScale();
+    if (scale == static_cast<double>(GetStyle(Plotter()).pixelScale)) return;
+    m_scene.SetPixelScale(scale);
+    m_scene.Resize(ToDevice(width()), ToDevice(height()));
     Redraw();
 }
 
@@ -97,9 +139,11 @@ void PlotWidget::mouseReleaseEvent(QMouseEvent* event) {
         Plotter().OnLButtonUp(KeyState(*event), ToDevice(event->position()));
     if (event->button() == Qt::RightButton)
         Plotter().OnRButtonUp(KeyState(*event), ToDevice(event->position()));
+    if (m_rest.isActive()) Rest();
 }
 
 void PlotWidget::mouseMoveEvent(QMouseEvent* event) {
+    if (event->buttons() & Qt::RightButton) Move();
     Plotter().OnMouseMove(KeyState(*event), ToDevice(event->position()));
     ReportTrace();
 }
@@ -107,6 +151,7 @@ void PlotWidget::mouseMoveEvent(QMouseEvent* event) {
 // Wheels and touchpads of a high resolution turn a step in many small events, fast ones several in one.
 void PlotWidget::wheelEvent(QWheelEvent* event) {
     const int steps = KivoDrawingTools::WheelSteps(m_wheelRemainder, event->angleDelta().y());
+    if (steps != 0) Move();
     for (int i = 0; i < std::abs(steps); ++i)
         Plotter().OnMouseWheel(KeyState(*event), steps > 0 ? 120 : -120, ToScreen(event->globalPosition()));
 }

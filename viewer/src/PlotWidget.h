@@ -6,14 +6,15 @@
 
 #include <KivoWindow.h>
 
+#include <QTimer>
 #include <QWidget>
 
 #include <functional>
 
 namespace KivoViewer {
 
-/// A native window of its own in which the plotter draws. Qt paints nothing here; it brings the events, which
-/// go to the plotter in pixels of the device.
+/// A native window of its own in which the plotter draws, smooth frames while the plot is at rest. Qt paints
+/// nothing here; it brings the events, which go to the plotter in pixels of the device.
 class PlotWidget : public QWidget {
 public:
     explicit PlotWidget(QWidget* parent = nullptr);
@@ -30,7 +31,7 @@ public:
     /// The size that the layout should give it, as far as there is room.
     void SetWantedSize(const QSize& size);
 
-    /// The present size in pixels of the device, and what the plot's texts are sized for.
+    /// The present size in pixels of the device, and the dots per inch that the plot is drawn for.
     PictureFormat Format() const;
 
     QSize sizeHint() const override { return m_wantedSize; }
@@ -51,11 +52,16 @@ private:
     KivoDrawingTools::POINT ToScreen(const QPointF& globalPosition) const;
 
     ViewerPlotter& Plotter() { return m_scene.Plotter(); }
+    void FollowScreen();
+    /// Draws plain frames until the plot has rested for a moment: those keep up with the hand.
+    void Move();
+    void Rest();
     void ReportTrace();
 
     PlotScene m_scene;
     QSize m_wantedSize;
     KivoDrawingTools::HWND m_window = nullptr;
+    QTimer m_rest;            ///< runs while frames are plain
     int m_wheelRemainder = 0; ///< turned since the last step, in eighths of a degree
 };
 

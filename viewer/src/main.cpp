@@ -5,6 +5,7 @@
 #include "GridReader.h"
 #include "MainWindow.h"
 #include "Options.h"
+#include "PictureFile.h"
 #include "PictureMode.h"
 #include "Preferences.h"
 #include "SettingTable.h"
@@ -77,6 +78,7 @@ int Run(int argc, char** argv) {
         std::printf("%s\n", options.information.c_str());
         return 0;
     }
+    if (!options.picture.empty()) CheckPictureName(options.picture, options.format.isTransparent);
     const Content content = LoadContent(options, ReadSample);
     if (options.picture.empty()) return RunWindow(argv[0], content, options);
     WritePicture(content, options);

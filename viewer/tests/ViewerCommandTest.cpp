@@ -1,4 +1,5 @@
 // The viewer's command line: pictures, messages and exit codes, all without a display.
+#include "PictureFile.h"
 #include "support/Image.h"
 #include "support/PngImage.h"
 #include "support/PrivateFolder.h"
@@ -7,9 +8,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cctype>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <regex>
 #include <set>
 #include <string>
@@ -50,6 +54,11 @@ protected:
         EXPECT_EQ(result.exitCode, 0);
         EXPECT_EQ(result.output + result.errors, "");
         return ReadPng(path);
+    }
+
+    static std::string BytesOf(const std::string& path) {
+        std::ifstream file(path, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
     }
 
     // Each command draws a picture of its own.
@@ -142,9 +151,117 @@ TEST_F(ViewerCommandTest, LeavesNothingBehindWhereThePictureCannotBeWritten) {
     fs::create_directory(Path("folder.png"));
     ExpectFailure({"--picture", Path("folder.png")},
                   Path("folder.png") + ": cannot write it: it is not a file");
-    ExpectFailure({"--picture", "/dev/null"}, "/dev/null: cannot write it: it is not a file");
+    fs::create_symlink("/dev/null", Path("device.png"));
+    ExpectFailure({"--picture", Path("device.png")},
+                  Path("device.png") + ": cannot write it: it is not a file");
     EXPECT_TRUE(fs::is_character_file("/dev/null"));
-    EXPECT_EQ(FileCount(), 1U);
+    EXPECT_EQ(FileCount(), 2U);
+}
+
+// The bytes that files of a format begin with.
+const std::map<std::string, std::string> beginnings = {
+    {".png", "\x89PNG"}, {".jpg", "\xff\xd8\xff"}, {".jpeg", "\xff\xd8\xff"}, {".tif", "II*"},
+    {".tiff", "II*"},    {".webp", "RIFF"},        {".pdf", "%PDF"},
+};
+
+TEST_F(ViewerCommandTest, WritesTheFormatThatTheNameEndsIn) {
+    const std::vector<std::string> endings = KivoViewer::PictureEndings();
+    EXPECT_THAT(endings, testing::IsSupersetOf({".png", ".jpg", ".jpeg", ".pdf"}));
+    for (std::string ending : endings) {
+        const std::string beginning = beginnings.at(ending);
+        for (char& letter : ending) // the case does not matter
+            letter = static_cast<char>(std::toupper(static_cast<unsigned char>(letter)));
+        const std::string path = Path("picture" + ending);
+        const ViewerResult result = Run({"--picture", path, "--size", "80x60"});
+        EXPECT_EQ(result.exitCode, 0) << ending;
+        EXPECT_EQ(result.output + result.errors, "") << ending;
+        EXPECT_THAT(BytesOf(path), StartsWith(beginning)) << ending;
+    }
+    EXPECT_EQ(FileCount(), endings.size());
+}
+
+TEST_F(ViewerCommandTest, RefusesFormatsBeforeAnythingElse) {
+    for (const std::string name : {"picture.xyz", "picture", "png", "picture.png.gz"}) {
+        const ViewerResult result = Run({"/nowhere.asc", "--picture", Path(name)});
+        EXPECT_EQ(result.exitCode, 2);
+        EXPECT_THAT(result.errors, StartsWith("kivo-viewer: " + Path(name) +
+                                              ": a picture's name must end in .png, .jpg, .jpeg"));
+        EXPECT_THAT(result.errors, testing::EndsWith(" or .pdf\n"));
+    }
+    ExpectFailure({"/nowhere.asc", "--picture", Path("a.jpg"), "--transparent"},
+                  Path("a.jpg") + ": JPEG has no transparency; take another format");
+    EXPECT_EQ(FileCount(), 0U);
+}
+
+TEST_F(ViewerCommandTest, WritesToTheStandardOutput) {
+    const Image file = Draw({"--size", "80x60"});
+    const ViewerResult result = Run({"--picture", "-", "--size", "80x60"});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.errors, "");
+    EXPECT_EQ(result.output, BytesOf(Path("picture.png")));
+    EXPECT_EQ(file.width, 80);
+}
+
+// One page as large as the picture at its resolution, with the picture's own pixels.
+TEST_F(ViewerCommandTest, WritesPdfWithoutLoss) {
+    const std::string path = Path("picture.pdf");
+    ASSERT_EQ(Run({"--picture", path, "--size", "900x600", "--dpi", "300"}).exitCode, 0);
+    const std::string pdf = BytesOf(path);
+    EXPECT_THAT(pdf, HasSubstr("/MediaBox [0 0 216.000000 144.000000]"));
+    EXPECT_THAT(pdf, HasSubstr("/Width 900\n/Height 600"));
+    EXPECT_THAT(pdf, HasSubstr("/FlateDecode"));
+    EXPECT_THAT(pdf, Not(HasSubstr("/DCTDecode")));
+}
+
+TEST_F(ViewerCommandTest, LeavesTheBackgroundOut) {
+    const Image opaque = Draw({"--size", "240x180"});
+    const Image clear = Draw({"--size", "240x180", "--transparent"});
+    EXPECT_EQ(opaque.Pixel(2, 2)[3], 255);
+    EXPECT_EQ(clear.Pixel(2, 2)[3], 0);
+    int surface = 0;
+    for (int y = 0; y < clear.height; ++y)
+        for (int x = 0; x < clear.width; ++x)
+            surface += clear.Pixel(x, y)[3] == 255;
+    EXPECT_GT(surface, 240 * 180 / 10);
+}
+
+TEST_F(ViewerCommandTest, SmoothsByItself) {
+    const Image usual = Draw({"--size", "240x180"});
+    EXPECT_EQ(Compare(usual, Draw({"--size", "240x180", "--smoothing", "2"})).max, 0);
+    EXPECT_GT(Compare(usual, Draw({"--size", "240x180", "--smoothing", "1"})).max, 50);
+    EXPECT_GT(Compare(usual, Draw({"--size", "240x180", "--smoothing", "4"})).max, 20);
+}
+
+// The part of the columns between two shares of the width that is black, where grey counts as a part of it.
+double BlackShare(const Image& image, double from, double to) {
+    double sum = 0.0;
+    int count = 0;
+    for (int y = 0; y < image.height; ++y)
+        for (int x = static_cast<int>(from * image.width); x < static_cast<int>(to * image.width);
+             ++x, ++count) {
+            const unsigned char* const rgb = image.Pixel(x, y);
+            sum += 1.0 - std::max({rgb[0], rgb[1], rgb[2]}) / 255.0;
+        }
+    return sum / count;
+}
+
+// Texts and lines take the same part of a page whatever its resolution is, and texts not twice as much.
+TEST_F(ViewerCommandTest, DrawsTheSamePageAtEveryResolution) {
+    const Image screen = Draw({"--size", "480x320"});
+    const double texts = BlackShare(screen, 0.05, 0.18); // the legend's
+    const double lines = BlackShare(screen, 0.3, 1.0);
+    const std::vector<std::vector<std::string>> finer = {
+        {"--dpi", "300", "--size", "1500x1000"},
+        {"--scale", "2", "--size", "960x640"},
+        {"--dpi", "192", "--scale", "1.5", "--size", "1440x960"}};
+    for (const std::vector<std::string>& arguments : finer) {
+        const Image fine = Draw(arguments);
+        EXPECT_NEAR(BlackShare(fine, 0.05, 0.18), texts, 0.12 * texts) << arguments[0];
+        EXPECT_NEAR(BlackShare(fine, 0.3, 1.0), lines, 0.05 * lines) << arguments[0];
+    }
+    const Image thin = Draw({"--size", "1440x960"});
+    EXPECT_LT(BlackShare(thin, 0.05, 0.18), 0.2 * texts);
+    EXPECT_LT(BlackShare(thin, 0.3, 1.0), 0.6 * lines);
 }
 
 TEST_F(ViewerCommandTest, NamesWhatIsWrongWithData) {

@@ -354,7 +354,8 @@ TEST(ViewerOptionsTest, ReadsTheCommandLine) {
     EXPECT_EQ(plain.height, 800);
 
     const Options formula = Parse({"--function", "-x*y", "--x", "-3:3:50", "--y=-2:2e0:40", "--picture",
-                                   "a b.png", "--size", "640x480", "--mode", "2", "--dpi", "120"});
+                                   "a b.png", "--size", "640x480", "--mode", "2", "--dpi", "120", "--scale",
+                                   "1.5", "--smoothing", "4", "--transparent"});
     EXPECT_EQ(formula.function, "-x*y");
     EXPECT_EQ(formula.x.from, -3.0);
     EXPECT_EQ(formula.x.to, 3.0);
@@ -365,8 +366,16 @@ TEST(ViewerOptionsTest, ReadsTheCommandLine) {
     EXPECT_EQ(formula.width, 640);
     EXPECT_EQ(formula.height, 480);
     EXPECT_EQ(formula.settings.mode, 2);
-    EXPECT_EQ(formula.dpi, 120);
+    EXPECT_EQ(formula.format.dpi, 120);
+    EXPECT_EQ(formula.format.scale, 1.5);
+    EXPECT_EQ(formula.format.PixelScale(), 1.875);
+    EXPECT_EQ(formula.format.smoothing, 4);
+    EXPECT_TRUE(formula.format.isTransparent);
+    EXPECT_EQ(plain.format.PixelScale(), 1.0);
+    EXPECT_EQ(plain.format.smoothing, 2);
+    EXPECT_FALSE(plain.format.isTransparent);
     EXPECT_EQ(Parse({"grid.asc"}).file, "grid.asc");
+    EXPECT_EQ(Parse({"--picture", "-"}).picture, "-");
 }
 
 TEST(ViewerOptionsTest, ReadsSettings) {
@@ -414,6 +423,14 @@ TEST(ViewerOptionsTest, RefusesWhatCannotBeFollowed) {
         {{"a.asc", "--function", "x"}, "FILE excludes --function; kivo-viewer --help lists the options"},
         {{"--x", "0:1:2"}, "--x requires --function; kivo-viewer --help lists the options"},
         {{"--dpi", "96"}, "--dpi requires --picture; kivo-viewer --help lists the options"},
+        {{"--smoothing", "2"}, "--smoothing requires --picture; kivo-viewer --help lists the options"},
+        {{"--scale", "2"}, "--scale requires --picture; kivo-viewer --help lists the options"},
+        {{"--transparent"}, "--transparent requires --picture; kivo-viewer --help lists the options"},
+        {{"--picture", "p.png", "--scale", "0"}, "--scale: expected a number from 0.1 to 8, found 0"},
+        {{"--picture", "p.png", "--scale", "8.1"}, "--scale: expected a number from 0.1 to 8, found 8.1"},
+        {{"--picture", "p.png", "--scale", "nan"}, "--scale: expected a number from 0.1 to 8, found nan"},
+        {{"--picture", "p.png", "--scale", "5.2", "--dpi", "600"},
+         "--scale: at most 5.12 with 600 dots per inch, found 5.2"},
         {{"--function", "x", "--x", "0:1"}, "--x: expected from:to:count, found 0:1"},
         {{"--function", "x", "--x", "0:1:1"}, "--x: expected a count from 2 to 8388608 in 0:1:1"},
         {{"--function", "x", "--x", "0:1:2.5"}, "--x: expected a count from 2 to 8388608 in 0:1:2.5"},
@@ -437,6 +454,11 @@ TEST(ViewerOptionsTest, RefusesWhatCannotBeFollowed) {
     EXPECT_THAT(MessageOf([] { Parse({"--mode", "4"}); }), HasSubstr("--mode"));
     EXPECT_THAT(MessageOf([] { Parse({"--mode", "x"}); }), HasSubstr("--mode"));
     EXPECT_THAT(MessageOf([] { Parse({"--picture"}); }), HasSubstr("--picture"));
+    for (const char* const smoothing : {"0", "5", "2.5"})
+        EXPECT_THAT(MessageOf([&] {
+                        Parse({"--picture", "p.png", "--smoothing", smoothing});
+                    }),
+                    HasSubstr("--smoothing"));
 }
 
 } // namespace

@@ -367,98 +367,64 @@ TEST_F(ViewerAspectTest, IsDeepEnoughForFlatBoxes) {
     EXPECT_GT(larger.Count(isColorful), 4 * before);
 }
 
-// Whatever a scene shows, a picture of it shows the same, in the view that the user has turned it to.
-class ViewerSameSceneTest : public ViewerSceneTest {
+// What a window shows as a picture of another size and resolution, in the view that the user has turned it
+// to.
+class ViewerScenePictureTest : public ViewerSceneTest {
 protected:
-    Image DrawSame(int dpi = usualResolution, int width = 480, int height = 360) {
-        Image image(width, height);
-        image.rgba =
-            DrawPicture({width, height, dpi}, [this](PlotScene& scene) { scene.ShowSameAs(m_scene); });
+    Image Capture(const PictureFormat& format) {
+        Image image(format.width, format.height);
+        image.rgba = CaptureScene(m_scene, format);
         return image;
     }
 
-    void AddPoints() {
-        m_scene.AddPoints(PointSet::Kind::measureGroup, {"a", {-1, 0, 0.9f, 1, 0, 0.9f}});
-        m_scene.AddPoints(PointSet::Kind::measureGroup, {"b", {0, 1, 1.2f}});
-        m_scene.AddPoints(PointSet::Kind::curve, {"c", {0, -1, 1.1f, 0, 1, 1.1f}});
-        m_scene.AddPoints(PointSet::Kind::curve, {"d", {-2, -2, 1.1f, 2, 2, 1.1f}});
+    static PictureFormat Plain(int width, int height, int dpi) {
+        PictureFormat format;
+        format.width = width;
+        format.height = height;
+        format.dpi = dpi;
+        format.smoothing = 1;
+        return format;
     }
 
-    // As the mouse does; it turns the 3-D plot alone.
-    void TurnMoveAndZoom() {
-        if (m_scene.Settings().mode == 0) m_scene.Plotter().Rotate({100, 100}, {260, 130});
-        m_scene.Plotter().Translate({100, 100}, {125, 80});
-        m_scene.Plotter().Zoom(0.8f);
+    // As a picture without a window.
+    static Image DrawAlone(const PictureFormat& format) {
+        Image image(format.width, format.height);
+        image.rgba = DrawPicture(format, [](PlotScene& scene) { scene.ShowGrid(Hill()); });
+        return image;
     }
 };
 
-TEST_F(ViewerSameSceneTest, HasEverySetting) {
-    for (const Setting& setting : AllSettings()) {
-        SCOPED_TRACE(setting.name);
-        m_scene.Settings() = PlotSettings();
-        m_scene.ShowGrid(Hill());
-        Prepare(setting.name);
-        Set(setting.name, UnusualText(setting));
-        EXPECT_EQ(Compare(Draw(), DrawSame()).max, 0);
+TEST_F(ViewerScenePictureTest, IsWhatTheWindowShows) {
+    m_scene.Plotter().Rotate({100, 100}, {260, 130});
+    m_scene.Plotter().Translate({100, 100}, {125, 80});
+    m_scene.Plotter().Zoom(0.8f);
+    EXPECT_EQ(Compare(Draw(), Capture(Plain(480, 360, 96))).max, 0);
+    m_scene.SetPixelScale(1.5); // as on a screen of 144 dots per inch
+    EXPECT_EQ(Compare(Draw(), Capture(Plain(480, 360, 144))).max, 0);
+}
+
+// Also where the resolution is more than eight times the window's.
+TEST_F(ViewerScenePictureTest, HasSizesOfItsResolution) {
+    for (const int dpi : {48, 96, 300, 1200}) {
+        const Image before = Draw();
+        EXPECT_EQ(Compare(DrawAlone(Plain(960, 720, dpi)), Capture(Plain(960, 720, dpi))).max, 0) << dpi;
+        EXPECT_EQ(Compare(before, Draw()).max, 0) << "the scene itself is no longer as it was";
     }
+    EXPECT_GT(Compare(Capture(Plain(960, 720, 300)), Capture(Plain(960, 720, 1200))).mean, 1.0);
+    PictureFormat scaled = Plain(960, 720, 150);
+    scaled.scale = 2.0;
+    EXPECT_EQ(Compare(Capture(scaled), Capture(Plain(960, 720, 300))).max, 0);
 }
 
-TEST_F(ViewerSameSceneTest, HasTheView) {
-    for (const int mode : {0, 1, 2, 3}) {
-        SCOPED_TRACE(mode);
-        m_scene.Settings().mode = mode;
-        m_scene.ApplyView();
-        const Image start = Draw();
-        TurnMoveAndZoom();
-        const Image changed = Draw();
-        EXPECT_GT(Compare(start, changed).mean, 0.2);
-        EXPECT_EQ(Compare(changed, DrawSame()).max, 0);
-    }
-    Set("inverse-y", "on");
-    m_scene.Settings().mode = 0;
-    m_scene.ApplyView();
-    TurnMoveAndZoom();
-    EXPECT_EQ(Compare(Draw(), DrawSame()).max, 0);
-}
-
-TEST_F(ViewerSameSceneTest, HasPointsAndTheTracedPoint) {
-    AddPoints();
-    Set("trace", "on");
-    const Image without = Draw();
-    m_scene.Plotter().Trace(KivoDrawingTools::POINT{278, 190});
-    std::vector<PointSet> sets = m_scene.PointSets();
-    sets[0].color = {0, 255, 255};
-    sets[2].color = {255, 255, 255};
-    sets[1].isShown = sets[3].isShown = false;
-    for (const PointSet& set : sets)
-        m_scene.ChangePoints(set);
-    const Image changed = Draw();
-    EXPECT_GT(Compare(without, changed).max, 50);
-    EXPECT_EQ(Compare(changed, DrawSame()).max, 0);
-    EXPECT_EQ(Compare(changed, Draw()).max, 0) << "the scene itself is no longer as it was";
-}
-
-// More dots per inch enlarge the texts and nothing else.
-TEST_F(ViewerSameSceneTest, HasTextsOfItsResolution) {
-    TurnMoveAndZoom();
-    const auto legendTextPixels = [](const Image& image) {
-        int count = 0;
-        for (int y = 0; y < image.height; ++y)
-            for (int x = 22; x < image.width * 4 / 25; ++x)
-                count += image.Pixel(x, y)[0] < 100 && image.Pixel(x, y)[2] < 100;
-        return count;
-    };
-    const auto isSurface = [](const unsigned char* rgb) {
-        return rgb[1] > rgb[0] + 60 && rgb[1] > rgb[2] + 60;
-    };
-    const Image usual = DrawSame();
-    const Image fine = DrawSame(2 * usualResolution);
-    const double textPixels = legendTextPixels(usual);
-    EXPECT_NEAR(legendTextPixels(fine), 4.0 * textPixels, textPixels);
-    EXPECT_NEAR(fine.Count(isSurface), usual.Count(isSurface), usual.Count(isSurface) / 50.0);
-    // At the double size the surface is four times as large, too; its lines stay as thin.
-    const Image larger = DrawSame(2 * usualResolution, 960, 720);
-    EXPECT_NEAR(larger.Count(isSurface), 4.2 * usual.Count(isSurface), 0.5 * usual.Count(isSurface));
+TEST_F(ViewerScenePictureTest, IsSmoothByItselfAndTransparentWhereWanted) {
+    PictureFormat format;
+    format.width = 480;
+    format.height = 360;
+    const Image smooth = Capture(format);
+    EXPECT_GT(Compare(smooth, Draw()).mean, 0.1);
+    EXPECT_EQ(smooth.Pixel(2, 2)[3], 255);
+    format.isTransparent = true;
+    EXPECT_EQ(Capture(format).Pixel(2, 2)[3], 0);
 }
 
 // Each kind of point set as the list handles it.

@@ -92,7 +92,11 @@ protected:
     /// A drag from the middle of the plot.
     void Drag(PointerButton button, int dx, int dy, xcb_keysym_t modifier = 0);
 
-    static void Wheel(PointerButton direction) { desktop->Click(direction); }
+    /// A step of the wheel, and a click, after which the plot is at rest at once.
+    static void Wheel(PointerButton direction) {
+        desktop->Click(direction);
+        desktop->Click(rightButton);
+    }
 
     void Resize(int width, int height) { desktop->ResizeWindow(m_window, width, height); }
 

@@ -12,6 +12,7 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -277,19 +278,27 @@ TEST_F(ViewerWindowFilesTest, AddsPointsAndCurvesByDialog) {
     Keep(Grab(before), "list");
 }
 
-// Without printers the dialog offers a PDF file in the home folder.
+// Without printers the dialog offers a PDF file in the home folder. The plot is as wide as a page less its
+// margins, in pixels of 600 to an inch, none of which is lost.
 TEST_F(ViewerWindowFilesTest, Prints) {
     PressWith(controlKey, 'p');
     const xcb_window_t dialog = WaitForDialog("Print");
     Keep(Grab(AreaOf(dialog)), "dialog");
     Press(returnKey);
     WaitForNoDialog();
-    const auto hasPdf = [this] {
-        for (const auto& entry : std::filesystem::directory_iterator(m_folder.Path()))
-            if (entry.path().extension() == ".pdf" && entry.file_size() > 10000) return true;
-        return false;
-    };
-    EXPECT_TRUE(WaitFor(hasPdf));
+    std::string pdf;
+    EXPECT_TRUE(WaitFor([&] {
+        for (const auto& entry : std::filesystem::directory_iterator(m_folder.Path())) {
+            if (entry.path().extension() != ".pdf") continue;
+            std::ifstream file(entry.path(), std::ios::binary);
+            pdf.assign(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+        }
+        return pdf.size() > 10000 && pdf.find("%%EOF") != std::string::npos;
+    })) << "no page";
+    EXPECT_EQ(pdf.find("/DCTDecode"), std::string::npos) << "that is JPEG";
+    const std::size_t width = pdf.find("/Width ");
+    ASSERT_NE(width, std::string::npos);
+    EXPECT_GT(std::stoi(pdf.substr(width + 7)), 10 * 600);
     ExpectStart(Settled());
 }
 
