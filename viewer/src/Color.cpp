@@ -32,6 +32,10 @@ unsigned long Color::Packed() const {
     return red | static_cast<unsigned long>(green) << 8 | static_cast<unsigned long>(blue) << 16;
 }
 
+bool Color::IsDark() const {
+    return 299 * red + 587 * green + 114 * blue < 1000 * 128;
+}
+
 Color UnpackColor(unsigned long packed) {
     return {Byte(packed, 0), Byte(packed, 8), Byte(packed, 16)};
 }

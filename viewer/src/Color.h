@@ -13,6 +13,8 @@ struct Color {
 
     /// The same as 0x00BBGGRR.
     unsigned long Packed() const;
+    /// Whether it is nearer to black than to white, to the eye.
+    bool IsDark() const;
 };
 
 Color UnpackColor(unsigned long packed); ///< the colour that 0x00BBGGRR stands for

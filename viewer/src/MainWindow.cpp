@@ -33,6 +33,10 @@ namespace {
 
 constexpr int panelWidth = 320;
 
+bool IsDark(const QPalette& palette) {
+    return palette.color(QPalette::Window).lightness() < 128;
+}
+
 QString TableOf(const char* heading, const std::vector<InputUse>& uses) {
     QString text = QString("<h3>%1</h3><table cellpadding=\"2\">").arg(heading);
     for (const InputUse& use : uses)
@@ -54,11 +58,13 @@ MainWindow::MainWindow(const Content& content, const Options& options) : m_plot(
     m_pointsDock->setVisible(!content.measureGroups.empty() || !content.curves.empty());
     Place(options);
     m_plot->Attach();
+    Scene().SetDark(IsDark(palette()));
     ShowContent(Scene(), content, options);
     m_plot->onTrace = [this](const float* point) { ShowTrace(point); };
     m_plot->setFocus();
     ShowTitle(content.grid);
     RefreshControls();
+    m_isComplete = true;
 }
 
 PlotScene& MainWindow::Scene() {
@@ -273,6 +279,23 @@ void MainWindow::FitTo(int plotWidth, int plotHeight) {
     }
     resize(sizeHint().boundedTo(room));
     resizeDocks({m_panelDock, m_pointsDock}, {3, 1}, Qt::Vertical);
+}
+
+// The desktop's theme shows in the palette.
+void MainWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && m_isComplete) FollowTheme();
+}
+
+void MainWindow::FollowTheme() {
+    if (IsDark(palette()) == Scene().IsDark()) return;
+    try {
+        Scene().SetDark(IsDark(palette()));
+    } catch (const Failure& failure) {
+        ShowWarning(QString::fromStdString(failure.what()));
+    }
+    m_plot->Redraw();
+    RefreshControls();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -29,6 +29,7 @@ public:
     MainWindow(const Content& content, const Options& options);
 
 protected:
+    void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
@@ -57,6 +58,7 @@ private:
     void ShowWarning(const QString& text);
 
     PlotScene& Scene();
+    void FollowTheme();
     void ShowTitle(const GridData& grid);
     void OpenFile();
     void OpenPath(const QString& path);
@@ -79,6 +81,7 @@ private:
     QLabel* m_tracePoint = nullptr;
     std::vector<ToggleAction> m_toggles;
     std::vector<QAction*> m_modes;
+    bool m_isComplete = false;
 };
 
 } // namespace KivoViewer

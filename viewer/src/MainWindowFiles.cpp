@@ -27,7 +27,7 @@
 #include <QTimer>
 
 #include <algorithm>
-#include <cmath>
+#include <exception>
 #include <functional>
 #include <new>
 #include <vector>
@@ -74,6 +74,27 @@ QSpinBox* AddNumber(QFormLayout* form, const QString& label, int value, int most
     form->addRow(label, box);
     return box;
 }
+
+// Has the colours for a light ground, for paper, where the settings have none.
+class LightScope {
+public:
+    explicit LightScope(PlotScene& scene) : m_scene(scene), m_isDark(scene.IsDark()) {
+        if (m_isDark) m_scene.SetDark(false);
+    }
+    ~LightScope() {
+        try {
+            if (m_isDark) m_scene.SetDark(true);
+        } catch (const std::exception&) {
+            return; // there is no memory for it: the window stays as the paper is
+        }
+    }
+    LightScope(const LightScope&) = delete;
+    LightScope& operator=(const LightScope&) = delete;
+
+private:
+    PlotScene& m_scene;
+    bool m_isDark;
+};
 
 // Asks how large a picture should be. @return whether to go on
 bool AskForFormat(QWidget* parent, PictureFormat& format) {
@@ -207,6 +228,7 @@ void MainWindow::Print() {
         const QSizeF page = printer.pageRect(QPrinter::Inch).size() * format.dpi;
         format.width = std::clamp(qRound(page.width()), 1, maxPictureSize);
         format.height = std::clamp(qRound(page.height()), 1, maxPictureSize);
+        const LightScope light(Scene());
         const QImage image = ImageOf(CaptureScene(Scene(), format), format);
         QPainter painter;
         if (!painter.begin(&printer)) throw Failure("the printer cannot be used");

@@ -22,6 +22,8 @@ constexpr unsigned int maxFrameLines = 25; // in each direction, so that the col
 constexpr Color curveColors[] = {{255, 0, 0}, {0, 0, 0},     {255, 0, 255},
                                  {0, 96, 0},  {255, 128, 0}, {0, 0, 160}};
 constexpr float curveWidth = 2.0f;
+constexpr Color lightGround = {255, 253, 233}, darkInk = {0, 0, 0};
+constexpr Color darkGround = {30, 32, 36}, lightInk = {222, 222, 222};
 
 // The members of one axis.
 struct AxisMembers {
@@ -87,6 +89,11 @@ void HandOver(Plotter& plotter, const GridData& grid) {
             end = AppendPoint(end, grid.x[c], grid.y[r], grid.z[r * columns + c]);
     const auto columnCount = static_cast<unsigned int>(columns);
     plotter.SetData(points, columnCount, static_cast<unsigned int>(rows), 1, columnCount, 3);
+}
+
+void SetPlotterStyle(Plotter& plotter, const KivoDrawingTools::SKivoStyle& style) {
+    if (SetStyle(plotter, style) != 0)
+        throw Failure(std::string("cannot draw: ") + KivoDrawingTools::LastWindowError());
 }
 
 void SwitchMode(Plotter& plotter, int mode) {
@@ -180,11 +187,21 @@ void PlotScene::ShowGrid(const GridData& grid) {
 
 PlotSettings PlotScene::Effective() const {
     PlotSettings effective = Completed(m_settings, m_automatic);
+    CompleteColors(effective);
     for (AxisSettings& axis : effective.axes) {
         if (!axis.gradientStart) axis.gradientStart = effective.gradientStart;
         if (!axis.gradientEnd) axis.gradientEnd = effective.gradientEnd;
     }
     return effective;
+}
+
+// What is not set is what can be read with the other. Completed() has taken both as they are set.
+void PlotScene::CompleteColors(PlotSettings& settings) const {
+    const bool isDark = settings.background ? settings.background->IsDark()
+                        : settings.ink      ? !settings.ink->IsDark()
+                                            : m_isDark;
+    if (!settings.background) settings.background = isDark ? darkGround : lightGround;
+    if (!settings.ink) settings.ink = isDark ? lightInk : darkInk;
 }
 
 // To be called while the axes are as the data have them.
@@ -202,7 +219,6 @@ void PlotScene::ReadAutomaticSettings(const GridData& grid) {
     m_automatic.axes[1].lineStep = FrameLineStep(grid.RowCount());
     m_automatic.contourCount = 20;
     m_automatic.frameLineColor = Color{0, 0, 0};
-    m_automatic.background = Color{255, 253, 233};
     m_automatic.gradientStart = Color{0, 0, 255};
     m_automatic.gradientEnd = Color{255, 0, 0};
     m_automatic.legendPrecision = 3;
@@ -210,6 +226,7 @@ void PlotScene::ReadAutomaticSettings(const GridData& grid) {
 }
 
 void PlotScene::ApplyAll() {
+    ApplyColors();
     ApplyTitles();
     ApplySwitches();
     ApplyLineSteps();
@@ -278,6 +295,25 @@ void PlotScene::Resize(int width, int height) {
     KeepScale();
 }
 
+// Curves of the ink's colour stay that.
+void PlotScene::ApplyColors() {
+    const PlotSettings settings = Effective();
+    KivoDrawingTools::SKivoStyle style = GetStyle(m_plotter);
+    const unsigned long before = std::exchange(style.inkColor, settings.ink->Packed());
+    SetPlotterStyle(m_plotter, style);
+    m_plotter.SetBackgroundColor(settings.background->Packed());
+    for (PointSet curve : m_curves) {
+        if (curve.color.Packed() != before) continue;
+        curve.color = *settings.ink;
+        ChangePoints(curve);
+    }
+}
+
+void PlotScene::SetDark(bool isDark) {
+    m_isDark = isDark;
+    ApplyColors();
+}
+
 void PlotScene::ApplySwitches() {
     const PlotSettings settings = Effective();
     m_plotter.ShowGridLines(settings.showsGridLines);
@@ -286,15 +322,13 @@ void PlotScene::ApplySwitches() {
     for (int i = 0; i < 3; ++i)
         (m_plotter.*axisMembers[i].showContours)(settings.axes[i].showsContours);
     m_plotter.SetFrameLineColor(settings.frameLineColor->Packed());
-    m_plotter.SetBackgroundColor(settings.background->Packed());
     m_plotter.SetPointRadiusPixelSize(*settings.pointSize);
 }
 
 void PlotScene::SetPixelScale(double scale) {
     KivoDrawingTools::SKivoStyle style = GetStyle(m_plotter);
     style.pixelScale = static_cast<float>(scale);
-    if (SetStyle(m_plotter, style) != 0)
-        throw Failure(std::string("cannot draw: ") + KivoDrawingTools::LastWindowError());
+    SetPlotterStyle(m_plotter, style);
 }
 
 void PlotScene::ApplyLineSteps() {
@@ -338,6 +372,7 @@ void PlotScene::AddCurve(const PointFile& file) {
     curve.index = m_curves.size();
     curve.name = file.name;
     curve.color = curveColors[m_curves.size() % std::size(curveColors)];
+    if (curve.color.Packed() == darkInk.Packed()) curve.color = *Effective().ink;
     m_curves.push_back(curve);
     m_plotter.SetCurveColor(index, curve.color.Packed());
     m_plotter.SetCurveWidth(index, curveWidth);

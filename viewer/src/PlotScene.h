@@ -65,6 +65,11 @@ public:
     /// Has everything that is given in pixels so many times as large. Throws a Failure.
     void SetPixelScale(double scale);
 
+    /// Which of light and dark the colours of ink and background are where the settings have neither. Throws
+    /// a Failure.
+    void SetDark(bool isDark);
+    bool IsDark() const { return m_isDark; }
+
     /// The settings; a change is brought to the plot by the setting's apply member or by ApplyAll.
     PlotSettings& Settings() { return m_settings; }
     const PlotSettings& Settings() const { return m_settings; }
@@ -84,6 +89,7 @@ public:
     void ResetView();
     /// Lays the plot out for a window of another size, not zoomed.
     void Resize(int width, int height);
+    void ApplyColors();   ///< ink and background; throws a Failure
     void ApplySwitches(); ///< what takes effect with the next frame: visibility, plain colours, point size
     void ApplyLineSteps();
     void ApplyContourCount();
@@ -107,10 +113,12 @@ private:
     void AddMeasureGroup(const PointFile& file);
     PointSet MeasureGroup(std::size_t index);
     void ChangeMeasureGroup(const PointSet& group);
+    void CompleteColors(PlotSettings& settings) const;
     void KeepScale();
     void ReadAutomaticSettings(const GridData& grid);
 
     PlotSettings m_settings;
+    bool m_isDark = false;
     PlotSettings m_automatic;                            ///< what holds where nothing is set
     std::optional<ViewerPlotter::AxisScale> m_dataScale; ///< as the data gave it
     std::vector<PointSet> m_curves;                      ///< the plotter does not tell what it has

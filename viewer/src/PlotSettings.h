@@ -36,6 +36,7 @@ struct PlotSettings {
     std::optional<unsigned> contourCount;
     std::optional<Color> frameLineColor;
     std::optional<Color> background;
+    std::optional<Color> ink; ///< of texts and of the axes' lines
     std::optional<Color> gradientStart;
     std::optional<Color> gradientEnd;
     std::optional<unsigned> legendPrecision; ///< digits after the decimal point

@@ -94,7 +94,9 @@ void AddLines(Table& table) {
 
 void AddColors(Table& table) {
     table.push_back({"Colours", "background", "Background", "Colour behind the plot",
-                     SettingField(&Plot::background), &PlotScene::ApplySwitches});
+                     SettingField(&Plot::background), &PlotScene::ApplyColors});
+    table.push_back({"Colours", "ink", "Ink", "Colour of texts and of the lines of the axes",
+                     SettingField(&Plot::ink), &PlotScene::ApplyColors});
     table.push_back({"Colours", "gradient-start", "All axes: lowest value",
                      "Colour of the smallest value, for axes without one of their own",
                      SettingField(&Plot::gradientStart), &PlotScene::ApplyGradients});

@@ -9,6 +9,7 @@
 #include "support/PlotterProbe.h"
 #include "ViewerData.h"
 
+#include <KivoStyle.h>
 #include <KivoWindow.h>
 
 #include <gmock/gmock.h>
@@ -303,6 +304,43 @@ TEST_F(ViewerSceneTest, PutsColoursWhereTheyBelong) {
         return rgb[0] > 240 && rgb[1] < 20 && rgb[2] > 240;
     };
     EXPECT_GT(image.Count(isMagenta), 20) << "the legend's lower end";
+}
+
+// What the user has not set can be read with what is set, and else is as the desktop has it.
+TEST_F(ViewerSceneTest, HasInkThatFitsTheBackground) {
+    const auto colors = [this] {
+        const PlotSettings effective = m_scene.Effective();
+        EXPECT_EQ(GetStyle(m_scene.Plotter()).inkColor, effective.ink->Packed());
+        return FormatColor(*effective.background) + ' ' + FormatColor(*effective.ink);
+    };
+    EXPECT_EQ(colors(), "#fffde9 #000000");
+    Set("background", "#203040");
+    EXPECT_EQ(colors(), "#203040 #dedede");
+    Set("ink", "yellow");
+    EXPECT_EQ(colors(), "#203040 #ffff00");
+    Unset("background");
+    EXPECT_EQ(colors(), "#1e2024 #ffff00");
+    Set("ink", "#600000");
+    EXPECT_EQ(colors(), "#fffde9 #600000");
+    m_scene.SetDark(true);
+    EXPECT_EQ(colors(), "#fffde9 #600000") << "the user has set it";
+    Unset("ink");
+    EXPECT_EQ(colors(), "#1e2024 #dedede");
+    Set("background", "white");
+    EXPECT_EQ(colors(), "#ffffff #000000");
+    Unset("background");
+    m_scene.SetDark(false);
+    EXPECT_EQ(colors(), "#fffde9 #000000");
+}
+
+TEST_F(ViewerSceneTest, HasCurvesThatAreSeenOnEveryBackground) {
+    for (const char* const name : {"first", "second"})
+        m_scene.AddPoints(PointSet::Kind::curve, {name, {-2, -2, 1.1f, 2, 2, 1.1f}});
+    m_scene.SetDark(true);
+    EXPECT_EQ(FormatColor(m_scene.PointSets()[0].color), "#ff0000");
+    EXPECT_EQ(FormatColor(m_scene.PointSets()[1].color), "#dedede");
+    m_scene.SetDark(false);
+    EXPECT_EQ(FormatColor(m_scene.PointSets()[1].color), "#000000");
 }
 
 // ---- The axes' lengths ------------------------------------------------------------------------------------

@@ -382,6 +382,30 @@ TEST_F(ViewerWindowTest, DrawsPlainFramesWhileThePlotMoves) {
     ExpectStart(After("reset-again", [this] { Press('0'); }));
 }
 
+// As long as the user has set neither ink nor background.
+TEST_F(ViewerWindowTest, FollowsTheDesktopsTheme) {
+    constexpr xcb_keysym_t f12Key = 0xffc9;
+    const int cream[] = {255, 253, 233}, dark[] = {30, 32, 36};
+    const auto isLight = [](const unsigned char* rgb) {
+        return rgb[0] == rgb[1] && rgb[1] == rgb[2] && rgb[0] > 215;
+    };
+    const Environment withKey = {{"LD_PRELOAD", KIVO_PALETTE_KEY}};
+    Start({"--size", "800x600"}, withKey);
+    EXPECT_TRUE(m_start.IsNear(2, 2, cream, 0));
+    EXPECT_EQ(m_start.Count(isLight), 0);
+    const Image night = After("dark", [] { Press(f12Key); });
+    EXPECT_TRUE(night.IsNear(2, 2, dark, 0));
+    EXPECT_GT(night.Count(isLight), 300) << "texts and lines";
+    Keep(Grab(AreaOf(m_window)), "dark-window");
+    ExpectStart(After("light-again", [] { Press(f12Key); }));
+    for (const std::vector<std::string>& own :
+         {std::vector<std::string>{"--background", "white"}, std::vector<std::string>{"--ink", "#000080"}}) {
+        Start({"--size", "800x600", own[0], own[1]}, withKey);
+        ExpectNoChange("own" + own[0], [] { Press(f12Key); });
+        EXPECT_LT(Grab(AreaOf(m_window)).Pixel(5, 5)[0], 100) << "the palette is as before";
+    }
+}
+
 // Qt's pixels are then two of the screen's.
 TEST_F(ViewerWindowTest, CountsThePixelsOfTheScreen) {
     Start({"--size", "800x600"}, {{"QT_SCALE_FACTOR", "2"}});
