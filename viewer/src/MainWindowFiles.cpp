@@ -200,6 +200,7 @@ void MainWindow::SavePicture() {
     if (path.isEmpty()) return;
     if (QFileInfo(path).suffix().isEmpty()) path += ".png";
     Try(this, [&] {
+        CheckPictureName(NameOf(path), format.isTransparent);
         WritePictureFile(NameOf(path), CaptureScene(Scene(), format), format);
         statusBar()->showMessage("Saved " + path);
     });

@@ -113,7 +113,11 @@ void PlotWidget::paintEvent(QPaintEvent*) {
 void PlotWidget::FollowScreen() {
     const double scale = Format().PixelScale();
     if (scale == static_cast<double>(GetStyle(Plotter()).pixelScale)) return;
-    m_scene.SetPixelScale(scale);
+    try {
+        m_scene.SetPixelScale(scale);
+    } catch (const Failure&) {
+        return; // there is no memory for larger texts: the plot stays as it is
+    }
     m_scene.Resize(ToDevice(width()), ToDevice(height()));
     Redraw();
 }
