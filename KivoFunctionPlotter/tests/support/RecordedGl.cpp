@@ -198,6 +198,7 @@ RECORD(void, glBitmap,
 // ---- Questions
 
 RECORD(void, glGetDoublev, (GLenum name, GLdouble* values), (name, values), Enum(name), Ptr(values))
+RECORD(void, glGetFloatv, (GLenum name, GLfloat* values), (name, values), Enum(name), Ptr(values))
 RECORD(void, glGetIntegerv, (GLenum name, GLint* values), (name, values), Enum(name), Ptr(values))
 RECORD(GLboolean, glIsEnabled, (GLenum cap), (cap), Enum(cap))
 RECORD(GLenum, glGetError, (), (), )
