@@ -117,6 +117,7 @@ private:
     View m_flatView; // of the last frame of a flat plot
 
     static View CurrentView();
+    float ScaledSize(int pixels) const;
     float TickLength() const { return m_tickLength * m_pixelScale; }
     TextImageSize SizeOf(const SKivoTexImage& image) const;
     void DrawPlaced(const PlacedImage& place, double depth, const SKivoTexImage& image) const;

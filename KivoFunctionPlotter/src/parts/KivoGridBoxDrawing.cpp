@@ -439,8 +439,7 @@ void CKivoGridBox::RenderFrame(int horizontal, int vertical, bool isStaggered, d
     const ReadingDirections text(horizontal, vertical, pixelSize);
     const float labelRows = RenderHorizontalTicks(horizontal, vertical, isStaggered, pixelSize);
     const SKivoTexImage& horizontalTitle = m_axisTitleImage[horizontal];
-    const float titleV =
-        vFrame - TickLength() * sv - labelRows - static_cast<float>(horizontalTitle.height) * sv;
+    const float titleV = vFrame - TickLength() * sv - labelRows - ScaledSize(horizontalTitle.height) * sv;
     const float* center = pen.At((hMin + hMax) / 2.0f, titleV);
     if (!MeetsAny(FlatPlace(center, horizontalTitle, false), m_screenBox.others))
         DrawFlatText(center, text.right, text.up, sh, sv, horizontalTitle);
@@ -449,10 +448,17 @@ void CKivoGridBox::RenderFrame(int horizontal, int vertical, bool isStaggered, d
     const float labelWidth = RenderVerticalTicks(horizontal, vertical, pixelSize);
     const SKivoTexImage& verticalTitle = m_axisTitleImage[vertical];
     const float titleH =
-        hFrame - TickLength() * sh - labelWidth - static_cast<float>(verticalTitle.height) * sh * 1.85f;
+        hFrame - TickLength() * sh - labelWidth - ScaledSize(verticalTitle.height) * sh * 1.85f;
     center = pen.At(titleH, (vMin + vMax) / 2.0f);
     if (!MeetsAny(FlatPlace(center, verticalTitle, true), m_screenBox.others))
         DrawFlatText(center, text.up, text.left, sv, sh, verticalTitle);
+}
+
+// A size of an image, of whole pixels, as it would be if it were scaled exactly: sums of rounded ones move
+// what stands beyond them.
+float CKivoGridBox::ScaledSize(int pixels) const {
+    const auto size = static_cast<float>(pixels);
+    return m_pixelScale == 1.0f ? size : std::round(size / m_pixelScale) * m_pixelScale;
 }
 
 // Where a text is seen, in the box's pixels of the viewport.
@@ -497,7 +503,7 @@ float CKivoGridBox::RenderHorizontalTicks(int horizontal, int vertical, bool isS
         if (m_showGridLines) pen.Line(m_gridColor, p, vFrame, p, vFar);
         if (!images) continue;
         const SKivoTexImage& label = images[i];
-        const float height = static_cast<float>(label.height) * pixelSize[vertical];
+        const float height = ScaledSize(label.height) * pixelSize[vertical];
         tallest = std::max(tallest, label.height);
         float v = tickEnd - 0.5f * height;
         if (labels.IsInLowerRow(i)) v -= 1.15f * height;
@@ -505,7 +511,7 @@ float CKivoGridBox::RenderHorizontalTicks(int horizontal, int vertical, bool isS
             DrawFlatText(pen.At(p, v), text.right, text.up, pixelSize[horizontal], pixelSize[vertical],
                          label);
     }
-    return 2.15f * (static_cast<float>(tallest) * pixelSize[vertical]);
+    return 2.15f * (ScaledSize(tallest) * pixelSize[vertical]);
 }
 
 // Returns the width of the widest label, of the sign of the axis scale.
@@ -527,13 +533,13 @@ float CKivoGridBox::RenderVerticalTicks(int horizontal, int vertical, const floa
         if (m_showGridLines) pen.Line(m_gridColor, hFrame, q, hFar, q);
         if (!images) continue;
         const SKivoTexImage& label = images[i];
-        const float width = static_cast<float>(label.width) * pixelSize[horizontal];
+        const float width = ScaledSize(label.width) * pixelSize[horizontal];
         widest = std::max(widest, label.width);
         if (i % stride == 0 && IsFlatLabelClear(pen.At(tickEnd - 0.8f * width, q), label))
             DrawFlatText(pen.At(tickEnd - 0.8f * width, q), text.right, text.up, pixelSize[horizontal],
                          pixelSize[vertical], label);
     }
-    return static_cast<float>(widest) * pixelSize[horizontal];
+    return ScaledSize(widest) * pixelSize[horizontal];
 }
 
 } // namespace KivoDrawingTools

@@ -7,6 +7,7 @@
 #include "parts/TextRenderer.h"
 #include "window_system/WindowSystem.h"
 
+#include <cstdlib>
 #include <cstring>
 
 namespace KivoDrawingTools {
@@ -108,7 +109,7 @@ void CKivoFunctionPlotter::RenderPlotName() {
     const float bottom = static_cast<float>(m_viewTop - worldHeight);
     // Centred, the columns of an odd title would lie between those of an even plot, and the other way round:
     // half a pixel to the left they lie on them.
-    const bool isBetween = (m_plotTitleImage->width - m_plotViewport[2]) % 2 != 0;
+    const bool isBetween = m_plotTitleImage->width % 2 != std::abs(m_plotViewport[2] % 2);
     const double shift = isBetween ? 0.5 * (m_viewRight - m_viewLeft) / m_plotViewport[2] : 0.0;
     const float left = static_cast<float>(-worldWidth * 0.5 - shift);
     const float right = static_cast<float>(worldWidth * 0.5 - shift);

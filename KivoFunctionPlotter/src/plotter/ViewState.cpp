@@ -15,10 +15,10 @@ void Copy(const T (&from)[count], T (&to)[count]) {
     std::copy(from, from + count, to);
 }
 
-// Hosts lay plots out for any size.
-int WithinInt(std::int64_t number) {
-    using Limits = std::numeric_limits<int>;
-    return static_cast<int>(std::clamp<std::int64_t>(number, Limits::min(), Limits::max()));
+// Hosts lay plots out for any size. What is drawn adds to these numbers.
+int WithinHalfInt(std::int64_t number) {
+    constexpr std::int64_t most = std::numeric_limits<int>::max() / 2;
+    return static_cast<int>(std::clamp(number, -most, most));
 }
 
 } // namespace
@@ -28,7 +28,7 @@ double ViewState::ShorterSide() const {
 }
 
 void ViewState::Enlarge(int factor) {
-    const auto enlarge = [factor](int& number) { number = WithinInt(std::int64_t{number} * factor); };
+    const auto enlarge = [factor](int& number) { number = WithinHalfInt(std::int64_t{number} * factor); };
     enlarge(clientHeight);
     for (int* const viewport : {plotViewport, legendViewport})
         std::for_each(viewport, viewport + 4, enlarge);
@@ -36,8 +36,8 @@ void ViewState::Enlarge(int factor) {
 
 void ViewState::ShiftTo(int x, int y) {
     for (int* const viewport : {plotViewport, legendViewport}) {
-        viewport[0] = WithinInt(std::int64_t{viewport[0]} - x);
-        viewport[1] = WithinInt(std::int64_t{viewport[1]} - y);
+        viewport[0] = WithinHalfInt(std::int64_t{viewport[0]} - x);
+        viewport[1] = WithinHalfInt(std::int64_t{viewport[1]} - y);
     }
 }
 

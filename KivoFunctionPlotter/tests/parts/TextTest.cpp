@@ -244,6 +244,8 @@ TEST_P(Text, ThatNoTextureHoldsIsRefused) {
     InitTextRenderer(&Renderer(), plotter.m_hDC, fontSize);
     const CurrentContext context(plotter);
     const std::string text(400, 'w');
+    while (glGetError() != GL_NO_ERROR) { // fonts of some systems leave one
+    }
     EXPECT_EQ(CreateTextImage(&Renderer(), text.c_str(), &image), -1);
     EXPECT_EQ(image.pixels, nullptr);
     EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));

@@ -157,9 +157,9 @@ std::vector<SKivoTexImage*> ImagesOf(const StyledPlotter& plotter) {
 
 } // namespace
 
-// To a pixel: heights of texts are whole pixels, and the titles of flat plots stand beyond three of them.
+// To a pixel: heights of texts are whole pixels.
 TEST(PixelScale, EverythingIsWhereItIsAtOne) {
-    constexpr double aPixel = 1.1;
+    constexpr double aPixel = 1.0;
     for (const float scale : scales) {
         StyledPlot plain, scaled(scale);
         for (StyledPlot* const plot : {&plain, &scaled}) {
