@@ -56,7 +56,7 @@ for library in libc6 libegl1 libopengl0 libglu1-mesa libpangocairo-1.0-0 libstdc
     has_field libkivofunctionplotter0.1 Depends "(^|, )$library( |,|\$)"
 done
 has_field libkivofunctionplotter-dev Depends "^libkivofunctionplotter0.1 \(= $version-1\)\$"
-for library in "libkivofunctionplotter0.1 \(= $version-1\)" libmuparser libpng libqt6widgets6 libqt6printsupport6; do
+for library in "libkivofunctionplotter0.1 \(= $version-1\)" libmuparser libqt6gui6 libqt6widgets6 libqt6printsupport6; do
     has_field kivo-viewer Depends "(^|, )$library"
 done
 # What they depend on is there to be installed.

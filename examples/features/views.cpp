@@ -125,7 +125,7 @@ Pixels SmoothWindow(CKivoFunctionPlotter&) {
     SetWindowSmoothing(window, 2); // every frame from the next one on
     plotter.Renderscene();
     // [docs: end]
-    const Pixels pixels = AsShown(plotter);
+    Pixels pixels = AsShown(plotter);
     plotter.OnDestroy();
     ReleaseWindow(window);
     return pixels;
