@@ -147,9 +147,10 @@ KIVO_VECTOR_CLONES void MarkCells(const SightView& view, const float* origin, co
             size = std::max(size, std::fabs(extent));
         const float distance = std::max(std::fabs(a.across), std::fabs(a.up));
         const float least = view.leastArea + view.needle * size * size;
-        passedOver[i] = (distance > view.margin + 4.0f * size) &
-                        (std::fabs(b.across * c.up - b.up * c.across) > least) &
-                        (std::fabs(c.across * d.up - c.up * d.across) > least);
+        // Without branches, so that the loop becomes vector instructions.
+        passedOver[i] = static_cast<int>(distance > view.margin + 4.0f * size) &
+                        static_cast<int>(std::fabs(b.across * c.up - b.up * c.across) > least) &
+                        static_cast<int>(std::fabs(c.across * d.up - c.up * d.across) > least);
     }
     for (std::size_t i = 0; i < cells; ++i)
         marks[i] = static_cast<unsigned char>(1 ^ passedOver[i]);
