@@ -11,7 +11,7 @@ namespace KivoDrawingTools {
 /// drag, and OnMouseWheel. All other frames, and pictures, show everything. With 0, as at first, these do,
 /// too.
 ///
-/// Such a frame has every so manieth column and row of the points and the last ones, by the smallest steps
+/// Such a frame has every k-th column and row of the points and the last ones, with the smallest steps k
 /// that leave no more, each with the values and the colour that it has. A cell between them is a hole where
 /// any point inside it or on its sides is no number, so that no hole is lost.
 /// Frame lines have the steps that come nearest to their own, at least a cell. Everything else is drawn as

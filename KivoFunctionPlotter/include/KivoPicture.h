@@ -73,7 +73,7 @@ KIVO_API int MeasurePicture(const CKivoFunctionPlotter& plotter, const SKivoPict
 /// point where the options and the plot's texts are the same; another size or scale in between makes it anew.
 /// OnDestroy gives it back: a surface of the picture's size times the smoothing in both directions, eight
 /// bytes a pixel, up to 268 MB (larger pictures are drawn in tiles), the texts once more, in the square of
-/// scale times smoothing as much memory as the plot's own (which take a megabyte or two), and one megabyte.
+/// scale times smoothing as much memory as the plot's own, and one megabyte.
 /// @param plotter  a plotter whose OnCreate succeeded
 /// @param options  size, scale, smoothing, ground
 /// @param pixels   receives the picture, four bytes a pixel, top row first

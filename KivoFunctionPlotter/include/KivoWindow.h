@@ -56,7 +56,7 @@ KIVO_API int GetWindowDpi(HWND window);
 /// stay. The mouse members' frames are smooth, too, as are the pictures of KivoPicture.h that have no
 /// smoothing of their own. From the first such frame until the plotter's OnDestroy it takes a surface of
 /// factor * factor times the window's pixels, eight bytes each, four bytes for each pixel of the window, and
-/// factor * factor times the memory of the plot's texts, a megabyte or two. Where there is no memory for it,
+/// factor * factor times the memory of the plot's texts. Where there is no memory for it,
 /// frames are drawn as without.
 /// @param window  made by one of the functions above, on Windows any
 /// @param factor  1 to 4; 1, as a window is made, draws frames as they are. On Windows a host that destroys

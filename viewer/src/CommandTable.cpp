@@ -31,7 +31,7 @@ void AddFileMenu(Table& table) {
     table.push_back({menu,
                      "&Save picture...",
                      "Ctrl+S",
-                     "Save the plot as a PNG file of any size",
+                     "Save the plot as a picture of any size",
                      Command::savePicture,
                      {}});
     table.push_back(

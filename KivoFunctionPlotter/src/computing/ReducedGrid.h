@@ -1,4 +1,4 @@
-// Every so manieth row and column of a grid, in place of the whole.
+// Every k-th row and column of a grid, in place of the whole.
 #pragma once
 
 #include <cstddef>

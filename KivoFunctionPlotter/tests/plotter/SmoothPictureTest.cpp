@@ -2,6 +2,7 @@
 #include "KivoPicture.h"
 #include "KivoStyle.h"
 #include "KivoWindow.h"
+#include "support/FilledPlot.h"
 #include "support/Image.h"
 #include "support/TestSurfaces.h"
 #include "support/TestWindow.h"
@@ -21,24 +22,6 @@ namespace {
 // it.
 constexpr int width = 300;
 constexpr int height = 225;
-
-float measured[] = {0, 0, 1, 1, 1, 0.5f};
-
-void Fill(PlotterProbe& plotter) {
-    const TestSurface surface = HillSurface(12, 10);
-    plotter.SetData(surface.NewArray(), 12, 10, 1, 12, 3);
-    plotter.SetPlotTitle("A title");
-    plotter.SetXAxisTitle("Length");
-    plotter.SetYAxisTitle("Width");
-    plotter.SetZAxisTitle("Height");
-    plotter.ShowZIsoContours(true);
-    float curve[] = {-2, -1, 1, 0, 0, 1.5f, 3, 1, 1};
-    plotter.AddCurveData(curve, 3, 3);
-    plotter.AddMeasurePoints(2, 3, measured, "First");
-    const float traced[] = {1.0f, 0.5f, 0.25f};
-    std::copy(traced, traced + 3, plotter.m_tracePoint);
-    plotter.m_hasTracePoint = 1;
-}
 
 SKivoPictureOptions Smoothing(int factor) {
     SKivoPictureOptions options;
@@ -72,7 +55,7 @@ Image AverageOf(const Image& large, int factor) {
 Image LargePicture(WindowKind kind, float scale, void (*show)(PlotterProbe&)) {
     TestPlot large(kind, static_cast<int>(std::lround(width * scale)),
                    static_cast<int>(std::lround(height * scale)));
-    Fill(large.plotter);
+    FillPlot(large.plotter);
     SKivoStyle style;
     style.pixelScale = scale;
     EXPECT_EQ(SetStyle(large.plotter, style), 0);
@@ -87,7 +70,7 @@ void (*const modes[])(PlotterProbe&) = {[](PlotterProbe& plotter) { plotter.Swit
 
 class SmoothPicture : public WindowTest {
 protected:
-    SmoothPicture() { Fill(plotter); }
+    SmoothPicture() { FillPlot(plotter); }
 
     TestPlot plot{GetParam(), width, height};
     PlotterProbe& plotter = plot.plotter;
@@ -138,7 +121,7 @@ TEST_P(SmoothPicture, ItsScaleMultipliesThePlotsOwn) {
 TEST_P(SmoothPicture, FollowsWhateverTheTextsBecome) {
     const auto fresh = [&] {
         TestPlot other(GetParam(), width, height);
-        Fill(other.plotter);
+        FillPlot(other.plotter);
         other.plotter.SetPlotTitle("Another");
         other.plotter.SetXAxisTickMarkNumber(9);
         other.plotter.SetZAxisFloatingPointPrecision(4);
@@ -169,7 +152,7 @@ TEST_P(SmoothPicture, FollowsNewDataAndANewWindow) {
     const TestSurface surface = PlaneSurface(7, 5);
     plotter.SetData(surface.NewArray(), 7, 5, 1, 7, 3);
     TestPlot other(GetParam(), width, height);
-    Fill(other.plotter);
+    FillPlot(other.plotter);
     other.plotter.SetData(surface.NewArray(), 7, 5, 1, 7, 3);
     EXPECT_TRUE(
         ImagesAgree(Draw(plotter, Smoothing(3)), Draw(other.plotter, Smoothing(3)), 0, 0, "new-data"));
@@ -187,7 +170,7 @@ TEST_P(SmoothPicture, OfManyTilesIsThatOfOne) {
     options.width = side;
     options.height = side;
     TestPlot large(GetParam(), tile, tile);
-    Fill(large.plotter);
+    FillPlot(large.plotter);
     SKivoStyle style;
     style.pixelScale = factor;
     ASSERT_EQ(SetStyle(large.plotter, style), 0);
@@ -200,7 +183,7 @@ TEST_P(SmoothPicture, OfManyTilesIsThatOfOne) {
 TEST_P(SmoothPicture, LeavesNoTraceInThePlot) {
     const auto picture = [&](bool isSmoothBetween) {
         TestPlot other(GetParam(), width, height);
-        Fill(other.plotter);
+        FillPlot(other.plotter);
         other.plotter.Rotate(POINT{0, 0}, POINT{41, 17});
         CaptureImage(other.plotter);
         if (isSmoothBetween) {
@@ -221,7 +204,7 @@ TEST_P(SmoothPicture, WindowsAreLitAlikeAfterwards) {
     const auto picture = [&](int smoothing) {
         TestPlot other(GetParam(), width, height);
         EXPECT_EQ(SetWindowSmoothing(other.window.Handle(), smoothing), 0);
-        Fill(other.plotter);
+        FillPlot(other.plotter);
         other.plotter.m_panFractionX = 0.3; // no member has loaded the matrix of this view
         other.plotter.Renderscene();
         EXPECT_EQ(SetWindowSmoothing(other.window.Handle(), 1), 0);

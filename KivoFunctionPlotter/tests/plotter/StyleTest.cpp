@@ -5,6 +5,7 @@
 #include "parts/KivoMeasurePointGroupManager.h"
 #include "parts/TextRenderer.h"
 #include "support/Drawing.h"
+#include "support/FilledPlot.h"
 #include "support/Image.h"
 #include "support/TestSurfaces.h"
 #include "support/TestWindow.h"
@@ -33,28 +34,6 @@ class StyledPlotter : public PlotterProbe {
 public:
     using CKivoFunctionPlotter::RenderLegend;
 };
-
-float measured[6] = {0, 0, 1, 1, 1, 0.5f};
-
-// Something for every layer to draw.
-void Fill(StyledPlotter& plotter) {
-    const TestSurface surface = HillSurface(12, 10);
-    plotter.SetData(surface.NewArray(), 12, 10, 1, 12, 3);
-    plotter.SetPlotTitle("A title");
-    plotter.SetXAxisTitle("Length");
-    plotter.SetYAxisTitle("Width");
-    plotter.SetZAxisTitle("Height");
-    plotter.ShowXIsoContours(true);
-    plotter.ShowYIsoContours(true);
-    plotter.ShowZIsoContours(true);
-    float curve[] = {-2, -1, 1, 0, 0, 1.5f, 3, 1, 1};
-    plotter.AddCurveData(curve, 3, 3);
-    plotter.AddMeasurePoints(2, 3, measured, "First");
-    plotter.AddMeasurePoints(1, 3, measured, "Second group");
-    const float traced[] = {1.0f, 0.5f, 0.25f};
-    std::copy(traced, traced + 3, plotter.m_tracePoint);
-    plotter.m_hasTracePoint = 1;
-}
 
 SKivoStyle Scaled(float scale) {
     SKivoStyle style;
@@ -164,7 +143,7 @@ TEST(PixelScale, EverythingIsWhereItIsAtOne) {
         StyledPlot plain, scaled(scale);
         for (StyledPlot* const plot : {&plain, &scaled}) {
             plot->Create();
-            Fill(plot->plotter);
+            FillPlot(plot->plotter);
         }
         ASSERT_EQ(SetStyle(scaled.plotter, Scaled(scale)), 0);
         for (const Shown& shown : allShown) {
@@ -223,11 +202,11 @@ double ShareElsewhere(const Image& a, const Image& b) {
 TEST(PixelScale, AveragedDownThePictureIsTheSame) {
     StyledPlot plain;
     plain.Create();
-    Fill(plain.plotter);
+    FillPlot(plain.plotter);
     for (const int scale : {2, 3}) {
         StyledPlot scaled(static_cast<float>(scale));
         scaled.Create();
-        Fill(scaled.plotter);
+        FillPlot(scaled.plotter);
         Show(plain, allShown[0], 1.0f);
         const Image unscaled = AveragedDown(CaptureImage(scaled.plotter), scale);
         EXPECT_GT(ShareElsewhere(CaptureImage(plain.plotter), unscaled), 0.1) << "what is to be told apart";
@@ -273,7 +252,7 @@ TEST(PixelScale, FontsHaveTheHeightOfTheRoundedPixels) {
 TEST(PixelScale, WhatTheHostSetsInPixelsKeepsItsNumber) {
     StyledPlot plot;
     plot.Create();
-    Fill(plot.plotter);
+    FillPlot(plot.plotter);
     plot.plotter.SetCurveWidth(0, 2.5f);
     SetStyle(plot.plotter, Scaled(2.0f));
     plot.RecordFrame();
@@ -297,7 +276,7 @@ TEST(Style, ScalesThatAreNoneAreRefusedAndChangeNothing) {
     using Limits = std::numeric_limits<float>;
     StyledPlot plot, never;
     plot.Create();
-    Fill(plot.plotter);
+    FillPlot(plot.plotter);
     ASSERT_EQ(SetStyle(plot.plotter, Scaled(1.5f)), 0);
     const unsigned int lists = plot.plotter.m_fontListBase;
     const unsigned int texture = plot.plotter.m_plotTitleImage->texture;
@@ -322,7 +301,7 @@ TEST(Style, BeforeOnCreateAndBeforeOrAfterDataIsTheSame) {
         plot->Create();
     EXPECT_EQ(SetStyle(between.plotter, Scaled(1.5f)), 0);
     for (StyledPlot* const plot : {&before, &between, &after})
-        Fill(plot->plotter);
+        FillPlot(plot->plotter);
     const Image plain = CaptureImage(after.plotter);
     EXPECT_EQ(SetStyle(after.plotter, Scaled(1.5f)), 0);
     for (const Shown& shown : allShown) {
@@ -338,7 +317,7 @@ TEST(Style, BeforeOnCreateAndBeforeOrAfterDataIsTheSame) {
 TEST(Style, BackAtOneThePictureIsAsBefore) {
     StyledPlot plot;
     plot.Create();
-    Fill(plot.plotter);
+    FillPlot(plot.plotter);
     for (const Shown& shown : allShown) {
         Show(plot, shown, 1.0f);
         const Image before = CaptureImage(plot.plotter);
@@ -352,7 +331,7 @@ TEST(Style, BackAtOneThePictureIsAsBefore) {
 TEST(Style, ViewDataCurvesAndGroupsStay) {
     StyledPlot plot;
     plot.Create();
-    Fill(plot.plotter);
+    FillPlot(plot.plotter);
     Show(plot, allShown[1], 1.0f);
     plot.plotter.Zoom(0.8f);
     plot.plotter.ShowMeasureGroup(1, false);
@@ -377,7 +356,7 @@ TEST(Style, ViewDataCurvesAndGroupsStay) {
 TEST(Style, ImagesOfAllTextsAreMadeAnewAtOnce) {
     StyledPlot plot;
     plot.Create();
-    Fill(plot.plotter);
+    FillPlot(plot.plotter);
     const std::vector<SKivoTexImage*> images = ImagesOf(plot.plotter);
     std::vector<int> heights;
     for (const SKivoTexImage* image : images)
@@ -390,7 +369,7 @@ TEST(Style, ImagesOfAllTextsAreMadeAnewAtOnce) {
 TEST(Style, StaysThroughOnDestroyAndOnCreate) {
     StyledPlot plot, expected;
     plot.Create();
-    Fill(plot.plotter);
+    FillPlot(plot.plotter);
     ASSERT_EQ(SetStyle(plot.plotter, Scaled(1.5f)), 0);
     EXPECT_EQ(plot.plotter.OnDestroy(), 0);
     EXPECT_EQ(GetStyle(plot.plotter).pixelScale, 1.5f);
@@ -409,7 +388,7 @@ TEST(Style, IsEachPlottersOwn) {
     StyledPlot plain, scaled, alone;
     for (StyledPlot* const plot : {&plain, &scaled, &alone}) {
         plot->Create();
-        Fill(plot->plotter);
+        FillPlot(plot->plotter);
     }
     const Image expected = CaptureImage(plain.plotter);
     SetStyle(alone.plotter, Scaled(2.0f));
@@ -436,7 +415,7 @@ TEST(Style, ListsOfLettersAreMadeAnewAndTheOldOnesGivenBack) {
 TEST(Style, WithoutItsContextNothingChanges) {
     StyledPlot plot;
     plot.Create();
-    Fill(plot.plotter);
+    FillPlot(plot.plotter);
     const HGLRC context = plot.plotter.m_hGLRC;
     plot.plotter.m_hGLRC = reinterpret_cast<HGLRC>(&plot); // none of the system's
     EXPECT_EQ(SetStyle(plot.plotter, Scaled(2.0f)), -1);
@@ -518,7 +497,7 @@ std::array<float, 3> Rgb(unsigned long color) {
 TEST(Ink, TextsHaveContrastEnoughOnEveryGround) {
     StyledPlot plot;
     plot.Create();
-    Fill(plot.plotter);
+    FillPlot(plot.plotter);
     for (const Ground& ground : grounds) {
         plot.plotter.SetBackgroundColor(ColorOf(ground.rgb));
         ASSERT_EQ(SetStyle(plot.plotter, Inked(ground.ink)), 0);
@@ -537,7 +516,7 @@ TEST(Ink, TextsHaveContrastEnoughOnEveryGround) {
 TEST(Ink, OutlinesAndTicksHaveItAndNothingIsLeftBlack) {
     StyledPlot plot;
     plot.Create();
-    Fill(plot.plotter);
+    FillPlot(plot.plotter);
     plot.plotter.ShowFrameLines(false);
     const unsigned long ink = 0x00E0C8F0;
     for (const Shown& shown : allShown) {
@@ -558,7 +537,7 @@ TEST(Ink, OutlinesAndTicksHaveItAndNothingIsLeftBlack) {
 TEST(Ink, GridAndGuideLinesLieBetweenItAndTheGround) {
     StyledPlot plot;
     plot.Create();
-    Fill(plot.plotter);
+    FillPlot(plot.plotter);
     const std::array<float, 3> grid = {0.8f, 0.8f, 0.8f}, guide = {0.3f, 0.3f, 0.3f};
     plot.plotter.SetBackgroundColor(0.0f, 0.0f, 0.0f, 1.0f);
     const Drawing black = plot.RecordFrame();
@@ -579,7 +558,7 @@ TEST(Ink, GridAndGuideLinesLieBetweenItAndTheGround) {
 TEST(Ink, IsInThePixelsOfTextsAndTheHighByteIsIgnored) {
     StyledPlot plot;
     plot.Create();
-    Fill(plot.plotter);
+    FillPlot(plot.plotter);
     ASSERT_EQ(SetStyle(plot.plotter, Inked(0xFF332211)), 0);
     const SKivoTexImage& title = *plot.plotter.m_plotTitleImage;
     int inked = 0;
@@ -614,7 +593,7 @@ std::vector<unsigned char> TitlePixels(const StyledPlotter& plotter) {
 TEST(TextFace, IsAskedForWithItsWeight) {
     StyledPlot plot;
     plot.Create();
-    Fill(plot.plotter);
+    FillPlot(plot.plotter);
     const LOGFONTA& font = plot.plotter.m_textRenderer->m_fontDescription;
     EXPECT_STREQ(font.lfFaceName, "MS Gothic");
     EXPECT_EQ(font.lfWeight, FW_BOLD);
@@ -664,7 +643,7 @@ TEST(TextFace, MinusSignsOfThinLettersAreSeen) {
     for (const char* const face : {"", "DejaVu Serif", "DejaVu Sans"}) {
         StyledPlot plot;
         plot.Create();
-        Fill(plot.plotter);
+        FillPlot(plot.plotter);
         ASSERT_EQ(SetStyle(plot.plotter, WithFace(face, false)), 0);
         const CKivoGridBox& box = *plot.plotter.m_gridBox;
         int count = 0;
