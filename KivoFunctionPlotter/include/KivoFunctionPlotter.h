@@ -982,7 +982,7 @@ private:
     bool ArePointsPacked() const;
     void UploadFramelineTexture(const float* texcoords) const;
     SurfaceArrays WholeSurface() const;
-    bool ReduceSurface(SurfaceArrays& surface);
+    bool ReduceSurface();
     void DrawSurface(const SurfaceArrays& surface);
     void RenderMoved(unsigned int detail);
     struct SContourPicture;

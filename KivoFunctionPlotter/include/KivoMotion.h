@@ -14,9 +14,9 @@ namespace KivoDrawingTools {
 /// Such a frame has every k-th column and row of the points and the last ones, with the smallest steps k
 /// that leave no more, each with the values and the colour that it has. A cell between them is a hole where
 /// any point inside it or on its sides is no number, so that no hole is lost.
-/// Frame lines have the steps that come nearest to their own, at least a cell. Everything else is drawn as
-/// always, contours too, which on a large grid may then take the longer part; and so are grids that are small
-/// enough, and one for whose copy there is no memory.
+/// Frame lines have the steps that come nearest to their own, at least a cell. Contours have their levels and
+/// run between the points that are kept, none through a hole or past its corners. Everything else is drawn as
+/// always; and so are grids that are small enough, and one for whose copy there is no memory.
 ///
 /// A drag keeps what it began with; another setting counts from the next one. What is shown is copied at the
 /// first such frame, which reads no other points, and the copy goes with the data. Where numbers are missing

@@ -35,9 +35,10 @@ void CKivoFunctionPlotter::RenderMoved(unsigned int detail) {
     Renderscene();
 }
 
-// Puts the arrays of a copy in the place of the whole surface's, unless that has no more points than are
-// wanted, or there is no memory.
-bool CKivoFunctionPlotter::ReduceSurface(SurfaceArrays& surface) {
+// Makes a copy that is drawn in place of the whole surface, unless that has no more points than are wanted,
+// or there is no memory.
+bool CKivoFunctionPlotter::ReduceSurface() {
+    if (!HasDrawablePoints() || !m_colorArray || !m_indexArray) return false;
     if (m_columnCount < 2 || m_rowCount < 2) return false;
     const ReducedGrid grid = {KeepAtMost(m_columnCount, m_detailOfFrame),
                               KeepAtMost(m_rowCount, m_detailOfFrame)};
@@ -59,9 +60,8 @@ bool CKivoFunctionPlotter::ReduceSurface(SurfaceArrays& surface) {
         }
         m_hasReducedValues = false;
     }
-    if (!m_hasReducedValues) m_reducedSurface->TakeValues(surface);
+    if (!m_hasReducedValues) m_reducedSurface->TakeValues(WholeSurface());
     m_hasReducedValues = true;
-    surface = m_reducedSurface->Arrays();
     return true;
 }
 

@@ -566,7 +566,7 @@ void CKivoFunctionPlotter::DrawScene() {
 }
 
 void CKivoFunctionPlotter::ClearFrame() {
-    m_isFrameReduced = false; // until a surface is drawn
+    m_isFrameReduced = false;
     const float* const ground = m_pictureGround ? m_pictureGround : m_backgroundColor;
     glClearColor(ground[0], ground[1], ground[2], ground[3]);
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
@@ -591,6 +591,7 @@ void CKivoFunctionPlotter::StyleGridBox() const {
 void CKivoFunctionPlotter::DrawNormalPlot() {
     const SurfaceStateAfterwards stateAfterwards;
     ClearFrame();
+    m_isFrameReduced = m_detailOfFrame != 0 && ReduceSurface();
     ApplyModelViewMatrix();
 
     glDisable(GL_LIGHTING);

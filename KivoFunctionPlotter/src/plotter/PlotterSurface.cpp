@@ -360,11 +360,10 @@ SurfaceArrays CKivoFunctionPlotter::WholeSurface() const {
 
 void CKivoFunctionPlotter::RenderSurface() {
     if (!HasDrawablePoints() || !m_colorArray || !m_indexArray) return;
-    SurfaceArrays surface = WholeSurface();
-    m_isFrameReduced = m_detailOfFrame != 0 && ReduceSurface(surface);
+    const bool isReduced = m_isFrameReduced && m_reducedSurface;
     // Until the next frame that shows everything the points stay what they were in this one.
-    if (!m_isFrameReduced) m_hasReducedValues = false;
-    DrawSurface(surface);
+    if (!isReduced) m_hasReducedValues = false;
+    DrawSurface(isReduced ? m_reducedSurface->Arrays() : WholeSurface());
 }
 
 void CKivoFunctionPlotter::DrawSurface(const SurfaceArrays& surface) {
@@ -532,17 +531,21 @@ void CKivoFunctionPlotter::RenderFlatContours(const std::vector<SKivoIsoContour>
     if (!m_gridBox || !gradient) return;
     float wall[3] = {};
     wall[axis] = m_gridBox->GridFace(axis);
+    const std::vector<LevelLines>* const reduced =
+        m_isFrameReduced && m_reducedSurface ? m_reducedSurface->Contours(axis, contours) : nullptr;
 
     const MatrixModeScope modelView(GL_MODELVIEW);
     glPushMatrix();
     glTranslatef(wall[0], wall[1], wall[2]);
     const LineWidthScope lines(m_pixelScale);
     glEnableClientState(GL_VERTEX_ARRAY);
-    for (const SKivoIsoContour& contour : contours) {
+    for (std::size_t k = 0; k < contours.size(); ++k) {
         float color[4] = {0, 0, 0, 1};
-        gradient->Evaluate(contour.level, color);
+        gradient->Evaluate(contours[k].level, color);
         glColor4fv(color);
-        DrawLines(contour.points, static_cast<std::size_t>(contour.pointCount));
+        const float* const points = reduced ? (*reduced)[k].points.get() : contours[k].points;
+        const std::uint64_t count = reduced ? (*reduced)[k].pointCount : contours[k].pointCount;
+        if (!reduced || points) DrawLines(points, static_cast<std::size_t>(count));
     }
     glDisableClientState(GL_VERTEX_ARRAY);
     glPopMatrix();

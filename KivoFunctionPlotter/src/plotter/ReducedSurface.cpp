@@ -1,5 +1,10 @@
 #include "ReducedSurface.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+#include <new>
+
 namespace KivoDrawingTools {
 
 namespace {
@@ -21,10 +26,9 @@ ReducedSurface::ReducedSurface(const SurfaceOutline& outline, const ReducedGrid&
     : m_outline(outline), m_grid(grid), m_floatsPerPoint(outline.components <= 4 ? outline.components : 3),
       m_points(grid.Count() * m_floatsPerPoint), m_colors(grid.Count() * 4),
       m_texcoords(outline.hasTexcoords ? grid.Count() * 2 : 0) {
-    std::vector<unsigned char> holes;
-    if (!outline.hasNoHoles) holes = MarkHoles(grid, outline.points, outline.components);
-    m_triangles = ReducedTriangles(grid, holes);
-    m_lines = ReducedFrameLines(grid, outline.frameLineStep[0], outline.frameLineStep[1], holes);
+    if (!outline.hasNoHoles) m_holes = MarkHoles(grid, outline.points, outline.components);
+    m_triangles = ReducedTriangles(grid, m_holes);
+    m_lines = ReducedFrameLines(grid, outline.frameLineStep[0], outline.frameLineStep[1], m_holes);
 }
 
 bool ReducedSurface::IsFor(const SurfaceOutline& outline, const ReducedGrid& grid) const {
@@ -46,6 +50,57 @@ SurfaceArrays ReducedSurface::Arrays() const {
             m_triangles.size(),
             m_lines.empty() ? nullptr : m_lines.data(),
             m_lines.size()};
+}
+
+const std::vector<LevelLines>* ReducedSurface::Contours(int axis, const std::vector<SKivoIsoContour>& whole) {
+    FlatContours& contours = m_contours[axis];
+    if (contours.AreOf(whole)) return &contours.lines;
+    for (std::size_t k = 1; k < whole.size(); ++k)
+        if (!(whole[k - 1].level <= whole[k].level)) return nullptr; // put in by a derived class
+    try {
+        contours = Trace(axis, whole);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+    return &contours.lines;
+}
+
+ReducedSurface::FlatContours ReducedSurface::Trace(int axis,
+                                                   const std::vector<SKivoIsoContour>& whole) const {
+    FlatContours contours;
+    for (const SKivoIsoContour& contour : whole)
+        contours.levels.push_back(contour.level);
+    const std::vector<float> points = PointsBesideHoles();
+    const unsigned int columns = m_grid.columns.Count();
+    const auto floats = static_cast<unsigned int>(m_floatsPerPoint);
+    const GridView grid = {points.empty() ? m_points.data() : points.data(), columns, m_grid.rows.Count(),
+                           floats, columns * floats};
+    contours.lines = TraceLevelLines(grid, axis, contours.levels);
+    for (LevelLines& level : contours.lines)
+        for (std::uint64_t i = 0; i < level.pointCount; ++i)
+            level.points[3 * i + static_cast<std::size_t>(axis)] = 0.0f;
+    return contours;
+}
+
+// The points without numbers at the corners of cells with holes, so that no level crosses these; empty where
+// there are no such cells.
+std::vector<float> ReducedSurface::PointsBesideHoles() const {
+    if (std::find(m_holes.begin(), m_holes.end(), 1) == m_holes.end()) return {};
+    std::vector<float> points = m_points;
+    const std::size_t columns = m_grid.columns.Count();
+    for (std::size_t cell = 0; cell < m_holes.size(); ++cell) {
+        if (m_holes[cell] == 0) continue;
+        const std::size_t corner = cell / (columns - 1) * columns + cell % (columns - 1);
+        for (const std::size_t point : {corner, corner + 1, corner + columns, corner + columns + 1})
+            std::fill_n(points.begin() + static_cast<std::ptrdiff_t>(point * m_floatsPerPoint), 3,
+                        std::numeric_limits<float>::quiet_NaN());
+    }
+    return points;
+}
+
+bool ReducedSurface::FlatContours::AreOf(const std::vector<SKivoIsoContour>& whole) const {
+    return std::equal(levels.begin(), levels.end(), whole.begin(), whole.end(),
+                      [](float level, const SKivoIsoContour& contour) { return level == contour.level; });
 }
 
 } // namespace KivoDrawingTools

@@ -1,7 +1,9 @@
 // The surface as it is drawn while something moves: a copy of some of its points.
 #pragma once
 
+#include "computing/MarchingSquares.h"
 #include "computing/ReducedGrid.h"
+#include "KivoTypes.h"
 
 #include <cstddef>
 #include <vector>
@@ -43,8 +45,24 @@ public:
     /// Copies what the arrays hold now. It takes no memory.
     void TakeValues(const SurfaceArrays& whole);
     SurfaceArrays Arrays() const;
+    /// Contours at the levels of those of the whole surface, flat as they are, through the points that remain
+    /// but those around holes. They are traced when they are asked for first.
+    /// @param axis  the coordinate: 0 = x, 1 = y, 2 = z
+    /// @return as many as there are of the whole, null points where a level meets nothing; null where there
+    ///         is no memory, or the levels don't ascend
+    const std::vector<LevelLines>* Contours(int axis, const std::vector<SKivoIsoContour>& whole);
 
 private:
+    struct FlatContours {
+        std::vector<float> levels;
+        std::vector<LevelLines> lines;
+
+        bool AreOf(const std::vector<SKivoIsoContour>& whole) const;
+    };
+
+    FlatContours Trace(int axis, const std::vector<SKivoIsoContour>& whole) const;
+    std::vector<float> PointsBesideHoles() const;
+
     SurfaceOutline m_outline;
     ReducedGrid m_grid;
     std::size_t m_floatsPerPoint; // that OpenGL takes
@@ -53,6 +71,8 @@ private:
     std::vector<float> m_texcoords;
     std::vector<unsigned int> m_triangles;
     std::vector<unsigned int> m_lines;
+    std::vector<unsigned char> m_holes; // a cell each; empty without any
+    FlatContours m_contours[3];
 };
 
 } // namespace KivoDrawingTools

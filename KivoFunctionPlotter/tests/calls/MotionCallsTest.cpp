@@ -3,6 +3,7 @@
 #include "KivoPicture.h"
 #include "support/AllocationFaults.h"
 #include "support/OperationFaults.h"
+#include "support/PlainLoops.h"
 #include "support/RecordedPlot.h"
 #include "support/TestSurfaces.h"
 
@@ -390,6 +391,148 @@ TEST_F(MotionCalls, HolesOfPointsThatAreDrawnCount) {
     plotter.SetDataReference(points.data(), columns, rows, 2, 2 * columns, 3);
     EXPECT_EQ(SurfaceOf(*Turn()).triangles->count, static_cast<int>(TriangleIndices(8, 7) - 6));
     plotter.ReleaseDataRelativeResource();
+}
+
+// ---- Contours
+
+namespace {
+
+// Of a frame, in its order: x, y, z.
+std::vector<const RecordedDraw*> ContoursOf(const CallRecorder& frame) {
+    std::vector<const RecordedDraw*> contours;
+    for (const RecordedDraw& draw : frame.Draws())
+        if (draw.primitive == GL_LINES && !draw.indices && draw.state.vertexArray && draw.vertices.empty())
+            contours.push_back(&draw);
+    return contours;
+}
+
+std::vector<float> KeptPoints(const float* points) {
+    std::vector<float> kept;
+    for (const unsigned int r : keptRows)
+        for (const unsigned int c : keptColumns)
+            kept.insert(kept.end(), points + 3 * (r * columns + c), points + 3 * (r * columns + c) + 3);
+    return kept;
+}
+
+// All levels of an axis one after the other, flat.
+std::vector<float> PlainContours(const std::vector<float>& kept, int axis,
+                                 const std::vector<SKivoIsoContour>& whole) {
+    std::vector<float> all;
+    for (const SKivoIsoContour& contour : whole) {
+        std::vector<float> points = PlainLevelLines({kept.data(), 8, 7, 3, 24}, axis, contour.level);
+        for (std::size_t i = static_cast<std::size_t>(axis); i < points.size(); i += 3)
+            points[i] = 0.0f;
+        all.insert(all.end(), points.begin(), points.end());
+    }
+    return all;
+}
+
+std::vector<float> DrawnPoints(const std::vector<const RecordedDraw*>& contours) {
+    std::vector<float> all;
+    for (const RecordedDraw* contour : contours) {
+        const auto* const points = static_cast<const float*>(contour->vertexArray);
+        all.insert(all.end(), points, points + 3 * static_cast<std::ptrdiff_t>(contour->count));
+    }
+    return all;
+}
+
+} // namespace
+
+TEST_F(MotionCalls, ContoursRunThroughTheKeptPoints) {
+    ASSERT_EQ(SetMotionDetail(plotter, eight), 0);
+    const std::vector<float> kept = KeptPoints(plotter.m_points);
+    const std::vector<SKivoIsoContour>* const whole[] = {
+        &plotter.m_flatXIsoContours, &plotter.m_flatYIsoContours, &plotter.m_flatZIsoContours};
+    Press();
+    for (const int axis : {0, 1, 2}) { // each is shown in the middle of the drag
+        plotter.ShowXIsoContours(axis == 0);
+        plotter.ShowYIsoContours(axis == 1);
+        plotter.ShowZIsoContours(axis == 2);
+        const std::vector<float> plain = PlainContours(kept, axis, *whole[axis]);
+        ASSERT_FALSE(plain.empty());
+        const auto frame = Move();
+        EXPECT_EQ(DrawnPoints(ContoursOf(*frame)), plain) << axis;
+        EXPECT_EQ(ContoursOf(*Move())[0]->vertexArray, ContoursOf(*frame)[0]->vertexArray)
+            << "they are traced once";
+
+        const auto rest = Record(plotter, [&] { plotter.OnDraw(); });
+        const std::vector<const RecordedDraw*> drawn = ContoursOf(*rest);
+        ASSERT_EQ(drawn.size(), whole[axis]->size());
+        for (std::size_t k = 0; k < drawn.size(); ++k)
+            EXPECT_EQ(drawn[k]->vertexArray, (*whole[axis])[k].points);
+    }
+}
+
+TEST_F(MotionCalls, OtherLevelsAreTracedInTheDragThatGoesOn) {
+    ASSERT_EQ(SetMotionDetail(plotter, eight), 0);
+    plotter.ShowZIsoContours(true);
+    Press();
+    Move();
+    for (const unsigned int count : {5u, 30u, 1u}) {
+        ASSERT_EQ(plotter.SetIsoContourCount(count), 0);
+        const std::vector<float> plain =
+            PlainContours(KeptPoints(plotter.m_points), 2, plotter.m_flatZIsoContours);
+        EXPECT_EQ(DrawnPoints(ContoursOf(*Move())), plain) << count;
+    }
+}
+
+// No level that a derived class has put in is looked for where none is found.
+TEST_F(MotionCalls, LevelsThatDoNotAscendAreDrawnWhole) {
+    ASSERT_EQ(SetMotionDetail(plotter, eight), 0);
+    plotter.ShowZIsoContours(true);
+    for (const float level : {-1000.0f, std::numeric_limits<float>::quiet_NaN()}) {
+        plotter.m_flatZIsoContours.back().level = level;
+        const auto frame = Turn();
+        EXPECT_TRUE(IsDetailReduced(plotter));
+        ASSERT_EQ(ContoursOf(*frame).size(), plotter.m_flatZIsoContours.size());
+        EXPECT_EQ(ContoursOf(*frame)[0]->vertexArray, plotter.m_flatZIsoContours[0].points);
+    }
+}
+
+// Of a cell with a hole no side is crossed, though all of the kept points are numbers.
+TEST_F(MotionCalls, NoContourCrossesAHole) {
+    surface.points[3 * (12 * columns + 14) + 2] = std::numeric_limits<float>::quiet_NaN();
+    plotter.SetData(surface.NewArray(), columns, rows, 1, columns, 3);
+    ASSERT_EQ(SetMotionDetail(plotter, eight), 0);
+    plotter.ShowZIsoContours(true);
+    const float* const corner = plotter.m_points + 3 * (10 * columns + 12);
+    const float* const opposite = plotter.m_points + 3 * (15 * columns + 18);
+    const auto frame = Turn();
+    const std::vector<float> drawn = DrawnPoints(ContoursOf(*frame));
+    std::size_t numbers = 0;
+    for (std::size_t i = 0; i < drawn.size(); i += 3) {
+        const bool isInside = drawn[i] > corner[0] && drawn[i] < opposite[0] && drawn[i + 1] > corner[1] &&
+                              drawn[i + 1] < opposite[1];
+        EXPECT_FALSE(isInside) << drawn[i] << ", " << drawn[i + 1];
+        numbers += drawn[i] == drawn[i] ? 1 : 0;
+    }
+    EXPECT_GT(numbers, 100U);
+}
+
+TEST_F(MotionCalls, WithoutMemoryContoursAreWhole) {
+    ASSERT_EQ(SetMotionDetail(plotter, eight), 0);
+    plotter.ShowYIsoContours(true);
+    ASSERT_EQ(plotter.SetIsoContourCount(3), 0);
+    int wholeContours = 0;
+    bool hasFailed = true;
+    for (long n = 1; hasFailed; ++n) {
+        plotter.SetData(surface.NewArray(), columns, rows, 1, columns, 3);
+        plotter.ShowYIsoContours(false);
+        plotter.OnMouseWheel(0, 120, start); // the surface is copied, contours are not traced
+        plotter.ShowYIsoContours(true);
+        plotter.OnDraw();
+        const auto frame = Record(plotter, [&] {
+            AllocationFault fault(n, AllocationFault::Mode::once);
+            plotter.OnMouseWheel(0, 120, start);
+            fault.Stop();
+            hasFailed = fault.HasFailed();
+        });
+        EXPECT_TRUE(IsDetailReduced(plotter)) << n;
+        const bool areWhole = ContoursOf(*frame)[0]->vertexArray == plotter.m_flatYIsoContours[0].points;
+        EXPECT_EQ(areWhole, hasFailed) << n;
+        wholeContours += areWhole ? 1 : 0;
+    }
+    EXPECT_GE(wholeContours, 5);
 }
 
 // ---- What makes it stale
