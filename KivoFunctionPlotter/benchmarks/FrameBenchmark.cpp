@@ -110,6 +110,21 @@ std::vector<double> DragTimes(PlotterProbe& plotter, unsigned int detail, int co
     return times;
 }
 
+// Of a drag, from the move to the finished picture.
+void MovedFrame(benchmark::State& state) {
+    const auto n = static_cast<unsigned int>(state.range(0));
+    std::vector<float>& points = SquareGrid(n);
+    BenchmarkPlot plot;
+    plot.SetPoints(points, n, n);
+    plot.plotter.Renderscene();
+    KivoDrawingTools::SetMotionDetail(plot.plotter, 150);
+    plot.plotter.OnRButtonDown(KivoDrawingTools::MK_RBUTTON, {330, 300});
+    bool isBack = false;
+    for (auto _ : state)
+        MoveTime(plot.plotter, isBack = !isBack);
+    if (!KivoDrawingTools::IsDetailReduced(plot.plotter)) state.SkipWithError("the surface is drawn whole");
+}
+
 // Whole frames and those of 150 points a side in turn, so that what slows the machine down meets both; with
 // contours of all axes, which are drawn whole, or without.
 void DragFrame(benchmark::State& state) {
@@ -164,6 +179,7 @@ void ReduceSurface(benchmark::State& state) {
 
 BENCHMARK(Frame)->Apply(AllSizes);
 BENCHMARK(FrameWithLines)->Apply(AllSizes);
+BENCHMARK(MovedFrame)->Apply(PeerSizes);
 BENCHMARK(DragFrame)->Apply(Defaults)->ArgsProduct({{250, 1000, 2000, 4000}, {0, 1}})->Iterations(7);
 BENCHMARK(ReduceSurface)->Apply(Defaults)->ArgsProduct({{1000, 2000, 4000}, {0, 1}});
 BENCHMARK(SmallFrame)->Apply(Defaults);

@@ -11,6 +11,7 @@
 #include <vtkDataSetSurfaceFilter.h>
 #include <vtkFloatArray.h>
 #include <vtkFlyingEdges2D.h>
+#include <vtkGenericRenderWindowInteractor.h>
 #include <vtkImageData.h>
 #include <vtkLookupTable.h>
 #include <vtkNew.h>
@@ -19,6 +20,7 @@
 #include <vtkPolyData.h>
 #include <vtkPolyDataMapper.h>
 #include <vtkProperty.h>
+#include <vtkQuadricLODActor.h>
 #include <vtkRenderer.h>
 #include <vtkRenderWindow.h>
 #include <vtkScalarBarActor.h>
@@ -145,7 +147,8 @@ void FlyingEdges(benchmark::State& state) {
 // A surface with its edges, axes and a scalar bar in an off-screen window.
 class Scene {
 public:
-    explicit Scene(HostData& data) : m_size(data.n), m_mapper(MapperOf(data)) {
+    explicit Scene(HostData& data, const vtkSmartPointer<vtkActor>& actor = vtkSmartPointer<vtkActor>::New())
+        : m_size(data.n), m_mapper(MapperOf(data)), m_actor(actor) {
         m_actor->SetMapper(m_mapper);
         m_axes->SetBounds(m_mapper->GetBounds());
         m_axes->SetCamera(m_renderer->GetActiveCamera());
@@ -165,6 +168,12 @@ public:
     int Size() const { return m_size; }
     vtkRenderer* Renderer() { return m_renderer; }
     void ShowEdges(bool show) { m_actor->GetProperty()->SetEdgeVisibility(show ? 1 : 0); }
+    /// As the interactor does while a button is held.
+    void Interact() {
+        m_window->SetInteractor(m_interactor);
+        m_window->SetDesiredUpdateRate(m_interactor->GetDesiredUpdateRate());
+    }
+    void Turn(double degrees) { m_renderer->GetActiveCamera()->Azimuth(degrees); }
     void Draw() {
         m_window->Render();
         m_window->WaitForCompletion();
@@ -173,11 +182,12 @@ public:
 private:
     int m_size;
     vtkSmartPointer<vtkPolyDataMapper> m_mapper;
-    vtkNew<vtkActor> m_actor;
+    vtkSmartPointer<vtkActor> m_actor;
     vtkNew<vtkCubeAxesActor> m_axes;
     vtkNew<vtkScalarBarActor> m_bar;
     vtkNew<vtkRenderer> m_renderer;
     vtkNew<vtkRenderWindow> m_window;
+    vtkNew<vtkGenericRenderWindowInteractor> m_interactor;
 };
 
 Scene& SceneOf(const benchmark::State& state) {
@@ -203,6 +213,19 @@ void Frame(benchmark::State& state) {
 
 void FrameWithLines(benchmark::State& state) {
     MeasureFrames(state, true);
+}
+
+// Of a drag, when the actor draws a copy that it has made by clustering for the first one.
+void MovedFrame(benchmark::State& state) {
+    Scene scene(Data(state), vtkSmartPointer<vtkQuadricLODActor>::New());
+    scene.ShowEdges(true);
+    scene.Interact();
+    scene.Draw();
+    double step = 1.0;
+    for (auto _ : state) {
+        scene.Turn(step = -step);
+        scene.Draw();
+    }
 }
 
 void Pick(benchmark::State& state) {
@@ -232,6 +255,7 @@ BENCHMARK(FlyingEdges)->Apply(PeerSizes);
 BENCHMARK(Pick)->Apply(PeerSizes);
 BENCHMARK(Frame)->Apply(PeerSizes);
 BENCHMARK(FrameWithLines)->Apply(PeerSizes);
+BENCHMARK(MovedFrame)->Apply(PeerSizes);
 BENCHMARK(PeakMemory)->Apply(PeerSizes)->Iterations(1);
 
 } // namespace
