@@ -46,6 +46,7 @@ class ReducedSurface;
 struct GridView;
 struct STextRenderer;
 struct SurfaceArrays;
+struct SurfaceLayers;
 
 /// The plot. A host makes one object for each plot window, calls OnCreate with the window, hands over its
 /// data with SetData or SetDataReference and forwards its messages to the On... members.
@@ -912,6 +913,7 @@ private:
     friend struct MotionAccess;  // the fields of KivoMotion.h, and frames of less detail
     friend struct PictureAccess; // draws without presenting, for KivoPicture.h
     friend struct StyleAccess;   // the context, for KivoStyle.h
+    friend struct SurfaceAccess; // the surfaces of KivoSurfaces.h, and how all are drawn
     friend class TextSet;        // the style, and the fonts and images that are made for it
     friend struct ViewAccess;    // saves and restores what a view consists of
 
@@ -952,6 +954,18 @@ private:
     bool m_hasReducedValues = false;                  // it holds what the arrays held at the last full frame
     unsigned int m_frameLineStep[2] = {0, 0};         // of m_framelineIndexArray
     const float* m_pointsWithoutHoles = nullptr;      // m_points where no number is missing among them
+    // Of KivoSurfaces.h
+    class SOwnSurfaceLayers { // copies of a plotter have their own
+    public:
+        SOwnSurfaceLayers();
+        SOwnSurfaceLayers(const SOwnSurfaceLayers& other);
+        SOwnSurfaceLayers& operator=(const SOwnSurfaceLayers& other);
+        ~SOwnSurfaceLayers();
+
+        std::unique_ptr<SurfaceLayers> layers; // null before something is asked for
+    };
+    SOwnSurfaceLayers m_surfaces;
+    bool m_areLayersReduced = false; // in the frame drawn last
 
     void InitTexts(int fontSize);
     static void DeleteFontLists(unsigned int base);

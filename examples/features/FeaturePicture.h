@@ -32,6 +32,7 @@ void MeasurePoints(KivoDrawingTools::CKivoFunctionPlotter& plotter);
 
 extern const std::vector<FeaturePicture> surfacePictures;
 extern const std::vector<FeaturePicture> axisPictures;
+extern const std::vector<FeaturePicture> layerPictures;
 extern const std::vector<FeaturePicture> overlayPictures;
 extern const std::vector<FeaturePicture> viewPictures;
 extern const std::vector<FeaturePicture> motionPictures;

@@ -65,7 +65,7 @@ int main(int argc, char** argv) {
     }
     try {
         for (const auto* pictures : {&surfacePictures, &axisPictures, &overlayPictures, &viewPictures,
-                                     &motionPictures, &derivedPictures})
+                                     &motionPictures, &layerPictures, &derivedPictures})
             for (const FeaturePicture& picture : *pictures)
                 if (Draw(picture, argv[1]) != 0) return 1;
     } catch (const std::exception& error) {

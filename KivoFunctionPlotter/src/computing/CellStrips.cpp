@@ -127,7 +127,7 @@ void CellStrips::AddCell(std::size_t column, std::size_t row) {
     }
 }
 
-const std::vector<StripRun>& StripMerge::Merge(const std::vector<const CellStrips*>& grids) {
+const std::vector<StripRun>& StripMerge::Merge(const std::vector<CellStrips*>& grids) {
     m_entries.clear();
     m_runs.clear();
     for (std::size_t g = 0; g < grids.size(); ++g)

@@ -71,7 +71,7 @@ struct StripRun {
 class StripMerge {
 public:
     /// @param grids  arranged for the same view
-    const std::vector<StripRun>& Merge(const std::vector<const CellStrips*>& grids);
+    const std::vector<StripRun>& Merge(const std::vector<CellStrips*>& grids);
 
 private:
     struct Entry {

@@ -109,7 +109,7 @@ unsigned int MotionAccess::DetailFor(CKivoFunctionPlotter& plotter, double milli
     if (!wglGetCurrentContext()) return 0;
     const auto measure = [&](unsigned int pointsPerSide) {
         const double time = DrawingTime(plotter, pointsPerSide);
-        return MeasuredFrame{time, !plotter.m_isFrameReduced};
+        return MeasuredFrame{time, !plotter.m_isFrameReduced && !plotter.m_areLayersReduced};
     };
     const unsigned int detail =
         DetailWithin(milliseconds, std::max(plotter.m_columnCount, plotter.m_rowCount), measure);

@@ -10,6 +10,7 @@
 #include "parts/KivoMeasurePointGroupManager.h"
 #include "parts/TextRenderer.h"
 #include "PictureDrawing.h"
+#include "SurfaceLayers.h"
 #include "PlotType.h"
 #include "window_system/Failure.h"
 #include "window_system/HostContext.h"
@@ -225,6 +226,7 @@ void CKivoFunctionPlotter::ReleaseWhatFollowsFromData() {
     m_curveColors.clear();
     m_curveWidths.clear();
     m_hasTracePoint = 0;
+    SurfaceAccess::ForgetData(*this);
 }
 
 int CKivoFunctionPlotter::Release() {
@@ -533,7 +535,7 @@ int CKivoFunctionPlotter::Renderscene() {
     else
         DrawScene();
     if (SwapBuffers(m_hDC)) {
-        m_isDetailReduced = m_isFrameReduced;
+        m_isDetailReduced = m_isFrameReduced || m_areLayersReduced;
         return frameShown;
     }
     const int error = static_cast<int>(GetLastError());
@@ -566,7 +568,7 @@ void CKivoFunctionPlotter::DrawScene() {
 }
 
 void CKivoFunctionPlotter::ClearFrame() {
-    m_isFrameReduced = false;
+    m_isFrameReduced = m_areLayersReduced = false;
     const float* const ground = m_pictureGround ? m_pictureGround : m_backgroundColor;
     glClearColor(ground[0], ground[1], ground[2], ground[3]);
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
@@ -613,7 +615,9 @@ void CKivoFunctionPlotter::DrawNormalPlot() {
     glEnable(GL_LIGHTING);
     RenderCurves();
     RenderSurface();
+    SurfaceAccess::DrawOpaque(*this);
     RenderMeasurePoints();
+    SurfaceAccess::DrawSeeThrough(*this);
 
     glDisable(GL_LIGHTING);
     glDisable(GL_DEPTH_TEST);

@@ -10,6 +10,7 @@
 #include "parts/KivoGradientColor.h"
 #include "parts/KivoGridBox.h"
 #include "ReducedSurface.h"
+#include "SurfaceLayers.h"
 #include "window_system/WindowSystem.h"
 
 #include <algorithm>
@@ -267,6 +268,7 @@ void CKivoFunctionPlotter::AssignColorData() {
         m_colorArraySize = size;
     }
     m_hasReducedValues = false;
+    SurfaceAccess::ForgetColors(*this);
     for (std::size_t r = 0; r < m_rowCount; ++r)
         m_zGradientColor->EvaluateAll(Grid().At(0, r) + 2, m_columnStride, m_columnCount,
                                       m_colorArray + r * m_columnCount * 4);
@@ -363,6 +365,7 @@ void CKivoFunctionPlotter::RenderSurface() {
     const bool isReduced = m_isFrameReduced && m_reducedSurface;
     // Until the next frame that shows everything the points stay what they were in this one.
     if (!isReduced) m_hasReducedValues = false;
+    if (!SurfaceAccess::IsFirstPlain(*this)) return; // it is drawn with the others
     DrawSurface(isReduced ? m_reducedSurface->Arrays() : WholeSurface());
 }
 

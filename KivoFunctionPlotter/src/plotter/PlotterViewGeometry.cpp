@@ -11,6 +11,7 @@
 #include "parts/KivoGridBox.h"
 #include "parts/TextRenderer.h"
 #include "PlotType.h"
+#include "SurfaceLayers.h"
 #include "window_system/WindowSystem.h"
 
 #include <algorithm>
@@ -644,6 +645,7 @@ void CKivoFunctionPlotter::FindLineOfSight(POINT pt, float* nearPt, float* farPt
 int CKivoFunctionPlotter::Trace(POINT pt) {
     float nearPt[3] = {}, farPt[3] = {};
     FindLineOfSight(pt, nearPt, farPt);
+    if (m_surfaces.layers) return SurfaceAccess::Trace(*this, nearPt, farPt);
     if (!IsIntersectWithBoundingBox(nearPt, farPt)) return 1;
     if (!HasReadablePoints()) return 1;
 

@@ -52,6 +52,17 @@ SurfaceArrays ReducedSurface::Arrays() const {
             m_lines.size()};
 }
 
+CellStrips& ReducedSurface::Strips() {
+    if (!m_hasStrips) {
+        const unsigned int columns = m_grid.columns.Count();
+        const auto floats = static_cast<unsigned int>(m_floatsPerPoint);
+        m_strips =
+            CellStrips({m_points.data(), columns, m_grid.rows.Count(), floats, columns * floats}, m_holes);
+        m_hasStrips = true;
+    }
+    return m_strips;
+}
+
 const std::vector<LevelLines>* ReducedSurface::Contours(int axis, const std::vector<SKivoIsoContour>& whole) {
     FlatContours& contours = m_contours[axis];
     if (contours.AreOf(whole)) return &contours.lines;

@@ -1,6 +1,7 @@
 // The surface as it is drawn while something moves: a copy of some of its points.
 #pragma once
 
+#include "computing/CellStrips.h"
 #include "computing/MarchingSquares.h"
 #include "computing/ReducedGrid.h"
 #include "KivoTypes.h"
@@ -45,6 +46,8 @@ public:
     /// Copies what the arrays hold now. It takes no memory.
     void TakeValues(const SurfaceArrays& whole);
     SurfaceArrays Arrays() const;
+    /// Its cells in order. They are made when they are asked for first, or that throws.
+    CellStrips& Strips();
     /// Contours at the levels of those of the whole surface, flat as they are, through the points that remain
     /// but those around holes. They are traced when they are asked for first.
     /// @param axis  the coordinate: 0 = x, 1 = y, 2 = z
@@ -73,6 +76,8 @@ private:
     std::vector<unsigned int> m_lines;
     std::vector<unsigned char> m_holes; // a cell each; empty without any
     FlatContours m_contours[3];
+    CellStrips m_strips;
+    bool m_hasStrips = false;
 };
 
 } // namespace KivoDrawingTools

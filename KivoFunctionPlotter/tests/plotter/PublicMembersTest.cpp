@@ -40,6 +40,7 @@ std::map<std::string, int> DeclaredFunctions() {
     CountFunctions(Header("KivoPicture.h"), counts);
     CountFunctions(Header("KivoStyle.h"), counts);
     CountFunctions(Header("KivoMotion.h"), counts);
+    CountFunctions(Header("KivoSurfaces.h"), counts);
     return counts;
 }
 

@@ -3,6 +3,7 @@
 #include "KivoMotion.h"
 #include "KivoPicture.h"
 #include "KivoStyle.h"
+#include "KivoSurfaces.h"
 
 #include <algorithm>
 #include <cstring>
@@ -502,11 +503,70 @@ const std::vector<PublicMember> motionFunctions = {
     Member("MotionDetailFor(float)", bracketed, [](P& p, A& a) { MotionDetailFor(p, a.Float(1.0f)); }),
 };
 
+// ---- KivoSurfaces.h
+
+SKivoSurface SomeLooks(A& source) {
+    SKivoSurface looks;
+    looks.isVisible = source.Flag(true);
+    looks.opacity = source.Float(0.5f);
+    looks.isColoredByZ = source.Flag(true);
+    looks.color = source.Color(0x000080FF);
+    looks.frameLineStep[0] = source.Unsigned(1);
+    looks.frameLineStep[1] = source.Unsigned(2);
+    return looks;
+}
+
+// Its number, or what refuses it.
+int AddOver(P& plotter, A& source) {
+    const GridArguments grid = source.GridToRefer();
+    const SKivoSurface looks = SomeLooks(source);
+    return AddSurface(plotter, grid.points, grid.columns, grid.rows, grid.columnStride, grid.rowStride,
+                      grid.components, looks);
+}
+
+// The last few stay.
+int AddOneMore(P& plotter, A& source) {
+    const int number = AddOver(plotter, source);
+    if (number > 3) RemoveSurface(plotter, number - 3);
+    return std::min(number, 0);
+}
+
+int AddAndRemove(P& plotter, A& source) {
+    const int number = AddOver(plotter, source);
+    return number < 0 ? number : RemoveSurface(plotter, source.Int(number));
+}
+
+int GetLooks(P& plotter, A& source) {
+    SKivoSurface looks;
+    return GetSurface(plotter, source.Int(0), &looks);
+}
+
+const std::vector<PublicMember> surfaceFunctions = {
+    Member("AddSurface(grid, looks)", none, AddOneMore).Adds().Refuses(-3),
+    Member("SetSurface(int, looks)", none,
+           [](P& p, A& a) {
+               const int surface = a.Int(0);
+               return SetSurface(p, surface, SomeLooks(a));
+           })
+        .Refuses(-2)
+        .Refuses(-3),
+    Member("GetSurface(int)", none, GetLooks).Refuses(-2),
+    Member("GetSurfaceCount()", none, [](P& p, A&) { GetSurfaceCount(p); }),
+    Member("FitAxesToSurfaces(flag)", bracketed,
+           [](P& p, A& a) {
+               const bool all = a.Flag(true);
+               FitAxesToSurfaces(p, !all);
+               return FitAxesToSurfaces(p, all);
+           }),
+    Member("TracedSurface()", none, [](P& p, A&) { TracedSurface(p); }),
+    Member("RemoveSurface(grid, looks, int)", none, AddAndRemove).Refuses(-2).Refuses(-3),
+};
+
 std::vector<PublicMember> AllMembers() {
     std::vector<PublicMember> all;
     for (const auto* const part :
          {&coreMembers, &viewMembers, &surfaceMembers, &colorMembers, &annotationMembers, &overlayMembers,
-          &pictureFunctions, &styleFunctions, &motionFunctions})
+          &pictureFunctions, &styleFunctions, &motionFunctions, &surfaceFunctions})
         all.insert(all.end(), part->begin(), part->end());
     return all;
 }
