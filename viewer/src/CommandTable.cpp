@@ -60,7 +60,7 @@ void AddViewMenu(Table& table) {
     AddLine(table);
     AddToggles(table, menu, {"x-contours", "y-contours", "z-contours"});
     AddLine(table);
-    AddToggles(table, menu, {"trace"});
+    AddToggles(table, menu, {"trace", "reduce-while-moving"});
     AddLine(table);
     table.push_back({menu,
                      "&Points and curves",

@@ -3,11 +3,13 @@
 #include "Failure.h"
 #include "SettingTable.h"
 
+#include <KivoMotion.h>
 #include <KivoStyle.h>
 #include <KivoWindow.h>
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <iterator>
 #include <limits>
 #include <utility>
@@ -22,6 +24,8 @@ constexpr unsigned int maxFrameLines = 25; // in each direction, so that the col
 constexpr Color curveColors[] = {{255, 0, 0}, {0, 0, 0},     {255, 0, 255},
                                  {0, 96, 0},  {255, 128, 0}, {0, 0, 160}};
 constexpr float curveWidth = 2.0f;
+constexpr unsigned int usualMotionDetail = 150; // points a side while the plot moves
+constexpr unsigned int leastMotionDetail = 120; // with fewer, other things take the time
 constexpr Color lightGround = {255, 253, 233}, darkInk = {0, 0, 0};
 constexpr Color darkGround = {30, 32, 36}, lightInk = {222, 222, 222};
 
@@ -162,6 +166,24 @@ void ViewerPlotter::ForgetShift() {
         m_rotationMatrix[element] = 0.0;
 }
 
+void ViewerPlotter::FollowMove(unsigned int keys, KivoDrawingTools::POINT place) {
+    if (!IsClientPointInViewport(place)) return;
+    const KivoDrawingTools::POINT last = {m_lastMouseX, m_lastMouseY};
+    m_lastMouseX = place.x;
+    m_lastMouseY = place.y;
+    if (!m_mouseButtonDown || (keys & KivoDrawingTools::MK_RBUTTON) == 0) return;
+    if (keys & KivoDrawingTools::MK_CONTROL)
+        Zoom(last, place);
+    else if (keys & KivoDrawingTools::MK_SHIFT)
+        Translate(last, place);
+    else if (m_plotType == 0)
+        Rotate(last, place);
+}
+
+void ViewerPlotter::FollowWheel(int delta, KivoDrawingTools::POINT screen) {
+    if (IsScreenPointInViewport(screen)) Zoom(delta < 0 ? 1.04f : 0.96f);
+}
+
 void ViewerPlotter::ForgetView() {
     const double panX = std::exchange(m_panFractionX, 0.0);
     const double panY = std::exchange(m_panFractionY, 0.0);
@@ -181,6 +203,9 @@ void PlotScene::ShowGrid(const GridData& grid) {
     HandOver(m_plotter, grid);
     m_dataScale = m_plotter.Scale();
     m_curves.clear();
+    m_longestSide = std::max(grid.ColumnCount(), grid.RowCount());
+    m_motionDetail = usualMotionDetail;
+    m_isMotionMeasured = false;
     ReadAutomaticSettings(grid);
     ApplyAll();
 }
@@ -234,6 +259,7 @@ void PlotScene::ApplyAll() {
     ApplyGradients();
     ApplyLegend();
     ApplyTrace();
+    ApplyMotion();
     ApplyAspect();
     ApplyView();
     ApplyAxes();
@@ -291,6 +317,7 @@ void PlotScene::ResetView() {
 }
 
 void PlotScene::Resize(int width, int height) {
+    m_isMotionMeasured = false;
     m_plotter.OnSize(0, width, height);
     KeepScale();
 }
@@ -353,6 +380,23 @@ void PlotScene::ApplyLegend() {
 
 void PlotScene::ApplyTrace() {
     m_plotter.Trace(m_settings.traces);
+}
+
+void PlotScene::ApplyMotion() {
+    SetMotionDetail(m_plotter, m_settings.reducesMotion ? m_motionDetail : 0);
+}
+
+bool PlotScene::NeedsMotionMeasured() const {
+    const bool canReduce = m_settings.mode == 0 && m_longestSide > leastMotionDetail;
+    return !m_isMotionMeasured && m_settings.reducesMotion && canReduce;
+}
+
+void PlotScene::MeasureMotion() {
+    constexpr double milliseconds = 33.0; // for a frame
+    const unsigned int detail = MotionDetailFor(m_plotter, milliseconds);
+    m_motionDetail = detail == 0 ? 0 : std::max(detail, leastMotionDetail);
+    m_isMotionMeasured = true;
+    ApplyMotion();
 }
 
 // ---- Curves and measure points --------------------------------------------------------------------------

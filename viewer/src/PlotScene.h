@@ -31,6 +31,9 @@ class ViewerPlotter : public KivoDrawingTools::CKivoFunctionPlotter {
 public:
     using AxisScale = std::array<double, 3>; ///< lengths of the units of X, Y and Z
 
+    using CKivoFunctionPlotter::IsClientPointInViewport;
+    using CKivoFunctionPlotter::IsScreenPointInViewport;
+
     AxisScale Scale() const;
     /// Gives the axes' units these lengths, and fits the view to the grid box as the plotter has fitted it to
     /// its own. To be called after whatever fits the view: the plotter then scales the axes anew.
@@ -39,6 +42,10 @@ public:
     void ForgetScale();
     /// Puts the plot back to where it stood at first; switching modes keeps the shift.
     void ForgetShift();
+    /// Does what OnMouseMove and OnMouseWheel do to the view, without a frame: for movements that others
+    /// follow before anybody could see it.
+    void FollowMove(unsigned int keys, KivoDrawingTools::POINT place);
+    void FollowWheel(int delta, KivoDrawingTools::POINT screen);
     /// Makes the plot as one that has had no data. The plotter places its lights by the view that is there
     /// when data come: without this the same grid would be lit differently after another one.
     void ForgetView();
@@ -96,6 +103,14 @@ public:
     void ApplyGradients();
     void ApplyLegend();
     void ApplyTrace();
+    void ApplyMotion(); ///< how much is drawn while the plot moves
+
+    /// Whether MeasureMotion has anything to find out: other data or another size came since the last time,
+    /// and the plot is one of which less can be shown.
+    bool NeedsMotionMeasured() const;
+    /// Finds out how many points can be shown while the plot moves and keeps up with the hand, which takes
+    /// up to half a second. Before, a number is taken with which most machines keep up.
+    void MeasureMotion();
 
     /// Adds the points of a file, named by it: as a line in the next of a few colours, or as a measure group.
     void AddPoints(PointSet::Kind kind, const PointFile& file);
@@ -119,6 +134,9 @@ private:
 
     PlotSettings m_settings;
     bool m_isDark = false;
+    std::size_t m_longestSide = 0;                       ///< of the grid, in points
+    unsigned int m_motionDetail = 0;                     ///< points a side while the plot moves, 0: all
+    bool m_isMotionMeasured = false;                     ///< for the present data and size
     PlotSettings m_automatic;                            ///< what holds where nothing is set
     std::optional<ViewerPlotter::AxisScale> m_dataScale; ///< as the data gave it
     std::vector<PointSet> m_curves;                      ///< the plotter does not tell what it has

@@ -33,6 +33,7 @@ struct PlotSettings {
     bool switchesPlanes = true; ///< the grid stands behind the surface from every side
     bool fitsAspect = true;     ///< the box keeps its shape when axis ranges change, not the axes their units
     bool traces = false;        ///< the point under the pointer is shown
+    bool reducesMotion = true;  ///< large grids show fewer points while the plot moves
     std::optional<unsigned> contourCount;
     std::optional<Color> frameLineColor;
     std::optional<Color> background;

@@ -3,8 +3,10 @@
 #include "Failure.h"
 
 #include <KivoHost.h>
+#include <KivoMotion.h>
 #include <KivoStyle.h>
 
+#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QScreen>
@@ -13,7 +15,9 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <new>
 #include <string>
+#include <utility>
 
 namespace KivoViewer {
 
@@ -22,6 +26,14 @@ using KivoDrawingTools::POINT;
 namespace {
 
 constexpr int leastResolution = 24; // of a screen
+
+// Milliseconds. A pause ends a movement; one between two grabs, or two steps of a slow wheel, is longer, and
+// a frame that blocks the hand must not come within it.
+constexpr int pause = 120;
+constexpr int pauseBeforeSlowFrame = 400;
+constexpr double slowFrame = 100.0;
+constexpr double fastFrame = 33.0;
+constexpr int pauseBeforeMeasuring = 500;
 
 unsigned int KeyState(const QSinglePointEvent& event) {
     const Qt::MouseButtons buttons = event.buttons();
@@ -48,9 +60,18 @@ PlotWidget::PlotWidget(QWidget* parent) : QWidget(parent) {
     setContextMenuPolicy(Qt::PreventContextMenu); // the right button turns the plot
     setFocusPolicy(Qt::StrongFocus);
     setMinimumSize(160, 120);
-    m_rest.setSingleShot(true);
-    m_rest.setInterval(120); // milliseconds
-    connect(&m_rest, &QTimer::timeout, this, &PlotWidget::Rest);
+    // Those without a time come after all input that waits.
+    for (QTimer* const timer : {&m_show, &m_rest, &m_complete, &m_measure})
+        timer->setSingleShot(true);
+    m_measure.setInterval(pauseBeforeMeasuring);
+    connect(&m_show, &QTimer::timeout, this, &PlotWidget::ShowWaiting);
+    connect(&m_rest, &QTimer::timeout, this, [this] { m_complete.start(); });
+    connect(&m_complete, &QTimer::timeout, this, [this] {
+        ShowWaiting();
+        if (!m_rest.isActive()) Redraw();
+    });
+    connect(&m_measure, &QTimer::timeout, this,
+            [this] { QTimer::singleShot(0, this, &PlotWidget::Measure); });
 }
 
 PlotWidget::~PlotWidget() {
@@ -69,21 +90,78 @@ void PlotWidget::Attach() {
     connect(windowHandle(), &QWindow::screenChanged, this, &PlotWidget::FollowScreen);
 }
 
+PlotScene& PlotWidget::Scene() {
+    ShowWaiting();
+    return m_scene;
+}
+
 void PlotWidget::Redraw() {
+    for (QTimer* const timer : {&m_rest, &m_complete, &m_measure})
+        timer->stop();
+    KivoDrawingTools::SetWindowSmoothing(m_window, usualSmoothing);
+    m_isPlain = false;
+    QElapsedTimer time;
+    time.start();
     Plotter().OnDraw();
+    m_completeTime = static_cast<double>(time.nsecsElapsed()) / 1e6;
     setMouseTracking(Plotter().IsTracing()); // moves without a button matter to the trace only
+    ReportTrace();
+    if (m_completeTime > fastFrame && m_scene.NeedsMotionMeasured()) m_measure.start();
+}
+
+// ---- The hand -------------------------------------------------------------------------------------------
+
+void PlotWidget::Await(const Movement& movement) {
+    if (m_waiting && ChangesView(*m_waiting) != ChangesView(movement)) ShowWaiting();
+    if (m_waiting && m_waiting->wheelDelta != 0)
+        Plotter().FollowWheel(m_waiting->wheelDelta, m_waiting->place);
+    else if (m_waiting)
+        Plotter().FollowMove(m_waiting->keys, m_waiting->place);
+    m_waiting = movement;
+    m_show.start();
+}
+
+bool PlotWidget::ChangesView(const Movement& movement) {
+    if (movement.wheelDelta != 0) return Plotter().IsScreenPointInViewport(movement.place);
+    return (movement.keys & KivoDrawingTools::MK_RBUTTON) != 0 &&
+           Plotter().IsClientPointInViewport(movement.place);
+}
+
+void PlotWidget::ShowWaiting() {
+    m_show.stop();
+    if (m_waiting) Show(*std::exchange(m_waiting, std::nullopt));
+}
+
+// A movement takes precedence over a complete frame that is due.
+void PlotWidget::Show(const Movement& movement) {
+    const bool changesView = ChangesView(movement);
+    if (changesView) KivoDrawingTools::SetWindowSmoothing(m_window, 1);
+    m_isPlain |= changesView;
+    if (movement.wheelDelta != 0)
+        Plotter().OnMouseWheel(movement.keys, static_cast<short>(movement.wheelDelta), movement.place);
+    else
+        Plotter().OnMouseMove(movement.keys, movement.place);
+    if (changesView) AwaitRest();
     ReportTrace();
 }
 
-void PlotWidget::Move() {
-    KivoDrawingTools::SetWindowSmoothing(m_window, 1);
-    m_rest.start();
+bool PlotWidget::IsCompleteSlow() {
+    return IsDetailReduced(Plotter()) && m_completeTime > slowFrame;
 }
 
-void PlotWidget::Rest() {
-    m_rest.stop();
-    KivoDrawingTools::SetWindowSmoothing(m_window, usualSmoothing);
-    Redraw();
+void PlotWidget::AwaitRest() {
+    m_complete.stop();
+    m_measure.stop();
+    m_rest.start(IsCompleteSlow() ? pauseBeforeSlowFrame : pause);
+}
+
+void PlotWidget::Measure() {
+    if (m_waiting || m_isPlain) return; // after the next complete frame
+    try {
+        m_scene.MeasureMotion();
+    } catch (const std::bad_alloc&) {
+        return; // what was taken before goes on
+    }
 }
 
 void PlotWidget::SetWantedSize(const QSize& size) {
@@ -123,14 +201,17 @@ void PlotWidget::FollowScreen() {
 }
 
 void PlotWidget::resizeEvent(QResizeEvent*) {
-    m_scene.Resize(ToDevice(width()), ToDevice(height()));
+    Scene().Resize(ToDevice(width()), ToDevice(height()));
 }
 
 void PlotWidget::mousePressEvent(QMouseEvent* event) {
+    ShowWaiting();
     if (event->button() == Qt::LeftButton)
         Plotter().OnLButtonDown(KeyState(*event), ToDevice(event->position()));
     if (event->button() == Qt::RightButton)
         Plotter().OnRButtonDown(KeyState(*event), ToDevice(event->position()));
+    m_measure.stop(); // a movement may follow
+    if (m_isPlain && IsCompleteSlow()) AwaitRest();
 }
 
 // The second press of a quick pair begins a drag like any other.
@@ -139,25 +220,27 @@ void PlotWidget::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void PlotWidget::mouseReleaseEvent(QMouseEvent* event) {
+    ShowWaiting();
     if (event->button() == Qt::LeftButton)
         Plotter().OnLButtonUp(KeyState(*event), ToDevice(event->position()));
     if (event->button() == Qt::RightButton)
         Plotter().OnRButtonUp(KeyState(*event), ToDevice(event->position()));
-    if (m_rest.isActive()) Rest();
+    if (!m_isPlain) return;
+    if (IsCompleteSlow())
+        AwaitRest();
+    else
+        Redraw();
 }
 
 void PlotWidget::mouseMoveEvent(QMouseEvent* event) {
-    if (event->buttons() & Qt::RightButton) Move();
-    Plotter().OnMouseMove(KeyState(*event), ToDevice(event->position()));
-    ReportTrace();
+    Await({KeyState(*event), ToDevice(event->position()), 0});
 }
 
 // Wheels and touchpads of a high resolution turn a step in many small events, fast ones several in one.
 void PlotWidget::wheelEvent(QWheelEvent* event) {
     const int steps = KivoDrawingTools::WheelSteps(m_wheelRemainder, event->angleDelta().y());
-    if (steps != 0) Move();
     for (int i = 0; i < std::abs(steps); ++i)
-        Plotter().OnMouseWheel(KeyState(*event), steps > 0 ? 120 : -120, ToScreen(event->globalPosition()));
+        Await({KeyState(*event), ToScreen(event->globalPosition()), steps > 0 ? 120 : -120});
 }
 
 int PlotWidget::ToDevice(double length) const {

@@ -10,6 +10,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 
 namespace KivoViewer {
 
@@ -22,8 +23,8 @@ public:
 
     /// Binds the plotter to this widget's window. Throws a Failure.
     void Attach();
-    /// What is shown; Redraw() shows changes of it.
-    PlotScene& Scene() { return m_scene; }
+    /// What is shown, after all input that came before; Redraw() shows changes of it.
+    PlotScene& Scene();
     void Redraw();
     /// Called with the traced point after each move of the pointer, with null where there is none.
     std::function<void(const float*)> onTrace;
@@ -47,22 +48,42 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
+    /// A move of the pointer, or a turn of the wheel.
+    struct Movement {
+        unsigned int keys;
+        KivoDrawingTools::POINT place; ///< of the wheel: on the screen
+        int wheelDelta;                ///< of one step; 0 for a move
+    };
+
     int ToDevice(double length) const;
     KivoDrawingTools::POINT ToDevice(const QPointF& position) const;
     KivoDrawingTools::POINT ToScreen(const QPointF& globalPosition) const;
 
     ViewerPlotter& Plotter() { return m_scene.Plotter(); }
     void FollowScreen();
-    /// Draws plain frames until the plot has rested for a moment: those keep up with the hand.
-    void Move();
-    void Rest();
+    /// Shows a movement after all input that waits: one frame shows the movements that follow each other.
+    void Await(const Movement& movement);
+    bool ChangesView(const Movement& movement);
+    void ShowWaiting();
+    void Show(const Movement& movement);
+    /// Whether the next complete frame keeps the hand from what it does.
+    bool IsCompleteSlow();
+    /// Has a complete, smooth frame drawn when the hand has rested for a moment.
+    void AwaitRest();
+    void Measure();
     void ReportTrace();
 
     PlotScene m_scene;
     QSize m_wantedSize;
     KivoDrawingTools::HWND m_window = nullptr;
-    QTimer m_rest;            ///< runs while frames are plain
-    int m_wheelRemainder = 0; ///< turned since the last step, in eighths of a degree
+    std::optional<Movement> m_waiting;
+    QTimer m_show;               ///< runs while a movement waits
+    QTimer m_rest;               ///< runs while the hand moves
+    QTimer m_complete;           ///< runs when it has rested, while input waits
+    QTimer m_measure;            ///< runs before the plot is measured
+    bool m_isPlain = false;      ///< frames are plain, and show less: a complete one is due
+    double m_completeTime = 0.0; ///< that the last complete frame took, in milliseconds
+    int m_wheelRemainder = 0;    ///< turned since the last step, in eighths of a degree
 };
 
 } // namespace KivoViewer

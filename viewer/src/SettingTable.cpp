@@ -135,6 +135,14 @@ void AddView(Table& table) {
                      &PlotScene::ApplyTrace};
     trace.key = "T";
     table.push_back(trace);
+    Setting reduce = {"View",
+                      "reduce-while-moving",
+                      "Reduce while moving",
+                      "Fewer points of large grids while the plot moves, so that it keeps up with the hand",
+                      SettingField(&Plot::reducesMotion),
+                      &PlotScene::ApplyMotion};
+    reduce.key = "R";
+    table.push_back(reduce);
     table.push_back({"View", "point-size", "Point size", "Radius of measure points in pixels",
                      SettingField(&Plot::pointSize), &PlotScene::ApplySwitches, false, 1, maxPointSize});
 }

@@ -9,6 +9,7 @@
 #include "support/PlotterProbe.h"
 #include "ViewerData.h"
 
+#include <KivoMotion.h>
 #include <KivoStyle.h>
 #include <KivoWindow.h>
 
@@ -248,6 +249,7 @@ TEST(ViewerManualPageTest, TellsOptionsKeysAndMouse) {
 TEST_F(ViewerSceneTest, ShowsEverySetting) {
     for (const Setting& setting : AllSettings()) {
         SCOPED_TRACE(setting.name);
+        if (setting.name == "reduce-while-moving") continue; // pictures show everything
         m_scene.Settings() = PlotSettings();
         m_scene.ShowGrid(Hill());
         Prepare(setting.name);
@@ -259,6 +261,104 @@ TEST_F(ViewerSceneTest, ShowsEverySetting) {
         EXPECT_EQ(TextOf(setting, m_scene.Effective()), UnusualText(setting));
         Unset(setting.name);
         EXPECT_EQ(Compare(before, Draw()).max, 0) << "not as before";
+    }
+}
+
+TEST_F(ViewerSceneTest, ShowsLessWhileALargePlotMoves) {
+    GridData large;
+    for (int i = 0; i < 400; ++i) {
+        large.x.push_back(static_cast<float>(i));
+        large.y.push_back(static_cast<float>(i));
+    }
+    for (const float y : large.y)
+        for (const float x : large.x)
+            large.z.push_back(x * y);
+    const auto isReducedByAMove = [this] {
+        m_scene.Plotter().OnRButtonDown(KivoDrawingTools::MK_RBUTTON, {100, 100});
+        m_scene.Plotter().OnMouseMove(KivoDrawingTools::MK_RBUTTON, {101, 100});
+        const bool isReduced = IsDetailReduced(m_scene.Plotter());
+        const Image moving = Draw();
+        m_scene.Plotter().OnRButtonUp(0, {101, 100});
+        m_scene.Plotter().OnDraw();
+        EXPECT_FALSE(IsDetailReduced(m_scene.Plotter()));
+        EXPECT_EQ(Compare(moving, Draw()).max, 0) << "a picture while the plot moves";
+        return isReduced;
+    };
+    EXPECT_FALSE(isReducedByAMove()) << "the hill is small";
+    EXPECT_FALSE(m_scene.NeedsMotionMeasured());
+    m_scene.ShowGrid(large);
+    EXPECT_TRUE(isReducedByAMove());
+    Set("reduce-while-moving", "off");
+    EXPECT_FALSE(isReducedByAMove());
+    EXPECT_FALSE(m_scene.NeedsMotionMeasured());
+    Set("reduce-while-moving", "on");
+    EXPECT_TRUE(isReducedByAMove());
+}
+
+// For each data set and each size, and where there is a surface.
+TEST_F(ViewerSceneTest, MeasuresHowMuchToShowOfAMovingPlot) {
+    GridData wide = Hill();
+    wide.x.clear();
+    wide.z.clear();
+    for (int i = 0; i < 300; ++i)
+        wide.x.push_back(static_cast<float>(i));
+    wide.z.resize(wide.x.size() * wide.y.size(), 1.0f);
+    wide.z.back() = 2.0f;
+    m_scene.ShowGrid(wide);
+    EXPECT_TRUE(m_scene.NeedsMotionMeasured());
+    m_scene.Settings().mode = 1;
+    EXPECT_FALSE(m_scene.NeedsMotionMeasured());
+    m_scene.Settings().mode = 0;
+    const Image before = Draw();
+    m_scene.MeasureMotion();
+    EXPECT_EQ(Compare(before, Draw()).max, 0);
+    EXPECT_FALSE(m_scene.NeedsMotionMeasured());
+    m_scene.Resize(400, 360);
+    EXPECT_TRUE(m_scene.NeedsMotionMeasured());
+    m_scene.MeasureMotion();
+    m_scene.ShowGrid(wide);
+    EXPECT_TRUE(m_scene.NeedsMotionMeasured());
+}
+
+// Movements without frames of their own lead where those with frames lead, exactly.
+TEST_F(ViewerSceneTest, FollowsTheMouseWithoutFrames) {
+    using KivoDrawingTools::POINT;
+    constexpr unsigned int button = KivoDrawingTools::MK_RBUTTON;
+    constexpr unsigned int keys[] = {button,
+                                     button | KivoDrawingTools::MK_SHIFT,
+                                     button | KivoDrawingTools::MK_CONTROL,
+                                     button | KivoDrawingTools::MK_SHIFT | KivoDrawingTools::MK_CONTROL,
+                                     0,
+                                     button};
+    constexpr POINT outside = {470, 150}; // in the legend
+    for (const int mode : {0, 1}) {
+        Image pictures[2];
+        for (const bool isFollowing : {false, true}) {
+            m_scene.Settings().mode = mode;
+            m_scene.ResetView();
+            ViewerPlotter& plotter = m_scene.Plotter();
+            const auto move = [&](unsigned int state, POINT place) {
+                isFollowing ? plotter.FollowMove(state, place) : plotter.OnMouseMove(state, place);
+            };
+            const auto turn = [&](int delta, POINT place) {
+                isFollowing ? plotter.FollowWheel(delta, place)
+                            : plotter.OnMouseWheel(0, static_cast<short>(delta), place);
+            };
+            move(button, {90, 90}); // no drag yet
+            plotter.OnRButtonDown(button, {100, 100});
+            POINT place = {100, 100};
+            for (const unsigned int state : keys)
+                for (int i = 0; i < 4; ++i) {
+                    place = {place.x + 5 + i, place.y + 3};
+                    move(state, i == 2 ? outside : place);
+                }
+            plotter.OnRButtonUp(0, place);
+            for (const int delta : {120, 120, 120, -120})
+                turn(delta, place);
+            turn(120, outside);
+            pictures[isFollowing] = Draw();
+        }
+        EXPECT_EQ(Compare(pictures[0], pictures[1]).max, 0) << "mode " << mode;
     }
 }
 

@@ -1,0 +1,277 @@
+// The viewer's window keeps up with the hand: fewer points while the plot moves, one frame for all that
+// waits, and complete frames that do not stand in its way.
+#include "Content.h"
+#include "Options.h"
+#include "Picture.h"
+#include "PlotScene.h"
+#include "support/Image.h"
+#include "support/Pause.h"
+#include "ViewerWindow.h"
+
+#include <KivoHost.h>
+#include <KivoWindow.h>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+using namespace KivoTest;
+using KivoDrawingTools::Compare;
+using KivoDrawingTools::MK_RBUTTON;
+using KivoDrawingTools::POINT;
+
+namespace {
+
+const std::string size = std::to_string(plotWidth) + "x" + std::to_string(plotHeight);
+
+// 600 x 600 points, every fourth of every fourth row a hole. Of every second point or fewer no cell is left:
+// each has a hole in it. Where all are drawn, three of four cells are.
+const std::vector<std::string> sieve = {
+    "--size",
+    size,
+    "--function",
+    "((x+2)/4 == rint((x+2)/4)) && ((y+2)/4 == rint((y+2)/4)) ? 0/0 : sin(x/50)*cos(y/50)",
+    "--x",
+    "0:599:600",
+    "--y",
+    "0:599:600",
+    "--no-frame-lines"};
+
+class ViewerWindowMotionTest : public ViewerWindow {
+protected:
+    static int SurfaceOf(const Image& image) {
+        int count = 0;
+        for (int y = 0; y < image.height; ++y)
+            for (int x = 0; x < image.width * 8 / 10; ++x) // the legend is on the right
+                count += IsColorful(image.Pixel(x, y));
+        return count;
+    }
+
+    bool ShowsAll() const { return SurfaceOf(Grab()) > SurfaceOf(m_start) / 2; }
+
+    // Moves the pointer to and fro until fewer points are seen.
+    bool ShakeUntilReduced() {
+        return WaitFor([this] {
+            desktop->MovePointer(MiddleX() + ++m_step % 2, MiddleY());
+            return !ShowsAll();
+        });
+    }
+
+    int MiddleX() const { return m_plotArea.x + plotWidth / 2; }
+    int MiddleY() const { return m_plotArea.y + plotHeight / 2; }
+    void MoveTo(const POINT& place) { desktop->MovePointer(m_plotArea.x + place.x, m_plotArea.y + place.y); }
+
+    int m_step = 0;
+};
+
+TEST_F(ViewerWindowMotionTest, DrawsFewerPointsUntilTheHandRests) {
+    Start(sieve);
+    MoveBy(0, 0);
+    desktop->Button(rightButton, true);
+    EXPECT_TRUE(ShakeUntilReduced());
+    Keep(Grab(), "reduced");
+    EXPECT_TRUE(WaitFor([this] { return ShowsAll(); })) << "nothing complete where the hand rests";
+    EXPECT_TRUE(ShakeUntilReduced());
+    desktop->Button(rightButton, false);
+    EXPECT_TRUE(WaitFor([this] { return ShowsAll(); })) << "nothing complete after the release";
+    EXPECT_TRUE(WaitFor([this] {
+        desktop->Click(++m_step % 2 ? wheelUp : wheelDown);
+        return !ShowsAll();
+    })) << "all points while the wheel turns";
+    EXPECT_TRUE(WaitFor([this] { return ShowsAll(); })) << "nothing complete after the wheel";
+    ExpectStart(After(
+        "reset", [] { Press('0'); }, 0.0));
+}
+
+TEST_F(ViewerWindowMotionTest, DrawsAllPointsWhereWanted) {
+    const FrameCount count;
+    Start(sieve, count.For());
+    Press('r');
+    MoveBy(0, 0);
+    desktop->Button(rightButton, true);
+    const int before = count.Frames();
+    EXPECT_TRUE(WaitFor([&] {
+        desktop->MovePointer(MiddleX() + ++m_step % 2, MiddleY());
+        EXPECT_TRUE(ShowsAll());
+        return count.Frames() > before + 5;
+    }));
+    desktop->Button(rightButton, false);
+    Press('r');
+    desktop->Button(rightButton, true);
+    EXPECT_TRUE(ShakeUntilReduced());
+    desktop->Button(rightButton, false);
+}
+
+// ---- What waits -----------------------------------------------------------------------------------------
+
+// What the viewer shows of the sample terrain, drawn off-screen.
+class ExpectedScene {
+public:
+    ExpectedScene() : m_window(KivoDrawingTools::CreateOffscreenWindow(plotWidth, plotHeight)) {
+        EXPECT_EQ(m_scene.Plotter().OnCreate(m_window, plotWidth, plotHeight, true), 0);
+        KivoViewer::Options options;
+        options.file = KIVO_SAMPLE_TERRAIN;
+        ShowContent(m_scene, LoadContent(options, nullptr), options);
+    }
+    ~ExpectedScene() {
+        m_scene.Plotter().OnDestroy();
+        KivoDrawingTools::ReleaseWindow(m_window);
+    }
+    ExpectedScene(const ExpectedScene&) = delete;
+    ExpectedScene& operator=(const ExpectedScene&) = delete;
+
+    KivoViewer::ViewerPlotter& Plotter() { return m_scene.Plotter(); }
+
+    Image Picture() {
+        KivoViewer::PictureFormat format;
+        format.width = plotWidth;
+        format.height = plotHeight;
+        Image image(plotWidth, plotHeight);
+        image.rgba = CaptureScene(m_scene, format);
+        return image;
+    }
+
+private:
+    KivoDrawingTools::HWND m_window;
+    KivoViewer::PlotScene m_scene;
+};
+
+class ViewerWindowWaitingInputTest : public ViewerWindowMotionTest {
+protected:
+    void SetUp() override {
+        ViewerWindowMotionTest::SetUp();
+        if (!IsSkipped()) Start({"--size", size, KIVO_SAMPLE_TERRAIN}, m_count.For());
+    }
+
+    void ExpectShown(const std::string& step) {
+        const Image expected = m_expected.Picture();
+        Image shown;
+        const bool isShown = WaitFor([&] {
+            shown = Grab();
+            return Compare(shown, expected).mean < 0.5;
+        });
+        Keep(shown, step);
+        if (isShown) return;
+        Keep(expected, step + "-expected");
+        ADD_FAILURE() << step << ": mean difference " << Compare(shown, expected).mean;
+    }
+
+    void Move(const POINT& place, unsigned int keys) {
+        MoveTo(place);
+        m_expected.Plotter().OnMouseMove(keys, place);
+    }
+    void Press(const POINT& place) {
+        desktop->Button(rightButton, true);
+        m_expected.Plotter().OnRButtonDown(MK_RBUTTON, place);
+    }
+    void Release(const POINT& place) {
+        desktop->Button(rightButton, false);
+        m_expected.Plotter().OnRButtonUp(0, place);
+    }
+
+    FrameCount m_count;
+    ExpectedScene m_expected;
+};
+
+TEST_F(ViewerWindowWaitingInputTest, ShowsMovesByOneFrame) {
+    constexpr int moves = 60;
+    ExpectShown("start");
+    Move({300, 200}, 0);
+    Press({300, 200});
+    Settle();
+    const int before = m_count.Frames();
+    {
+        const Pause pause(*m_viewer, *desktop);
+        for (int i = 1; i <= moves; ++i)
+            Move({300 + 3 * i, 200 + i}, MK_RBUTTON);
+    }
+    ExpectShown("moved");
+    const int frames = m_count.Frames() - before;
+    EXPECT_GE(frames, 1);
+    EXPECT_LE(frames, moves / 6) << "one is due, and one at rest; they need not all come at once";
+    Release({300 + 3 * moves, 200 + moves});
+    ExpectShown("released");
+}
+
+TEST_F(ViewerWindowWaitingInputTest, ShowsStepsOfTheWheelByOneFrame) {
+    constexpr int steps = 24; // each way
+    Move({300, 200}, 0);
+    Settle();
+    const int before = m_count.Frames();
+    {
+        const Pause pause(*m_viewer, *desktop);
+        for (int i = 0; i < 2 * steps; ++i)
+            desktop->Click(i < steps ? wheelUp : wheelDown); // not what none at all comes to
+    }
+    for (int i = 0; i < 2 * steps; ++i) {
+        const POINT screen = {300, 200}; // an off-screen window is its own
+        m_expected.Plotter().OnMouseWheel(0, i < steps ? 120 : -120, screen);
+    }
+    ExpectShown("zoomed");
+    const int frames = m_count.Frames() - before;
+    EXPECT_GE(frames, 1);
+    EXPECT_LE(frames, steps / 2) << "one is due, and one at rest; they need not all come at once";
+}
+
+// Each drag ends where the button went up, and begins where it went down; Shift counts from when it is down.
+TEST_F(ViewerWindowWaitingInputTest, KeepsItsOrder) {
+    Move({300, 200}, 0);
+    Settle();
+    {
+        const Pause pause(*m_viewer, *desktop);
+        for (const unsigned int key : {0U, KivoDrawingTools::MK_SHIFT}) {
+            Press({300, 200});
+            for (int i = 1; i <= 5; ++i)
+                Move({300 + 20 * i, 200 + 6 * i}, MK_RBUTTON);
+            if (key) desktop->Key(shiftKey, true);
+            for (int i = 4; i >= 3; --i)
+                Move({300 + 20 * i, 200 + 6 * i}, MK_RBUTTON | key);
+            Release({360, 218});
+            if (key) desktop->Key(shiftKey, false);
+            for (int i = 2; i >= 0; --i)
+                Move({300 + 20 * i, 200 + 6 * i}, 0);
+        }
+    }
+    ExpectShown("dragged");
+}
+
+// The view that a key asks for comes after the moves before it, and undoes them.
+TEST_F(ViewerWindowWaitingInputTest, ComesBeforeAKeyAfterIt) {
+    Settle();
+    {
+        const Pause pause(*m_viewer, *desktop);
+        MoveTo({300, 200});
+        desktop->Button(rightButton, true);
+        for (int i = 1; i <= 5; ++i)
+            MoveTo({300 + 20 * i, 200 + 6 * i});
+        ViewerWindow::Press('0');
+    }
+    Settle();
+    desktop->Button(rightButton, false);
+    WaitFor([this] { return Settled().rgba == m_start.rgba; });
+    ExpectStart(Settled());
+}
+
+// Frames that take so long that a hand would wait for them come when it rests, and not at each release.
+TEST_F(ViewerWindowMotionTest, PutsSlowFramesOffUntilTheHandRests) {
+    const FrameCount count;
+    Start(sieve, count.For(200));
+    MoveBy(0, 0);
+    Settle();
+    constexpr int grabs = 6;
+    const int before = count.Frames();
+    {
+        const Pause pause(*m_viewer, *desktop);
+        for (int i = 1; i <= grabs; ++i) {
+            desktop->Button(rightButton, true);
+            desktop->MovePointer(MiddleX() + 10 * (i % 2), MiddleY());
+            desktop->Button(rightButton, false);
+        }
+    }
+    EXPECT_TRUE(WaitFor([&] { return count.Frames() >= before + grabs && ShowsAll(); }));
+    EXPECT_LE(count.Frames() - before, grabs + 2) << "a complete frame between two grabs";
+}
+
+} // namespace
