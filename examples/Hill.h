@@ -9,6 +9,11 @@ using KivoSamples::hillColumns;
 using KivoSamples::HillPoints; // three floats x, y, z a point, row by row
 using KivoSamples::hillRows;
 
+/// While the plot moves, so many points a side are drawn at most, so that a grid of millions keeps up with
+/// the hand; after a rest of so many milliseconds, all.
+constexpr unsigned int movingPoints = 150;
+constexpr int restTime = 120;
+
 constexpr char hillTitle[] = "sin(x) cos(y)";
 constexpr char hillHelp[] = "Drag with the right button; keys 0 to 3 choose the plot, H hides it.";
 

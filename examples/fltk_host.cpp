@@ -5,6 +5,7 @@
 #include "Hill.h"
 
 #include <KivoHost.h>
+#include <KivoMotion.h>
 #include <KivoWindow.h>
 
 #include <FL/Fl.H>
@@ -24,7 +25,10 @@ constexpr int helpHeight = 25;
 // FLTK 1.3 counts in pixels on every X11 screen, so that there is no scale factor.
 class PlotWindow : public Fl_Window {
 public:
-    PlotWindow(int left, int top, int width, int height) : Fl_Window(left, top, width, height) { end(); }
+    PlotWindow(int left, int top, int width, int height) : Fl_Window(left, top, width, height) {
+        end();
+        SetMotionDetail(m_plotter, movingPoints);
+    }
     ~PlotWindow() override { Detach(); }
 
     // [docs: attach]
@@ -74,12 +78,15 @@ public:
             return 1;
         case FL_RELEASE:
             if (isLeft) m_plotter.OnLButtonUp(State() & ~MK_LBUTTON, client);
+            // FLTK leaves out moves that wait for the release: the drag ends where the button went up.
+            if (isRight) m_plotter.OnMouseMove(State() | MK_RBUTTON, client);
             if (isRight) m_plotter.OnRButtonUp(State() & ~MK_RBUTTON, client);
+            if (IsReduced()) redraw();
             return 1;
         case FL_ENTER: // who takes this is told of moves
             return 1;
         case FL_MOVE:
-        case FL_DRAG:
+        case FL_DRAG: // one of moves that wait
             m_plotter.OnMouseMove(State(), client);
             return 1;
         case FL_MOUSEWHEEL:
@@ -90,6 +97,8 @@ public:
             return Fl_Window::handle(event);
         }
     }
+
+    bool IsReduced() const { return IsDetailReduced(m_plotter); }
 
     static unsigned int State() {
         return KeyState(Fl::event_button1() != 0, Fl::event_button2() != 0, Fl::event_button3() != 0,
@@ -127,6 +136,8 @@ public:
         return event == FL_KEYDOWN || event == FL_FOCUS || Fl_Window::handle(event);
     }
 
+    PlotWindow& Plot() { return *m_plot; }
+
 private:
     PlotWindow* m_plot;
 };
@@ -144,5 +155,9 @@ int main() {
     fl_open_display();
     HostWindow window;
     window.show();
-    return Fl::run();
+    while (window.shown()) {
+        const double longest = window.Plot().IsReduced() ? restTime / 1000.0 : 1e20;
+        if (Fl::wait(longest) == 0 && window.Plot().IsReduced()) window.Plot().redraw(); // the hand rests
+    }
+    return 0;
 }

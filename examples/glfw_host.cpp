@@ -4,6 +4,7 @@
 #include "Hill.h"
 
 #include <KivoHost.h>
+#include <KivoMotion.h>
 #include <KivoWindow.h>
 
 #define GLFW_EXPOSE_NATIVE_X11
@@ -21,8 +22,10 @@ namespace {
 struct Plot {
     CKivoFunctionPlotter plotter;
     std::vector<float> points = HillPoints();
-    POINT pointer = {}; // where the last event saw it; glfwGetCursorPos says where it is by now
-    int wheel = 0;      // turned beyond whole steps
+    POINT pointer = {};    // where the last event saw it; glfwGetCursorPos says where it is by now
+    int wheel = 0;         // turned beyond whole steps
+    bool hasMoved = false; // a move waits to be shown
+    unsigned int moveState = 0;
 };
 
 Plot& PlotOf(GLFWwindow* window) {
@@ -60,8 +63,35 @@ void OnRefresh(GLFWwindow* window) {
     PlotOf(window).plotter.OnDraw();
 }
 
+// [docs: motion]
+// GLFW reports each move. They are shown at once when all events that wait have come, or anything else comes
+// after them.
+void ShowMoves(Plot& plot) {
+    if (plot.hasMoved) plot.plotter.OnMouseMove(plot.moveState, plot.pointer);
+    plot.hasMoved = false;
+}
+
+void OnMove(GLFWwindow* window, double x, double y) {
+    Plot& plot = PlotOf(window);
+    if (plot.moveState != State(window)) ShowMoves(plot);
+    plot.moveState = State(window);
+    plot.pointer = ToPixels(x, y, Scale(window));
+    plot.hasMoved = true;
+}
+
+// At most until the hand has rested: then the plot is drawn whole.
+void WaitForEvents(Plot& plot) {
+    const double begin = glfwGetTime();
+    IsDetailReduced(plot.plotter) ? glfwWaitEventsTimeout(restTime / 1000.0) : glfwWaitEvents();
+    const bool rests = !plot.hasMoved && glfwGetTime() - begin >= restTime / 1000.0;
+    ShowMoves(plot);
+    if (rests && IsDetailReduced(plot.plotter)) plot.plotter.OnDraw();
+}
+// [docs: end]
+
 // The window keeps the pointer while a button is down.
 void OnButton(GLFWwindow* window, int button, int action, int) {
+    ShowMoves(PlotOf(window));
     CKivoFunctionPlotter& plotter = PlotOf(window).plotter;
     const POINT client = PlotOf(window).pointer;
     const bool isPress = action == GLFW_PRESS;
@@ -71,15 +101,12 @@ void OnButton(GLFWwindow* window, int button, int action, int) {
     if (isLeft && !isPress) plotter.OnLButtonUp(State(window), client);
     if (isRight && isPress) plotter.OnRButtonDown(State(window), client);
     if (isRight && !isPress) plotter.OnRButtonUp(State(window), client);
-}
-
-void OnMove(GLFWwindow* window, double x, double y) {
-    PlotOf(window).pointer = ToPixels(x, y, Scale(window));
-    PlotOf(window).plotter.OnMouseMove(State(window), PlotOf(window).pointer);
+    if (isRight && !isPress && IsDetailReduced(plotter)) plotter.OnDraw();
 }
 
 // Touchpads turn parts of a step in one event, fast wheels several.
 void OnScroll(GLFWwindow* window, double, double offset) {
+    ShowMoves(PlotOf(window));
     const POINT client = PlotOf(window).pointer;
     int left = 0, top = 0;
     glfwGetWindowPos(window, &left, &top);
@@ -90,6 +117,7 @@ void OnScroll(GLFWwindow* window, double, double offset) {
 }
 
 void OnKey(GLFWwindow* window, int key, int, int action, int) {
+    ShowMoves(PlotOf(window));
     // A key's constant is the ASCII code of its character.
     if (action == GLFW_PRESS && ChoosePlot(PlotOf(window).plotter, key)) PlotOf(window).plotter.OnDraw();
 }
@@ -115,6 +143,7 @@ int main() {
         return 1;
     }
     plot.plotter.SetDataReference(plot.points.data(), hillColumns, hillRows, 1, hillColumns, 3);
+    SetMotionDetail(plot.plotter, movingPoints);
     // [docs: end]
 
     glfwSetWindowUserPointer(window, &plot);
@@ -126,7 +155,7 @@ int main() {
     glfwSetKeyCallback(window, OnKey);
     plot.plotter.OnDraw();
     while (!glfwWindowShouldClose(window))
-        glfwWaitEvents();
+        WaitForEvents(plot);
 
     plot.plotter.OnDestroy();
     ReleaseWindow(handle);

@@ -5,6 +5,7 @@
 #include "Hill.h"
 
 #include <KivoHost.h>
+#include <KivoMotion.h>
 #include <KivoWindow.h>
 
 #include <gdk/gdkx.h>
@@ -18,10 +19,12 @@ using namespace KivoDrawingTools;
 namespace {
 
 struct Plot {
+    GtkWidget* area = nullptr;
     HWND window = nullptr;
     CKivoFunctionPlotter plotter;
     std::vector<float> points = HillPoints();
     POINT size = {};
+    guint rest = 0; // the timer that runs from the last movement on
 };
 
 POINT SizeOf(GtkWidget* area) {
@@ -38,6 +41,7 @@ void OnRealize(GtkWidget* area, Plot* plot) {
         std::exit(1);
     }
     plot->plotter.SetDataReference(plot->points.data(), hillColumns, hillRows, 1, hillColumns, 3);
+    SetMotionDetail(plot->plotter, movingPoints);
 }
 
 void OnUnrealize(GtkWidget*, Plot* plot) {
@@ -65,6 +69,27 @@ unsigned int State(guint state) {
                     state & GDK_SHIFT_MASK, state & GDK_CONTROL_MASK);
 }
 
+gboolean DrawWhole(gpointer data) {
+    auto* const plot = static_cast<Plot*>(data);
+    plot->rest = 0;
+    if (IsDetailReduced(plot->plotter)) gtk_widget_queue_draw(plot->area);
+    return G_SOURCE_REMOVE;
+}
+
+// To be called with each movement.
+void AwaitRest(Plot* plot) {
+    if (plot->rest != 0) g_source_remove(plot->rest);
+    plot->rest = g_timeout_add(restTime, DrawWhole, plot);
+}
+
+// GTK makes one of the moves that come within a frame of the screen.
+gboolean OnMotion(GtkWidget* area, GdkEventMotion* event, Plot* plot) {
+    const POINT client = ToPixels(event->x, event->y, gtk_widget_get_scale_factor(area));
+    plot->plotter.OnMouseMove(State(event->state), client);
+    AwaitRest(plot);
+    return TRUE;
+}
+
 // GTK grabs the pointer for the area while a button is down. Double clicks come on top of their presses.
 gboolean OnButton(GtkWidget* area, GdkEventButton* event, Plot* plot) {
     const POINT client = ToPixels(event->x, event->y, gtk_widget_get_scale_factor(area));
@@ -75,12 +100,7 @@ gboolean OnButton(GtkWidget* area, GdkEventButton* event, Plot* plot) {
     if (event->button == 1 && isRelease) plot->plotter.OnLButtonUp(state & ~MK_LBUTTON, client);
     if (event->button == 3 && isPress) plot->plotter.OnRButtonDown(state | MK_RBUTTON, client);
     if (event->button == 3 && isRelease) plot->plotter.OnRButtonUp(state & ~MK_RBUTTON, client);
-    return TRUE;
-}
-
-gboolean OnMotion(GtkWidget* area, GdkEventMotion* event, Plot* plot) {
-    const POINT client = ToPixels(event->x, event->y, gtk_widget_get_scale_factor(area));
-    plot->plotter.OnMouseMove(State(event->state), client);
+    if (IsDetailReduced(plot->plotter) && isRelease) gtk_widget_queue_draw(area);
     return TRUE;
 }
 
@@ -89,6 +109,7 @@ gboolean OnScroll(GtkWidget* area, GdkEventScroll* event, Plot* plot) {
     const POINT screen = ToPixels(event->x_root, event->y_root, gtk_widget_get_scale_factor(area));
     if (event->direction == GDK_SCROLL_UP) plot->plotter.OnMouseWheel(State(event->state), 120, screen);
     if (event->direction == GDK_SCROLL_DOWN) plot->plotter.OnMouseWheel(State(event->state), -120, screen);
+    AwaitRest(plot);
     return TRUE;
 }
 
@@ -110,6 +131,7 @@ GtkWidget* MakeArea(Plot& plot) {
     g_signal_connect(area, "motion-notify-event", G_CALLBACK(OnMotion), &plot);
     g_signal_connect(area, "scroll-event", G_CALLBACK(OnScroll), &plot);
     g_object_set_data(G_OBJECT(area), "plot", &plot);
+    plot.area = area;
     return area;
 }
 

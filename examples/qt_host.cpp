@@ -5,9 +5,11 @@
 #include "Hill.h"
 
 #include <KivoHost.h>
+#include <KivoMotion.h>
 #include <KivoWindow.h>
 
 #include <QApplication>
+#include <QBasicTimer>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QScreen>
@@ -32,6 +34,7 @@ public:
         setContextMenuPolicy(Qt::PreventContextMenu); // the right button turns the plot
         setMouseTracking(true);                       // moves without a button are for the trace
         setFocusPolicy(Qt::StrongFocus);
+        SetMotionDetail(m_plotter, movingPoints);
     }
     ~PlotWidget() override { Detach(); }
 
@@ -78,16 +81,32 @@ protected:
         if (event->button() == Qt::RightButton) m_plotter.OnRButtonDown(State(*event), Client(*event));
     }
     void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }
+    // [docs: motion]
+    // On X11 Qt makes one of moves that wait, and leaves out those before a release where others follow: the
+    // drag ends where the button went up.
     void mouseReleaseEvent(QMouseEvent* event) override {
         if (event->button() == Qt::LeftButton) m_plotter.OnLButtonUp(State(*event), Client(*event));
-        if (event->button() == Qt::RightButton) m_plotter.OnRButtonUp(State(*event), Client(*event));
+        if (event->button() != Qt::RightButton) return;
+        m_plotter.OnMouseMove(State(*event) | MK_RBUTTON, Client(*event));
+        m_plotter.OnRButtonUp(State(*event), Client(*event));
+        DrawWhole();
     }
-    void mouseMoveEvent(QMouseEvent* event) override { m_plotter.OnMouseMove(State(*event), Client(*event)); }
+    void mouseMoveEvent(QMouseEvent* event) override {
+        m_plotter.OnMouseMove(State(*event), Client(*event));
+        m_rest.start(restTime, this); // anew with each
+    }
+    void timerEvent(QTimerEvent*) override { DrawWhole(); }
+    void DrawWhole() {
+        m_rest.stop();
+        if (IsDetailReduced(m_plotter)) update();
+    }
+    // [docs: end]
     // Wheels and touchpads of a high resolution turn a step in many small events, fast ones several in one.
     void wheelEvent(QWheelEvent* event) override {
         const int steps = WheelSteps(m_wheel, event->angleDelta().y());
         for (int i = 0; i < std::abs(steps); ++i)
             m_plotter.OnMouseWheel(State(*event), steps > 0 ? 120 : -120, Screen(event->globalPosition()));
+        m_rest.start(restTime, this);
     }
 
 private:
@@ -113,7 +132,8 @@ private:
     CKivoFunctionPlotter m_plotter;
     std::vector<float> m_points = HillPoints();
     POINT m_size = {};
-    int m_wheel = 0; // turned beyond whole steps
+    QBasicTimer m_rest; // runs from the last movement on
+    int m_wheel = 0;    // turned beyond whole steps
 };
 
 } // namespace

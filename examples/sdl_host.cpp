@@ -6,6 +6,7 @@
 #include "Hill.h"
 
 #include <KivoHost.h>
+#include <KivoMotion.h>
 #include <KivoWindow.h>
 
 #include <SDL.h>
@@ -60,6 +61,7 @@ void OnButton(CKivoFunctionPlotter& plotter, SDL_Window* window, const SDL_Mouse
     if (event.button == SDL_BUTTON_LEFT && !isPress) plotter.OnLButtonUp(State() & ~MK_LBUTTON, client);
     if (event.button == SDL_BUTTON_RIGHT && isPress) plotter.OnRButtonDown(State() | MK_RBUTTON, client);
     if (event.button == SDL_BUTTON_RIGHT && !isPress) plotter.OnRButtonUp(State() & ~MK_RBUTTON, client);
+    if (event.button == SDL_BUTTON_RIGHT && !isPress && IsDetailReduced(plotter)) plotter.OnDraw();
 }
 
 void OnMotion(CKivoFunctionPlotter& plotter, SDL_Window* window, const SDL_MouseMotionEvent& event) {
@@ -80,6 +82,16 @@ void OnWheel(CKivoFunctionPlotter& plotter, SDL_Window* window, const SDL_MouseW
     for (int i = 0; i < std::abs(steps); ++i)
         plotter.OnMouseWheel(State(), steps > 0 ? 120 : -120, screen);
 }
+
+// [docs: motion]
+// Whether a move is followed by another one: of those that wait, the last is enough.
+bool IsOvertaken(const SDL_Event& event) {
+    SDL_Event next;
+    return event.type == SDL_MOUSEMOTION &&
+           SDL_PeepEvents(&next, 1, SDL_PEEKEVENT, SDL_FIRSTEVENT, SDL_LASTEVENT) == 1 &&
+           next.type == SDL_MOUSEMOTION && next.motion.state == event.motion.state;
+}
+// [docs: end]
 
 // @return whether the host goes on
 bool OnEvent(CKivoFunctionPlotter& plotter, SDL_Window* window, const SDL_Event& event) {
@@ -116,12 +128,18 @@ int main() {
     }
     std::vector<float> points = HillPoints();
     plotter.SetDataReference(points.data(), hillColumns, hillRows, 1, hillColumns, 3);
+    SetMotionDetail(plotter, movingPoints);
 
     // Not SDL_WaitEvent: it wakes itself by messages to the window, of which one can come when that is gone.
     bool isOpen = true;
-    for (SDL_Event event; isOpen; SDL_Delay(5))
-        while (isOpen && SDL_PollEvent(&event))
-            isOpen = OnEvent(plotter, window, event);
+    Uint64 lastEvent = 0;
+    for (SDL_Event event; isOpen; SDL_Delay(5)) {
+        while (isOpen && SDL_PollEvent(&event)) {
+            if (!IsOvertaken(event)) isOpen = OnEvent(plotter, window, event);
+            lastEvent = SDL_GetTicks64();
+        }
+        if (IsDetailReduced(plotter) && SDL_GetTicks64() - lastEvent >= restTime) plotter.OnDraw();
+    }
 
     plotter.OnDestroy();
     ReleaseWindow(handle);

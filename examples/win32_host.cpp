@@ -4,6 +4,7 @@
 #include "Hill.h"
 
 #include <KivoHost.h>
+#include <KivoMotion.h>
 
 #include <windowsx.h>
 
@@ -37,8 +38,20 @@ void OnSize(Host& host, WPARAM type, SIZE size) {
     host.plotter.OnSize(static_cast<unsigned int>(type), size.cx, size.cy);
 }
 
-// Keeps the messages of a drag coming while the pointer is outside, until the last button is up.
-void Capture(HWND window, UINT message, unsigned int state) {
+// A moment after the last movement, and at the end of a drag, the plot is drawn whole. Windows makes one
+// message of moves that wait.
+void DrawWhole(CKivoFunctionPlotter& plotter, HWND window) {
+    KillTimer(window, 1);
+    if (IsDetailReduced(plotter)) InvalidateRect(window, nullptr, FALSE);
+}
+
+// The window keeps the messages of a drag coming while the pointer is outside, until the last button is up.
+void OnButton(CKivoFunctionPlotter& plotter, HWND window, UINT message, unsigned int state, POINT client) {
+    if (message == WM_LBUTTONDOWN) plotter.OnLButtonDown(state, client);
+    if (message == WM_LBUTTONUP) plotter.OnLButtonUp(state, client);
+    if (message == WM_RBUTTONDOWN) plotter.OnRButtonDown(state, client);
+    if (message == WM_RBUTTONUP) plotter.OnRButtonUp(state, client);
+    if (message == WM_RBUTTONUP) DrawWhole(plotter, window);
     if (message == WM_RBUTTONDOWN || message == WM_LBUTTONDOWN) SetCapture(window);
     if ((state & (MK_LBUTTON | MK_RBUTTON)) == 0 && GetCapture() == window) ReleaseCapture();
 }
@@ -66,26 +79,21 @@ LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
     case WM_ERASEBKGND:
         return 1; // the plot covers the whole client area
     case WM_LBUTTONDOWN:
-        host->plotter.OnLButtonDown(state, point);
-        Capture(window, message, state);
-        return 0;
     case WM_LBUTTONUP:
-        host->plotter.OnLButtonUp(state, point);
-        Capture(window, message, state);
-        return 0;
     case WM_RBUTTONDOWN:
-        host->plotter.OnRButtonDown(state, point);
-        Capture(window, message, state);
-        return 0;
     case WM_RBUTTONUP:
-        host->plotter.OnRButtonUp(state, point);
-        Capture(window, message, state);
+        OnButton(host->plotter, window, message, state, point);
         return 0;
     case WM_MOUSEMOVE:
         host->plotter.OnMouseMove(state, point);
+        SetTimer(window, 1, restTime, nullptr); // anew with each
         return 0;
     case WM_MOUSEWHEEL:
         OnWheel(*host, state, GET_WHEEL_DELTA_WPARAM(wParam), point);
+        SetTimer(window, 1, restTime, nullptr);
+        return 0;
+    case WM_TIMER:
+        DrawWhole(host->plotter, window);
         return 0;
     case WM_KEYDOWN:
         if (ChoosePlot(host->plotter, static_cast<int>(wParam))) InvalidateRect(window, nullptr, FALSE);
@@ -123,6 +131,7 @@ bool Attach(Host& host, HWND window) {
     host.size = {client.right, client.bottom};
     if (host.plotter.OnCreate(window, client.right, client.bottom, true) != 0) return false;
     host.plotter.SetDataReference(host.points.data(), hillColumns, hillRows, 1, hillColumns, 3);
+    SetMotionDetail(host.plotter, movingPoints);
     SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&host));
     return true;
 }

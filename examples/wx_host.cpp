@@ -4,6 +4,7 @@
 #include "Hill.h"
 
 #include <KivoHost.h>
+#include <KivoMotion.h>
 #include <KivoWindow.h>
 
 #include <gdk/gdkx.h>
@@ -29,6 +30,8 @@ public:
         Bind(wxEVT_SIZE, [this](wxSizeEvent&) { Refresh(); });
         Bind(wxEVT_MOUSE_CAPTURE_LOST, [](wxMouseCaptureLostEvent&) {});
         Bind(wxEVT_MOUSEWHEEL, &PlotWindow::OnWheel, this);
+        Bind(wxEVT_TIMER, [this](wxTimerEvent&) { DrawWhole(); });
+        SetMotionDetail(m_plotter, movingPoints);
         for (const auto& type : {wxEVT_LEFT_DOWN, wxEVT_LEFT_DCLICK, wxEVT_LEFT_UP, wxEVT_RIGHT_DOWN,
                                  wxEVT_RIGHT_DCLICK, wxEVT_RIGHT_UP, wxEVT_MOTION})
             Bind(type, &PlotWindow::OnMouse, this);
@@ -95,7 +98,15 @@ private:
         if (isPress && event.GetButton() == wxMOUSE_BTN_LEFT) m_plotter.OnLButtonDown(State(event), client);
         if (isPress && event.GetButton() == wxMOUSE_BTN_RIGHT) m_plotter.OnRButtonDown(State(event), client);
         if (event.LeftUp()) m_plotter.OnLButtonUp(State(event), client);
+        // Of moves that wait wxGTK is told of one, not the last: the drag ends where the button went up.
+        if (event.RightUp()) m_plotter.OnMouseMove(State(event) | MK_RBUTTON, client);
         if (event.RightUp()) m_plotter.OnRButtonUp(State(event), client);
+        if (event.RightUp()) DrawWhole();
+        if (event.Dragging()) m_rest.StartOnce(restTime); // anew with each
+    }
+
+    void DrawWhole() {
+        if (IsDetailReduced(m_plotter)) Refresh();
     }
 
     // Wheels and touchpads of a high resolution turn a step in many small events, fast ones several in one.
@@ -105,6 +116,7 @@ private:
             WheelSteps(m_wheel, ToPixels(event.GetWheelRotation(), 120.0 / event.GetWheelDelta()));
         for (int i = 0; i < std::abs(steps); ++i)
             m_plotter.OnMouseWheel(State(event), steps > 0 ? 120 : -120, screen);
+        m_rest.StartOnce(restTime);
     }
 
     unsigned long m_id = 0;
@@ -112,7 +124,8 @@ private:
     CKivoFunctionPlotter m_plotter;
     std::vector<float> m_points = HillPoints();
     POINT m_size = {};
-    int m_wheel = 0; // turned beyond whole steps
+    wxTimer m_rest{this}; // runs from the last movement on
+    int m_wheel = 0;      // turned beyond whole steps
 };
 
 class HostApp : public wxApp {

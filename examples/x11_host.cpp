@@ -4,8 +4,10 @@
 #include "Hill.h"
 
 #include <KivoHost.h>
+#include <KivoMotion.h>
 #include <KivoWindow.h>
 
+#include <poll.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 
@@ -41,7 +43,24 @@ public:
         m_handle = AttachX11Window(m_window);
         if (m_plotter.OnCreate(m_handle, m_width, m_height, true) != 0) return false;
         m_plotter.SetDataReference(m_points.data(), hillColumns, hillRows, 1, hillColumns, 3);
+        SetMotionDetail(m_plotter, movingPoints);
         return true;
+    }
+    // [docs: end]
+
+    // [docs: motion]
+    // Waits for an event, at most until the hand has rested: then the plot is drawn whole. Of moves that wait
+    // one after the other the last is enough, and costs one frame.
+    void Next(XEvent& event) {
+        pollfd input = {ConnectionNumber(m_display), POLLIN, 0};
+        while (IsDetailReduced(m_plotter) && XPending(m_display) == 0)
+            if (poll(&input, 1, restTime) == 0) m_plotter.OnDraw();
+        XNextEvent(m_display, &event);
+        for (XEvent next; event.type == MotionNotify && XPending(m_display) > 0; event = next) {
+            XPeekEvent(m_display, &next);
+            if (next.type != MotionNotify || next.xmotion.state != event.xmotion.state) return;
+            XNextEvent(m_display, &next);
+        }
     }
     // [docs: end]
 
@@ -101,6 +120,7 @@ private:
         if (event.button == Button1 && !isPress) m_plotter.OnLButtonUp(state & ~MK_LBUTTON, client);
         if (event.button == Button3 && isPress) m_plotter.OnRButtonDown(state | MK_RBUTTON, client);
         if (event.button == Button3 && !isPress) m_plotter.OnRButtonUp(state & ~MK_RBUTTON, client);
+        if (event.button == Button3 && !isPress && IsDetailReduced(m_plotter)) m_plotter.OnDraw();
         // The wheel is two buttons: 4 away from the user, 5 towards the user.
         if (event.button == Button4 && isPress) m_plotter.OnMouseWheel(state, 120, screen);
         if (event.button == Button5 && isPress) m_plotter.OnMouseWheel(state, -120, screen);
@@ -131,8 +151,8 @@ int main() {
             std::fprintf(stderr, "x11_host: %s\n", LastWindowError());
             return 1;
         }
-        for (XEvent event; isOpen && XNextEvent(display, &event) == 0;)
-            isOpen = host.OnEvent(event);
+        for (XEvent event; isOpen; isOpen = host.OnEvent(event))
+            host.Next(event);
     }
     XCloseDisplay(display);
     return 0;

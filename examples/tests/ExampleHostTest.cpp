@@ -5,8 +5,11 @@
 #include "support/ChildProcess.h"
 #include "support/Desktop.h"
 #include "support/Image.h"
+#include "support/Pause.h"
 #include "support/PngImage.h"
 #include "support/X11TestWindow.h"
+
+#include <KivoMotion.h>
 
 #include <gtest/gtest.h>
 
@@ -99,6 +102,14 @@ protected:
         if (state == 0) return;
         const Image expected = CaptureImage(m_expected->plotter);
         WaitFor([&] { return IsShown(expected); }, std::chrono::seconds(2));
+    }
+
+    // The expected plot a pixel further on, whole.
+    Image NearBy() {
+        m_expected->plotter.OnMouseMove(MK_RBUTTON, {361, 220});
+        const Image image = CaptureImage(m_expected->plotter);
+        m_expected->plotter.OnMouseMove(MK_RBUTTON, {360, 220});
+        return image;
     }
 
     bool IsShown(const Image& expected) const {
@@ -225,6 +236,105 @@ TEST_P(ExampleHostTest, ZoomsForEachStepOfAnEvent) {
             m_expected->plotter.OnMouseWheel(0, isUp ? 120 : -120, {400, 300});
         EXPECT_TRUE(ShowsExpected(isUp ? "three-steps-up" : "three-steps-down"));
     }
+}
+
+// While the host stands still, a hand goes a long way.
+TEST_P(ExampleHostTest, DrawsOneFrameForMovesThatWait) {
+    if (!GetParam().reduces) GTEST_SKIP() << "frames are counted where the plotter presents them";
+    if (GetParam().name == "win32_host") GTEST_SKIP() << "Windows makes one message of moves that wait";
+    const FrameCount count;
+    Start(count.For());
+    PressAt(200, 200);
+    MoveTo(206, 202, MK_RBUTTON);
+    const Image expected = CaptureImage(m_expected->plotter);
+    ASSERT_TRUE(WaitFor([&] { return IsShown(expected); }));
+    constexpr int moves = 60;
+    const int before = count.Frames();
+    {
+        const Pause pause(*m_program, *m_desktop);
+        for (int i = 1; i <= moves; ++i)
+            m_desktop->MovePointer(PlotArea().x + 206 + 3 * i, PlotArea().y + 202 + i);
+    }
+    // One of moves that wait, or of a few parts of them: many small ones turn the plot less.
+    m_expected->plotter.OnMouseMove(MK_RBUTTON, {206 + 3 * moves, 202 + moves});
+    // wxWidgets asks X for one move until it has seen that one: of the last it is told by the release.
+    if (GetParam().name == "wx_host") m_desktop->Button(rightButton, false);
+    EXPECT_TRUE(ShowsExpected("waiting-moves"));
+    const int frames = count.Frames() - before;
+    EXPECT_GE(frames, 1);
+    EXPECT_LE(frames, moves / 6) << "one is due; they need not all come at once";
+    ReleaseAt(206 + 3 * moves, 202 + moves);
+    EXPECT_TRUE(ShowsExpected("waiting-moves-released"));
+}
+
+// Whatever a toolkit makes of moves that wait: the drag ends where the button went up, and begins where it
+// went down.
+TEST_P(ExampleHostTest, KeepsTheOrderOfWhatWaits) {
+    if (GetParam().name == "win32_host") GTEST_SKIP() << "another process hands its input on";
+    Start();
+    MoveTo(300, 200, 0);
+    const auto move = [this](int x, int y, unsigned int state) {
+        m_desktop->MovePointer(PlotArea().x + x, PlotArea().y + y);
+        m_expected->plotter.OnMouseMove(state, {x, y});
+    };
+    m_meanLimit = std::max(m_meanLimit, 1.0); // some make one of five moves, and others five
+    {
+        const Pause pause(*m_program, *m_desktop);
+        for (int drag = 0; drag < 2; ++drag) {
+            m_desktop->Button(rightButton, true);
+            m_expected->plotter.OnRButtonDown(MK_RBUTTON, {300, 200});
+            for (int i = 1; i <= 5; ++i)
+                move(300 + 20 * i, 200 + 6 * i, MK_RBUTTON);
+            ReleaseAt(400, 230);
+            for (int i = 4; i >= 0; --i)
+                move(300 + 20 * i, 200 + 6 * i, 0);
+        }
+        for (int i = 0; i < 3; ++i)
+            m_desktop->Click(wheelUp);
+        for (int i = 1; i <= 5; ++i)
+            move(300, 200 + 6 * i, 0);
+    }
+    for (int i = 0; i < 3; ++i)
+        m_expected->plotter.OnMouseWheel(0, 120, {300, 200});
+    EXPECT_TRUE(ShowsExpected("waiting-drags"));
+}
+
+TEST_P(ExampleHostTest, DrawsFewerPointsUntilTheHandRests) {
+    if (!GetParam().reduces) GTEST_SKIP() << "pictures show all points";
+    if (GetParam().name == "win32_host") GTEST_SKIP() << "nothing can be loaded into it";
+    Start({{"LD_PRELOAD", KIVO_FEW_POINTS}});
+    SetMotionDetail(m_expected->plotter, 8);
+    PressAt(300, 200);
+    MoveTo(330, 210, MK_RBUTTON);
+    MoveTo(360, 220, MK_RBUTTON);
+    EXPECT_TRUE(ShowsExpected("whole-at-rest")); // the button is down
+    const Image whole = CaptureImage(m_expected->plotter);
+    // Near that place, all points and few differ by much more than two places.
+    Image shown;
+    const auto isReduced = [&] {
+        shown = m_desktop->Grab(m_desktop->PlotIn(m_window));
+        return shown.rgba.size() == whole.rgba.size() && Compare(shown, whole).mean > 3.0;
+    };
+    EXPECT_LT(Compare(whole, NearBy()).mean, 2.0);
+    int step = 0;
+    const auto shake = [&] {
+        m_desktop->MovePointer(PlotArea().x + 360 + ++step % 2, PlotArea().y + 220);
+        return isReduced();
+    };
+    EXPECT_TRUE(WaitFor(shake)) << "all points while the plot turns";
+    Keep(shown, "reduced");
+    // At once after the release: far sooner than by the timer. One of many times is enough.
+    EXPECT_TRUE(WaitFor([&] {
+        if (!WaitFor(shake)) return true;
+        m_desktop->MovePointer(PlotArea().x + 360 + ++step % 2, PlotArea().y + 220);
+        m_desktop->Button(rightButton, false);
+        const auto released = std::chrono::steady_clock::now();
+        WaitFor([&] { return !isReduced(); });
+        const auto time = std::chrono::steady_clock::now() - released;
+        m_desktop->Button(rightButton, true);
+        return time < std::chrono::milliseconds(restTime * 3 / 4);
+    })) << "not at once after the release";
+    m_desktop->Button(rightButton, false);
 }
 
 TEST_P(ExampleHostTest, KeepsTheViewWhenItIsMovedOrHidden) {

@@ -13,16 +13,16 @@ std::vector<ExampleHost> HostsOnX11() {
         {"qt_host", true, false, {{"QT_SCALE_FACTOR", "2"}}},
         {"gtk_host", true, false, {{"GDK_SCALE", "2"}}},
         {"wx_host", true, false, {{"GDK_SCALE", "2"}}},
-        {"glfw_host", false, false, {}, 96, 0.0, true},
-        {"sdl_host", false, false, {}, 96, 0.0, true},
-        {"fltk_host", true, true, {}, 96, 0.0, true},
+        {"glfw_host", false, false, {}, 96, 0.0, true, true},
+        {"sdl_host", false, false, {}, 96, 0.0, true, true},
+        {"fltk_host", true, true, {}, 96, 0.0, true, true},
     };
 }
 
 std::vector<ExampleHost> AllHosts() {
     std::vector<ExampleHost> hosts = HostsOnX11();
-    hosts.push_back({"gtk_image_host", false, false, {{"GDK_SCALE", "2"}}, 192});
-    hosts.push_back({"gtk4_image_host", false, false, {{"GDK_SCALE", "2"}}, 192});
+    hosts.push_back({"gtk_image_host", false, false, {{"GDK_SCALE", "2"}}, 192, 0.0, false});
+    hosts.push_back({"gtk4_image_host", false, false, {{"GDK_SCALE", "2"}}, 192, 0.0, false});
     hosts.push_back({"win32_host", false, false, {}, 96, 1.0}); // its text is drawn by Wine
     return hosts;
 }

@@ -26,6 +26,7 @@ struct ExampleHost {
     Environment twofold = {};    ///< makes it count in units of two pixels
     int twofoldDpi = 96;         ///< dots per inch that it then sizes text for
     double meanLimit = 0.0;      ///< of the differences from the expected picture, of 255
+    bool reduces = true;         ///< draws fewer points while the plot moves
     bool canLoseSteps = false;   ///< of the wheel: several come in one event, though not on X11
 };
 
