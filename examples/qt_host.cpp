@@ -82,12 +82,11 @@ protected:
     }
     void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }
     // [docs: motion]
-    // On X11 Qt makes one of moves that wait, and leaves out those before a release where others follow: the
-    // drag ends where the button went up.
+    // On X11 Qt makes one of moves that wait. Where it has left one out before a release, it sends a move to
+    // the release's place first.
     void mouseReleaseEvent(QMouseEvent* event) override {
         if (event->button() == Qt::LeftButton) m_plotter.OnLButtonUp(State(*event), Client(*event));
         if (event->button() != Qt::RightButton) return;
-        m_plotter.OnMouseMove(State(*event) | MK_RBUTTON, Client(*event));
         m_plotter.OnRButtonUp(State(*event), Client(*event));
         DrawWhole();
     }

@@ -65,8 +65,8 @@ int RunWindow(char* program, const Content& content, const Options& options) {
     int count = 1;
     char* arguments[] = {program, nullptr}; // the command line is not Qt's
     QApplication application(count, arguments);
-    // What Qt for X11 has set: of moves that wait it leaves out all but the last, also those before a
-    // release. The plot joins them by itself, and gets the whole way.
+    // What Qt for X11 has set: of moves that wait it leaves out all but the last, whatever keys go down
+    // between them. The plot joins them by itself, and gets the whole way.
     QApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
     std::setlocale(LC_NUMERIC, "C"); // the plot's numbers are the same everywhere
     if (!options.file.empty()) RememberFile(QFile::decodeName(options.file.c_str()));

@@ -13,8 +13,9 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
+#include <chrono>
 #include <string>
+#include <thread>
 #include <vector>
 
 using namespace KivoTest;
@@ -271,6 +272,12 @@ TEST_F(ViewerWindowMotionTest, PutsSlowFramesOffUntilTheHandRests) {
         }
     }
     EXPECT_TRUE(WaitFor([&] { return count.Frames() >= before + grabs && ShowsAll(); }));
+    // Until no more come: a frame takes 200 milliseconds, the pause of the hand 400.
+    EXPECT_TRUE(WaitFor([&] {
+        const int frames = count.Frames();
+        std::this_thread::sleep_for(std::chrono::milliseconds(1000));
+        return count.Frames() == frames;
+    }));
     EXPECT_LE(count.Frames() - before, grabs + 2) << "a complete frame between two grabs";
 }
 
