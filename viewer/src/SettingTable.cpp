@@ -138,7 +138,7 @@ void AddView(Table& table) {
     Setting reduce = {"View",
                       "reduce-while-moving",
                       "Reduce while moving",
-                      "Fewer points of large grids while the plot moves, so that it keeps up with the hand",
+                      "Fewer points of large grids while the plot moves",
                       SettingField(&Plot::reducesMotion),
                       &PlotScene::ApplyMotion};
     reduce.key = "R";
