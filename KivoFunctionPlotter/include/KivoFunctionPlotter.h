@@ -910,6 +910,7 @@ protected:
     bool m_inverseZAxis = false; ///< whether z is mirrored
 
 private:
+    friend struct AxisAccess;    // box and legends, for KivoAxis.h
     friend struct MotionAccess;  // the fields of KivoMotion.h, and frames of less detail
     friend struct PictureAccess; // draws without presenting, for KivoPicture.h
     friend struct StyleAccess;   // the context, for KivoStyle.h
@@ -967,6 +968,9 @@ private:
     SOwnSurfaceLayers m_surfaces;
     bool m_areLayersReduced = false; // in the frame drawn last
 
+    // Of KivoAxis.h; what numbers stand for is with box and legends
+    std::shared_ptr<const struct STraceWords> m_traceWords; // the read-out in the host's words; null without
+
     void InitTexts(int fontSize);
     static void DeleteFontLists(unsigned int base);
     void ShadeOfInk(float groundShare, float* rgba) const;
@@ -1016,6 +1020,8 @@ private:
     int SetAxisPrecision(int axis, unsigned int precision);
     void FindLineOfSight(POINT pt, float* nearPt, float* farPt);
     float MarkerSize(double factor) const;
+    void AskForTraceWords();
+    std::string TraceText() const;
     template <typename Draw>
     void ForEachVisibleCurve(Draw draw);
     CKivoMeasurePointGroup* FindMeasureGroup(unsigned int index) const;

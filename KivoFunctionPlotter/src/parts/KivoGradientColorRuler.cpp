@@ -1,5 +1,6 @@
 #include "KivoGradientColorRuler.h"
 
+#include "computing/AbsoluteScale.h"
 #include "drawing/Camera.h"
 #include "drawing/GLScopes.h"
 #include "drawing/TexturedQuad.h"
@@ -45,18 +46,58 @@ void CKivoGradientColorRuler::SetGradient(CKivoGradientColor* gradient) {
 
 void CKivoGradientColorRuler::BuildLabels() {
     if (m_divisionCount == 0 || !m_gradient) return;
-    const LabelSource source = {m_textRenderer, m_gradient->m_min, m_gradient->m_max, m_divisionCount,
-                                m_precision};
-    if (m_textRenderer && source == m_labelSource && HasLabels()) return;
+    if (m_textRenderer && Source() == m_labelSource && HasLabels()) return;
+    AskForWords(); // first: a host may do anything then, if it wants
+    const LabelSource source = Source();
     ReleaseLabels();
     m_labels = new SKivoTexImage[std::size_t{m_divisionCount} + 1];
     bool areMade = true;
     for (unsigned int i = 0; i <= m_divisionCount; ++i)
-        areMade &= CreateTextImage(m_textRenderer, LabelText(i).c_str(), &m_labels[i]) == 0;
+        areMade &= CreateLabelImage(m_textRenderer, LabelText(i), &m_labels[i]) == 0;
     if (areMade) m_labelSource = source;
 }
 
+CKivoGradientColorRuler::LabelSource CKivoGradientColorRuler::Source() const {
+    return {m_textRenderer, m_gradient->m_min, m_gradient->m_max, m_divisionCount, m_precision, m_numbers};
+}
+
+// Above 0, or 0 where it is no number.
+double CKivoGradientColorRuler::LabelDistance() const {
+    const double range = static_cast<double>(m_gradient->m_max) - static_cast<double>(m_gradient->m_min);
+    const double distance = std::abs(range) / m_divisionCount;
+    return std::isfinite(distance) ? distance : 0.0;
+}
+
+double CKivoGradientColorRuler::Value(unsigned int label) const {
+    const double min = static_cast<double>(m_gradient->m_min), max = static_cast<double>(m_gradient->m_max);
+    const double value = min + (max - min) * label / m_divisionCount;
+    return MeantNumber(m_numbers ? m_numbers->origin : 0.0, value, std::max(std::abs(min), std::abs(max)),
+                       LabelDistance());
+}
+
+// A host may do anything to the plot while it is asked: its words are kept where the values have stayed.
+void CKivoGradientColorRuler::AskForWords() {
+    m_words.clear();
+    const LabelSource source = Source();
+    if (!source.numbers || !source.numbers->format) return;
+    std::vector<std::string> words;
+    for (unsigned int i = 0; i <= source.divisionCount; ++i) {
+        const std::string plain = PlainLabelText(i);
+        words.push_back(source.numbers->Words(Value(i), LabelDistance()).value_or(plain));
+    }
+    if (Source() == source) m_words.swap(words);
+}
+
 std::string CKivoGradientColorRuler::LabelText(unsigned int label) const {
+    return label < m_words.size() ? m_words[label] : PlainLabelText(label);
+}
+
+std::string CKivoGradientColorRuler::PlainLabelText(unsigned int label) const {
+    if (m_numbers && m_numbers->origin != 0.0) {
+        const double value = Value(label);
+        const unsigned int needed = DigitsApart(LabelDistance(), value) + 1; // the numbers are not round
+        return FormatAbsolute(value, std::max(m_precision, needed));
+    }
     const float step = (m_gradient->m_max - m_gradient->m_min) / static_cast<float>(m_divisionCount);
     return FormatNumber(m_gradient->m_min + static_cast<float>(label) * step, m_precision);
 }
@@ -69,7 +110,7 @@ bool CKivoGradientColorRuler::HasLabels() const {
 
 bool CKivoGradientColorRuler::LabelSource::operator==(const LabelSource& other) const {
     return renderer == other.renderer && min == other.min && max == other.max &&
-           divisionCount == other.divisionCount && precision == other.precision;
+           divisionCount == other.divisionCount && precision == other.precision && numbers == other.numbers;
 }
 
 void CKivoGradientColorRuler::ReleaseLabels() {

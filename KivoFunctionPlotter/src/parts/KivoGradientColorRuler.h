@@ -1,9 +1,11 @@
 // The colour legend: a gradient as a bar with labelled values.
 #pragma once
 
+#include "AxisNumbers.h"
 #include "computing/AxisLabelLayout.h"
 #include "KivoTypes.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -39,12 +41,14 @@ public:
     void AddLabelsBeyond(const int* viewport, const double* volume, const int* plotViewport,
                          std::vector<PlacedImage>* places) const;
 
-    float m_colors[5][4] = {};                ///< RGBA
-    CKivoGradientColor* m_gradient = nullptr; ///< not owned
-    unsigned int m_precision = 3;             ///< digits after the decimal point
-    unsigned int m_divisionCount = 0;         ///< intervals; there is one label more
-    STextRenderer* m_textRenderer = nullptr;  ///< not owned
-    SKivoTexImage* m_labels = nullptr;        ///< m_divisionCount + 1 images, bottom to top; from new[]
+    float m_colors[5][4] = {};                    ///< RGBA
+    CKivoGradientColor* m_gradient = nullptr;     ///< not owned
+    unsigned int m_precision = 3;                 ///< digits after the decimal point
+    unsigned int m_divisionCount = 0;             ///< intervals; there is one label more
+    STextRenderer* m_textRenderer = nullptr;      ///< not owned
+    SKivoTexImage* m_labels = nullptr;            ///< m_divisionCount + 1 images, bottom to top; from new[]
+    std::shared_ptr<const AxisNumbers> m_numbers; ///< what the values stand for; null: for themselves
+    std::vector<std::string> m_words;             ///< the host's for the labels; empty where it has none
 
 private:
     // What the labels were made from.
@@ -54,11 +58,17 @@ private:
         float max = 0.0f;
         unsigned int divisionCount = 0;
         unsigned int precision = 0;
+        std::shared_ptr<const AxisNumbers> numbers;
 
         bool operator==(const LabelSource& other) const;
     };
     LabelSource m_labelSource;
 
+    LabelSource Source() const;
+    double LabelDistance() const;
+    double Value(unsigned int label) const;
+    std::string PlainLabelText(unsigned int label) const;
+    void AskForWords();
     bool HasLabels() const;
     int WidestLabel() const;
     double LabelScale(double barRight, int stripWidth) const;

@@ -1,11 +1,13 @@
 // The axis box around the surface: ranges, ticks, labels and back planes of the three axes.
 #pragma once
 
+#include "AxisNumbers.h"
 #include "computing/AxisLabelLayout.h"
 #include "KivoTypes.h"
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace KivoDrawingTools {
 
@@ -24,6 +26,8 @@ public:
     /// Chooses round ranges, steps and label precisions around a data box.
     /// @param dataMin, dataMax  three floats each; the pointers are kept
     void FitToData(const float* dataMin, const float* dataMax);
+    /// The same for one axis, around the box that FitToData was given.
+    void FitAxis(int axis);
     /// Sets one end of an axis; the number of intervals and the precision are kept. Without memory for the
     /// tick positions, here and in SetTickMarkNumber, everything is as before.
     void SetAxisMin(int axis, float value);
@@ -47,6 +51,9 @@ public:
     void BuildTickLabels(int axis);
     /// What the label of a tick says; the axis must have tick positions.
     std::string LabelText(int axis, unsigned int tick) const;
+    /// What a read-out says of a number of the data.
+    /// @param asksFormat  whether the host is asked for its words; a frame must not call it
+    std::string ReadOut(int axis, float number, bool asksFormat) const;
     /// Frees the labels; walks the present number of intervals, so it comes before a change of that.
     void ReleaseTickLabels(int axis);
 
@@ -93,6 +100,10 @@ public:
     float* m_tickPositions[3] = {};          ///< m_tickIntervals + 1 distances from the low face; from new[]
     SKivoTexImage* m_tickLabels[3] = {};     ///< m_tickIntervals + 1 images; from new[]
     SKivoTexImage m_axisTitleImage[3];
+    /// What the numbers of an axis stand for; null: for themselves.
+    std::shared_ptr<const AxisNumbers> m_numbers[3];
+    /// The host's words for the ticks that have labels; empty where it has none.
+    std::vector<std::string> m_tickWords[3];
     float m_tickLength = 10.0f;  ///< in the box's pixels
     float m_labelOffset = 12.5f; ///< likewise
     float m_pixelScale = 1.0f;   ///< pixels of the screen in one of the box's, by which it measures
@@ -116,6 +127,14 @@ private:
     };
     View m_flatView; // of the last frame of a flat plot
 
+    void ChooseScale(int axis);
+    bool IsAbsolute(int axis) const { return m_numbers[axis] && m_numbers[axis]->origin != 0.0; }
+    double Origin(int axis) const { return m_numbers[axis] ? m_numbers[axis]->origin : 0.0; }
+    double TickDistance(int axis) const;
+    double TickValue(int axis, unsigned int tick) const;
+    unsigned int DigitsOfTicks(int axis) const;
+    std::string PlainLabelText(int axis, unsigned int tick) const;
+    void AskForTickWords(int axis);
     static View CurrentView();
     float ScaledSize(int pixels) const;
     float TickLength() const { return m_tickLength * m_pixelScale; }

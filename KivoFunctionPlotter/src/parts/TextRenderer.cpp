@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <ios>
 #include <locale>
 #include <sstream>
 
@@ -244,6 +245,18 @@ int DrawTextImage(STextRenderer& renderer, const char* text, SKivoTexImage& imag
     return 0;
 }
 
+std::string WriteNumber(double value, std::ios::fmtflags notation, unsigned int precision) {
+    // The standard libraries write them in several ways.
+    if (std::isnan(value)) return "NaN";
+    if (std::isinf(value)) return value < 0.0 ? "-inf" : "inf";
+    std::ostringstream stream;
+    stream.imbue(std::locale::classic());
+    stream.setf(notation, std::ios::floatfield);
+    stream.precision(static_cast<std::streamsize>(std::min(precision, mostDigits)));
+    stream << value;
+    return stream.str();
+}
+
 } // namespace
 
 void InitTextRenderer(STextRenderer* renderer, HDC windowDC, int fontSize) {
@@ -297,16 +310,20 @@ int CreateTextImage(STextRenderer* renderer, const char* text, SKivoTexImage* im
     }
 }
 
+int CreateLabelImage(STextRenderer* renderer, const std::string& text, SKivoTexImage* image) {
+    return text.empty() ? 0 : CreateTextImage(renderer, text.c_str(), image);
+}
+
 std::string FormatNumber(float value, unsigned int precision) {
-    // The standard libraries write them in several ways.
-    if (std::isnan(value)) return "NaN";
-    if (std::isinf(value)) return value < 0.0f ? "-inf" : "inf";
-    std::ostringstream stream;
-    stream.imbue(std::locale::classic());
-    stream.setf(std::ios::fixed, std::ios::floatfield);
-    stream.precision(static_cast<std::streamsize>(std::min(precision, mostDigits)));
-    stream << value;
-    return stream.str();
+    return WriteNumber(static_cast<double>(value), std::ios::fixed, precision);
+}
+
+std::string FormatAbsolute(double value, unsigned int precision) {
+    constexpr double endOfFractions = 1e16;
+    constexpr unsigned int allDigits = 16; // after the first
+    const bool isFixed = std::abs(value) < endOfFractions;
+    return isFixed ? WriteNumber(value, std::ios::fixed, precision)
+                   : WriteNumber(value, std::ios::scientific, allDigits);
 }
 
 void ReleaseTextImage(SKivoTexImage* image) {

@@ -53,6 +53,13 @@ int CreateTextImage(STextRenderer* renderer, const char* text, SKivoTexImage* im
 /// @param precision  digits after the decimal point, of which at most 1000 are written: the others are zeros
 std::string FormatNumber(float value, unsigned int precision);
 
+/// The same for a number in double precision; from 1e16 on, where it has no fractions, with a power of ten
+/// and all digits that it has.
+std::string FormatAbsolute(double value, unsigned int precision);
+
+/// CreateTextImage for a label; an empty one has no image.
+int CreateLabelImage(STextRenderer* renderer, const std::string& text, SKivoTexImage* image);
+
 /// Frees an image's texture and pixels and sets its sizes to 0; the OpenGL context must be current.
 void ReleaseTextImage(SKivoTexImage* image);
 

@@ -657,6 +657,7 @@ int CKivoFunctionPlotter::Trace(POINT pt) {
         PickResult::nothing)
         return 1;
     m_hasTracePoint = 1;
+    AskForTraceWords();
     return 0;
 }
 
@@ -687,11 +688,8 @@ void CKivoFunctionPlotter::RenderTracePoints() {
 
 void CKivoFunctionPlotter::RenderTraceLegend() {
     if (m_hasTracePoint == 0 || !m_textRenderer) return;
-    std::string text = "(";
-    for (int i = 0; i < 3; ++i)
-        text += FormatNumber(m_tracePoint[i], 3) + (i < 2 ? ", " : ")");
     SKivoTexImage image;
-    if (CreateTextImage(m_textRenderer, text.c_str(), &image) != 0) {
+    if (CreateTextImage(m_textRenderer, TraceText().c_str(), &image) != 0) {
         ReleaseTextImage(&image);
         return;
     }

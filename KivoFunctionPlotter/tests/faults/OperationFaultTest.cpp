@@ -318,6 +318,16 @@ bool IsResultOfStyle(const std::string& failed, int result) {
     return result == (needed.count(failed) != 0 ? -1 : 0);
 }
 
+// Of an axis all labels are made or none, with the fonts that there are. A text that could not be measured
+// has no size, which does no harm to a word.
+bool IsResultOfAxis(const std::string& failed, int result) {
+    const std::set<std::string> needed = {"CreateCompatibleBitmap", "CreateSolidBrush", "FillRect",
+                                          "GetObjectA", "GetBitmapBits"};
+    const std::set<std::string> partlyNeeded = {"SelectObject", "wglMakeCurrent", "GetTextExtentPoint32A"};
+    if (partlyNeeded.count(failed) != 0) return result == 0 || result == -1;
+    return result == (needed.count(failed) != 0 ? -1 : 0);
+}
+
 // Beside the window there is another one, and its texts are kept: the second of two pictures needs none.
 bool IsResultOfPicture(const std::string& failed, int result) {
     if (failed == "GetClientRect") return result == -1;
@@ -327,6 +337,7 @@ bool IsResultOfPicture(const std::string& failed, int result) {
 // Whether the result is one that the member may give when the n-th operation of a name fails in it.
 bool IsResult(const PublicOperation& member, const std::string& failed, int n, int result) {
     if (member.name.rfind("SetStyle", 0) == 0) return IsResultOfStyle(failed, result);
+    if (member.name.rfind("SetAxis", 0) == 0) return IsResultOfAxis(failed, result);
     if (member.name.find("Picture(options)") != std::string::npos) return IsResultOfPicture(failed, result);
     return result == ResultOf(member.name, failed, n);
 }

@@ -1,4 +1,5 @@
 // Construction, copying and the ways of giving back what a plotter holds.
+#include "KivoAxis.h"
 #include "KivoMotion.h"
 #include "parts/KivoGradientColor.h"
 #include "parts/KivoGradientColorRuler.h"
@@ -381,6 +382,24 @@ TEST_P(LifecycleInWindow, ACopyShowsASurfaceThatMovesToo) {
     ASSERT_EQ(SetMotionDetail(copy, 0), 0);
     EXPECT_TRUE(turn(plotter));
     EXPECT_FALSE(turn(copy));
+    Disown(copy);
+}
+
+// Absolute numbers and words are with the box and the legends, which both have.
+TEST_P(LifecycleInWindow, ACopyHasTheAxesOfItsSource) {
+    SetSurface();
+    PlotterProbe copy(plotter);
+    EXPECT_EQ(SetAxisOrigin(copy, 0, 1e6), 0);
+    EXPECT_EQ(SetAxisLabelFormat(plotter, 1, [](double, double) { return "word"; }), 0);
+    EXPECT_EQ(GetAxisOrigin(plotter, 0), 1e6);
+    EXPECT_EQ(copy.m_gridBox->LabelText(1, 0), "word");
+    for (PlotterProbe* const either : {&plotter, &copy}) {
+        EXPECT_EQ(either->Trace({190, 120}), 0);
+        EXPECT_EQ(either->Renderscene(), 0);
+    }
+    EXPECT_EQ(SetAxisOrigin(plotter, 0, 0.0), 0);
+    EXPECT_EQ(GetAxisOrigin(copy, 0), 0.0);
+    EXPECT_EQ(copy.Renderscene(), 0);
     Disown(copy);
 }
 

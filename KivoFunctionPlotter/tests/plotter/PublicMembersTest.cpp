@@ -41,6 +41,7 @@ std::map<std::string, int> DeclaredFunctions() {
     CountFunctions(Header("KivoStyle.h"), counts);
     CountFunctions(Header("KivoMotion.h"), counts);
     CountFunctions(Header("KivoSurfaces.h"), counts);
+    CountFunctions(Header("KivoAxis.h"), counts);
     return counts;
 }
 

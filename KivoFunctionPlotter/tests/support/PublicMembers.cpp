@@ -1,5 +1,6 @@
 #include "PublicMembers.h"
 
+#include "KivoAxis.h"
 #include "KivoMotion.h"
 #include "KivoPicture.h"
 #include "KivoStyle.h"
@@ -560,13 +561,44 @@ const std::vector<PublicMember> surfaceFunctions = {
            }),
     Member("TracedSurface()", none, [](P& p, A&) { TracedSurface(p); }),
     Member("RemoveSurface(grid, looks, int)", none, AddAndRemove).Refuses(-2).Refuses(-3),
+// ---- KivoAxis.h
+
+// The axis itself, or a number that is none: what were set for others, sensible arguments would not replace.
+int AxisOrNone(A& source, int axis) {
+    const int drawn = source.Int(axis);
+    return drawn >= 0 && drawn < 3 ? axis : drawn;
+}
+
+// Another one before the one that there is already, so that labels are made in every call.
+int SetOriginAnew(P& plotter, A& source) {
+    const int axis = AxisOrNone(source, 0);
+    const double origin = static_cast<double>(source.Float(1000.0f)) * source.Float(1.0f);
+    if (origin == GetAxisOrigin(plotter, axis)) {
+        if (const int result = SetAxisOrigin(plotter, axis, -0.125)) return result;
+    }
+    return SetAxisOrigin(plotter, axis, origin);
+}
+
+int SetFormat(P& plotter, A& source) {
+    const int axis = AxisOrNone(source, 1);
+    if (!source.Flag(true)) return SetAxisLabelFormat(plotter, axis, nullptr);
+    const std::string unit = source.Text(" m");
+    return SetAxisLabelFormat(plotter, axis, [unit](double value, double step) {
+        return std::to_string(static_cast<int>(std::clamp(value / (step + 1.0), -1e6, 1e6))) + unit;
+    });
+}
+
+const std::vector<PublicMember> axisFunctions = {
+    Member("SetAxisOrigin(int, float, float)", bracketed, SetOriginAnew).Refuses(-1).Refuses(-3),
+    Member("GetAxisOrigin(int)", none, [](P& p, A& a) { GetAxisOrigin(p, a.Int(2)); }),
+    Member("SetAxisLabelFormat(int, flag, text)", bracketed, SetFormat).Refuses(-1).Refuses(-3),
 };
 
 std::vector<PublicMember> AllMembers() {
     std::vector<PublicMember> all;
     for (const auto* const part :
          {&coreMembers, &viewMembers, &surfaceMembers, &colorMembers, &annotationMembers, &overlayMembers,
-          &pictureFunctions, &styleFunctions, &motionFunctions, &surfaceFunctions})
+          &pictureFunctions, &styleFunctions, &motionFunctions, &surfaceFunctions, &axisFunctions})
         all.insert(all.end(), part->begin(), part->end());
     return all;
 }
