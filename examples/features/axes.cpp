@@ -1,7 +1,15 @@
 // Feature pictures of titles, axes and the colour legend.
 #include "FeaturePicture.h"
+#include "SampleGrids.h"
 
-using KivoDrawingTools::CKivoFunctionPlotter;
+#include <KivoAxis.h>
+
+#include <cmath>
+#include <cstdio>
+#include <ctime>
+#include <string>
+
+using namespace KivoDrawingTools;
 
 namespace {
 
@@ -63,11 +71,78 @@ void Legend(CKivoFunctionPlotter& plotter) {
     // [docs: end]
 }
 
+// A terrain as somebody has measured it.
+struct Measured {
+    double east, north;
+    float height;
+};
+
+std::vector<Measured> Survey() {
+    std::vector<float> hill = KivoSamples::HillPoints();
+    std::vector<Measured> survey;
+    for (std::size_t i = 0; i < hill.size(); i += 3)
+        survey.push_back({368420.5 + 25.0 * static_cast<double>(hill[i]),
+                          5630150.25 + 30.0 * static_cast<double>(hill[i + 1]), 212.0f + 8.0f * hill[i + 2]});
+    return survey;
+}
+
+void NationalGrid(CKivoFunctionPlotter& plotter) {
+    const std::vector<Measured> survey = Survey();
+    constexpr unsigned int columns = KivoSamples::hillColumns, rows = KivoSamples::hillRows;
+    // [docs: national-grid]
+    const double east = survey[0].east, north = survey[0].north; // 368345.5 and 5630090.25
+    static std::vector<float> points;
+    for (const Measured& at : survey) {
+        const double x = at.east - east, y = at.north - north; // in double precision
+        points.insert(points.end(), {static_cast<float>(x), static_cast<float>(y), at.height});
+    }
+    SetAxisOrigin(plotter, 0, east);
+    SetAxisOrigin(plotter, 1, north);
+    plotter.SetDataReference(points.data(), columns, rows, 1, columns, 3);
+    // [docs: end]
+    plotter.SetPlotTitle("Survey");
+    plotter.SetXAxisTitle("East (m)");
+    plotter.SetYAxisTitle("North (m)");
+    plotter.SetZAxisTitle("Height (m)");
+}
+
+// The temperature of four weeks: x are days from the first one, y the hours of a day.
+constexpr unsigned int days = 29, hours = 25;
+
+std::vector<float> Weather() {
+    std::vector<float> points;
+    for (unsigned int hour = 0; hour < hours; ++hour)
+        for (unsigned int day = 0; day < days; ++day) {
+            const auto x = static_cast<float>(day), y = static_cast<float>(hour);
+            const float spring = 0.25f * x + 3.0f * std::sin(0.6f * x);
+            points.insert(points.end(), {x, y, spring - 5.0f * std::cos(0.2618f * (y - 3.0f))});
+        }
+    return points;
+}
+
+void Dates(CKivoFunctionPlotter& plotter) {
+    static std::vector<float> weather = Weather();
+    // [docs: dates]
+    SetAxisOrigin(plotter, 0, 20513.0); // days since 1970: x = 0 is 1 March 2026
+    SetAxisLabelFormat(plotter, 0, [](double day, double step) {
+        const auto seconds = static_cast<std::time_t>(std::llround(day * 86400.0));
+        char text[32];
+        std::strftime(text, sizeof(text), step < 1.0 ? "%d %b %H:%M" : "%d %b", std::gmtime(&seconds));
+        return std::string(text);
+    });
+    plotter.SetDataReference(weather.data(), days, hours, 1, days, 3);
+    // [docs: end]
+    plotter.SetPlotTitle("Four weeks");
+    plotter.SetXAxisTitle("Day");
+    plotter.SetYAxisTitle("Hour");
+}
+
 } // namespace
 
 const std::vector<FeaturePicture> axisPictures = {
     {"titles", Titles},       {"own-ticks", OwnTicks},
     {"flattened", Flattened}, {"no-grid-lines", NoGridLines},
     {"inverted", Inverted},   {"fixed-planes", FixedPlanes},
-    {"legend", Legend},
+    {"legend", Legend},       {"national-grid", NationalGrid},
+    {"dates", Dates},
 };
