@@ -144,7 +144,9 @@ int SurfaceAccess::Trace(CKivoFunctionPlotter& plotter, const float* nearPt, con
         pick(plotter.Grid(), plotter.m_boundingBoxMin, plotter.m_boundingBoxMax, 0);
     for (const SurfaceLayer& layer : layers.over)
         if (layer.IsDrawn()) pick(layer.Grid(), layer.Min(), layer.Max(), layer.number);
-    return plotter.m_hasTracePoint != 0 ? 0 : 1;
+    if (plotter.m_hasTracePoint == 0) return 1;
+    plotter.AskForTraceWords();
+    return 0;
 }
 
 int SurfaceAccess::Traced(const CKivoFunctionPlotter& plotter) {
