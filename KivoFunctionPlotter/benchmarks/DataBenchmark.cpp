@@ -1,5 +1,6 @@
 // New data: everything that follows from them, the mesh arrays alone, the colours alone; beside the time that
 // it takes to fill as many bytes.
+#include "KivoColorMap.h"
 #include "support/BenchmarkGrid.h"
 #include "support/BenchmarkPlot.h"
 #include "support/Registration.h"
@@ -98,6 +99,29 @@ void RecolorPale(benchmark::State& state) {
     MeasureRecoloring(state, 0x4040FF, 0xE08080);
 }
 
+void RecolorFromTable(benchmark::State& state) {
+    LoadedPlot loaded(state);
+    const char* one = "viridis";
+    const char* other = "turbo";
+    for (auto _ : state) {
+        KivoDrawingTools::SetColorMap(loaded.plot.plotter, 2, one);
+        std::swap(one, other);
+    }
+}
+
+// Of a range that a part of the values lies beyond.
+void RecolorInRange(benchmark::State& state) {
+    LoadedPlot loaded(state);
+    PlotterProbe& plotter = loaded.plot.plotter;
+    const float min = plotter.m_boundingBoxMin[2], max = plotter.m_boundingBoxMax[2];
+    KivoDrawingTools::SetColorRange(plotter, 2, 0.75f * min + 0.25f * max, 0.25f * min + 0.75f * max);
+    unsigned long one = 0x0000FF, other = 0xFF0000;
+    for (auto _ : state) {
+        plotter.SetZGradientColor(one, other);
+        std::swap(one, other);
+    }
+}
+
 void FillColors(benchmark::State& state) {
     LoadedPlot loaded(state);
     const PlotterProbe& plotter = loaded.plot.plotter;
@@ -109,6 +133,8 @@ BENCHMARK(MeshArrays)->Apply(AllSizes);
 BENCHMARK(FillMeshArrays)->Apply(AllSizes);
 BENCHMARK(Recolor)->Apply(AllSizes);
 BENCHMARK(RecolorPale)->Apply(AllSizes);
+BENCHMARK(RecolorFromTable)->Apply(AllSizes);
+BENCHMARK(RecolorInRange)->Apply(AllSizes);
 BENCHMARK(FillColors)->Apply(AllSizes);
 
 } // namespace

@@ -918,6 +918,8 @@ private:
     friend class TextSet;        // the style, and the fonts and images that are made for it
     friend struct ViewAccess;    // saves and restores what a view consists of
 
+    friend struct ColorMapAccess; // the gradients and what shows them, for KivoColorMap.h
+
     struct SOwnedArray {
         float* start;        // from new[]
         std::size_t floats;  // that it has at least

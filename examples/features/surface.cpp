@@ -2,9 +2,11 @@
 #include "FeaturePicture.h"
 #include "SampleGrids.h"
 
+#include <KivoColorMap.h>
+
 #include <limits>
 
-using KivoDrawingTools::CKivoFunctionPlotter;
+using namespace KivoDrawingTools;
 using namespace KivoSamples;
 
 namespace {
@@ -22,6 +24,30 @@ void OneHue(CKivoFunctionPlotter& plotter) {
     const float pale[] = {1.0f, 0.9f, 0.8f, 1.0f};
     const float dark[] = {0.7f, 0.1f, 0.0f, 1.0f};
     plotter.SetZGradientColor(pale, dark);
+    // [docs: end]
+}
+
+void NamedTable(CKivoFunctionPlotter& plotter) {
+    // [docs: color-map]
+    SetColorMap(plotter, 2, "viridis"); // of z: 0 and 1 are x and y
+    // [docs: end]
+}
+
+void OwnTable(CKivoFunctionPlotter& plotter) {
+    // [docs: own-colors]
+    const float bands[] = {
+        0.1f, 0.4f, 0.7f, 1, 0.1f, 0.4f, 0.7f, 1, // cold: a colour that stands twice is a band
+        0.9f, 0.9f, 0.8f, 1, 0.9f, 0.9f, 0.8f, 1, // as it should be
+        0.8f, 0.2f, 0.1f, 1, 0.8f, 0.2f, 0.1f, 1, // too hot
+    };
+    SetColorMap(plotter, 2, bands, 6); // four floats a colour, six colours
+    // [docs: end]
+}
+
+void ColorRange(CKivoFunctionPlotter& plotter) {
+    // [docs: color-range]
+    SetColorMap(plotter, 2, "coolwarm");
+    SetColorRange(plotter, 2, 40.0f, 60.0f); // white at 50, whatever comes
     // [docs: end]
 }
 
@@ -72,6 +98,7 @@ void AllContours(CKivoFunctionPlotter& plotter) {
 
 const std::vector<FeaturePicture> surfacePictures = {
     {"surface", Surface},        {"gradient", Gradient},           {"one-hue", OneHue},
+    {"color-map", NamedTable},   {"own-colors", OwnTable},         {"color-range", ColorRange},
     {"frame-lines", FrameLines}, {"no-frame-lines", NoFrameLines}, {"holes", Holes},
     {"z-contours", ZContours},   {"all-contours", AllContours},
 };

@@ -30,7 +30,7 @@ class KivoFunctionPlotterRecipe(ConanFile):
         self.version = re.search(r"^ +VERSION ([0-9.]+)$", project, re.MULTILINE).group(1)
 
     def export_sources(self):
-        for pattern in ("CMakeLists.txt", "LICENSE", "cmake/*", "KivoFunctionPlotter/*"):
+        for pattern in ("CMakeLists.txt", "LICENSE", "LICENSES/*", "cmake/*", "KivoFunctionPlotter/*"):
             copy(self, pattern, self._checkout, self.export_sources_folder, excludes=("*/tests/*", "*/benchmarks/*", "*/abi/*"))
 
     def validate(self):
@@ -59,7 +59,8 @@ class KivoFunctionPlotterRecipe(ConanFile):
         cmake.build()
 
     def package(self):
-        copy(self, "LICENSE", self.source_folder, os.path.join(self.package_folder, "licenses"))
+        for pattern in ("LICENSE", "LICENSES/*"):
+            copy(self, pattern, self.source_folder, os.path.join(self.package_folder, "licenses"))
         CMake(self).install()
 
     def package_info(self):

@@ -1,6 +1,7 @@
 #include "KivoGradientColor.h"
 
 #include "computing/ColorSpace.h"
+#include "computing/ColorTable.h"
 #include "computing/VectorClones.h"
 
 #include <algorithm>
@@ -212,27 +213,55 @@ void CKivoGradientColor::SetColors(const float* startRgba, const float* endRgba)
     m_startAlpha = startRgba[3];
     RgbToHsv(endRgba[0], endRgba[1], endRgba[2], &m_endHue, &m_endSaturation, &m_endValue);
     m_endAlpha = endRgba[3];
+    m_table.reset();
 }
 
 void CKivoGradientColor::SetStartColor(const float* rgba) {
     RgbToHsv(rgba[0], rgba[1], rgba[2], &m_startHue, &m_startSaturation, &m_startValue);
     m_startAlpha = rgba[3];
     Reencode(&m_endHue, &m_endSaturation, &m_endValue);
+    m_table.reset();
 }
 
 void CKivoGradientColor::SetEndColor(const float* rgba) {
     RgbToHsv(rgba[0], rgba[1], rgba[2], &m_endHue, &m_endSaturation, &m_endValue);
     m_endAlpha = rgba[3];
     Reencode(&m_startHue, &m_startSaturation, &m_startValue);
+    m_table.reset();
 }
 
 void CKivoGradientColor::SetRange(float min, float max) {
+    m_dataMin = min;
+    m_dataMax = max;
+    if (!m_isRangeHeld) FreeRange();
+}
+
+void CKivoGradientColor::HoldRange(float min, float max) {
+    m_isRangeHeld = true;
     m_min = min;
     m_max = max;
     m_range = max - min;
 }
 
+void CKivoGradientColor::FreeRange() {
+    m_isRangeHeld = false;
+    m_min = m_dataMin;
+    m_max = m_dataMax;
+    m_range = m_dataMax - m_dataMin;
+}
+
+// The nearest value of a range that is held. What is no number is as good as the first one: points without a
+// place have no colour either.
+float CKivoGradientColor::Held(float value) const {
+    const float low = m_min < m_max ? m_min : m_max;
+    const float high = m_min < m_max ? m_max : m_min;
+    const float atLeast = value > low ? value : low;
+    return atLeast < high ? atLeast : high;
+}
+
 void CKivoGradientColor::Evaluate(float value, float* rgb) const {
+    if (m_table) return m_table->At(ColorRange{m_min, m_max}.Place(value), rgb);
+    if (m_isRangeHeld) value = Held(value);
     const float t = m_range != 0.0f ? (value - m_min) / m_range : 0.0f;
     const float hue = (1.0f - t) * m_startHue + t * m_endHue;
     const float saturation = (1.0f - t) * m_startSaturation + t * m_endSaturation;
@@ -242,6 +271,29 @@ void CKivoGradientColor::Evaluate(float value, float* rgb) const {
 
 void CKivoGradientColor::EvaluateAll(const float* values, std::size_t stride, std::size_t count, float* rgba,
                                      std::size_t* fromTable) const {
+    if (fromTable) *fromTable = 0;
+    if (m_table)
+        m_table->Assign({m_min, m_max}, values, stride, count, rgba);
+    else if (m_isRangeHeld)
+        EvaluateHeld(values, stride, count, rgba);
+    else
+        EvaluateFree(values, stride, count, rgba, fromTable);
+}
+
+// Within their range all values take the fast way.
+void CKivoGradientColor::EvaluateHeld(const float* values, std::size_t stride, std::size_t count,
+                                      float* rgba) const {
+    float held[pureRunLength];
+    for (std::size_t start = 0; start < count; start += pureRunLength) {
+        const std::size_t length = std::min(pureRunLength, count - start);
+        for (std::size_t i = 0; i < length; ++i)
+            held[i] = Held(values[(start + i) * stride]);
+        EvaluateFree(held, 1, length, rgba + start * 4, nullptr);
+    }
+}
+
+void CKivoGradientColor::EvaluateFree(const float* values, std::size_t stride, std::size_t count, float* rgba,
+                                      std::size_t* fromTable) const {
     static const PureColors pureColors;
     const Ramp ramp = {m_min,        m_range,  m_startHue,      m_startSaturation,
                        m_startValue, m_endHue, m_endSaturation, m_endValue};

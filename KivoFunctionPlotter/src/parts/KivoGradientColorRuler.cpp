@@ -1,6 +1,7 @@
 #include "KivoGradientColorRuler.h"
 
 #include "computing/AbsoluteScale.h"
+#include "computing/ColorTable.h"
 #include "drawing/Camera.h"
 #include "drawing/GLScopes.h"
 #include "drawing/TexturedQuad.h"
@@ -10,6 +11,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <utility>
 
 namespace KivoDrawingTools {
 
@@ -22,6 +24,7 @@ constexpr double barHeight = 0.8;
 constexpr double labelScale = 0.9;  // of the label's size in pixels
 constexpr double labelCenter = 0.6; // from the bar at that scale, in widths of the label
 constexpr double leastLabelScale = 0.6;
+constexpr std::size_t mostBands = 1024; // of the bar: more than it is high in pixels
 
 // How far a label reaches to the right of the bar, in its own widths.
 double LabelReach(double scale) {
@@ -113,6 +116,21 @@ bool CKivoGradientColorRuler::LabelSource::operator==(const LabelSource& other) 
            divisionCount == other.divisionCount && precision == other.precision && numbers == other.numbers;
 }
 
+void CKivoGradientColorRuler::MakeLike(const CKivoGradientColorRuler& other, CKivoGradientColor* gradient) {
+    m_precision = other.m_precision;
+    m_divisionCount = other.m_divisionCount;
+    m_textRenderer = other.m_textRenderer;
+    m_numbers = other.m_numbers;
+    SetGradient(gradient);
+    BuildLabels();
+}
+
+void CKivoGradientColorRuler::ExchangeLabels(CKivoGradientColorRuler& other) noexcept {
+    std::swap(m_labels, other.m_labels);
+    std::swap(m_labelSource, other.m_labelSource);
+    std::swap(m_divisionCount, other.m_divisionCount);
+}
+
 void CKivoGradientColorRuler::ReleaseLabels() {
     m_labelSource = {};
     if (!m_labels) return;
@@ -146,7 +164,7 @@ void CKivoGradientColorRuler::Render(const int* viewport, const double* volume) 
     glPushMatrix();
     glLoadIdentity();
 
-    RenderBar(left, right, bottom, 0.2 * height);
+    RenderBar(left, right, bottom, barHeight * height);
     RenderLabels(right, bottom, barHeight * height / m_divisionCount, worldPerPixel,
                  LabelScale(barRight, viewport[2]));
 
@@ -213,16 +231,25 @@ void CKivoGradientColorRuler::RenderLabels(double barRight, double bottom, doubl
     }
 }
 
-// Four bands between the five colours.
-void CKivoGradientColorRuler::RenderBar(double left, double right, double bottom, double bandHeight) const {
+// Four bands between the five colours of a gradient, or as many as a table has.
+void CKivoGradientColorRuler::RenderBar(double left, double right, double bottom, double height) const {
+    const ColorTable* const table = m_gradient ? m_gradient->Table() : nullptr;
+    const std::size_t bandCount = table ? std::min(table->Count() - 1, mostBands) : 4;
+    const double bandHeight = height / static_cast<double>(bandCount);
+    const auto setColor = [&](std::size_t end) {
+        if (!table) return glColor4fv(m_colors[end]);
+        float color[4] = {0, 0, 0, 1};
+        table->At(static_cast<float>(end) / static_cast<float>(bandCount), color);
+        glColor4fv(color);
+    };
     glBegin(GL_QUADS);
-    for (int band = 0; band < 4; ++band) {
-        const double low = bottom + band * bandHeight;
+    for (std::size_t band = 0; band < bandCount; ++band) {
+        const double low = bottom + static_cast<double>(band) * bandHeight;
         const double high = low + bandHeight;
-        glColor4fv(m_colors[band]);
+        setColor(band);
         glVertex3d(left, low, 0.0);
         glVertex3d(right, low, 0.0);
-        glColor4fv(m_colors[band + 1]);
+        setColor(band + 1);
         glVertex3d(right, high, 0.0);
         glVertex3d(left, high, 0.0);
     }

@@ -29,6 +29,12 @@ public:
     /// where they show these numbers already.
     void BuildLabels();
     void ReleaseLabels();
+    /// Whether there are labels, all of which could be made.
+    bool AreLabelsMade() const { return m_labelSource.renderer && HasLabels(); }
+    /// Makes a ruler with the settings of another one, which shows a gradient of its own.
+    void MakeLike(const CKivoGradientColorRuler& other, CKivoGradientColor* gradient);
+    /// Takes what another ruler shows of its gradient and gives it what this one shows.
+    void ExchangeLabels(CKivoGradientColorRuler& other) noexcept;
     /// The text of a label, the lowest being number 0.
     std::string LabelText(unsigned int label) const;
     /// Draws bar and labels.
@@ -75,7 +81,7 @@ private:
     int LabelOverhang(double barRight, int stripWidth) const;
     void RenderLabels(double barRight, double bottom, double spacing, double worldPerPixel,
                       double scale) const;
-    void RenderBar(double left, double right, double bottom, double bandHeight) const;
+    void RenderBar(double left, double right, double bottom, double height) const;
 };
 
 } // namespace KivoDrawingTools

@@ -221,8 +221,9 @@ bool Allocates(const PublicOperation& member, CallProbe& plotter) {
 
 // As they say.
 bool RefusesForMemory(const PublicOperation& member) {
-    return member.name.rfind("SetStyle", 0) == 0 || member.name.rfind("SetAxis", 0) == 0 ||
-           member.name.find("Picture(options)") != std::string::npos;
+    for (const char* const name : {"SetStyle", "SetAxis", "SetColorRange"})
+        if (member.name.rfind(name, 0) == 0) return true;
+    return member.name.find("Picture(options)") != std::string::npos;
 }
 
 // After the failure the same member does its work as if nothing had happened, and holds no more than it would

@@ -307,8 +307,9 @@ int ResultOf(const std::string& member, const std::string& failed, int n) {
     return 0;
 }
 
-// A style is refused where a text or a font cannot be made, and so is a picture in another one. Some
-// selections and bindings only undo others, and letters of lists have a font in any case.
+// A style and a range of colours are refused where a text or a font cannot be made, and so is a
+// picture in another style. Some selections and bindings only undo others, and letters of lists have a font
+// in any case.
 bool IsResultOfStyle(const std::string& failed, int result) {
     const std::set<std::string> needed = {
         "CreateCompatibleDC", "wglUseFontBitmapsA", "CreateCompatibleBitmap", "CreateSolidBrush",
@@ -328,6 +329,12 @@ bool IsResultOfAxis(const std::string& failed, int result) {
     return result == (needed.count(failed) != 0 ? -1 : 0);
 }
 
+// As a style, which measures no text anew; of a text's two measures only that of the whole is needed.
+bool IsResultOfLegend(const std::string& failed, int result) {
+    if (failed == "GetTextExtentPoint32A") return result == 0 || result == -1;
+    return IsResultOfStyle(failed, result);
+}
+
 // Beside the window there is another one, and its texts are kept: the second of two pictures needs none.
 bool IsResultOfPicture(const std::string& failed, int result) {
     if (failed == "GetClientRect") return result == -1;
@@ -338,6 +345,7 @@ bool IsResultOfPicture(const std::string& failed, int result) {
 bool IsResult(const PublicOperation& member, const std::string& failed, int n, int result) {
     if (member.name.rfind("SetStyle", 0) == 0) return IsResultOfStyle(failed, result);
     if (member.name.rfind("SetAxis", 0) == 0) return IsResultOfAxis(failed, result);
+    if (member.name.rfind("SetColorRange", 0) == 0) return IsResultOfLegend(failed, result);
     if (member.name.find("Picture(options)") != std::string::npos) return IsResultOfPicture(failed, result);
     return result == ResultOf(member.name, failed, n);
 }

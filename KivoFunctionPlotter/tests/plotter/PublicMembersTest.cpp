@@ -42,6 +42,7 @@ std::map<std::string, int> DeclaredFunctions() {
     CountFunctions(Header("KivoMotion.h"), counts);
     CountFunctions(Header("KivoSurfaces.h"), counts);
     CountFunctions(Header("KivoAxis.h"), counts);
+    CountFunctions(Header("KivoColorMap.h"), counts);
     return counts;
 }
 

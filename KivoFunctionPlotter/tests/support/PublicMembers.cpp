@@ -1,6 +1,7 @@
 #include "PublicMembers.h"
 
 #include "KivoAxis.h"
+#include "KivoColorMap.h"
 #include "KivoMotion.h"
 #include "KivoPicture.h"
 #include "KivoStyle.h"
@@ -592,13 +593,44 @@ const std::vector<PublicMember> axisFunctions = {
     Member("SetAxisOrigin(int, float, float)", bracketed, SetOriginAnew).Refuses(-1).Refuses(-3),
     Member("GetAxisOrigin(int)", none, [](P& p, A& a) { GetAxisOrigin(p, a.Int(2)); }),
     Member("SetAxisLabelFormat(int, flag, text)", bracketed, SetFormat).Refuses(-1).Refuses(-3),
+// ---- KivoColorMap.h
+
+int SetTable(P& plotter, A& source) {
+    const int axis = source.Int(2);
+    float colors[8];
+    std::copy_n(source.Rgba(blue), 4, colors);
+    std::copy_n(source.Rgba(red), 4, colors + 4);
+    return SetColorMap(plotter, axis, colors, 2);
+}
+
+// Held and free again, so that there is something to do each time.
+int HoldColorRange(P& plotter, A& source) {
+    const int axis = source.Int(2);
+    const float min = source.Float(-1.0f), max = source.Float(0.5f);
+    const int held = SetColorRange(plotter, axis, min, max);
+    const int free = SetColorRange(plotter, axis, min, min);
+    return held != 0 ? held : free;
+}
+
+const std::vector<PublicMember> colorMapFunctions = {
+    Member("SetColorMap(int, rgba, rgba)", none, SetTable).Refuses(-1).Refuses(-3),
+    Member("SetColorMap(int, text)", none,
+           [](P& p, A& a) {
+               const int axis = a.Int(2);
+               return SetColorMap(p, axis, a.Text("viridis"));
+           })
+        .Refuses(-1)
+        .Refuses(-3),
+    Member("ColorMapNames()", none, [](P&, A&) { return ColorMapNames().empty() ? contradiction : 0; }),
+    Member("SetColorRange(int, float, float)", bracketed, HoldColorRange).Refuses(-1).Refuses(-3),
 };
 
 std::vector<PublicMember> AllMembers() {
     std::vector<PublicMember> all;
     for (const auto* const part :
          {&coreMembers, &viewMembers, &surfaceMembers, &colorMembers, &annotationMembers, &overlayMembers,
-          &pictureFunctions, &styleFunctions, &motionFunctions, &surfaceFunctions, &axisFunctions})
+          &pictureFunctions, &styleFunctions, &motionFunctions, &surfaceFunctions, &axisFunctions,
+          &colorMapFunctions})
         all.insert(all.end(), part->begin(), part->end());
     return all;
 }

@@ -53,9 +53,9 @@ struct PublicMember {
 constexpr int contradiction = -1000;
 
 /// Every public member but those that construct, copy, assign and destroy the object, in the order of the
-/// header; then what KivoPicture.h, KivoStyle.h, KivoMotion.h and KivoAxis.h add. With plausible arguments
-/// those that do not concern the lifetime work, and give 0, on a plot of 400 x 300 pixels with data, a curve
-/// and a measure group, in any order and repeatedly.
+/// header; then what the headers beside it add. With plausible arguments those that do not concern the
+/// lifetime work, and give 0, on a plot of 400 x 300 pixels with data, a curve and a measure group, in any
+/// order and repeatedly.
 const std::vector<PublicMember>& PublicMembers();
 
 } // namespace KivoDrawingTools
