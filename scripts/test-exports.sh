@@ -8,7 +8,8 @@ mapfile -t names < <(grep -ohE '^KIVO_API [^(;]*\(' KivoFunctionPlotter/include/
 [ ${#names[@]} -gt 10 ] # else the headers are written otherwise
 class='(vtable for |typeinfo for |typeinfo name for )?KivoDrawingTools::(CKivoFunctionPlotter(::|$)|CKeepContext::~?CKeepContext\()'
 functions="KivoDrawingTools::($(IFS='|' && echo "${names[*]}"))\\("
-exported=$(nm --dynamic --defined-only --demangle "$library" | cut -d ' ' -f 3-)
+# GCC marks functions that return strings of its present library.
+exported=$(nm --dynamic --defined-only --demangle "$library" | cut -d ' ' -f 3- | sed 's/\[abi:cxx11\]//')
 unexpected=$(printf '%s\n' "$exported" | grep -Ev "^($class|$functions)" || true)
 if [ -n "$unexpected" ]; then
     printf 'Exported without being part of the interface:\n%s\n' "$unexpected"

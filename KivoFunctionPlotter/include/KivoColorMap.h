@@ -18,19 +18,19 @@ namespace KivoDrawingTools {
 /// one, and between two neighbours they change linearly in red, green and blue. The legend's bar shows all of
 /// them, up to 1024. The class's members that set a gradient of the axis go back to that.
 /// @param rgba   four floats a colour, each from 0 to 1; they are copied. The alpha is not shown, as that of
-///               gradients is not. Null with a count of 0
+///               gradients is not. Null for a count of 0 alone
 /// @param count  2 to 65536; 0 goes back to the gradient that was set last
 /// @return 0; -3 for another axis or count, a null pointer, and colours that are not within 0 to 1; -1 where
 ///         there was no memory for the gradient when the plotter was made. But for 0 nothing changes
 /// @throws std::bad_alloc  without memory for the table: nothing has changed then
 KIVO_API int SetColorMap(CKivoFunctionPlotter& plotter, int axis, const float* rgba, unsigned int count);
 
-/// The same with a table of the plotter's. The first four are lighter with every step, so that they are read
-/// in grey print, too, and two of these are made for it: cividis looks the same to those who cannot tell red
-/// from green, and grey is even in lightness alone.
-/// @param name  one of ColorMapNames(): "viridis", "cividis", "grey" and "terrain" grow lighter; "turbo" is a
-///              rainbow, which shows more steps and misleads more; "coolwarm" has white in its middle, for
-///              values about a middle one, which SetColorRange places
+/// The same with a table of the plotter's.
+/// @param name  one of ColorMapNames(). "viridis", "cividis", "grey" and "terrain" grow lighter by the same
+///              with every step, so that they are read in grey print, too; cividis does so for those who
+///              cannot tell red from green as well. "turbo" is a rainbow, which shows more steps and misleads
+///              more. "coolwarm" has white in its middle, for values about a middle one, which SetColorRange
+///              places
 /// @return 0; -3 for another axis, a null pointer or another name; -1 where there was no memory for the
 ///         gradient when the plotter was made. But for 0 nothing changes
 /// @throws std::bad_alloc  without memory for the table: nothing has changed then

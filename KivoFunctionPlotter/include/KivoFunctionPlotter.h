@@ -44,6 +44,7 @@ class CKivoMeasurePointGroup;
 class CKivoMeasurePointGroupManager;
 class ReducedSurface;
 struct GridView;
+struct PlacedImage;
 struct STextRenderer;
 struct SurfaceArrays;
 struct SurfaceLayers;
@@ -919,6 +920,7 @@ private:
     friend struct ViewAccess;    // saves and restores what a view consists of
 
     friend struct ColorMapAccess; // the gradients and what shows them, for KivoColorMap.h
+    friend struct LegendAccess;   // the legends, and the fields of KivoLegend.h
 
     struct SOwnedArray {
         float* start;        // from new[]
@@ -973,6 +975,10 @@ private:
     // Of KivoAxis.h; what numbers stand for is with box and legends
     std::shared_ptr<const struct STraceWords> m_traceWords; // the read-out in the host's words; null without
 
+    // Of KivoLegend.h
+    bool m_hasGroupNames = false;    // whether frames list the groups that are shown
+    bool m_hasFittedReadOut = false; // whether the traced point has the digits of its axes' ranges
+
     void InitTexts(int fontSize);
     static void DeleteFontLists(unsigned int base);
     void ShadeOfInk(float groundShare, float* rgba) const;
@@ -1021,12 +1027,18 @@ private:
     int ChangeGridBox(Change change);
     int SetAxisPrecision(int axis, unsigned int precision);
     void FindLineOfSight(POINT pt, float* nearPt, float* farPt);
+    std::string ReadOut(int axis, float value, bool asksFormats) const;
+    std::string PointText(const float* point, bool asksFormats) const;
     float MarkerSize(double factor) const;
     void AskForTraceWords();
     std::string TraceText() const;
     template <typename Draw>
     void ForEachVisibleCurve(Draw draw);
     CKivoMeasurePointGroup* FindMeasureGroup(unsigned int index) const;
+    struct SNameList; // rows, and the size of the largest name
+    SNameList MeasureGroupNames(bool areHiddenListed) const;
+    void RenderGroupNames(bool areHiddenListed);
+    void AddGroupNamesPlace(std::vector<PlacedImage>* places) const;
     void RenderLegendRow(const CKivoMeasurePointGroup& group, const float (*corners)[3], float squareLeft,
                          float squareRight);
     void RebuildRuler(CKivoGradientColorRuler* ruler, CKivoGradientColor* gradient);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 namespace KivoDrawingTools {
 
@@ -29,6 +30,23 @@ struct SKivoColor {
     float green; ///< 0 to 1
     float blue;  ///< 0 to 1
     float alpha; ///< 0 transparent, 1 opaque
+};
+
+/// Which values a colour legend shows beside its bar, and with how many digits.
+enum class KivoLegendNumbers {
+    asSet,  ///< eleven, with the digits of SetGradientColorRuleFloatingPointPrecision
+    fitted, ///< eleven, with the digits that tell them apart: right to a twentieth of the way from one to the
+            ///< next, as 1.2e30 from ten million on and below a ten-thousandth, and never -0
+    round ///< four to eleven round ones, such as 300, 400 and 500, where they stand, with the digits of these
+};
+
+/// How the colour legend of an axis looks. As it is made, it is the plotter's own.
+struct SKivoLegend {
+    bool isShown = true; ///< whether bar, numbers and title are drawn; the strip stays free for them else
+    /// What the colours mean, or their unit, above the bar, which gets shorter for it. UTF-8, on Windows the
+    /// process's code page; empty, as at first: none. Wider than the strip it is drawn smaller.
+    std::string title;
+    KivoLegendNumbers numbers = KivoLegendNumbers::asSet; ///< the values beside the bar
 };
 
 /// What CKivoFunctionPlotter::Renderscene() returns: whether the frame has been shown, or why not. The

@@ -3,6 +3,7 @@
 #include "SampleGrids.h"
 
 #include <KivoAxis.h>
+#include <KivoLegend.h>
 
 #include <cmath>
 #include <cstdio>
@@ -137,12 +138,26 @@ void Dates(CKivoFunctionPlotter& plotter) {
     plotter.SetYAxisTitle("Hour");
 }
 
+void RoundLegend(CKivoFunctionPlotter& plotter) {
+    // [docs: round-legend]
+    SKivoLegend legend;
+    legend.title = "Temp. (°C)";
+    legend.numbers = KivoLegendNumbers::round; // and no more digits than they need
+    SetLegend(plotter, 2, legend);             // of z: 0 and 1 are x and y
+    // [docs: end]
+}
+
 } // namespace
 
 const std::vector<FeaturePicture> axisPictures = {
-    {"titles", Titles},       {"own-ticks", OwnTicks},
-    {"flattened", Flattened}, {"no-grid-lines", NoGridLines},
-    {"inverted", Inverted},   {"fixed-planes", FixedPlanes},
-    {"legend", Legend},       {"national-grid", NationalGrid},
+    {"titles", Titles},
+    {"own-ticks", OwnTicks},
+    {"flattened", Flattened},
+    {"no-grid-lines", NoGridLines},
+    {"inverted", Inverted},
+    {"fixed-planes", FixedPlanes},
+    {"legend", Legend},
+    {"round-legend", RoundLegend},
+    {"national-grid", NationalGrid},
     {"dates", Dates},
 };

@@ -2,10 +2,12 @@
 #include "FeaturePicture.h"
 #include "SampleGrids.h"
 
+#include <KivoLegend.h>
+
 #include <cmath>
 #include <cstdio>
 
-using KivoDrawingTools::CKivoFunctionPlotter;
+using namespace KivoDrawingTools;
 using namespace KivoSamples;
 
 namespace {
@@ -40,10 +42,18 @@ void MeasurePoints(CKivoFunctionPlotter& plotter) {
 
 namespace {
 
+void GroupNames(CKivoFunctionPlotter& plotter) {
+    MeasurePoints(plotter);
+    // [docs: group-names]
+    ShowMeasureGroupNames(plotter, true);
+    // [docs: end]
+}
+
 void Traced(CKivoFunctionPlotter& plotter) {
     // [docs: trace]
-    plotter.Trace(true);       // from now on every mouse move over the plot traces
-    plotter.Trace({433, 215}); // as a mouse move to this pixel does
+    FitReadOutDigits(plotter, true); // no more digits than the ranges need, and no less
+    plotter.Trace(true);             // from now on every mouse move over the plot traces
+    plotter.Trace({433, 215});       // as a mouse move to this pixel does
     float point[3] = {};
     if (plotter.GetTracePoint(point)) std::printf("%g mm, %g mm: %g °C\n", point[0], point[1], point[2]);
     // [docs: end]
@@ -54,5 +64,6 @@ void Traced(CKivoFunctionPlotter& plotter) {
 const std::vector<FeaturePicture> overlayPictures = {
     {"curve", Curve},
     {"measure-points", MeasurePoints},
+    {"group-names", GroupNames},
     {"trace", Traced},
 };

@@ -28,8 +28,7 @@ public:
     /// Takes the colours from a table until two colours are set; null: from these at once.
     void SetTable(std::shared_ptr<const ColorTable> table) { m_table = std::move(table); }
     const ColorTable* Table() const { return m_table.get(); }
-    /// Takes these values for the first and the last colour, and for those beyond them, whatever the data
-    /// are.
+    /// Takes these values for first and last colour, and for all values beyond them, whatever the data are.
     void HoldRange(float min, float max);
     /// Goes back to the range of the data.
     void FreeRange();

@@ -24,7 +24,10 @@ constexpr double barHeight = 0.8;
 constexpr double labelScale = 0.9;  // of the label's size in pixels
 constexpr double labelCenter = 0.6; // from the bar at that scale, in widths of the label
 constexpr double leastLabelScale = 0.6;
+constexpr double titleGap = 0.15;       // below and above the title, in its height
+constexpr double leastBarShare = 0.1;   // of the strip's height, under a title
 constexpr std::size_t mostBands = 1024; // of the bar: more than it is high in pixels
+constexpr unsigned int standardDivisions = 10;
 
 // How far a label reaches to the right of the bar, in its own widths.
 double LabelReach(double scale) {
@@ -35,6 +38,7 @@ double LabelReach(double scale) {
 
 CKivoGradientColorRuler::~CKivoGradientColorRuler() {
     ReleaseLabels();
+    ReleaseTitle();
 }
 
 void CKivoGradientColorRuler::SetGradient(CKivoGradientColor* gradient) {
@@ -50,9 +54,11 @@ void CKivoGradientColorRuler::SetGradient(CKivoGradientColor* gradient) {
 void CKivoGradientColorRuler::BuildLabels() {
     if (m_divisionCount == 0 || !m_gradient) return;
     if (m_textRenderer && Source() == m_labelSource && HasLabels()) return;
-    AskForWords(); // first: a host may do anything then, if it wants
-    const LabelSource source = Source();
     ReleaseLabels();
+    ChooseDivisions();
+    AskForWords();   // a host may do anything then, if it wants,
+    ReleaseLabels(); // and have had labels made
+    const LabelSource source = Source();
     m_labels = new SKivoTexImage[std::size_t{m_divisionCount} + 1];
     bool areMade = true;
     for (unsigned int i = 0; i <= m_divisionCount; ++i)
@@ -60,18 +66,46 @@ void CKivoGradientColorRuler::BuildLabels() {
     if (areMade) m_labelSource = source;
 }
 
+// Round values divide the range as they will, others as the plotter says.
+void CKivoGradientColorRuler::ChooseDivisions() {
+    const NumberSteps round = m_legend.numbers == KivoLegendNumbers::round ? RoundValues() : NumberSteps();
+    if (m_isRound) m_divisionCount = standardDivisions;
+    m_isRound = round.count != 0;
+    if (m_isRound) m_divisionCount = round.count - 1;
+}
+
+// What the least value of the range stands for.
+double CKivoGradientColorRuler::First() const {
+    return (m_numbers ? m_numbers->origin : 0.0) + static_cast<double>(m_gradient->m_min);
+}
+
+double CKivoGradientColorRuler::Last() const {
+    return (m_numbers ? m_numbers->origin : 0.0) + static_cast<double>(m_gradient->m_max);
+}
+
+NumberSteps CKivoGradientColorRuler::RoundValues() const {
+    return RoundSteps(First(), Last(), standardDivisions + 1);
+}
+
+// Of the labels, in double precision: what they stand for.
+NumberSteps CKivoGradientColorRuler::Values() const {
+    if (m_isRound) return RoundValues();
+    return {First(), (Last() - First()) / m_divisionCount, m_divisionCount + 1};
+}
+
 CKivoGradientColorRuler::LabelSource CKivoGradientColorRuler::Source() const {
-    return {m_textRenderer, m_gradient->m_min, m_gradient->m_max, m_divisionCount, m_precision, m_numbers};
+    return {m_textRenderer, m_gradient->m_min, m_gradient->m_max, m_divisionCount,
+            m_precision,    m_legend.numbers,  m_numbers};
 }
 
 // Above 0, or 0 where it is no number.
 double CKivoGradientColorRuler::LabelDistance() const {
-    const double range = static_cast<double>(m_gradient->m_max) - static_cast<double>(m_gradient->m_min);
-    const double distance = std::abs(range) / m_divisionCount;
+    const double distance = std::abs(Values().step);
     return std::isfinite(distance) ? distance : 0.0;
 }
 
 double CKivoGradientColorRuler::Value(unsigned int label) const {
+    if (m_isRound) return Values().Value(label);
     const double min = static_cast<double>(m_gradient->m_min), max = static_cast<double>(m_gradient->m_max);
     const double value = min + (max - min) * label / m_divisionCount;
     return MeantNumber(m_numbers ? m_numbers->origin : 0.0, value, std::max(std::abs(min), std::abs(max)),
@@ -96,13 +130,45 @@ std::string CKivoGradientColorRuler::LabelText(unsigned int label) const {
 }
 
 std::string CKivoGradientColorRuler::PlainLabelText(unsigned int label) const {
+    const bool isAsSet = m_legend.numbers == KivoLegendNumbers::asSet;
     if (m_numbers && m_numbers->origin != 0.0) {
         const double value = Value(label);
-        const unsigned int needed = DigitsApart(LabelDistance(), value) + 1; // the numbers are not round
-        return FormatAbsolute(value, std::max(m_precision, needed));
+        const unsigned int apart = DigitsApart(LabelDistance(), value);
+        const unsigned int needed = m_isRound ? apart : apart + 1;
+        return FormatAbsolute(value, isAsSet ? std::max(m_precision, needed) : needed);
+    }
+    if (!isAsSet) {
+        const NumberSteps values = Values();
+        return FittedNumbers(values).Text(values.Value(label));
     }
     const float step = (m_gradient->m_max - m_gradient->m_min) / static_cast<float>(m_divisionCount);
     return FormatNumber(m_gradient->m_min + static_cast<float>(label) * step, m_precision);
+}
+
+// Where a round value stands, in shares of the bar.
+double CKivoGradientColorRuler::LabelPlace(unsigned int label) const {
+    return (Values().Value(label) - First()) / (Last() - First());
+}
+
+void CKivoGradientColorRuler::BuildTitle() {
+    ReleaseTitle();
+    if (!m_legend.title.empty()) CreateTextImage(m_textRenderer, m_legend.title.c_str(), &m_titleImage);
+}
+
+void CKivoGradientColorRuler::ReleaseTitle() {
+    if (m_titleImage.texture != 0 || m_titleImage.pixels) ReleaseTextImage(&m_titleImage);
+}
+
+bool CKivoGradientColorRuler::HasTextsOf(const CKivoGradientColorRuler& other) const {
+    const auto hasTitle = [](const CKivoGradientColorRuler& ruler) {
+        return ruler.m_legend.title.empty() || ruler.m_titleImage.pixels;
+    };
+    const auto hasLabels = [](const CKivoGradientColorRuler& ruler) {
+        return ruler.m_labelSource.renderer && ruler.HasLabels();
+    };
+    const bool isTitleAsGood =
+        hasTitle(*this) || (m_legend.title == other.m_legend.title && !hasTitle(other));
+    return isTitleAsGood && (hasLabels(*this) || !hasLabels(other));
 }
 
 // A label that was made while no context was current has no texture.
@@ -113,22 +179,30 @@ bool CKivoGradientColorRuler::HasLabels() const {
 
 bool CKivoGradientColorRuler::LabelSource::operator==(const LabelSource& other) const {
     return renderer == other.renderer && min == other.min && max == other.max &&
-           divisionCount == other.divisionCount && precision == other.precision && numbers == other.numbers;
+           divisionCount == other.divisionCount && precision == other.precision && style == other.style &&
+           numbers == other.numbers;
 }
 
-void CKivoGradientColorRuler::MakeLike(const CKivoGradientColorRuler& other, CKivoGradientColor* gradient) {
+void CKivoGradientColorRuler::MakeLike(const CKivoGradientColorRuler& other, CKivoGradientColor* gradient,
+                                       const SKivoLegend& legend) {
+    m_legend = legend;
     m_precision = other.m_precision;
-    m_divisionCount = other.m_divisionCount;
+    m_divisionCount = other.m_isRound ? standardDivisions : other.m_divisionCount;
     m_textRenderer = other.m_textRenderer;
     m_numbers = other.m_numbers;
-    SetGradient(gradient);
+    if (gradient) SetGradient(gradient);
     BuildLabels();
+    BuildTitle();
 }
 
-void CKivoGradientColorRuler::ExchangeLabels(CKivoGradientColorRuler& other) noexcept {
+void CKivoGradientColorRuler::ExchangeTexts(CKivoGradientColorRuler& other) noexcept {
     std::swap(m_labels, other.m_labels);
     std::swap(m_labelSource, other.m_labelSource);
     std::swap(m_divisionCount, other.m_divisionCount);
+    std::swap(m_isRound, other.m_isRound);
+    std::swap(m_words, other.m_words);
+    std::swap(m_legend, other.m_legend);
+    std::swap(m_titleImage, other.m_titleImage);
 }
 
 void CKivoGradientColorRuler::ReleaseLabels() {
@@ -141,6 +215,7 @@ void CKivoGradientColorRuler::ReleaseLabels() {
 }
 
 void CKivoGradientColorRuler::Render(const int* viewport, const double* volume) const {
+    if (!m_legend.isShown) return;
     const double width = volume[1] - volume[0];
     const double height = volume[3] - volume[2];
     const double worldPerPixel = width / viewport[2];
@@ -164,9 +239,10 @@ void CKivoGradientColorRuler::Render(const int* viewport, const double* volume) 
     glPushMatrix();
     glLoadIdentity();
 
-    RenderBar(left, right, bottom, barHeight * height);
-    RenderLabels(right, bottom, barHeight * height / m_divisionCount, worldPerPixel,
-                 LabelScale(barRight, viewport[2]));
+    const double barTall = BarShare(viewport[3]) * height;
+    RenderBar(left, right, bottom, barTall);
+    RenderLabels(right, bottom, barTall, worldPerPixel, LabelScale(barRight, viewport[2]));
+    RenderTitle(left, bottom + barTall, worldPerPixel, viewport[2]);
 
     glPopMatrix();
     glMatrixMode(GL_PROJECTION);
@@ -178,21 +254,63 @@ void CKivoGradientColorRuler::AddLabelsBeyond(const int* viewport, const double*
                                               const int* plotViewport,
                                               std::vector<PlacedImage>* places) const {
     const double barRight = (barPlace + barWidth) * viewport[2];
-    if (!m_labels || volume[1] == volume[0] || LabelOverhang(barRight, viewport[2]) == 0) return;
+    if (!m_legend.isShown || volume[1] == volume[0] || LabelOverhang(barRight, viewport[2]) == 0) return;
     const double scale = LabelScale(barRight, viewport[2]);
-    for (unsigned int i = 0; i <= m_divisionCount; ++i) {
-        const SKivoTexImage& label = m_labels[i];
-        if (barRight + label.width * LabelReach(scale) <= viewport[2]) continue;
+    const double share = BarShare(viewport[3]);
+    const auto add = [&](const SKivoTexImage& image, double imageScale, double x, double y) {
         PlacedImage place;
-        place.center.x =
-            viewport[0] + barRight + label.width * labelCenter * (scale / labelScale) - plotViewport[0];
-        place.center.y =
-            viewport[1] + viewport[3] * (barBottom + i * barHeight / m_divisionCount) - plotViewport[1];
-        place.halfWidth = 0.5 * scale * label.width;
-        place.halfHeight = 0.5 * scale * label.height;
+        place.center.x = viewport[0] + x - plotViewport[0];
+        place.center.y = viewport[1] + y - plotViewport[1];
+        place.halfWidth = 0.5 * imageScale * image.width;
+        place.halfHeight = 0.5 * imageScale * image.height;
         place.isShown = true;
         places->push_back(place);
+    };
+    for (unsigned int i = 0; m_labels && i <= m_divisionCount; ++i) {
+        const SKivoTexImage& label = m_labels[i];
+        if (barRight + label.width * LabelReach(scale) <= viewport[2]) continue;
+        const double height = m_isRound ? LabelPlace(i) * share : i * share / m_divisionCount;
+        add(label, scale, barRight + label.width * labelCenter * (scale / labelScale),
+            viewport[3] * (barBottom + height));
     }
+    const double titleScale = TitleScale(viewport[2]);
+    const double titleLeft = barPlace * viewport[2];
+    if (m_titleImage.texture != 0 && titleLeft + m_titleImage.width * titleScale > viewport[2])
+        add(m_titleImage, titleScale, titleLeft + 0.5 * m_titleImage.width * titleScale,
+            viewport[3] * (barBottom + share) + TitleCenter(titleScale));
+}
+
+// The bar makes room for a title.
+double CKivoGradientColorRuler::BarShare(int stripHeight) const {
+    if (m_titleImage.texture == 0 || stripHeight <= 0) return barHeight;
+    const double title = labelScale * m_titleImage.height;
+    const double room = TitleCenter(labelScale) + (0.5 + titleGap) * title;
+    return std::clamp(1.0 - barBottom - room / stripHeight, leastBarShare, barHeight);
+}
+
+// From the bar's top to the middle of a title, over the label that stands there. In pixels.
+double CKivoGradientColorRuler::TitleCenter(double titleScale) const {
+    const double label = m_labels ? labelScale * m_labels[0].height : 0.0;
+    return 0.5 * label + (titleGap + 0.5) * titleScale * m_titleImage.height;
+}
+
+// As labels: as large as fits, within limits.
+double CKivoGradientColorRuler::TitleScale(int stripWidth) const {
+    const double room = (1.0 - barPlace) * stripWidth;
+    if (!(m_titleImage.width * labelScale > room)) return labelScale;
+    return std::clamp(room / m_titleImage.width, leastLabelScale, labelScale);
+}
+
+void CKivoGradientColorRuler::RenderTitle(double left, double barTop, double worldPerPixel,
+                                          int stripWidth) const {
+    if (m_titleImage.texture == 0) return;
+    constexpr float toTheRight[] = {1, 0, 0};
+    constexpr float upwards[] = {0, 1, 0};
+    const double titleScale = TitleScale(stripWidth);
+    const double scale = titleScale * worldPerPixel;
+    const float center[] = {static_cast<float>(left + 0.5 * m_titleImage.width * scale),
+                            static_cast<float>(barTop + TitleCenter(titleScale) * worldPerPixel), 0.0f};
+    DrawTexturedQuad(center, toTheRight, upwards, scale, scale, m_titleImage);
 }
 
 int CKivoGradientColorRuler::WidestLabel() const {
@@ -210,23 +328,28 @@ double CKivoGradientColorRuler::LabelScale(double barRight, int stripWidth) cons
     return std::clamp(labelScale * room / needed, leastLabelScale, labelScale);
 }
 
-// Pixels by which the widest label passes the strip's right side.
+// Pixels by which the widest text passes the strip's right side.
 int CKivoGradientColorRuler::LabelOverhang(double barRight, int stripWidth) const {
     constexpr double rounding = 1e-6; // a label scaled to fit may seem a hair too wide
-    const double overhang =
-        barRight + WidestLabel() * LabelReach(LabelScale(barRight, stripWidth)) - stripWidth - rounding;
+    const double labels = barRight + WidestLabel() * LabelReach(LabelScale(barRight, stripWidth));
+    const double title = m_titleImage.texture == 0
+                             ? labels
+                             : barPlace * stripWidth + m_titleImage.width * TitleScale(stripWidth);
+    const double overhang = std::max(labels, title) - stripWidth - rounding;
     return overhang > 0.0 && overhang < 1e6 ? static_cast<int>(std::ceil(overhang)) : 0;
 }
 
-void CKivoGradientColorRuler::RenderLabels(double barRight, double bottom, double spacing,
+void CKivoGradientColorRuler::RenderLabels(double barRight, double bottom, double barTall,
                                            double worldPerPixel, double labelSize) const {
     constexpr float toTheRight[] = {1, 0, 0};
     constexpr float upwards[] = {0, 1, 0};
     const double scale = worldPerPixel * labelSize;
     const double toCenter = labelCenter * (labelSize / labelScale);
+    const double spacing = barTall / m_divisionCount;
     for (unsigned int i = 0; m_labels && i <= m_divisionCount; ++i) {
+        const double height = m_isRound ? LabelPlace(i) * barTall : i * spacing;
         const float center[] = {static_cast<float>(barRight + m_labels[i].width * worldPerPixel * toCenter),
-                                static_cast<float>(bottom + i * spacing), 0.0f};
+                                static_cast<float>(bottom + height), 0.0f};
         DrawTexturedQuad(center, toTheRight, upwards, scale, scale, m_labels[i]);
     }
 }

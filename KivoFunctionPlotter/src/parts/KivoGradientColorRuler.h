@@ -3,6 +3,7 @@
 
 #include "AxisNumbers.h"
 #include "computing/AxisLabelLayout.h"
+#include "computing/FittedNumbers.h"
 #include "KivoTypes.h"
 
 #include <memory>
@@ -26,15 +27,20 @@ public:
     /// Takes the gradient and its colours at 0, 1/4, 1/2, 3/4 and 1 of its range.
     void SetGradient(CKivoGradientColor* gradient);
     /// Makes the labels from range, division count and precision. They stay as they are with 0 divisions, and
-    /// where they show these numbers already.
+    /// where they show these numbers already. Where they are to be round, they decide on the divisions.
     void BuildLabels();
     void ReleaseLabels();
-    /// Whether there are labels, all of which could be made.
-    bool AreLabelsMade() const { return m_labelSource.renderer && HasLabels(); }
-    /// Makes a ruler with the settings of another one, which shows a gradient of its own.
-    void MakeLike(const CKivoGradientColorRuler& other, CKivoGradientColor* gradient);
-    /// Takes what another ruler shows of its gradient and gives it what this one shows.
-    void ExchangeLabels(CKivoGradientColorRuler& other) noexcept;
+    /// Makes the title's image; there is none of an empty one.
+    void BuildTitle();
+    void ReleaseTitle();
+    /// Whether the title has been made, if there is one, and the labels, unless another ruler lacks them.
+    bool HasTextsOf(const CKivoGradientColorRuler& other) const;
+    /// Makes the texts that another ruler would show with another gradient and another look. They are this
+    /// one's until they are exchanged.
+    void MakeLike(const CKivoGradientColorRuler& other, CKivoGradientColor* gradient,
+                  const SKivoLegend& legend);
+    /// Exchanges look and texts with another ruler; each keeps its gradient.
+    void ExchangeTexts(CKivoGradientColorRuler& other) noexcept;
     /// The text of a label, the lowest being number 0.
     std::string LabelText(unsigned int label) const;
     /// Draws bar and labels.
@@ -55,6 +61,9 @@ public:
     SKivoTexImage* m_labels = nullptr;            ///< m_divisionCount + 1 images, bottom to top; from new[]
     std::shared_ptr<const AxisNumbers> m_numbers; ///< what the values stand for; null: for themselves
     std::vector<std::string> m_words;             ///< the host's for the labels; empty where it has none
+    SKivoLegend m_legend;                         ///< how it looks
+    SKivoTexImage m_titleImage;                   ///< of its title
+    bool m_isRound = false; ///< the labels stand at round values, as many as m_divisionCount says
 
 private:
     // What the labels were made from.
@@ -64,6 +73,7 @@ private:
         float max = 0.0f;
         unsigned int divisionCount = 0;
         unsigned int precision = 0;
+        KivoLegendNumbers style = KivoLegendNumbers::asSet;
         std::shared_ptr<const AxisNumbers> numbers;
 
         bool operator==(const LabelSource& other) const;
@@ -76,11 +86,21 @@ private:
     std::string PlainLabelText(unsigned int label) const;
     void AskForWords();
     bool HasLabels() const;
+    double First() const;
+    double Last() const;
+    NumberSteps RoundValues() const;
+    NumberSteps Values() const;
+    void ChooseDivisions();
+    double LabelPlace(unsigned int label) const;
+    double BarShare(int stripHeight) const;
+    double TitleCenter(double titleScale) const;
+    double TitleScale(int stripWidth) const;
     int WidestLabel() const;
     double LabelScale(double barRight, int stripWidth) const;
     int LabelOverhang(double barRight, int stripWidth) const;
-    void RenderLabels(double barRight, double bottom, double spacing, double worldPerPixel,
+    void RenderLabels(double barRight, double bottom, double barTall, double worldPerPixel,
                       double scale) const;
+    void RenderTitle(double left, double barTop, double worldPerPixel, int stripWidth) const;
     void RenderBar(double left, double right, double bottom, double height) const;
 };
 

@@ -89,14 +89,18 @@ class LegendKeeper {
 public:
     explicit LegendKeeper(CKivoGradientColorRuler& ruler)
         : m_ruler(ruler), m_numbers(ruler.m_numbers), m_count(ruler.m_divisionCount + 1),
-          m_labels(std::exchange(ruler.m_labels, nullptr)) {
+          m_isRound(ruler.m_isRound), m_labels(std::exchange(ruler.m_labels, nullptr)) {
         m_words.swap(ruler.m_words);
     }
     ~LegendKeeper() {
         if (!m_isReplaced) {
+            const unsigned int count = m_ruler.m_divisionCount + 1;
             m_ruler.m_numbers.swap(m_numbers);
+            m_ruler.m_divisionCount = m_count - 1;
+            m_ruler.m_isRound = m_isRound;
             std::swap(m_ruler.m_labels, m_labels);
             m_ruler.m_words.swap(m_words);
+            m_count = count;
         }
         ReleaseImages(m_labels, m_count);
     }
@@ -109,6 +113,7 @@ private:
     CKivoGradientColorRuler& m_ruler;
     Numbers m_numbers;
     unsigned int m_count;
+    bool m_isRound;
     SKivoTexImage* m_labels;
     std::vector<std::string> m_words;
     bool m_isReplaced = false;
@@ -126,15 +131,6 @@ struct STraceWords {
 
 namespace {
 
-std::string PointText(const CKivoGridBox* box, const float* point, bool asksFormats) {
-    std::string text = "(";
-    for (int axis = 0; axis < 3; ++axis) {
-        text += box ? box->ReadOut(axis, point[axis], asksFormats) : FormatNumber(point[axis], 3);
-        text += axis < 2 ? ", " : ")";
-    }
-    return text;
-}
-
 bool HasFormats(const CKivoGridBox* box) {
     return box && std::any_of(std::begin(box->m_numbers), std::end(box->m_numbers),
                               [](const Numbers& numbers) { return numbers && numbers->format; });
@@ -142,20 +138,27 @@ bool HasFormats(const CKivoGridBox* box) {
 
 } // namespace
 
+std::string CKivoFunctionPlotter::PointText(const float* point, bool asksFormats) const {
+    std::string text = "(";
+    for (int axis = 0; axis < 3; ++axis)
+        text += ReadOut(axis, point[axis], asksFormats) + (axis < 2 ? ", " : ")");
+    return text;
+}
+
 // Ahead of the frames, since a host may do anything while it is asked.
 void CKivoFunctionPlotter::AskForTraceWords() {
     std::shared_ptr<STraceWords> words;
     if (m_hasTracePoint != 0 && HasFormats(m_gridBox)) {
         words = std::make_shared<STraceWords>();
         std::copy(m_tracePoint, m_tracePoint + 3, words->point);
-        words->text = PointText(m_gridBox, words->point, true);
+        words->text = PointText(words->point, true);
     }
     m_traceWords = std::move(words);
 }
 
 std::string CKivoFunctionPlotter::TraceText() const {
     const bool hasWords = m_traceWords && std::equal(m_tracePoint, m_tracePoint + 3, m_traceWords->point);
-    return hasWords ? m_traceWords->text : PointText(m_gridBox, m_tracePoint, false);
+    return hasWords ? m_traceWords->text : PointText(m_tracePoint, false);
 }
 
 // ---- The host's side ------------------------------------------------------------------------------------

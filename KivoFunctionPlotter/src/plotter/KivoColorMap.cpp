@@ -80,7 +80,7 @@ int ColorMapAccess::SetTable(CKivoFunctionPlotter& plotter, int axis,
     if (!table && !gradient->Table()) return 0;
     CKivoGradientColor changed = *gradient;
     changed.SetTable(std::move(table));
-    Recolor(plotter, axis, std::move(changed));
+    Recolor(plotter, axis, changed);
     return 0;
 }
 
@@ -104,10 +104,10 @@ int ColorMapAccess::SetRange(CKivoFunctionPlotter& plotter, int axis, float min,
     const ContextScope context(plotter.m_hDC, plotter.m_hGLRC);
     if (!wglGetCurrentContext()) return -1;
     CKivoGradientColorRuler relabelled;
-    relabelled.MakeLike(*ruler, &changed);
-    if (ruler->AreLabelsMade() && !relabelled.AreLabelsMade()) return -1;
+    relabelled.MakeLike(*ruler, &changed, ruler->m_legend);
+    if (!relabelled.HasTextsOf(*ruler)) return -1;
     Recolor(plotter, axis, changed);
-    ruler->ExchangeLabels(relabelled);
+    ruler->ExchangeTexts(relabelled);
     return 0;
 }
 

@@ -110,8 +110,12 @@ void CollectOtherTexts(const CKivoGradientColorRuler* ruler, const int* legendVi
         place.isShown = true;
         others.push_back(place);
     }
-    const double scale = static_cast<double>(box.m_pixelScale); // the box measures in pixels of its own
-    for (PlacedImage& place : others) {
+}
+
+// The box measures in pixels of its own.
+void ScaleOtherTexts(CKivoGridBox& box) {
+    const double scale = static_cast<double>(box.m_pixelScale);
+    for (PlacedImage& place : box.m_screenBox.others) {
         place.center = {place.center.x / scale, place.center.y / scale};
         place.halfWidth /= scale;
         place.halfHeight /= scale;
@@ -237,6 +241,8 @@ int CKivoFunctionPlotter::Release() {
         DeleteFontLists(m_fontListBase);
         m_fontListBase = 0;
         PictureAccess::ReleaseStore(*this);
+        for (CKivoGradientColorRuler* ruler : {m_xColorRuler, m_yColorRuler, m_zColorRuler})
+            if (ruler) ruler->ReleaseTitle();
     }
     if (m_textRenderer) ReleaseTextRenderer(m_textRenderer);
 
@@ -374,6 +380,7 @@ void CKivoFunctionPlotter::InitRuler(CKivoGradientColorRuler* ruler, CKivoGradie
     ruler->ReleaseLabels(); // they are counted by the divisions
     ruler->m_divisionCount = divisions;
     ruler->BuildLabels();
+    ruler->BuildTitle();
 }
 
 int CKivoFunctionPlotter::SetDCPixelFormat(HDC hdc, bool accelerated) {
@@ -601,6 +608,8 @@ void CKivoFunctionPlotter::DrawNormalPlot() {
         StyleGridBox();
         CollectOtherTexts(m_zColorRuler, m_legendViewport, m_legendViewVolume, m_plotTitleImage,
                           m_plotViewport, *m_gridBox);
+        if (m_hasGroupNames) AddGroupNamesPlace(&m_gridBox->m_screenBox.others);
+        ScaleOtherTexts(*m_gridBox);
         m_gridBox->Render(PixelToWorld(1.0), m_axisScale, m_rotationMatrix);
     }
     if (m_hasTracePoint != 0) RenderTraceGuideLines();
@@ -625,6 +634,7 @@ void CKivoFunctionPlotter::DrawNormalPlot() {
     glDisable(GL_LIGHTING); // the title's quad leaves it on, and the bar shows the gradient's own colours
     RenderTraceLegend();
     if (m_zColorRuler) m_zColorRuler->Render(m_legendViewport, m_legendViewVolume);
+    if (m_hasGroupNames) RenderGroupNames(false);
 }
 
 void CKivoFunctionPlotter::DrawProjectionPlot() {
@@ -657,6 +667,7 @@ void CKivoFunctionPlotter::DrawProjectionPlot() {
         StyleGridBox();
         CollectOtherTexts(ruler, m_legendViewport, m_legendViewVolume, m_plotTitleImage, m_plotViewport,
                           *m_gridBox);
+        ScaleOtherTexts(*m_gridBox);
         (m_gridBox->*renderFrame)(PixelToWorld(1.0), m_axisScale);
     }
     (this->*renderContours)();

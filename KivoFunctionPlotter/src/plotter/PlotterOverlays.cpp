@@ -1,6 +1,7 @@
 // CKivoFunctionPlotter: curves, point markers and measure groups.
 #include "KivoFunctionPlotter.h"
 
+#include "computing/AxisLabelLayout.h"
 #include "computing/ColorSpace.h"
 #include "drawing/GLScopes.h"
 #include "drawing/PointMarker.h"
@@ -18,6 +19,10 @@ namespace {
 
 constexpr int badIndex = -2;
 constexpr int refusedArgument = -3;
+
+constexpr double nameListMargin = 0.01; // of the plot's width
+constexpr float nameSquare = 0.8f;      // of a row's height
+constexpr float nameSquareGap = 0.2f;   // of the square
 
 template <typename Container>
 bool IsIndexOf(const Container& container, int index) {
@@ -244,18 +249,34 @@ void CKivoFunctionPlotter::RenderMeasurePoints() {
 }
 
 void CKivoFunctionPlotter::RenderLegend() {
-    const float pixel = static_cast<float>(PixelToWorld(1.0));
-    const float margin = static_cast<float>((m_viewRight - m_viewLeft) * 0.01);
-    int maxWidth = 0;
-    int maxHeight = 0;
-    for (unsigned int g = 0; g < GetNumMeasureGroups(); ++g) {
-        maxWidth = std::max(maxWidth, FindMeasureGroup(g)->m_nameImage.width);
-        maxHeight = std::max(maxHeight, FindMeasureGroup(g)->m_nameImage.height);
+    RenderGroupNames(true);
+}
+
+struct CKivoFunctionPlotter::SNameList {
+    int rowCount = 0;
+    int width = 0;
+    int rowHeight = 0;
+};
+
+CKivoFunctionPlotter::SNameList CKivoFunctionPlotter::MeasureGroupNames(bool areHiddenListed) const {
+    SNameList list;
+    for (unsigned int g = 0; const CKivoMeasurePointGroup* group = FindMeasureGroup(g); ++g) {
+        if (!areHiddenListed && !group->m_visible) continue;
+        ++list.rowCount;
+        list.width = std::max(list.width, group->m_nameImage.width);
+        list.rowHeight = std::max(list.rowHeight, group->m_nameImage.height);
     }
-    const float rowHeight = static_cast<float>(maxHeight) * pixel;
-    const float square = rowHeight * 0.8f;
-    const float nameX = static_cast<float>(m_viewRight) - margin - static_cast<float>(maxWidth) * pixel;
-    const float squareRight = nameX - 0.2f * square;
+    return list;
+}
+
+void CKivoFunctionPlotter::RenderGroupNames(bool areHiddenListed) {
+    const SNameList list = MeasureGroupNames(areHiddenListed);
+    const float pixel = static_cast<float>(PixelToWorld(1.0));
+    const float margin = static_cast<float>((m_viewRight - m_viewLeft) * nameListMargin);
+    const float rowHeight = static_cast<float>(list.rowHeight) * pixel;
+    const float square = rowHeight * nameSquare;
+    const float nameX = static_cast<float>(m_viewRight) - margin - static_cast<float>(list.width) * pixel;
+    const float squareRight = nameX - nameSquareGap * square;
     const float squareLeft = squareRight - square;
     const float z = static_cast<float>((m_viewNear + m_viewFar) / 2.0);
     float y = static_cast<float>(m_viewTop) - margin - rowHeight;
@@ -263,14 +284,32 @@ void CKivoFunctionPlotter::RenderLegend() {
     const MatrixModeScope modelView(GL_MODELVIEW);
     glPushMatrix();
     glLoadIdentity();
-    for (unsigned int g = 0; g < GetNumMeasureGroups(); ++g, y -= rowHeight) {
-        const CKivoMeasurePointGroup& group = *FindMeasureGroup(g);
-        const float right = nameX + static_cast<float>(group.m_nameImage.width) * pixel;
-        const float top = y + static_cast<float>(group.m_nameImage.height) * pixel;
+    for (unsigned int g = 0; const CKivoMeasurePointGroup* group = FindMeasureGroup(g); ++g) {
+        if (!areHiddenListed && !group->m_visible) continue;
+        const float right = nameX + static_cast<float>(group->m_nameImage.width) * pixel;
+        const float top = y + static_cast<float>(group->m_nameImage.height) * pixel;
         const float corners[4][3] = {{nameX, y, z}, {right, y, z}, {right, top, z}, {nameX, top, z}};
-        RenderLegendRow(group, corners, squareLeft, squareRight);
+        RenderLegendRow(*group, corners, squareLeft, squareRight);
+        y -= rowHeight;
     }
     glPopMatrix();
+}
+
+// Where frames list the groups that are shown, in pixels of the plot.
+void CKivoFunctionPlotter::AddGroupNamesPlace(std::vector<PlacedImage>* places) const {
+    const SNameList list = MeasureGroupNames(false);
+    if (list.rowCount == 0) return;
+    const double margin = nameListMargin * m_plotViewport[2];
+    const double width =
+        list.width + list.rowHeight * static_cast<double>(nameSquare * (1.0f + nameSquareGap));
+    const double height = list.rowHeight * list.rowCount;
+    PlacedImage place;
+    place.halfWidth = 0.5 * width;
+    place.halfHeight = 0.5 * height;
+    place.center = {m_plotViewport[2] - margin - place.halfWidth,
+                    m_plotViewport[3] - margin - place.halfHeight};
+    place.isShown = true;
+    places->push_back(place);
 }
 
 // The name on its quad, and the square in the group's colour left of it, with the caller's lighting.

@@ -1,6 +1,7 @@
 // CKivoFunctionPlotter: vector helpers, view volume and camera, screen mapping and mouse navigation.
 #include "KivoFunctionPlotter.h"
 
+#include "computing/FittedNumbers.h"
 #include "computing/SurfacePicker.h"
 #include "computing/VectorMath.h"
 #include "drawing/Camera.h"
@@ -684,6 +685,14 @@ void CKivoFunctionPlotter::RenderTracePoints() {
     constexpr float magenta[] = {1.0f, 0.05f, 1.0f, 1.0f};
     glColor4fv(magenta);
     DrawPointMarker(m_tracePoint[0], m_tracePoint[1], m_tracePoint[2], MarkerSize(1.0), m_axisScale);
+}
+
+std::string CKivoFunctionPlotter::ReadOut(int axis, float value, bool asksFormats) const {
+    if (m_gridBox && m_gridBox->m_numbers[axis]) return m_gridBox->ReadOut(axis, value, asksFormats);
+    if (!m_hasFittedReadOut) return FormatNumber(value, 3);
+    const auto min = static_cast<double>(m_boundingBoxMin[axis]);
+    const auto max = static_cast<double>(m_boundingBoxMax[axis]);
+    return FittedNumbers::Within(min, max).Text(static_cast<double>(value));
 }
 
 void CKivoFunctionPlotter::RenderTraceLegend() {

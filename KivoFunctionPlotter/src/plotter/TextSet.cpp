@@ -26,6 +26,7 @@ template <typename Visit>
 void VisitLabels(CKivoGradientColorRuler& ruler, Visit visit) {
     for (unsigned int i = 0; ruler.m_labels && i <= ruler.m_divisionCount; ++i)
         visit(ruler.m_labels[i], [&] { return ruler.LabelText(i); });
+    if (!ruler.m_legend.title.empty()) visit(ruler.m_titleImage, [&] { return ruler.m_legend.title; });
 }
 
 template <typename Visit>

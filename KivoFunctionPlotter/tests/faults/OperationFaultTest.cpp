@@ -307,7 +307,7 @@ int ResultOf(const std::string& member, const std::string& failed, int n) {
     return 0;
 }
 
-// A style and a range of colours are refused where a text or a font cannot be made, and so is a
+// A style, a legend and a range of colours are refused where a text or a font cannot be made, and so is a
 // picture in another style. Some selections and bindings only undo others, and letters of lists have a font
 // in any case.
 bool IsResultOfStyle(const std::string& failed, int result) {
@@ -345,7 +345,8 @@ bool IsResultOfPicture(const std::string& failed, int result) {
 bool IsResult(const PublicOperation& member, const std::string& failed, int n, int result) {
     if (member.name.rfind("SetStyle", 0) == 0) return IsResultOfStyle(failed, result);
     if (member.name.rfind("SetAxis", 0) == 0) return IsResultOfAxis(failed, result);
-    if (member.name.rfind("SetColorRange", 0) == 0) return IsResultOfLegend(failed, result);
+    for (const char* const name : {"SetColorRange", "SetLegend"})
+        if (member.name.rfind(name, 0) == 0) return IsResultOfLegend(failed, result);
     if (member.name.find("Picture(options)") != std::string::npos) return IsResultOfPicture(failed, result);
     return result == ResultOf(member.name, failed, n);
 }

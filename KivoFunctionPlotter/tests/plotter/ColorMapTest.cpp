@@ -147,12 +147,12 @@ TEST_P(ColorMap, TheContoursOfEachAxisHaveItsColours) {
 }
 
 TEST_P(ColorMap, TheLegendsBarShowsTheTable) {
-    int (PlotterProbe::*const plots[])() = {&PlotterProbe::SwitchToYZProjectPlot,
-                                            &PlotterProbe::SwitchToZXProjectPlot,
-                                            &PlotterProbe::SwitchToNormalPlot};
+    const std::function<void()> showLegends[] = {[&] { plotter.SwitchToYZProjectPlot(); },
+                                                 [&] { plotter.SwitchToZXProjectPlot(); },
+                                                 [&] { plotter.SwitchToNormalPlot(); }};
     for (int axis = 0; axis < 3; ++axis) {
         ASSERT_EQ(SetColorMap(plotter, axis, embers, 4), 0);
-        (plotter.*plots[axis])();
+        showLegends[axis]();
         for (const double share : {0.01, 0.2, 1.0 / 3.0, 0.5, 2.0 / 3.0, 0.9, 0.99})
             ExpectBar(share, Ember(share));
     }

@@ -43,6 +43,7 @@ std::map<std::string, int> DeclaredFunctions() {
     CountFunctions(Header("KivoSurfaces.h"), counts);
     CountFunctions(Header("KivoAxis.h"), counts);
     CountFunctions(Header("KivoColorMap.h"), counts);
+    CountFunctions(Header("KivoLegend.h"), counts);
     return counts;
 }
 

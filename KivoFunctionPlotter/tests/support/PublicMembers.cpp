@@ -2,6 +2,7 @@
 
 #include "KivoAxis.h"
 #include "KivoColorMap.h"
+#include "KivoLegend.h"
 #include "KivoMotion.h"
 #include "KivoPicture.h"
 #include "KivoStyle.h"
@@ -562,12 +563,12 @@ const std::vector<PublicMember> surfaceFunctions = {
            }),
     Member("TracedSurface()", none, [](P& p, A&) { TracedSurface(p); }),
     Member("RemoveSurface(grid, looks, int)", none, AddAndRemove).Refuses(-2).Refuses(-3),
-// ---- KivoAxis.h
+    // ---- KivoAxis.h
 
-// The axis itself, or a number that is none: what were set for others, sensible arguments would not replace.
-int AxisOrNone(A& source, int axis) {
-    const int drawn = source.Int(axis);
-    return drawn >= 0 && drawn < 3 ? axis : drawn;
+    // The axis itself, or a number that is none: what were set for others, sensible arguments would not
+    // replace.
+    int AxisOrNone(A& source, int axis){const int drawn = source.Int(axis);
+return drawn >= 0 && drawn < 3 ? axis : drawn;
 }
 
 // Another one before the one that there is already, so that labels are made in every call.
@@ -593,14 +594,13 @@ const std::vector<PublicMember> axisFunctions = {
     Member("SetAxisOrigin(int, float, float)", bracketed, SetOriginAnew).Refuses(-1).Refuses(-3),
     Member("GetAxisOrigin(int)", none, [](P& p, A& a) { GetAxisOrigin(p, a.Int(2)); }),
     Member("SetAxisLabelFormat(int, flag, text)", bracketed, SetFormat).Refuses(-1).Refuses(-3),
-// ---- KivoColorMap.h
+    // ---- KivoColorMap.h
 
-int SetTable(P& plotter, A& source) {
-    const int axis = source.Int(2);
-    float colors[8];
-    std::copy_n(source.Rgba(blue), 4, colors);
-    std::copy_n(source.Rgba(red), 4, colors + 4);
-    return SetColorMap(plotter, axis, colors, 2);
+    int SetTable(P& plotter, A& source){const int axis = source.Int(2);
+float colors[8];
+std::copy_n(source.Rgba(blue), 4, colors);
+std::copy_n(source.Rgba(red), 4, colors + 4);
+return SetColorMap(plotter, axis, colors, 2);
 }
 
 // Held and free again, so that there is something to do each time.
@@ -625,12 +625,37 @@ const std::vector<PublicMember> colorMapFunctions = {
     Member("SetColorRange(int, float, float)", bracketed, HoldColorRange).Refuses(-1).Refuses(-3),
 };
 
+// ---- KivoLegend.h
+
+// Another one before the one that there is at first, so that texts are made in every call.
+int SetLegendAnew(P& plotter, A& source) {
+    const int axis = source.Int(2);
+    SKivoLegend legend;
+    legend.title = source.Text("A unit");
+    legend.numbers = source.Flag(true) ? KivoLegendNumbers::round : KivoLegendNumbers::fitted;
+    const int result = SetLegend(plotter, axis, legend);
+    legend = {};
+    legend.isShown = source.Flag(true);
+    const int back = SetLegend(plotter, axis, legend);
+    return result != 0 ? result : back;
+}
+
+const std::vector<PublicMember> legendFunctions = {
+    Member("GetLegend(int)", none, [](P& p, A& a) { GetLegend(p, a.Int(2)); }),
+    Member("SetLegend(int, text, flag, flag)", bracketed, SetLegendAnew).Refuses(-1).Refuses(-3),
+    Member("ShowMeasureGroupNames(flag)", none,
+           [](P& p, A& a) { return ShowMeasureGroupNames(p, a.Flag(true)); }),
+    Member("IsShowMeasureGroupNames()", none, [](P& p, A&) { IsShowMeasureGroupNames(p); }),
+    Member("FitReadOutDigits(flag)", none, [](P& p, A& a) { return FitReadOutDigits(p, a.Flag(true)); }),
+    Member("IsFitReadOutDigits()", none, [](P& p, A&) { IsFitReadOutDigits(p); }),
+};
+
 std::vector<PublicMember> AllMembers() {
     std::vector<PublicMember> all;
     for (const auto* const part :
          {&coreMembers, &viewMembers, &surfaceMembers, &colorMembers, &annotationMembers, &overlayMembers,
           &pictureFunctions, &styleFunctions, &motionFunctions, &surfaceFunctions, &axisFunctions,
-          &colorMapFunctions})
+          &colorMapFunctions, &legendFunctions})
         all.insert(all.end(), part->begin(), part->end());
     return all;
 }
