@@ -81,9 +81,10 @@ public:
     virtual ~CKivoFunctionPlotter();
 
     /// Binds the plot to a window: pixel format, OpenGL context, lights, fonts. It shows the 3-D plot in its
-    /// start view, out of trace mode, on the background that ResetBackgroundColor() gives; a pan and mirrored
-    /// axes of before stay. Text is 10 points high. A plot that is bound already is released first, as
-    /// OnDestroy does it, data included, even when binding it to the new window then fails.
+    /// start view, or the one that waits for a window (KivoView.h), out of trace mode, on the background that
+    /// ResetBackgroundColor() gives; a pan and mirrored axes of before stay. Text is 10 points high. A plot
+    /// that is bound already is released first, as OnDestroy does it, data included, even when binding it to
+    /// the new window then fails.
     /// @param hWnd         the host's window, which must live until OnDestroy
     /// @param accelerated  on Windows, true asks for the graphics processor and false for drawing in
     ///                     software; elsewhere the driver decides
@@ -222,7 +223,7 @@ public:
     /// Shifts the plot along the way from one client point to the other, at 0.8 of its length. While the
     /// viewport has no width or the view volume no finite one, it does nothing, nor where the pan would pass
     /// single precision. The pan is a length in units of the Z axis, which nothing but another shift undoes:
-    /// not OnSize, new data or OnCreate.
+    /// not OnSize, new data or OnCreate; ResetView of KivoView.h does.
     void Translate(POINT from, POINT to);
     /// Scales the view volume.
     /// @param factor  above 0; below 1 it enlarges the picture. A negative one also turns the picture by 180
@@ -978,6 +979,9 @@ private:
     // Of KivoLegend.h
     bool m_hasGroupNames = false;    // whether frames list the groups that are shown
     bool m_hasFittedReadOut = false; // whether the traced point has the digits of its axes' ranges
+    // Of KivoView.h: what waits for a window and data
+    double m_awaitedPan[2] = {};
+    double m_awaitedZoom = 0.0; // 0: nothing does
 
     void InitTexts(int fontSize);
     static void DeleteFontLists(unsigned int base);
@@ -986,12 +990,10 @@ private:
     void InitRuler(CKivoGradientColorRuler* ruler, CKivoGradientColor* gradient);
     void ForgetNameTextures();
     void ApplyStartView();
-    void FitToPlotType();
     bool DrawSmoothFrame();
     void ClearFrame();
     int SetInverseAxis(int axis, bool& current, bool inverse);
-    void FitFlatPlot(int horizontalAxis, int verticalAxis, const bool* shifted);
-    void SetViewVolume(double diagonal, double share);
+    void FitView(int plotType);
     void ScaleView(double scale);
     void TurnMatrix(float angle, float x, float y, float z, double* turned) const;
     void SetRotationBlock(const double* x, const double* y, const double* z);

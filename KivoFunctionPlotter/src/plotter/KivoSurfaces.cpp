@@ -108,7 +108,7 @@ void SurfaceAccess::FitToData(CKivoFunctionPlotter& plotter) {
             }
     const ContextScope context(plotter.m_hDC, plotter.m_hGLRC);
     plotter.UpdateBoundingBoxToViewVolume(min, max);
-    if (plotter.m_plotType != 0) plotter.FitToPlotType();
+    if (plotter.m_plotType != 0) plotter.FitView(plotter.m_plotType);
     plotter.AssignColorData();
     plotter.ReleaseIsoContour();
     plotter.CreateIsoContourData();

@@ -12,6 +12,7 @@
 #include "PictureDrawing.h"
 #include "PlotType.h"
 #include "SurfaceLayers.h"
+#include "ViewState.h"
 #include "window_system/Failure.h"
 #include "window_system/HostContext.h"
 #include "window_system/WindowSystem.h"
@@ -275,7 +276,12 @@ void CKivoFunctionPlotter::ForgetNameTextures() {
 // ---- Rendering context and window hooks -----------------------------------------------------------------
 
 int CKivoFunctionPlotter::OnCreate(HWND hWnd, bool accelerated) {
-    return Init(hWnd, 10, accelerated);
+    const int result = Init(hWnd, 10, accelerated);
+    if (m_awaitedZoom != 0.0 && result == 0) {
+        const ContextScope context(m_hDC, m_hGLRC);
+        ViewAccess::ShowAwaited(*this); // data and size may be those of another window
+    }
+    return result;
 }
 
 int CKivoFunctionPlotter::OnCreate(HWND hWnd, int cx, int cy, bool accelerated) {
@@ -321,6 +327,7 @@ int CKivoFunctionPlotter::Init(HWND hWnd, int fontSize, bool accelerated) {
     m_hGLRC = wglCreateContext(m_hDC);
     if (!m_hGLRC) return -1;
     AddPlotterContext(m_hGLRC);
+    const ViewState before = ViewAccess::Save(*this);
     m_plotType = normalPlot;
     m_traceEnabled = false;
     m_hasTracePoint = 0;
@@ -333,6 +340,7 @@ int CKivoFunctionPlotter::Init(HWND hWnd, int fontSize, bool accelerated) {
     InitLighting();
     glShadeModel(GL_SMOOTH);
     if (InitFont() != 0) {
+        ViewAccess::KeepAwaited(*this, before);
         context.Keep();
         return -1;
     }
@@ -343,6 +351,7 @@ int CKivoFunctionPlotter::Init(HWND hWnd, int fontSize, bool accelerated) {
     InitRuler(m_yColorRuler, m_yGradientColor);
     InitRuler(m_zColorRuler, m_zGradientColor);
     ApplyStartView();
+    ViewAccess::KeepAwaited(*this, before);
     return 0;
 }
 
@@ -490,7 +499,7 @@ void CKivoFunctionPlotter::Reshape(int cx, int cy) {
     std::copy(std::begin(plotViewport), std::end(plotViewport), m_plotViewport);
     std::copy(std::begin(legendViewport), std::end(legendViewport), m_legendViewport);
 
-    FitToPlotType();
+    FitView(m_plotType);
     UpdateLegendViewVolume();
 
     const double width = m_plotViewport[2];
@@ -503,23 +512,7 @@ void CKivoFunctionPlotter::Reshape(int cx, int cy) {
         m_viewRight = std::fabs(m_viewTop) * width / height;
     }
     ApplyViewVolume();
-}
-
-void CKivoFunctionPlotter::FitToPlotType() {
-    switch (static_cast<PlotType>(m_plotType)) {
-    case xyPlot:
-        UpdateXYBoundingBoxToViewVolume();
-        return;
-    case yzPlot:
-        UpdateYZBoundingBoxToViewVolume();
-        return;
-    case xzPlot:
-        UpdateXZBoundingBoxToViewVolume();
-        return;
-    case normalPlot:
-        break;
-    }
-    UpdateBoundingBoxToViewVolume(); // what is no plot type is fitted like the 3-D plot
+    ViewAccess::ShowAwaited(*this);
 }
 
 void CKivoFunctionPlotter::UpdateViewport(int x, int y, int width, int height) {
@@ -715,6 +708,7 @@ void CKivoFunctionPlotter::RenderTraceGuideLines() {
 int CKivoFunctionPlotter::SwitchToNormalPlot() {
     const ContextScope context(m_hDC, m_hGLRC);
     m_plotType = normalPlot;
+    m_awaitedZoom = 0.0;
     ApplyNormalPlotView();
     return 0;
 }
@@ -723,6 +717,7 @@ int CKivoFunctionPlotter::SwitchToNormalPlot() {
 int CKivoFunctionPlotter::SwitchToXYProjectPlot() {
     const ContextScope context(m_hDC, m_hGLRC);
     m_plotType = xyPlot;
+    m_awaitedZoom = 0.0;
     UpdateXYBoundingBoxToViewVolume();
     SetColumn(m_rotationMatrix, 0, 1, 0, 0);
     SetColumn(m_rotationMatrix, 1, 0, 1, 0);
@@ -734,6 +729,7 @@ int CKivoFunctionPlotter::SwitchToXYProjectPlot() {
 int CKivoFunctionPlotter::SwitchToYZProjectPlot() {
     const ContextScope context(m_hDC, m_hGLRC);
     m_plotType = yzPlot;
+    m_awaitedZoom = 0.0;
     UpdateYZBoundingBoxToViewVolume();
     SetColumn(m_rotationMatrix, 0, 0, 0, 1);
     SetColumn(m_rotationMatrix, 1, 1, 0, 0);
@@ -745,6 +741,7 @@ int CKivoFunctionPlotter::SwitchToYZProjectPlot() {
 int CKivoFunctionPlotter::SwitchToZXProjectPlot() {
     const ContextScope context(m_hDC, m_hGLRC);
     m_plotType = xzPlot;
+    m_awaitedZoom = 0.0;
     ApplyXZPlotView();
     return 0;
 }

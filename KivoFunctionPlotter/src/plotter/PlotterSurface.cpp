@@ -11,6 +11,7 @@
 #include "parts/KivoGridBox.h"
 #include "ReducedSurface.h"
 #include "SurfaceLayers.h"
+#include "ViewState.h"
 #include "window_system/WindowSystem.h"
 
 #include <algorithm>
@@ -201,6 +202,7 @@ int CKivoFunctionPlotter::TakeData(float* points, bool isReference, const unsign
 
     const ContextScope context(m_hDC, m_hGLRC);
     UpdateBoundingBoxToViewVolume(min, max);
+    ViewAccess::ShowAwaited(*this);
     AssignColorData();
     AssignTexcoordData();
     AssignIndexData();

@@ -13,6 +13,7 @@
 #include "parts/TextRenderer.h"
 #include "PlotType.h"
 #include "SurfaceLayers.h"
+#include "ViewState.h"
 #include "window_system/WindowSystem.h"
 
 #include <algorithm>
@@ -254,82 +255,28 @@ void CKivoFunctionPlotter::IncreaseScale(float d) {
     m_viewTop -= d;
 }
 
-// The volume for a grid-box diagonal, of which the given share becomes the half size of the shorter side.
-void CKivoFunctionPlotter::SetViewVolume(double diagonal, double share) {
-    const float r = static_cast<float>(diagonal * share);
-    const double width = m_plotViewport[2];
-    const double height = m_plotViewport[3];
-    const bool isWide = width >= height;
-    const double aspectX = isWide ? width / height : 1.0;
-    const double aspectY = isWide ? 1.0 : height / width;
-    m_viewRight = static_cast<double>(r * m_viewVolumeFactor[0]) * aspectX;
-    m_viewLeft = -m_viewRight;
-    m_viewTop = static_cast<double>(r * m_viewVolumeFactor[1]) * aspectY;
-    m_viewBottom = -m_viewTop;
-    m_viewFar = static_cast<double>(r * m_viewVolumeFactor[2]);
-    m_viewNear = -m_viewFar;
+void CKivoFunctionPlotter::FitView(int plotType) {
+    if (!m_gridBox) return;
+    ViewState view = ViewAccess::Save(*this);
+    view.Fit(plotType, ViewAccess::Boxes(*this));
+    ViewAccess::Restore(*this, view);
+    ApplyViewVolume();
 }
 
 void CKivoFunctionPlotter::UpdateBoundingBoxToViewVolume() {
-    if (!m_gridBox) return;
-    const float* min = m_gridBox->m_boxMin;
-    const float* max = m_gridBox->m_boxMax;
-    const double height = static_cast<double>(max[2] - min[2]);
-    m_axisScale[0] = 1.2 * height / static_cast<double>(max[0] - min[0]);
-    m_axisScale[1] = 1.2 * height / static_cast<double>(max[1] - min[1]);
-    m_axisScale[2] = 1.0;
-
-    double squares = 0.0;
-    for (int axis = 0; axis < 3; ++axis) {
-        const double side = static_cast<double>(min[axis]) * m_axisScale[axis] -
-                            static_cast<double>(max[axis]) * m_axisScale[axis];
-        squares += side * side;
-    }
-    SetViewVolume(std::sqrt(squares), viewShareOfBox);
-
-    for (int axis = 0; axis < 3; ++axis)
-        m_volumeTranslate[axis] =
-            -(static_cast<double>(m_boundingBoxMin[axis]) + static_cast<double>(m_boundingBoxMax[axis])) *
-            0.5;
-    ApplyViewVolume();
+    FitView(normalPlot);
 }
 
-// shifted: on these axes the point 35 % of the way from the minimum is put at the centre, which leaves room
-// for labels at the lower left. An axis of negative scale has its maximum there.
-void CKivoFunctionPlotter::FitFlatPlot(int horizontalAxis, int verticalAxis, const bool* shifted) {
-    if (!m_gridBox) return;
-    double squares = 0.0;
-    for (const int axis : {horizontalAxis, verticalAxis}) {
-        const double side = static_cast<double>(m_gridBox->m_boxMin[axis]) * m_axisScale[axis] -
-                            static_cast<double>(m_gridBox->m_boxMax[axis]) * m_axisScale[axis];
-        squares += side * side;
-    }
-    SetViewVolume(std::sqrt(squares), 0.55);
-
-    for (int axis = 0; axis < 3; ++axis) {
-        const double min = static_cast<double>(m_boundingBoxMin[axis]);
-        const double max = static_cast<double>(m_boundingBoxMax[axis]);
-        const double nearMin = m_axisScale[axis] < 0.0 ? 0.35 : 0.65;
-        const double nearMax = m_axisScale[axis] < 0.0 ? 0.65 : 0.35;
-        m_volumeTranslate[axis] = shifted[axis] ? -(nearMin * min + nearMax * max) : -(min + max) * 0.5;
-    }
-    ApplyViewVolume();
-}
-
-// The XY plot shifts only its vertical axis, the other two both of theirs.
 void CKivoFunctionPlotter::UpdateXYBoundingBoxToViewVolume() {
-    constexpr bool shifted[] = {false, true, false};
-    FitFlatPlot(0, 1, shifted);
+    FitView(xyPlot);
 }
 
 void CKivoFunctionPlotter::UpdateYZBoundingBoxToViewVolume() {
-    constexpr bool shifted[] = {false, true, true};
-    FitFlatPlot(1, 2, shifted);
+    FitView(yzPlot);
 }
 
 void CKivoFunctionPlotter::UpdateXZBoundingBoxToViewVolume() {
-    constexpr bool shifted[] = {true, false, true};
-    FitFlatPlot(0, 2, shifted);
+    FitView(xzPlot);
 }
 
 void CKivoFunctionPlotter::UpdateBoundingBoxToViewVolume(float* const min, float* const max) {

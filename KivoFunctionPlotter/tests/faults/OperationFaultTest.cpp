@@ -304,7 +304,8 @@ int ResultOf(const std::string& member, const std::string& failed, int n) {
     // A picture needs the window's size and the context.
     if (member.rfind("CapturePicture", 0) == 0 || member.rfind("TakeView", 0) == 0)
         return failed == "GetClientRect" || isFirstBinding ? -1 : 0;
-    return 0;
+    const bool isView = member.rfind("SetView", 0) == 0 || member.rfind("ResetView", 0) == 0;
+    return isView && isFirstBinding ? -1 : 0;
 }
 
 // A style, a legend and a range of colours are refused where a text or a font cannot be made, and so is a

@@ -44,6 +44,7 @@ std::map<std::string, int> DeclaredFunctions() {
     CountFunctions(Header("KivoAxis.h"), counts);
     CountFunctions(Header("KivoColorMap.h"), counts);
     CountFunctions(Header("KivoLegend.h"), counts);
+    CountFunctions(Header("KivoView.h"), counts);
     return counts;
 }
 

@@ -7,8 +7,10 @@
 #include "KivoPicture.h"
 #include "KivoStyle.h"
 #include "KivoSurfaces.h"
+#include "KivoView.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 #include <tuple>
 #include <type_traits>
@@ -650,12 +652,66 @@ const std::vector<PublicMember> legendFunctions = {
     Member("IsFitReadOutDigits()", none, [](P& p, A&) { IsFitReadOutDigits(p); }),
 };
 
+// ---- KivoView.h
+
+// One of two views of the 3-D plot, whichever is not shown, so that there is something to do in every call.
+int SetOtherView(P& plotter, A& source) {
+    SKivoView view;
+    view.plotType = source.Int(0);
+    view.panX = static_cast<double>(source.Float(0.125f));
+    view.panY = static_cast<double>(source.Float(-0.125f));
+    view.zoom = static_cast<double>(source.Float(1.25f));
+    view.inverse[0] = source.Flag(true);
+    view.mirrored = source.Flag(false);
+    const SKivoView shown = GetView(plotter);
+    if (shown.rotation[0] == 1.0 && shown.plotType == 0) {
+        view.rotation[0] = view.rotation[4] = static_cast<double>(source.Float(0.0f));
+        view.rotation[1] = 1.0;
+        view.rotation[3] = -1.0;
+    }
+    return SetView(plotter, view);
+}
+
+int SetOtherAngles(P& plotter, A& source) {
+    double azimuth = 0.0, elevation = 0.0;
+    GetViewAngles(plotter, azimuth, elevation);
+    const float plausible = azimuth < 30.0 ? 60.0f : 20.0f;
+    SKivoView view = GetView(plotter);
+    if (view.plotType != 0) { // which is not turned
+        view.plotType = 0;
+        if (const int result = SetView(plotter, view)) return result;
+    }
+    return SetViewAngles(plotter, static_cast<double>(source.Float(plausible)),
+                         static_cast<double>(source.Float(30.0f)));
+}
+
+int TellView(P& plotter, A&) {
+    const SKivoView view = GetView(plotter);
+    const double numbers[] = {view.panX, view.panY, view.zoom, view.rotation[0]};
+    const bool areFinite =
+        std::all_of(numbers, numbers + 4, [](double number) { return std::isfinite(number); });
+    return areFinite && view.zoom > 0.0 ? 0 : contradiction;
+}
+
+const std::vector<PublicMember> viewFunctions = {
+    Member("GetView()", none, TellView),
+    Member("SetView(view)", bracketed, SetOtherView).Changes().Refuses(-1).Refuses(-3),
+    Member("ResetView()", bracketed, [](P& p, A&) { return ResetView(p); }).Changes().Refuses(-1),
+    Member("SetViewAngles(float, float)", bracketed, SetOtherAngles).Changes().Refuses(-1).Refuses(-3),
+    Member("GetViewAngles()", none,
+           [](P& p, A&) {
+               double azimuth = 0.0, elevation = 0.0;
+               const int result = GetViewAngles(p, azimuth, elevation);
+               return result == 0 || result == 1 ? 0 : contradiction;
+           }),
+};
+
 std::vector<PublicMember> AllMembers() {
     std::vector<PublicMember> all;
     for (const auto* const part :
          {&coreMembers, &viewMembers, &surfaceMembers, &colorMembers, &annotationMembers, &overlayMembers,
           &pictureFunctions, &styleFunctions, &motionFunctions, &surfaceFunctions, &axisFunctions,
-          &colorMapFunctions, &legendFunctions})
+          &colorMapFunctions, &legendFunctions, &viewFunctions})
         all.insert(all.end(), part->begin(), part->end());
     return all;
 }
