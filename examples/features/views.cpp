@@ -1,13 +1,16 @@
 // Feature pictures of views, plot modes, background, and pictures of other sizes.
 #include "FeaturePicture.h"
+#include "SampleGrids.h"
 
 #include <KivoPicture.h>
 #include <KivoStyle.h>
+#include <KivoView.h>
 #include <KivoWindow.h>
 
 #include <stdexcept>
 
 using namespace KivoDrawingTools;
+using namespace KivoSamples;
 
 namespace {
 
@@ -37,6 +40,69 @@ void Turned(CKivoFunctionPlotter& plotter) {
     plotter.Translate({0, 0}, {-30, 10});
     plotter.Zoom(0.9f); // below 1 it enlarges
     // [docs: end]
+}
+
+void Angles(CKivoFunctionPlotter& plotter) {
+    // [docs: angles]
+    SetViewAngles(plotter, -60.0, 35.0); // seen from between the large end of X and the small end of Y
+    // [docs: end]
+}
+
+// A plot in a window of its own.
+class PlotInWindow {
+public:
+    PlotInWindow(int width, int height) : m_window(CreateOffscreenWindow(width, height)) {
+        if (plotter.OnCreate(m_window, width, height, true) != 0) throw std::runtime_error(LastWindowError());
+    }
+    ~PlotInWindow() {
+        plotter.OnDestroy();
+        ReleaseWindow(m_window);
+    }
+    PlotInWindow(const PlotInWindow&) = delete;
+    PlotInWindow& operator=(const PlotInWindow&) = delete;
+
+    Pixels Picture() {
+        SKivoPictureOptions options;
+        options.smoothing = 2;
+        Pixels picture;
+        CapturePicture(plotter, options, picture.rgba, picture.width, picture.height);
+        return picture;
+    }
+
+    CKivoFunctionPlotter plotter;
+
+private:
+    HWND m_window;
+};
+
+// Pictures of the same height, side by side.
+Pixels Joined(const Pixels& left, const Pixels& right) {
+    Pixels joined = {left.width + right.width, left.height, {}};
+    for (int row = 0; row < left.height; ++row)
+        for (const Pixels* part : {&left, &right}) {
+            const auto begin = part->rgba.begin() + 4 * row * part->width;
+            joined.rgba.insert(joined.rgba.end(), begin, begin + 4 * part->width);
+        }
+    return joined;
+}
+
+Pixels LinkedViews(CKivoFunctionPlotter&) {
+    PlotInWindow left(360, 320), right(280, 320);
+    CKivoFunctionPlotter& plotter = left.plotter;
+    CKivoFunctionPlotter& other = right.plotter;
+    LoadPlate(plotter);
+    static std::vector<float> hill = HillPoints();
+    other.SetDataReference(hill.data(), hillColumns, hillRows, 1, hillColumns, 3);
+    other.SetFrameLineStep(5, 5);
+    const unsigned int flags = MK_RBUTTON;
+    const POINT position = {225, 112};
+    plotter.OnRButtonDown(flags, {200, 100});
+    // [docs: linked-views]
+    plotter.OnMouseMove(flags, position); // draws
+    SetView(other, GetView(plotter));
+    other.OnDraw();
+    // [docs: end]
+    return Joined(left.Picture(), right.Picture());
 }
 
 void Background(CKivoFunctionPlotter& plotter) {
@@ -163,6 +229,8 @@ const std::vector<FeaturePicture> viewPictures = {
     {"yz-plot", YzPlot},
     {"xz-plot", XzPlot},
     {"turned", Turned},
+    {"angles", Angles},
+    {"linked-views", Unchanged, nullptr, LinkedViews},
     {"background", Background},
     {"pixel-scale", PixelScale},
     {"dark-ground", DarkGround},
