@@ -26,6 +26,7 @@ void ShowContent(PlotScene& scene, const Content& content, const Options& option
         scene.AddPoints(PointSet::Kind::measureGroup, group);
     for (const PointFile& curve : content.curves)
         scene.AddPoints(PointSet::Kind::curve, curve);
+    scene.ShowFrom(options.viewpoint);
 }
 
 } // namespace KivoViewer

@@ -13,6 +13,7 @@
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QDockWidget>
+#include <QFile>
 #include <QGridLayout>
 #include <QLabel>
 #include <QMenuBar>
@@ -63,6 +64,7 @@ MainWindow::MainWindow(const Content& content, const Options& options) : m_plot(
     m_plot->onTrace = [this](const float* point) { ShowTrace(point); };
     m_plot->setFocus();
     ShowTitle(content.grid);
+    if (!options.file.empty()) m_path = QFile::decodeName(options.file.c_str());
     RefreshControls();
     m_isComplete = true;
 }

@@ -81,6 +81,7 @@ private:
     QLabel* m_tracePoint = nullptr;
     std::vector<ToggleAction> m_toggles;
     std::vector<QAction*> m_modes;
+    QString m_path; ///< of the grid file that is shown
     bool m_isComplete = false;
 };
 

@@ -141,11 +141,15 @@ void MainWindow::OpenFile() {
     if (!path.isEmpty()) OpenPath(path);
 }
 
+// A file that is opened once more has other numbers, and is seen as before.
 void MainWindow::OpenPath(const QString& path) {
     Try(this, [&] {
         const GridData grid = ReadWithDialog(this, path);
+        const KivoDrawingTools::SKivoView view = Scene().View();
         Scene().Settings() = WithoutDataSettings(Scene().Settings());
         Scene().ShowGrid(grid);
+        if (!m_path.isEmpty() && QFileInfo(path) == QFileInfo(m_path)) Scene().ShowView(view);
+        m_path = path;
         ShowTitle(grid);
         RememberFile(path);
         m_plot->Redraw();

@@ -17,6 +17,9 @@ namespace KivoViewer {
 
 namespace {
 
+constexpr double minZoom = 0.01;
+constexpr double maxZoom = 1000.0;
+
 // What stands below the options.
 std::string Footer() {
     std::string text = "Without data the viewer shows a sample terrain.\n\nMouse:\n";
@@ -38,6 +41,9 @@ struct Words {
     std::string size;
     std::string traceAt;
     std::string scale;
+    std::string azimuth;
+    std::string elevation;
+    std::string zoom;
     bool wantsManualPage = false;
     std::map<std::string, std::string> settings; // by their names
 };
@@ -107,6 +113,18 @@ void DescribePicture(CLI::App& app, CLI::Option& picture, PictureFormat& format,
     app.add_flag("--transparent", format.isTransparent, "Leave the background out")->needs(&picture);
 }
 
+// From where a plot is shown.
+void DescribeViewpoint(CLI::App& app, Words& words) {
+    app.add_option("--azimuth", words.azimuth,
+                   "Side from which the 3-D plot is seen: 0 beyond the large end of X, 90 of Y (45)")
+        ->type_name("DEGREES");
+    app.add_option("--elevation", words.elevation,
+                   "Height from which the 3-D plot is seen, -90 to 90: 90 from above (25.26)")
+        ->type_name("DEGREES");
+    app.add_option("--zoom", words.zoom, "How many times as large the plot is shown (1)")
+        ->type_name("FACTOR");
+}
+
 void Describe(CLI::App& app, Options& options, Words& words) {
     app.set_version_flag("--version", std::string("kivo-viewer ") + KIVO_VERSION);
     app.footer(Footer());
@@ -135,6 +153,7 @@ void Describe(CLI::App& app, Options& options, Words& words) {
     app.add_option("--mode", options.settings.mode, "0: 3-D plot, 1: XY, 2: YZ, 3: XZ")
         ->type_name("MODE")
         ->check(CLI::Range(0, 3).description(""));
+    DescribeViewpoint(app, words);
     app.add_option("--points", options.pointFiles,
                    "Measure points, x y z in each line; may be repeated, a group for each file, named by it")
         ->type_name("FILE")
@@ -174,17 +193,33 @@ PixelPosition ParsePosition(const std::string& text) {
     return {static_cast<int>(*x), static_cast<int>(*y)};
 }
 
+double NumberWithin(const std::string& option, const std::string& text, double least, double most) {
+    const auto number = ParseNumber(text);
+    if (!number || !(*number >= least) || *number > most)
+        throw Failure(option + ": expected a number from " + FormatRounded(static_cast<float>(least)) +
+                      " to " + FormatRounded(static_cast<float>(most)) + ", found " + text);
+    return *number;
+}
+
 // Fine pictures have large texts already.
 void ParseScale(const std::string& text, PictureFormat& format) {
-    const auto scale = ParseNumber(text);
-    if (!scale || !(*scale >= minScale) || *scale > maxScale)
-        throw Failure("--scale: expected a number from " + FormatRounded(static_cast<float>(minScale)) +
-                      " to " + FormatRounded(static_cast<float>(maxScale)) + ", found " + text);
-    format.scale = *scale;
+    format.scale = NumberWithin("--scale", text, minScale, maxScale);
     const double most = maxPixelScale * usualResolution / format.dpi;
     if (format.PixelScale() > maxPixelScale)
         throw Failure("--scale: at most " + FormatRounded(static_cast<float>(most)) + " with " +
                       std::to_string(format.dpi) + " dots per inch, found " + text);
+}
+
+void ParseViewpoint(const CLI::App& app, const Words& words, const PlotSettings& settings,
+                    Viewpoint& viewpoint) {
+    for (const char* const option : {"--azimuth", "--elevation"})
+        if (app.count(option) > 0 && settings.mode != 0)
+            throw Failure(std::string(option) + ": only the 3-D plot is turned");
+    if (app.count("--azimuth") > 0)
+        viewpoint.azimuth = NumberWithin("--azimuth", words.azimuth, -360.0, 360.0);
+    if (app.count("--elevation") > 0)
+        viewpoint.elevation = NumberWithin("--elevation", words.elevation, -90.0, 90.0);
+    if (app.count("--zoom") > 0) viewpoint.zoom = NumberWithin("--zoom", words.zoom, minZoom, maxZoom);
 }
 
 Range RangeOf(const std::string& option, const std::string& text) {
@@ -225,6 +260,7 @@ Options ParseOptions(int argc, const char* const* argv) {
     if (app.count("--trace-at") > 0) options.traceAt = ParsePosition(words.traceAt);
     if (app.count("--scale") > 0) ParseScale(words.scale, options.format);
     ParseSettings(app, words, options);
+    ParseViewpoint(app, words, options.settings, options.viewpoint);
     return options;
 }
 

@@ -30,6 +30,7 @@ struct Options {
     bool hasSize = false;                  ///< whether the command line gives it
     PictureFormat format;                  ///< of the picture, but for its size
     PlotSettings settings;                 ///< how the plot looks
+    Viewpoint viewpoint;                   ///< from where the plot is shown
     std::vector<std::string> settingNames; ///< of those that the command line sets, by their names
     std::vector<std::string> pointFiles;   ///< measure points, a group for each
     std::vector<std::string> curveFiles;   ///< a curve for each

@@ -161,11 +161,6 @@ void ViewerPlotter::ForgetScale() {
     m_viewVolumeFactor[2] = KivoDrawingTools::viewDepthFactor;
 }
 
-void ViewerPlotter::ForgetShift() {
-    for (int element = 12; element < 15; ++element)
-        m_rotationMatrix[element] = 0.0;
-}
-
 void ViewerPlotter::FollowMove(unsigned int keys, KivoDrawingTools::POINT place) {
     if (!IsClientPointInViewport(place)) return;
     const KivoDrawingTools::POINT last = {m_lastMouseX, m_lastMouseY};
@@ -184,23 +179,10 @@ void ViewerPlotter::FollowWheel(int delta, KivoDrawingTools::POINT screen) {
     if (IsScreenPointInViewport(screen)) Zoom(delta < 0 ? 1.04f : 0.96f);
 }
 
-void ViewerPlotter::ForgetView() {
-    const double panX = std::exchange(m_panFractionX, 0.0);
-    const double panY = std::exchange(m_panFractionY, 0.0);
-    for (int element = 0; element < 16; ++element)
-        m_rotationMatrix[element] = element % 5 == 0 ? 1.0 : 0.0;
-    std::fill(std::begin(m_axisScale), std::end(m_axisScale), 1.0);
-    std::fill(std::begin(m_volumeTranslate), std::end(m_volumeTranslate), 0.0);
-    BeginGLOperation();
-    ApplyModelViewMatrix();
-    EndGLOperation();
-    m_panFractionX = panX;
-    m_panFractionY = panY;
-}
-
 void PlotScene::ShowGrid(const GridData& grid) {
-    m_plotter.ForgetView();
     HandOver(m_plotter, grid);
+    KivoDrawingTools::ResetView(m_plotter); // the same grid is lit alike, whatever was shown before
+
     m_dataScale = m_plotter.Scale();
     m_curves.clear();
     m_longestSide = std::max(grid.ColumnCount(), grid.RowCount());
@@ -312,14 +294,32 @@ void PlotScene::ApplyView() {
 }
 
 void PlotScene::ResetView() {
-    m_plotter.ForgetShift();
-    ApplyView();
+    KivoDrawingTools::ResetView(m_plotter);
+    KeepScale();
+}
+
+void PlotScene::ShowFrom(const Viewpoint& viewpoint) {
+    double azimuth = 0.0;
+    double elevation = 0.0;
+    GetViewAngles(m_plotter, azimuth, elevation);
+    if (m_settings.mode == 0 && (viewpoint.azimuth || viewpoint.elevation))
+        SetViewAngles(m_plotter, viewpoint.azimuth.value_or(azimuth),
+                      viewpoint.elevation.value_or(elevation));
+    KivoDrawingTools::SKivoView view = View();
+    view.zoom = viewpoint.zoom.value_or(view.zoom);
+    ShowView(view);
+}
+
+void PlotScene::ShowView(const KivoDrawingTools::SKivoView& view) {
+    SetView(m_plotter, view);
 }
 
 void PlotScene::Resize(int width, int height) {
     m_isMotionMeasured = false;
+    const KivoDrawingTools::SKivoView view = View();
     m_plotter.OnSize(0, width, height);
     KeepScale();
+    if (m_dataScale) ShowView(view);
 }
 
 // Curves of the ink's colour stay that.

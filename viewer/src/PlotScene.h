@@ -6,6 +6,7 @@
 #include "PointFile.h"
 
 #include <KivoFunctionPlotter.h>
+#include <KivoView.h>
 
 #include <array>
 #include <list>
@@ -40,15 +41,10 @@ public:
     void FitWithScale(const AxisScale& scale);
     /// Takes back what that has done for later fits.
     void ForgetScale();
-    /// Puts the plot back to where it stood at first; switching modes keeps the shift.
-    void ForgetShift();
     /// Does what OnMouseMove and OnMouseWheel do to the view, without a frame: for movements that others
     /// follow before anybody could see it.
     void FollowMove(unsigned int keys, KivoDrawingTools::POINT place);
     void FollowWheel(int delta, KivoDrawingTools::POINT screen);
-    /// Makes the plot as one that has had no data. The plotter places its lights by the view that is there
-    /// when data come: without this the same grid would be lit differently after another one.
-    void ForgetView();
 
 private:
     double BoxDiagonal() const;
@@ -92,9 +88,14 @@ public:
     void ApplyAspect();
     /// The plot mode, not turned or zoomed; the 3-D plot with inverse axes.
     void ApplyView();
-    /// The same, and not shifted: as at first.
+    /// The present plot mode as at first: not turned, zoomed or shifted, lit as a first grid is.
     void ResetView();
-    /// Lays the plot out for a window of another size, not zoomed.
+    /// Shows the plot from somewhere else, as far as that is given; the flat plots are not turned.
+    void ShowFrom(const Viewpoint& viewpoint);
+    /// How the plot is looked at, for ShowView after another grid was shown.
+    KivoDrawingTools::SKivoView View() const { return GetView(m_plotter); }
+    void ShowView(const KivoDrawingTools::SKivoView& view);
+    /// Lays the plot out for a window of another size, in the same view.
     void Resize(int width, int height);
     void ApplyColors();   ///< ink and background; throws a Failure
     void ApplySwitches(); ///< what takes effect with the next frame: visibility, plain colours, point size

@@ -44,4 +44,12 @@ struct PlotSettings {
     std::optional<unsigned> pointSize;       ///< radius of measure points in pixels
 };
 
+/// From where, and how near, a plot is shown at first, where that is not the start view. Not a setting: the
+/// hand goes on from it.
+struct Viewpoint {
+    std::optional<double> azimuth;   ///< in degrees, of the 3-D plot
+    std::optional<double> elevation; ///< in degrees, -90 to 90, of the 3-D plot
+    std::optional<double> zoom;      ///< above 0
+};
+
 } // namespace KivoViewer

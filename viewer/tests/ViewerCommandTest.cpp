@@ -299,6 +299,28 @@ TEST_F(ViewerCommandTest, DrawsWithSettings) {
     });
 }
 
+TEST_F(ViewerCommandTest, DrawsFromWhereItIsTold) {
+    ExpectDifferentPictures({
+        {},
+        {"--azimuth", "-60"},
+        {"--elevation", "80"},
+        {"--azimuth", "-60", "--elevation", "80"},
+        {"--zoom", "1.5"},
+        {"--mode", "1", "--zoom", "0.5"},
+    });
+    const Image start = Draw({"--size", "400x300"});
+    EXPECT_LE(Compare(Draw({"--size", "400x300", "--azimuth", "-315", "--zoom", "1"}), start).mean, 0.2);
+}
+
+TEST_F(ViewerCommandTest, RefusesViewsThatCannotBe) {
+    ExpectFailure({"--azimuth", "north"}, "--azimuth: expected a number from -360 to 360, found north");
+    ExpectFailure({"--elevation", "90.5"}, "--elevation: expected a number from -90 to 90, found 90.5");
+    ExpectFailure({"--zoom", "0"}, "--zoom: expected a number from 0.01 to 1000, found 0");
+    ExpectFailure({"--zoom", "nan"}, "--zoom: expected a number from 0.01 to 1000, found nan");
+    ExpectFailure({"--mode", "2", "--azimuth", "10"}, "--azimuth: only the 3-D plot is turned");
+    ExpectFailure({"--elevation", "10", "--mode", "1"}, "--elevation: only the 3-D plot is turned");
+}
+
 TEST_F(ViewerCommandTest, DrawsPointsCurvesAndTheTracedPoint) {
     ExpectDifferentPictures({
         {},

@@ -169,6 +169,21 @@ TEST_F(ViewerWindowFilesTest, OpensAFileThatIsDropped) {
     EXPECT_EQ(Compare(dropped, m_start).max, 0);
 }
 
+TEST_F(ViewerWindowFilesTest, KeepsTheViewOfTheFileThatIsShown) {
+    const std::string path = Copy(hill, "hill.csv"), other = Copy(hill, "other.csv");
+    Start({path, "--size", "800x600"});
+    const Image turned = After("turn", [this] { Drag(rightButton, 120, 40); });
+    const auto opened = [this](const std::string& name) {
+        OpenByDialog(name);
+        WaitForNoDialog();
+        return Settled();
+    };
+    EXPECT_LT(Compare(opened(path), turned).mean, 0.01);
+    const Image first = opened(other);
+    Start({other, "--size", "800x600"});
+    EXPECT_EQ(Compare(first, m_start).max, 0) << "another file is seen from the start";
+}
+
 TEST_F(ViewerWindowFilesTest, SaysWhatIsWrongWithAFile) {
     const std::string path = Copy(KIVO_TEST_DATA "/short-row.asc", "short.asc");
     OpenByDialog(path);
