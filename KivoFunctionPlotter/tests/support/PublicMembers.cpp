@@ -565,12 +565,15 @@ const std::vector<PublicMember> surfaceFunctions = {
            }),
     Member("TracedSurface()", none, [](P& p, A&) { TracedSurface(p); }),
     Member("RemoveSurface(grid, looks, int)", none, AddAndRemove).Refuses(-2).Refuses(-3),
-    // ---- KivoAxis.h
+};
 
-    // The axis itself, or a number that is none: what were set for others, sensible arguments would not
-    // replace.
-    int AxisOrNone(A& source, int axis){const int drawn = source.Int(axis);
-return drawn >= 0 && drawn < 3 ? axis : drawn;
+// ---- KivoAxis.h
+
+// The axis itself, or a number that is none: what were set for others, sensible arguments would not
+// replace.
+int AxisOrNone(A& source, int axis) {
+    const int drawn = source.Int(axis);
+    return drawn >= 0 && drawn < 3 ? axis : drawn;
 }
 
 // Another one before the one that there is already, so that labels are made in every call.
@@ -596,13 +599,16 @@ const std::vector<PublicMember> axisFunctions = {
     Member("SetAxisOrigin(int, float, float)", bracketed, SetOriginAnew).Refuses(-1).Refuses(-3),
     Member("GetAxisOrigin(int)", none, [](P& p, A& a) { GetAxisOrigin(p, a.Int(2)); }),
     Member("SetAxisLabelFormat(int, flag, text)", bracketed, SetFormat).Refuses(-1).Refuses(-3),
-    // ---- KivoColorMap.h
+};
 
-    int SetTable(P& plotter, A& source){const int axis = source.Int(2);
-float colors[8];
-std::copy_n(source.Rgba(blue), 4, colors);
-std::copy_n(source.Rgba(red), 4, colors + 4);
-return SetColorMap(plotter, axis, colors, 2);
+// ---- KivoColorMap.h
+
+int SetTable(P& plotter, A& source) {
+    const int axis = source.Int(2);
+    float colors[8];
+    std::copy_n(source.Rgba(blue), 4, colors);
+    std::copy_n(source.Rgba(red), 4, colors + 4);
+    return SetColorMap(plotter, axis, colors, 2);
 }
 
 // Held and free again, so that there is something to do each time.
