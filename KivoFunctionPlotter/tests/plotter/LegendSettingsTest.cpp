@@ -1,5 +1,6 @@
 // What stands beside the picture on demand: a legend's title and round numbers, names of groups, digits of
 // the read-out.
+#include "KivoAxis.h"
 #include "KivoColorMap.h"
 #include "KivoLegend.h"
 #include "KivoStyle.h"
@@ -99,6 +100,40 @@ protected:
 } // namespace
 
 // ---- Numbers
+
+// What the data are differences to counts, whichever was set first.
+TEST_P(LegendSettings, NumbersAreAbsoluteOnes) {
+    SetHeights(-0.3f, 4.6f);
+    const auto labels = [&] { return Labels(*plotter.m_zColorRuler); };
+    ASSERT_EQ(SetLegend(plotter, 2, With(KivoLegendNumbers::round)), 0);
+    ASSERT_EQ(SetAxisOrigin(plotter, 2, 1e6), 0);
+    EXPECT_THAT(labels(), testing::Contains("1000002.0"));
+    for (const std::string& label : labels()) {
+        const double halves = std::strtod(label.c_str(), nullptr) * 2.0;
+        EXPECT_EQ(halves, std::floor(halves)) << label;
+    }
+    // Each stands at its value.
+    const auto [low, high] = Bar();
+    const std::vector<DrawnQuad> quads = LegendQuads();
+    ASSERT_EQ(quads.size(), labels().size());
+    for (std::size_t i = 0; i < quads.size(); ++i) {
+        const double share = (std::strtod(labels()[i].c_str(), nullptr) - 1e6 + 0.3) / 4.9;
+        EXPECT_NEAR(quads[i].CenterY(), low + share * (high - low), 0.5) << labels()[i];
+    }
+    ASSERT_EQ(SetLegend(plotter, 2, With(KivoLegendNumbers::fitted)), 0);
+    EXPECT_NEAR(std::strtod(labels().front().c_str(), nullptr), 999999.7, 0.03);
+    EXPECT_NEAR(std::strtod(labels().back().c_str(), nullptr), 1000004.6, 0.03);
+
+    // A host's words come before all.
+    ASSERT_EQ(SetLegend(plotter, 2, With(KivoLegendNumbers::round)), 0);
+    ASSERT_EQ(SetAxisLabelFormat(plotter, 2,
+                                 [](double value, double step) {
+                                     return std::to_string(std::lround(value * 10.0)) + " by " +
+                                            std::to_string(std::lround(step * 10.0));
+                                 }),
+              0);
+    EXPECT_THAT(labels(), testing::Contains("10000020 by 5"));
+}
 
 TEST_P(LegendSettings, FittedNumbersHaveTheDigitsOfTheirRange) {
     SetHeights(0.0f, 100.0f);
