@@ -8,6 +8,7 @@
 #include "window_system/WindowSystem.h"
 
 #include <algorithm>
+#include <cmath>
 #include <new>
 
 namespace KivoDrawingTools {
@@ -55,7 +56,7 @@ void SetColors(const SurfacePart& part) {
     glEnableClientState(GL_COLOR_ARRAY);
     glColorPointer(4, GL_FLOAT, 0, part.colors);
     if (opacity >= 1.0f) return;
-    const auto texel = static_cast<unsigned char>(opacity * 255.0f + 0.5f);
+    const auto texel = static_cast<unsigned char>(std::lround(opacity * 255.0f));
     glEnable(GL_TEXTURE_2D);
     glTexImage2D(GL_TEXTURE_2D, 0, GL_ALPHA, 1, 1, 0, GL_ALPHA, GL_UNSIGNED_BYTE, &texel);
 }

@@ -531,7 +531,7 @@ TEST_P(View, OfANewPlotterComesBackPixelForPixel) {
     for (int type = 0; type < 4; ++type)
         for (const unsigned int inverse : {0u, 5u}) {
             const Image expected = NewPicture(GetParam(), surface, 400, 240, inverse, switches[type]);
-            const Image tall = NewPicture(GetParam(), surface, 200, 260, inverse, switches[type]);
+            const Image tall = NewPicture(GetParam(), surface, 200, 230, inverse, switches[type]);
             TestPlot used(GetParam(), 400, 240);
             SetSurface(used.plotter, other);
             SetInverse(used.plotter, 2);
@@ -553,10 +553,12 @@ TEST_P(View, OfANewPlotterComesBackPixelForPixel) {
             used.plotter.SetInverseYAxis((inverse & 2) == 0);
             used.plotter.Zoom(-0.3f);
             used.plotter.SetInverseYAxis((inverse & 2) != 0);
-            used.plotter.OnSize(0, 200, 260);
-            used.window.Resize(200, 260);
+            used.plotter.OnSize(0, 200, 230);
+            used.window.Resize(200, 230);
             ASSERT_EQ(ResetView(used.plotter), 0);
-            ExpectSamePixels(CaptureImage(used.plotter), tall, words + ", tall");
+            // A hidden window may keep a larger buffer, at another place of which numbers are rounded
+            // otherwise.
+            EXPECT_LE(Compare(CaptureImage(used.plotter), tall).max, 1) << words << ", tall";
         }
 }
 
@@ -612,7 +614,7 @@ TEST_P(View, AnglesGiveTheFixedOrientations) {
             SetInverse(plotter, axes);
             {
                 const CurrentContext context(plotter);
-                (plotter.*orientation.apply)();
+                std::invoke(orientation.apply, plotter);
             }
             const std::vector<double> expected(plotter.m_rotationMatrix, plotter.m_rotationMatrix + 16);
             ASSERT_EQ(SetView(plotter, SKivoView()), 0); // another one, and nothing inverse
