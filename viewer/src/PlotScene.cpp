@@ -392,7 +392,7 @@ bool PlotScene::NeedsMotionMeasured() const {
 }
 
 void PlotScene::MeasureMotion() {
-    constexpr double milliseconds = 33.0; // for a frame
+    constexpr double milliseconds = 22.0; // to draw: from the event to the screen it is about 33
     const unsigned int detail = MotionDetailFor(m_plotter, milliseconds);
     m_motionDetail = detail == 0 ? 0 : std::max(detail, leastMotionDetail);
     m_isMotionMeasured = true;

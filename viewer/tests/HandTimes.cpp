@@ -42,13 +42,13 @@ protected:
 
     // From an event to another picture in the middle of the plot, where something changes by each.
     double TimeOf(const std::function<void()>& event) {
-        const ScreenArea middle = {m_middle.x - 80, m_middle.y - 40, 160, 80};
+        const ScreenArea middle = {m_middle.x - 40, m_middle.y - 20, 80, 40};
         const Image before = Grab(middle);
         desktop->Sync();
         const Clock::time_point begin = Clock::now();
         event();
         const bool hasChanged = WaitFor([&] {
-            std::this_thread::sleep_for(std::chrono::microseconds(200));
+            std::this_thread::sleep_for(milliseconds(2));
             return Grab(middle).rgba != before.rgba;
         });
         EXPECT_TRUE(hasChanged) << "no other picture";
