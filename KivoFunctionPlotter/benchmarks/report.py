@@ -14,7 +14,7 @@ import re
 import statistics
 import sys
 
-ROOT = pathlib.Path(__file__).resolve().parent.parent
+ROOT = pathlib.Path(__file__).resolve().parents[2]
 PAGE = ROOT / "docs" / "performance.md"
 PLOT = ROOT / "docs" / "pictures" / "growth.svg"
 BEGIN, END = "<!-- measured: begin -->", "<!-- measured: end -->"
