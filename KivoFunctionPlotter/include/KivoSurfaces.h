@@ -17,7 +17,7 @@ struct SKivoSurface {
     bool isColoredByZ = true;
     unsigned long color = 0x00C08040; ///< 0x00BBGGRR, where isColoredByZ is false
     /// Cells from one frame line to the next across columns and rows, in the colour of SetFrameLineColor; 0
-    /// for both without lines. Of the first surface they are what ShowFrameLines and SetFrameLineStep set.
+    /// for either one: no lines. Of the first surface they are what ShowFrameLines and SetFrameLineStep set.
     unsigned int frameLineStep[2] = {0, 0};
 };
 

@@ -102,7 +102,7 @@ void SurfaceAccess::FitToData(CKivoFunctionPlotter& plotter) {
     FindBounds(plotter.Grid(), min, max);
     if (layers.areAxesFitted)
         for (const SurfaceLayer& layer : layers.over)
-            for (int i = 0; i < 3; ++i) {
+            for (int i = 0; i < 3 && layer.HasNumbers(); ++i) {
                 min[i] = std::min(min[i], layer.Min()[i]);
                 max[i] = std::max(max[i], layer.Max()[i]);
             }

@@ -20,15 +20,14 @@ SurfaceLayer::SurfaceLayer(std::vector<float> points, unsigned int columns, unsi
 }
 
 void SurfaceLayer::FindBounds() {
-    bool hasNumbers = false;
     for (std::size_t i = 0; i + 2 < m_points.size(); i += 3) {
         const float* const point = &m_points[i];
         if (!std::isfinite(point[0]) || !std::isfinite(point[1]) || !std::isfinite(point[2])) continue;
         for (int k = 0; k < 3; ++k) {
-            m_min[k] = hasNumbers ? std::min(m_min[k], point[k]) : point[k];
-            m_max[k] = hasNumbers ? std::max(m_max[k], point[k]) : point[k];
+            m_min[k] = m_hasNumbers ? std::min(m_min[k], point[k]) : point[k];
+            m_max[k] = m_hasNumbers ? std::max(m_max[k], point[k]) : point[k];
         }
-        hasNumbers = true;
+        m_hasNumbers = true;
     }
 }
 

@@ -29,7 +29,8 @@ public:
     bool IsDrawn() const { return m_looks.isVisible && m_looks.opacity > 0.0f; }
 
     GridView Grid() const { return {m_points.data(), m_columns, m_rows, 3, m_columns * 3}; }
-    const float* Min() const { return m_min; } ///< of the points that are numbers
+    bool HasNumbers() const { return m_hasNumbers; } ///< whether any point is made of them
+    const float* Min() const { return m_min; }       ///< of those points
     const float* Max() const { return m_max; }
 
     void ForgetColors() { m_areColorsOld = true; } ///< the gradient has changed
@@ -52,6 +53,7 @@ private:
     unsigned int m_step[2];
     std::vector<float> m_points;
     std::vector<unsigned char> m_holes; // a cell each; empty without any
+    bool m_hasNumbers = false;
     float m_min[3] = {};
     float m_max[3] = {};
     CellStrips m_strips;

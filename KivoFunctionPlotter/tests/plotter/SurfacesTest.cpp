@@ -229,6 +229,17 @@ TEST_P(Surfaces, AxesFitTheFirstOrAll) {
     EXPECT_TRUE(ImagesAgree(CaptureImage(plotter), alone, 12, 0.1, "surfaces-first"));
 }
 
+TEST_P(Surfaces, WithoutNumbersLeaveTheAxesAlone) {
+    TestSurface high = HillSurface(30, 20);
+    for (std::size_t i = 2; i < high.points.size(); i += 3)
+        high.points[i] += 50.0f;
+    plotter.SetData(high.NewArray(), high.columns, high.rows, 1, high.columns, 3);
+    const float least = plotter.m_boundingBoxMin[2];
+    Add(FlatSurface(std::numeric_limits<float>::quiet_NaN()));
+    FitAxesToSurfaces(plotter, true);
+    EXPECT_EQ(plotter.m_boundingBoxMin[2], least);
+}
+
 TEST_P(Surfaces, WithoutNumbersAreNoMatter) {
     constexpr float none = std::numeric_limits<float>::quiet_NaN();
     constexpr float endless = std::numeric_limits<float>::infinity();
