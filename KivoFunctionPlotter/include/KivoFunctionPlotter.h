@@ -958,6 +958,9 @@ private:
     bool m_isDetailReduced = false;                   // of the one presented last
     std::shared_ptr<ReducedSurface> m_reducedSurface; // for these data; null before it is needed
     bool m_hasReducedValues = false;                  // it holds what the arrays held at the last full frame
+    unsigned int m_requestedDetail = 0;               // of the frame that has been asked for
+    void (*m_redrawRequest)(void*) = nullptr;         // called instead of drawing; null: drawn
+    void* m_redrawContext = nullptr;                  // what it is called with
     unsigned int m_frameLineStep[2] = {0, 0};         // of m_framelineIndexArray
     const float* m_pointsWithoutHoles = nullptr;      // m_points where no number is missing among them
     // Of KivoSurfaces.h
@@ -1012,7 +1015,7 @@ private:
     SurfaceArrays WholeSurface() const;
     bool ReduceSurface();
     void DrawSurface(const SurfaceArrays& surface);
-    void RenderMoved(unsigned int detail);
+    void ShowMoved(unsigned int detail);
     struct SContourPicture;
     SContourPicture TraceContourPicture(unsigned int count) const;
     void DrawContourPicture(SContourPicture& picture);

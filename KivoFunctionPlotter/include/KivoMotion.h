@@ -31,6 +31,17 @@ KIVO_API int SetMotionDetail(CKivoFunctionPlotter& plotter, unsigned int pointsP
 ///         as soon as the hand rests: OnDraw() draws it. Pictures are not presented; not after OnDestroy
 KIVO_API bool IsDetailReduced(const CKivoFunctionPlotter& plotter);
 
+/// Has a host draw instead of the members that draw by themselves, OnMouseMove and OnMouseWheel: where they
+/// would, they call the request, and whatever they do to the view is done by then. The host's next OnDraw or
+/// Renderscene draws the frame that the last of them would have drawn, reduced as SetMotionDetail says, so
+/// that any number of moves between two of the host's paint messages takes one frame. The frames after it
+/// show everything, as always: one is due when the hand rests, which IsDetailReduced tells.
+/// @param request  called in the member that moves the plot; it may draw, and destroy the plotter. Null, as
+///                 at first: the members draw
+/// @param context  what it is called with
+/// @return 0
+KIVO_API int SetRedrawRequest(CKivoFunctionPlotter& plotter, void (*request)(void*), void* context);
+
 /// Measures with how many points a side the 3-D plot, as it is now, is drawn within a time. Frames of 10, 20,
 /// 40 ... points a side are drawn, twice each and without presenting them, until one takes longer or shows
 /// everything; all of them take about ten times the time given. Presenting comes on top of it, and other

@@ -49,6 +49,9 @@ struct SKivoPictureOptions {
     /// Whether the background is left out: alpha then says how opaque a pixel is, and the colours are not
     /// multiplied by it. The frame is drawn twice.
     bool transparent = false;
+    /// Whether it shows no more of the surface than a frame of a drag would: see SetMotionDetail of
+    /// KivoMotion.h. For hosts that show pictures instead of a window.
+    bool moving = false;
 };
 
 /// The order of a pixel's four bytes.

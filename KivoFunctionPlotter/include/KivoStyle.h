@@ -40,4 +40,13 @@ KIVO_API SKivoStyle GetStyle(const CKivoFunctionPlotter& plotter);
 ///         everything is as before, as it is when std::bad_alloc is thrown
 KIVO_API int SetStyle(CKivoFunctionPlotter& plotter, const SKivoStyle& style);
 
+/// Takes the window's dots per inch over as they are now (GetWindowDpi of KivoWindow.h): after
+/// SetOffscreenDpi, and where a window has come to another screen or the display's setting is another one.
+/// Fonts and all text images are made anew for them, so that the plot shows its texts as if it had been
+/// created in this window; view, data, titles, measure groups, curves and the pixel scale stay. The next
+/// frame shows it.
+/// @return 0, also on a plotter without a window; -1 when a font or an image cannot be made, or there is no
+///         usable context: nothing is changed then
+KIVO_API int OnDensityChanged(CKivoFunctionPlotter& plotter);
+
 } // namespace KivoDrawingTools

@@ -32,7 +32,7 @@ KIVO_API HWND AttachX11Window(unsigned long window, const char* displayName = nu
 /// hidden window.
 /// @param width   of the client area in pixels, 1 to 16384
 /// @param height  of the client area in pixels, 1 to 16384
-/// @param dpi     dots per inch that text is sized for, 1 to 1200; on Windows the screen's value is used
+/// @param dpi     dots per inch that text is sized for, 1 to 1200
 /// @return the handle, or null: LastWindowError() says why
 KIVO_API HWND CreateOffscreenWindow(int width, int height, int dpi = 96);
 
@@ -45,8 +45,15 @@ KIVO_API HWND CreateOffscreenWindow(int width, int height, int dpi = 96);
 ///         as before
 KIVO_API int ResizeOffscreenWindow(HWND window, int width, int height);
 
+/// Changes the dots per inch of a window made by CreateOffscreenWindow; call OnDensityChanged of KivoStyle.h
+/// for its plotter afterwards.
+/// @param window  made by CreateOffscreenWindow
+/// @param dpi     dots per inch that text is sized for, 1 to 1200
+/// @return 0, or -1 when the handle or the value is refused; the window is then as before
+KIVO_API int SetOffscreenDpi(HWND window, int dpi);
+
 /// Dots per inch that a plotter in this window sizes its texts for when it is created: off-screen what the
-/// window was made with, in an X11 window the display's present setting Xft.dpi, 96 where there is none; on
+/// window was given, in an X11 window the display's present setting Xft.dpi, 96 where there is none; on
 /// Windows what the system says of the window, 96 for processes that do not say that they care.
 /// @return 1 or more; 0 for a handle that is no window
 KIVO_API int GetWindowDpi(HWND window);

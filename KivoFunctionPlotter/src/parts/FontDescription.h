@@ -19,14 +19,15 @@ inline int ScaledPixels(int pixels, float scale) {
 }
 
 /// A smoothed font of fixed pitch where there is one.
-/// @param dc          whose resolution turns the size into pixels
-/// @param points      its size, in 1/72 inch; below 0 that of a line
-/// @param weight      FW_MEDIUM or the like
-/// @param face        its name, at most 31 characters
-/// @param pixelScale  by which these pixels are multiplied
-inline LOGFONTA DescribeFont(HDC dc, int points, int weight, const char* face, float pixelScale = 1.0f) {
+/// @param dotsPerInch  which turn the size into pixels
+/// @param points       its size, in 1/72 inch; below 0 that of a line
+/// @param weight       FW_MEDIUM or the like
+/// @param face         its name, at most 31 characters
+/// @param pixelScale   by which these pixels are multiplied
+inline LOGFONTA DescribeFont(int dotsPerInch, int points, int weight, const char* face,
+                             float pixelScale = 1.0f) {
     LOGFONTA description = {};
-    const int pixels = MulDiv(points, GetDeviceCaps(dc, LOGPIXELSY), 72);
+    const int pixels = MulDiv(points, dotsPerInch, 72);
     description.lfHeight = -ScaledPixels(pixels, pixelScale);
     description.lfWeight = weight;
     description.lfCharSet = DEFAULT_CHARSET;

@@ -268,8 +268,8 @@ void InitTextRenderer(STextRenderer* renderer, HDC windowDC, int fontSize) {
 
     const auto describe = [&](float scale) {
         const char* const face = renderer->m_face.empty() ? "MS Gothic" : renderer->m_face.c_str();
-        return DescribeFont(renderer->m_memoryDC, fontSize, renderer->m_isBold ? FW_BOLD : FW_NORMAL, face,
-                            scale);
+        return DescribeFont(DotsPerInch(renderer->m_memoryDC, windowDC), fontSize,
+                            renderer->m_isBold ? FW_BOLD : FW_NORMAL, face, scale);
     };
     renderer->m_fontDescription = describe(renderer->m_pixelScale);
     renderer->m_font = CreateFontIndirectA(&renderer->m_fontDescription);

@@ -12,25 +12,15 @@
 
 namespace KivoDrawingTools {
 
-namespace {
-
-// How much of the surface frames show for the life of the object.
-class DetailScope {
-public:
-    DetailScope(unsigned int& detail, unsigned int value) : m_detail(detail) { m_detail = value; }
-    ~DetailScope() { m_detail = 0; }
-    DetailScope(const DetailScope&) = delete;
-    DetailScope& operator=(const DetailScope&) = delete;
-
-private:
-    unsigned int& m_detail;
-};
-
-} // namespace
-
 // ---- Frames of a surface that moves ---------------------------------------------------------------------
 
-void CKivoFunctionPlotter::RenderMoved(unsigned int detail) {
+// Nothing of the plotter is reached after the request, in which a host may even destroy it.
+void CKivoFunctionPlotter::ShowMoved(unsigned int detail) {
+    if (m_redrawRequest) {
+        m_requestedDetail = detail;
+        m_redrawRequest(m_redrawContext);
+        return;
+    }
     const DetailScope scope(m_detailOfFrame, detail);
     Renderscene();
 }
@@ -71,6 +61,12 @@ struct MotionAccess {
     static void SetDetail(CKivoFunctionPlotter& plotter, unsigned int pointsPerSide) {
         if (pointsPerSide != plotter.m_motionDetail) plotter.m_reducedSurface.reset();
         plotter.m_motionDetail = pointsPerSide;
+    }
+
+    static void SetRequest(CKivoFunctionPlotter& plotter, void (*request)(void*), void* context) {
+        plotter.m_redrawRequest = request;
+        plotter.m_redrawContext = context;
+        plotter.m_requestedDetail = 0;
     }
 
     static bool IsReduced(const CKivoFunctionPlotter& plotter) { return plotter.m_isDetailReduced; }
@@ -120,6 +116,11 @@ unsigned int MotionAccess::DetailFor(CKivoFunctionPlotter& plotter, double milli
 int SetMotionDetail(CKivoFunctionPlotter& plotter, unsigned int pointsPerSide) {
     if (pointsPerSide == 1) return -3;
     MotionAccess::SetDetail(plotter, pointsPerSide);
+    return 0;
+}
+
+int SetRedrawRequest(CKivoFunctionPlotter& plotter, void (*request)(void*), void* context) {
+    MotionAccess::SetRequest(plotter, request, context);
     return 0;
 }
 

@@ -74,7 +74,7 @@ bool DrawSmoothed(CKivoFunctionPlotter& plotter, int width, int height, bool isL
     if (smoothing == 1) return false;
     const KeepFailure keep;
     try {
-        return DrawPlanned(plotter, {width, height, 1.0f, smoothing, false, isLaidOut}, target) == 0;
+        return DrawPlanned(plotter, {width, height, 1.0f, smoothing, false, isLaidOut, false}, target) == 0;
     } catch (const std::bad_alloc&) {
         return false;
     }
@@ -109,6 +109,7 @@ int PlanOf(const CKivoFunctionPlotter& plotter, const SKivoPictureOptions& optio
     plan.scale = options.scale;
     plan.smoothing = options.smoothing;
     plan.isTransparent = options.transparent;
+    plan.isMoving = options.moving;
     plan.isLaidOut = plan.width == windowWidth && plan.height == windowHeight;
     return IsSide(plan.width) && IsSide(plan.height) ? 0 : -3;
 }

@@ -2,8 +2,10 @@
 
 #include "computing/PixelAverage.h"
 #include "drawing/GLScopes.h"
+#include "ReducedSurface.h"
 #include "window_system/CompanionWindow.h"
 #include "window_system/Failure.h"
+#include "window_system/HostContext.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -346,6 +348,11 @@ SPictureStore& PictureAccess::Store(CKivoFunctionPlotter& plotter) {
     return *store;
 }
 
+void PictureAccess::ForgetTexts(CKivoFunctionPlotter& plotter) {
+    SPictureStore* const store = plotter.m_pictures.store;
+    if (store && store->context == plotter.m_hGLRC) store->texts.Release();
+}
+
 void PictureAccess::ReleaseStore(CKivoFunctionPlotter& plotter) {
     delete std::exchange(plotter.m_pictures.store, nullptr);
 }
@@ -397,6 +404,25 @@ void PictureAccess::DrawParts(CKivoFunctionPlotter& plotter, const PicturePlan& 
         }
 }
 
+unsigned int PictureAccess::DetailOf(const CKivoFunctionPlotter& plotter, const PicturePlan& plan) {
+    if (!plan.isMoving) return plotter.m_detailOfFrame;
+    return plotter.m_mouseButtonDown ? plotter.m_detailOfDrag : plotter.m_motionDetail;
+}
+
+// Off-screen nobody sees the window, and every pixel of it is there.
+bool PictureAccess::IsFrame(const CKivoFunctionPlotter& plotter, const PicturePlan& plan) {
+    return plan.smoothing == 1 && plan.scale == 1.0f && !plan.isTransparent && plan.isLaidOut &&
+           !IsOnScreen(plotter.m_hDC);
+}
+
+void PictureAccess::DrawAsFrame(CKivoFunctionPlotter& plotter, const PicturePlan& plan,
+                                const PictureTarget& target) {
+    const MatrixScope matrix;
+    const PlainPixelsScope plainPixels;
+    Draw(plotter);
+    ReadPart(Store(plotter), target, plan.height, {0, 0, plan.width, plan.height, 1});
+}
+
 bool PictureAccess::DrawBeside(CKivoFunctionPlotter& plotter, const PicturePlan& plan,
                                const PictureTarget& target) {
     SPictureStore& store = Store(plotter);
@@ -405,6 +431,12 @@ bool PictureAccess::DrawBeside(CKivoFunctionPlotter& plotter, const PicturePlan&
         AskDriver(store);
     }
     if (store.largestViewport[0] <= 0) return false; // there is no context
+    const DetailScope detail(plotter.m_detailOfFrame, DetailOf(plotter, plan));
+    if (IsFrame(plotter, plan)) {
+        const ContextScope context(plotter.m_hDC, plotter.m_hGLRC);
+        DrawAsFrame(plotter, plan, target);
+        return true;
+    }
     const int factor = UsableSmoothing(store, plan, plotter.m_pixelScale, WidestLine(plotter));
     const SIZE drawn = {LONG{plan.width} * factor, LONG{plan.height} * factor};
     if (!FindWindow(store, plotter.m_hDC, drawn, factor)) return false;
@@ -435,7 +467,7 @@ bool PictureAccess::DrawFrameBeside(CKivoFunctionPlotter& plotter, int smoothing
     if (store.frame.size() < size) store.frame.resize(size);
     store.frameSize = {width, height};
     const PictureTarget target = {store.frame.data() + (height - 1) * rowBytes, -rowBytes, GL_RGBA};
-    return DrawBeside(plotter, {width, height, 1.0f, smoothing, false, true}, target);
+    return DrawBeside(plotter, {width, height, 1.0f, smoothing, false, true, false}, target);
 }
 
 void PictureAccess::PutFrame(CKivoFunctionPlotter& plotter) {

@@ -44,6 +44,7 @@ struct PicturePlan {
     int smoothing;      ///< by how many pixels of each side one is averaged: 1 to 4
     bool isTransparent; ///< its ground
     bool isLaidOut;     ///< as the plotter is at present; otherwise anew, for the picture's size
+    bool isMoving;      ///< shows as much of the surface as a frame of a drag
 };
 
 /// Where its pixels go, four bytes each.
@@ -100,12 +101,18 @@ struct PictureAccess {
     static void PutFrame(CKivoFunctionPlotter& plotter);
 
     static SPictureStore& Store(CKivoFunctionPlotter& plotter);
+    /// Has the next picture make its texts anew; the context must be current.
+    static void ForgetTexts(CKivoFunctionPlotter& plotter);
     /// Gives back all that is kept.
     static void ReleaseStore(CKivoFunctionPlotter& plotter);
 
 private:
     class Ground;
 
+    static unsigned int DetailOf(const CKivoFunctionPlotter& plotter, const PicturePlan& plan);
+    static bool IsFrame(const CKivoFunctionPlotter& plotter, const PicturePlan& plan);
+    static void DrawAsFrame(CKivoFunctionPlotter& plotter, const PicturePlan& plan,
+                            const PictureTarget& target);
     static float WidestLine(const CKivoFunctionPlotter& plotter);
 
     static void DrawPart(CKivoFunctionPlotter& plotter, const PicturePlan& plan, const PictureTarget& target,

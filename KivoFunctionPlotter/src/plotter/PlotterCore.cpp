@@ -11,6 +11,7 @@
 #include "parts/TextRenderer.h"
 #include "PictureDrawing.h"
 #include "PlotType.h"
+#include "ReducedSurface.h"
 #include "SurfaceLayers.h"
 #include "ViewState.h"
 #include "window_system/Failure.h"
@@ -237,6 +238,7 @@ void CKivoFunctionPlotter::ReleaseWhatFollowsFromData() {
 int CKivoFunctionPlotter::Release() {
     ReleaseDataRelativeResource();
     m_isDetailReduced = false;
+    m_requestedDetail = 0;
     {
         const ContextScope context(m_hDC, m_hGLRC);
         DeleteFontLists(m_fontListBase);
@@ -427,7 +429,8 @@ int CKivoFunctionPlotter::InitFont() {
     if (!m_hDC || !m_hGLRC) return -1;
     m_fontListBase = glGenLists(glyphCount);
     const char* const face = m_textFace.empty() ? "Arial" : m_textFace.c_str();
-    const SelectedFont font(m_hDC, DescribeFont(m_hDC, 10, FW_MEDIUM, face, m_pixelScale));
+    const SelectedFont font(m_hDC,
+                            DescribeFont(DotsPerInch(m_hDC, m_hDC), 10, FW_MEDIUM, face, m_pixelScale));
     return wglUseFontBitmapsA(m_hDC, 0, glyphCount, m_fontListBase) == 1 ? 0 : -1;
 }
 
@@ -527,7 +530,10 @@ void CKivoFunctionPlotter::UpdateViewport(int x, int y, int width, int height) {
 
 // ---- Frame driver ---------------------------------------------------------------------------------------
 
+// One that has been asked for is drawn as the member would have drawn it.
 int CKivoFunctionPlotter::Renderscene() {
+    const unsigned int requested = std::exchange(m_requestedDetail, 0U);
+    const DetailScope detail(m_detailOfFrame, m_detailOfFrame != 0 ? m_detailOfFrame : requested);
     const bool isBeside = DrawSmoothFrame();
     const ContextScope context(m_hDC, m_hGLRC);
     if (isBeside)

@@ -415,19 +415,19 @@ void CKivoFunctionPlotter::OnMouseMove(unsigned int flags, POINT pt) {
             return;
         else
             Rotate(last, pt);
-        RenderMoved(m_detailOfDrag);
+        ShowMoved(m_detailOfDrag);
     } else if (!m_traceEnabled || m_plotType != normalPlot) {
         return;
     } else {
         Trace(pt);
-        Renderscene();
+        ShowMoved(0);
     }
 }
 
 void CKivoFunctionPlotter::OnMouseWheel(unsigned int, short delta, POINT pt) {
     if (!IsScreenPointInViewport(pt)) return;
     Zoom(delta < 0 ? 1.04f : 0.96f);
-    RenderMoved(m_motionDetail);
+    ShowMoved(m_motionDetail);
 }
 
 void CKivoFunctionPlotter::Rotate(POINT from, POINT to) {

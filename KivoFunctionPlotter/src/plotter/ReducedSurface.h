@@ -80,4 +80,19 @@ private:
     bool m_hasStrips = false;
 };
 
+/// How much of the surface frames show for the life of the object.
+class DetailScope {
+public:
+    DetailScope(unsigned int& detail, unsigned int value) : m_detail(detail), m_before(detail) {
+        m_detail = value;
+    }
+    ~DetailScope() { m_detail = m_before; }
+    DetailScope(const DetailScope&) = delete;
+    DetailScope& operator=(const DetailScope&) = delete;
+
+private:
+    unsigned int& m_detail;
+    const unsigned int m_before;
+};
+
 } // namespace KivoDrawingTools

@@ -19,3 +19,18 @@
 #ifndef GL_BGRA
 #define GL_BGRA 0x80E1
 #endif
+
+namespace KivoDrawingTools {
+
+/// Dots per inch that fonts are made for.
+/// @param dc        what they are drawn in, which may be a memory device context for the window's
+/// @param windowDc  the window's, which may have a resolution of its own
+#if defined(_WIN32)
+int DotsPerInch(HDC dc, HDC windowDc);
+#else
+inline int DotsPerInch(HDC dc, HDC) {
+    return GetDeviceCaps(dc, LOGPIXELSY);
+}
+#endif
+
+} // namespace KivoDrawingTools

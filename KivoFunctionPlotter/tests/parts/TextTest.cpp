@@ -123,7 +123,7 @@ TEST_P(Text, FontHeightsAreTheOppositeOfPixelsAsFarAsThereIsOne) {
         const int dotsPerInch = GetDeviceCaps(dc, LOGPIXELSY);
         for (const int points : {10, 1, 0, -10, 1000000, -1000000, most, least, least + 1}) {
             const std::int64_t pixels = MulDiv(points, dotsPerInch, 72);
-            EXPECT_EQ(DescribeFont(dc, points, FW_BOLD, "MS Gothic").lfHeight,
+            EXPECT_EQ(DescribeFont(dotsPerInch, points, FW_BOLD, "MS Gothic").lfHeight,
                       std::min<std::int64_t>(-pixels, most))
                 << points << " points, " << dotsPerInch << " dots";
         }

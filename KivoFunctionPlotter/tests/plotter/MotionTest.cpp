@@ -9,6 +9,7 @@
 
 #include <cmath>
 #include <limits>
+#include <memory>
 #include <vector>
 
 using namespace KivoDrawingTools;
@@ -30,6 +31,12 @@ protected:
         plotter.OnMouseMove(MK_RBUTTON | MK_SHIFT, start);
         plotter.OnRButtonUp(0, start);
         return plot.window.Presented(plotter);
+    }
+
+    Image Picture(const SKivoPictureOptions& options) {
+        Image image;
+        EXPECT_EQ(CapturePicture(plotter, options, image.rgba, image.width, image.height), 0);
+        return image;
     }
 
     Image WholeImage() {
@@ -121,6 +128,90 @@ TEST_P(Motion, DataThatAreNotDrawnAreNotReduced) {
     EXPECT_FALSE(IsDetailReduced(plotter));
     EXPECT_EQ(MotionDetailFor(plotter, 5.0), 0U);
     plotter.OnDestroy();
+}
+
+// ---- A host that draws itself
+
+TEST_P(Motion, AHostDrawsOnceForAnyNumberOfMoves) {
+    SetSurface(HillSurface(121, 83));
+    ASSERT_EQ(SetMotionDetail(plotter, 6), 0);
+    const Image before = WholeImage();
+    if (before.rgba.empty()) GTEST_SKIP() << "nobody can look into the window";
+    int requests = 0;
+    EXPECT_EQ(SetRedrawRequest(
+                  plotter, [](void* count) { ++*static_cast<int*>(count); }, &requests),
+              0);
+    plotter.OnRButtonDown(MK_RBUTTON, start);
+    for (int x = 1; x <= 20; ++x)
+        plotter.OnMouseMove(MK_RBUTTON, {start.x + x, start.y});
+    EXPECT_EQ(requests, 20);
+    EXPECT_TRUE(ImagesAgree(plot.window.Presented(plotter), before, 0, 0.0, "motion-requested"));
+    EXPECT_FALSE(IsDetailReduced(plotter));
+    const Image moved = WholeImage(); // OnDraw
+    EXPECT_TRUE(IsDetailReduced(plotter));
+    const Image whole = WholeImage();
+    EXPECT_FALSE(IsDetailReduced(plotter));
+    EXPECT_GT(Compare(moved, whole).mean, 1.0);
+    EXPECT_GT(Compare(whole, before).mean, 1.0);
+
+    EXPECT_EQ(SetRedrawRequest(plotter, nullptr, nullptr), 0);
+    plotter.OnMouseMove(MK_RBUTTON | MK_SHIFT, {start.x + 20, start.y}); // by nothing
+    EXPECT_EQ(requests, 20);
+    EXPECT_TRUE(ImagesAgree(plot.window.Presented(plotter), moved, 0, 0.0, "motion-not-requested"));
+}
+
+TEST_P(Motion, ARequestedFrameIsAsTheLastMemberWouldHaveDrawnIt) {
+    SetSurface(HillSurface(121, 83));
+    ASSERT_EQ(SetMotionDetail(plotter, 6), 0);
+    SetRedrawRequest(
+        plotter, [](void*) {}, nullptr);
+    plotter.OnMouseWheel(0, 120, start);
+    plotter.Trace(true);
+    plotter.OnMouseMove(0, start);
+    EXPECT_EQ(plotter.Renderscene(), 0);
+    EXPECT_FALSE(IsDetailReduced(plotter)) << "a traced point has everything around it";
+    plotter.OnMouseWheel(0, 120, start);
+    EXPECT_EQ(plotter.Renderscene(), 0);
+    EXPECT_TRUE(IsDetailReduced(plotter));
+
+    plotter.OnMouseWheel(0, 120, start);
+    SetRedrawRequest(plotter, nullptr, nullptr);
+    EXPECT_EQ(plotter.Renderscene(), 0);
+    EXPECT_FALSE(IsDetailReduced(plotter)) << "what has been asked for is forgotten";
+}
+
+TEST_P(Motion, ARequestMayDrawAndDestroyThePlotter) {
+    SetSurface(HillSurface(40, 30));
+    SetRedrawRequest(
+        plotter, [](void* context) { static_cast<PlotterProbe*>(context)->OnDraw(); }, &plotter);
+    plotter.OnMouseWheel(0, 120, start);
+
+    auto other = std::make_unique<CKivoFunctionPlotter>();
+    const TestWindow window(WindowKind::offscreen, 400, 300);
+    ASSERT_EQ(other->OnCreate(window.Handle(), 400, 300, true), 0);
+    SetRedrawRequest(
+        *other, [](void* context) { static_cast<decltype(other)*>(context)->reset(); }, &other);
+    other->OnMouseWheel(0, 120, start);
+    EXPECT_EQ(other, nullptr);
+}
+
+// A picture shows everything unless it is asked to show what a drag would.
+TEST_P(Motion, APictureOfADragShowsLess) {
+    SetSurface(HillSurface(121, 83));
+    ASSERT_EQ(SetMotionDetail(plotter, 6), 0);
+    SKivoPictureOptions options;
+    const Image whole = Picture(options);
+    options.moving = true;
+    const Image moved = Picture(options);
+    EXPECT_GT(Compare(moved, whole).mean, 1.0);
+    options.smoothing = 2;
+    const Image smooth = Picture(options);
+    EXPECT_LT(Compare(smooth, moved).mean, Compare(smooth, whole).mean);
+    options = {};
+    EXPECT_TRUE(ImagesAgree(Picture(options), whole, 0, 0.0, "motion-whole-picture"));
+    ASSERT_EQ(SetMotionDetail(plotter, 0), 0);
+    options.moving = true;
+    EXPECT_TRUE(ImagesAgree(Picture(options), whole, 0, 0.0, "motion-unreduced-picture"));
 }
 
 // ---- Measuring

@@ -1,5 +1,7 @@
 // What a plot is drawn with: everything in its place at every pixel scale, and what stays.
+#include "KivoPicture.h"
 #include "KivoStyle.h"
+#include "KivoWindow.h"
 #include "parts/KivoGradientColorRuler.h"
 #include "parts/KivoGridBox.h"
 #include "parts/KivoMeasurePointGroupManager.h"
@@ -589,6 +591,65 @@ std::vector<unsigned char> TitlePixels(const StyledPlotter& plotter) {
 }
 
 } // namespace
+
+// ---- Dots per inch
+
+TEST(Density, TakenOverIsAsIfThePlotHadBeenCreatedWithIt) {
+    for (const int dpi : {72, 144, 192}) {
+        StyledPlot plot;
+        plot.Create();
+        FillPlot(plot.plotter);
+        ASSERT_EQ(SetStyle(plot.plotter, Scaled(1.25f)), 0);
+        plot.plotter.Rotate({100, 100}, {160, 130});
+        plot.plotter.Translate({100, 100}, {110, 95});
+        plot.plotter.Zoom(0.9f);
+        const Image before = CaptureImage(plot.plotter);
+        SKivoPictureOptions smooth;
+        smooth.smoothing = 2;
+        Image smoothBefore;
+        ASSERT_EQ(
+            CapturePicture(plot.plotter, smooth, smoothBefore.rgba, smoothBefore.width, smoothBefore.height),
+            0);
+        ASSERT_EQ(SetOffscreenDpi(plot.window.Handle(), dpi), 0);
+        EXPECT_EQ(GetWindowDpi(plot.window.Handle()), dpi);
+        ASSERT_EQ(OnDensityChanged(plot.plotter), 0);
+
+        const HWND window = CreateOffscreenWindow(width, height, dpi);
+        StyledPlotter created;
+        ASSERT_EQ(created.OnCreate(window, width, height, true), 0);
+        FillPlot(created);
+        ASSERT_EQ(SetStyle(created, Scaled(1.25f)), 0);
+        created.Rotate({100, 100}, {160, 130});
+        created.Translate({100, 100}, {110, 95});
+        created.Zoom(0.9f);
+        const Image after = CaptureImage(plot.plotter);
+        EXPECT_TRUE(ImagesAgree(after, CaptureImage(created), 0, 0.0, "density"));
+        EXPECT_GT(Compare(after, before).mean, 0.1);
+        Image taken, wanted;
+        ASSERT_EQ(CapturePicture(plot.plotter, smooth, taken.rgba, taken.width, taken.height), 0);
+        ASSERT_EQ(CapturePicture(created, smooth, wanted.rgba, wanted.width, wanted.height), 0);
+        EXPECT_TRUE(ImagesAgree(taken, wanted, 0, 0.0, "density-smooth"));
+        created.OnDestroy();
+        ReleaseWindow(window);
+    }
+}
+
+TEST(Density, IsNoMatterWithoutAWindow) {
+    CKivoFunctionPlotter plotter;
+    EXPECT_EQ(OnDensityChanged(plotter), 0);
+    StyledPlot plot;
+    plot.Create();
+    FillPlot(plot.plotter);
+    const Image before = CaptureImage(plot.plotter);
+    EXPECT_EQ(SetOffscreenDpi(plot.window.Handle(), 0), -1);
+    EXPECT_EQ(SetOffscreenDpi(plot.window.Handle(), 1201), -1);
+    EXPECT_EQ(SetOffscreenDpi(nullptr, 96), -1);
+    EXPECT_EQ(GetWindowDpi(plot.window.Handle()), 96);
+    EXPECT_EQ(OnDensityChanged(plot.plotter), 0);
+    EXPECT_TRUE(ImagesAgree(CaptureImage(plot.plotter), before, 0, 0.0, "density-unchanged"));
+    plot.plotter.OnDestroy();
+    EXPECT_EQ(OnDensityChanged(plot.plotter), 0);
+}
 
 TEST(TextFace, IsAskedForWithItsWeight) {
     StyledPlot plot;

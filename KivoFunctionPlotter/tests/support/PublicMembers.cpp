@@ -181,6 +181,7 @@ SKivoPictureOptions SmoothOptions(A& source) {
     options.scale = source.Float(1.25f);
     options.smoothing = source.Int(2);
     options.transparent = source.Flag(true);
+    options.moving = source.Flag(true);
     return options;
 }
 
@@ -496,6 +497,7 @@ int SetStyleAnew(P& plotter, A& source) {
 const std::vector<PublicMember> styleFunctions = {
     Member("GetStyle()", none, [](P& p, A&) { return GetStyle(p).pixelScale > 0.0f ? 0 : contradiction; }),
     Member("SetStyle(float, color, text, flag)", bracketed, SetStyleAnew).Refuses(-1).Refuses(-3),
+    Member("OnDensityChanged()", bracketed, [](P& p, A&) { return OnDensityChanged(p); }).Refuses(-1),
 };
 
 // ---- KivoMotion.h
@@ -505,6 +507,7 @@ const std::vector<PublicMember> motionFunctions = {
            [](P& p, A& a) { return SetMotionDetail(p, Unsigned(5).From(a)); })
         .Refuses(-3),
     Member("IsDetailReduced()", none, [](P& p, A&) { IsDetailReduced(p); }),
+    Member("SetRedrawRequest()", none, [](P& p, A&) { return SetRedrawRequest(p, nullptr, nullptr); }),
     Member("MotionDetailFor(float)", bracketed, [](P& p, A& a) { MotionDetailFor(p, a.Float(1.0f)); }),
 };
 

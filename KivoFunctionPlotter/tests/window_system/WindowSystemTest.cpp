@@ -597,6 +597,12 @@ TEST(OffscreenWindow, RefusesSizesOutOfRange) {
     const HWND window = CreateOffscreenWindow(16, 16, 144);
     EXPECT_EQ(144, GetDeviceCaps(GetDC(window), LOGPIXELSY));
     EXPECT_EQ(144, GetWindowDpi(window));
+    EXPECT_EQ(0, SetOffscreenDpi(window, 120));
+    EXPECT_EQ(120, GetDeviceCaps(GetDC(window), LOGPIXELSY));
+    EXPECT_EQ(-1, SetOffscreenDpi(window, 0));
+    EXPECT_EQ(-1, SetOffscreenDpi(window, 1201));
+    EXPECT_EQ(120, GetWindowDpi(window));
+    EXPECT_EQ(-1, SetOffscreenDpi(nullptr, 96));
     EXPECT_EQ(-1, ResizeOffscreenWindow(window, -1, 10));
     EXPECT_EQ(-1, ResizeOffscreenWindow(nullptr, 10, 10));
     RECT rect{};

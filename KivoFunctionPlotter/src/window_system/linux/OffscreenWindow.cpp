@@ -47,6 +47,7 @@ public:
     /// Whether the driver has the memory for a window of this size.
     bool HasMemoryFor(const SIZE& size);
     bool Resize(const SIZE& size);
+    void SetDotsPerInch(int dotsPerInch) { m_dotsPerInch = dotsPerInch; }
 
 protected:
     std::vector<EGLConfig> FittingConfigs() const override { return Display()->Configs(EGL_PBUFFER_BIT); }
@@ -54,8 +55,12 @@ protected:
 
 private:
     SIZE m_size;
-    const int m_dotsPerInch;
+    int m_dotsPerInch;
 };
+
+bool IsResolution(int dotsPerInch) {
+    return dotsPerInch >= 1 && dotsPerInch <= largestDotsPerInch;
+}
 
 bool IsSize(int width, int height) {
     return width >= 1 && height >= 1 && width <= largestSide && height <= largestSide;
@@ -99,7 +104,7 @@ bool OffscreenWindow::Resize(const SIZE& size) {
 } // namespace
 
 HWND CreateOffscreenWindow(int width, int height, int dpi) {
-    if (!IsSize(width, height) || dpi < 1 || dpi > largestDotsPerInch) {
+    if (!IsSize(width, height) || !IsResolution(dpi)) {
         Fail(ERROR_INVALID_PARAMETER,
              "CreateOffscreenWindow: the size is not 1 to 16384 pixels or the resolution "
              "not 1 to 1200 dots per inch; pass values within.");
@@ -123,6 +128,20 @@ int ResizeOffscreenWindow(HWND window, int width, int height) {
         return -1;
     }
     return offscreen->Resize({width, height}) ? 0 : -1;
+}
+
+int SetOffscreenDpi(HWND window, int dpi) {
+    NativeWindow* const live = ValidWindow(window, "SetOffscreenDpi");
+    if (!live) return -1;
+    auto* const offscreen = dynamic_cast<OffscreenWindow*>(live);
+    if (!offscreen || !IsResolution(dpi)) {
+        Fail(ERROR_INVALID_PARAMETER,
+             "SetOffscreenDpi: the window is on a screen or the resolution is not 1 to 1200 dots per inch; "
+             "pass an off-screen window and a resolution within.");
+        return -1;
+    }
+    offscreen->SetDotsPerInch(dpi);
+    return 0;
 }
 
 HWND CreateCompanionWindow(HDC dc, int width, int height) {

@@ -5,6 +5,7 @@
 #include "window_system/Failure.h"
 #include "window_system/FailureWords.h"
 #include "window_system/HostContext.h"
+#include "window_system/WindowSystem.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -16,6 +17,8 @@ namespace {
 
 constexpr char className[] = "KivoOffscreenWindow";
 constexpr int largestSize = 16384;
+constexpr int largestResolution = 1200;
+constexpr char resolutionName[] = "KivoDotsPerInch"; // a property of the window
 constexpr DWORD windowStyle = WS_POPUP | WS_CLIPCHILDREN | WS_CLIPSIBLINGS;
 
 FailureWords& LastWords() {
@@ -46,6 +49,15 @@ bool IsAccepted(int width, int height) {
     return width >= 1 && height >= 1 && width <= largestSize && height <= largestSize;
 }
 
+bool IsResolution(int dotsPerInch) {
+    return dotsPerInch >= 1 && dotsPerInch <= largestResolution;
+}
+
+bool KeepResolution(HWND window, int dotsPerInch) {
+    const auto stored = static_cast<std::uintptr_t>(dotsPerInch);
+    return SetPropA(window, resolutionName, reinterpret_cast<HANDLE>(stored)) != 0;
+}
+
 bool IsOffscreenWindow(HWND window) {
     char name[sizeof(className)] = {};
     return IsWindow(window) && GetClassNameA(window, name, sizeof(name)) != 0 &&
@@ -60,7 +72,7 @@ bool IsOnScreen(HDC dc) {
 }
 
 HWND CreateOffscreenWindow(int width, int height, int dpi) {
-    if (!IsAccepted(width, height) || dpi < 1 || dpi > 1200) {
+    if (!IsAccepted(width, height) || !IsResolution(dpi)) {
         Refuse(ERROR_INVALID_PARAMETER,
                "Window: the size or the resolution is out of range; ask for 1 to 16384 "
                "pixels a side and 1 to 1200 dots per inch.");
@@ -70,9 +82,10 @@ HWND CreateOffscreenWindow(int width, int height, int dpi) {
     if (RegisterWindowClass())
         window = CreateWindowExA(WS_EX_TOOLWINDOW, className, "", windowStyle, 0, 0, width, height, nullptr,
                                  nullptr, Module(), nullptr);
-    if (!window)
-        Refuse(GetLastError(), "Window: the system made no hidden window; close windows or free memory.");
-    return window;
+    if (window && KeepResolution(window, dpi)) return window;
+    Refuse(GetLastError(), "Window: the system made no hidden window; close windows or free memory.");
+    if (window) DestroyWindow(window);
+    return nullptr;
 }
 
 int ResizeOffscreenWindow(HWND window, int width, int height) {
@@ -88,6 +101,24 @@ int ResizeOffscreenWindow(HWND window, int width, int height) {
     return 0;
 }
 
+int SetOffscreenDpi(HWND window, int dpi) {
+    if (!IsResolution(dpi))
+        return Refuse(ERROR_INVALID_PARAMETER,
+                      "Window: the resolution is out of range; ask for 1 to 1200 dots per inch.");
+    if (!IsOffscreenWindow(window))
+        return Refuse(
+            ERROR_INVALID_WINDOW_HANDLE,
+            "Window: the handle is none of CreateOffscreenWindow; pass one that has not been released.");
+    if (KeepResolution(window, dpi)) return 0;
+    return Refuse(GetLastError(), "Window: the system keeps no property; free memory.");
+}
+
+int DotsPerInch(HDC dc, HDC windowDc) {
+    const HWND window = WindowFromDC(windowDc);
+    const auto stored = reinterpret_cast<std::uintptr_t>(window ? GetPropA(window, resolutionName) : nullptr);
+    return IsResolution(static_cast<int>(stored)) ? static_cast<int>(stored) : GetDeviceCaps(dc, LOGPIXELSY);
+}
+
 int GetWindowDpi(HWND window) {
     const HDC dc = IsWindow(window) ? GetDC(window) : nullptr; // without a window, the screen's
     if (!dc) {
@@ -95,7 +126,7 @@ int GetWindowDpi(HWND window) {
                "Window: there is no such window; pass one that has not been destroyed.");
         return 0;
     }
-    const int dpi = GetDeviceCaps(dc, LOGPIXELSY);
+    const int dpi = DotsPerInch(dc, dc);
     ReleaseDC(window, dc);
     return dpi;
 }
@@ -107,10 +138,12 @@ int ReleaseWindow(HWND window) {
             ERROR_INVALID_WINDOW_HANDLE,
             "Window: the handle is none of CreateOffscreenWindow; a host destroys its own windows itself.");
     SetWindowSmoothing(window, 1);
-    if (!DestroyWindow(window))
-        return Refuse(GetLastError(),
-                      "Window: it was not destroyed; call ReleaseWindow on the thread that made it.");
-    return 0;
+    const int dpi = GetWindowDpi(window);
+    RemovePropA(window, resolutionName);
+    if (DestroyWindow(window)) return 0;
+    const DWORD error = GetLastError();
+    KeepResolution(window, dpi);
+    return Refuse(error, "Window: it was not destroyed; call ReleaseWindow on the thread that made it.");
 }
 
 HWND CreateCompanionWindow(HDC dc, int width, int height) {
