@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
-# The shared library exports the class, CKeepContext of KivoHost.h and every function that a header marks with KIVO_API,
+# The shared library exports the class, CKeepContext of KivoHost.h, CKivoPlotView and every function that a header marks with KIVO_API,
 # nothing else.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 library=${KIVO_BUILD:-build-release}/KivoFunctionPlotter/libKivoFunctionPlotter.so
 mapfile -t names < <(grep -ohE '^KIVO_API [^(;]*\(' KivoFunctionPlotter/include/*.h | sed -E 's/.*[ *&]([A-Za-z0-9]+)\($/\1/' | sort -u)
 [ ${#names[@]} -gt 10 ] # else the headers are written otherwise
-class='(vtable for |typeinfo for |typeinfo name for )?KivoDrawingTools::(CKivoFunctionPlotter(::|$)|CKeepContext::~?CKeepContext\()'
+class='(vtable for |typeinfo for |typeinfo name for )?KivoDrawingTools::(CKivoFunctionPlotter(::|$)|CKeepContext::~?CKeepContext\(|CKivoPlotView::)'
 functions="KivoDrawingTools::($(IFS='|' && echo "${names[*]}"))\\("
 # GCC marks functions that return strings of its present library.
 exported=$(nm --dynamic --defined-only --demangle "$library" | cut -d ' ' -f 3- | sed 's/\[abi:cxx11\]//')

@@ -86,4 +86,24 @@ KIVO_API int SetViewAngles(CKivoFunctionPlotter& plotter, double azimuth, double
 ///         those of the upright view from the same side
 KIVO_API int GetViewAngles(const CKivoFunctionPlotter& plotter, double& azimuth, double& elevation);
 
+// Steps of a hand, for hosts with input of their own.
+
+/// Turns the 3-D plot on the screen. Where Z points up it stays so: the plot is turned about Z and in height,
+/// no further than to a view straight from above or below. Where it leans, it is turned about the screen's
+/// own axes.
+/// @param right  in degrees, any finite number: what is near moves to the right
+/// @param down   in degrees, any finite number: what is near moves down, so that more is seen from above
+/// @return as SetView; -3, too, in a flat plot
+KIVO_API int TurnView(CKivoFunctionPlotter& plotter, double right, double down);
+
+/// Shifts the plot along the way from one client point to the other, by its whole length.
+/// @return as SetView
+KIVO_API int ShiftView(CKivoFunctionPlotter& plotter, POINT from, POINT to);
+
+/// Makes the plot larger or smaller; what is shown at a place stays there.
+/// @param factor  above 0; above 1 the plot grows
+/// @param place   in client coordinates
+/// @return as SetView
+KIVO_API int ZoomView(CKivoFunctionPlotter& plotter, double factor, POINT place);
+
 } // namespace KivoDrawingTools

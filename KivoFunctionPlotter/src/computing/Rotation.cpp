@@ -120,4 +120,15 @@ bool FindUprightAngles(const double* rotation, double& azimuth, double& elevatio
     return isUpright;
 }
 
+void TurnOnScreen(double* rotation, double right, double down) {
+    const SineAndCosine aside = OfDegrees(right);
+    const SineAndCosine over = OfDegrees(down);
+    for (double* axis = rotation; axis != rotation + 9; axis += 3) {
+        const double nearer = axis[2] * aside.cosine - axis[0] * aside.sine;
+        axis[0] = axis[0] * aside.cosine + axis[2] * aside.sine;
+        axis[2] = nearer * over.cosine + axis[1] * over.sine;
+        axis[1] = axis[1] * over.cosine - nearer * over.sine;
+    }
+}
+
 } // namespace KivoDrawingTools

@@ -22,4 +22,7 @@ void UprightRotation(double azimuth, double elevation, double* rotation);
 /// @return whether UprightRotation gives this rotation for them, within a hundredth of a degree
 bool FindUprightAngles(const double* rotation, double& azimuth, double& elevation);
 
+/// Turns about the screen's own axes: what is near moves to the right, then down, by so many degrees.
+void TurnOnScreen(double* rotation, double right, double down);
+
 } // namespace KivoDrawingTools

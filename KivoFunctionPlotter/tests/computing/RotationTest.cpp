@@ -181,3 +181,38 @@ TEST(Rotation, TellsFromWhereALeaningOneIsSeen) {
     EXPECT_NEAR(azimuth, -90.0 - 33.0, 1e-11);
     EXPECT_EQ(elevation, 90.0);
 }
+
+// ---- Turns on the screen
+
+TEST(TurnOnScreen, IsARotationAboutTheScreensAxes) {
+    AnyRotation any;
+    for (int i = 0; i < 200; ++i) {
+        const Numbers before = BlockOf(any.Next());
+        const double right = any.Within(-400.0, 400.0), down = any.Within(-400.0, 400.0);
+        const Numbers aside = BlockOf(Rotation(right, 0.0, 1.0, 0.0));
+        const Numbers over = BlockOf(Rotation(down, 1.0, 0.0, 0.0));
+        Numbers turned = before;
+        TurnOnScreen(turned.data(), right, down);
+        for (int axis = 0; axis < 3; ++axis) {
+            double expected[3] = {before[3 * axis], before[3 * axis + 1], before[3 * axis + 2]};
+            for (const Numbers& turn : {aside, over}) {
+                double next[3];
+                for (int row = 0; row < 3; ++row)
+                    next[row] =
+                        turn[row] * expected[0] + turn[3 + row] * expected[1] + turn[6 + row] * expected[2];
+                std::copy(next, next + 3, expected);
+            }
+            for (int row = 0; row < 3; ++row)
+                EXPECT_NEAR(turned[3 * axis + row], expected[row], 1e-12) << right << ", " << down;
+        }
+    }
+}
+
+TEST(TurnOnScreen, WhatIsNearGoesToTheRightAndDown) {
+    Numbers turned = {0, 0, 1, 1, 0, 0, 0, 1, 0}; // X towards the viewer
+    TurnOnScreen(turned.data(), 90.0, 0.0);
+    EXPECT_EQ(turned[0], 1.0);
+    turned = {0, 0, 1, 1, 0, 0, 0, 1, 0};
+    TurnOnScreen(turned.data(), 0.0, 90.0);
+    EXPECT_EQ(turned[1], -1.0);
+}

@@ -968,3 +968,89 @@ TEST_P(View, ThatWaitsSurvivesAWindowThatFails) {
 }
 
 KIVO_IN_ONE_WINDOW(View);
+
+// ---- Steps of a hand
+
+namespace {
+
+// Where a data point stands on the screen.
+POINT PlaceOf(PlotterProbe& plotter, float x, float y, float z, int windowHeight) {
+    float seen[3] = {};
+    const CurrentContext context(plotter);
+    plotter.ApplyViewVolume();
+    plotter.ApplyModelViewMatrix();
+    plotter.Project(x, y, z, seen);
+    return {static_cast<int>(std::lround(seen[0])), windowHeight - static_cast<int>(std::lround(seen[1]))};
+}
+
+void ExpectNear(POINT place, POINT expected) {
+    EXPECT_NEAR(place.x, expected.x, 1);
+    EXPECT_NEAR(place.y, expected.y, 1);
+}
+
+} // namespace
+
+TEST(ViewSteps, TurnUprightPlotsAboutZ) {
+    TestPlot plot(WindowKind::offscreen, 400, 300);
+    SetSurface(plot.plotter, HillSurface(12, 10));
+    ASSERT_EQ(SetViewAngles(plot.plotter, 30.0, 20.0), 0);
+    double azimuth = 0.0, elevation = 0.0;
+    EXPECT_EQ(TurnView(plot.plotter, 50.0, 5.0), 0);
+    EXPECT_EQ(GetViewAngles(plot.plotter, azimuth, elevation), 0);
+    EXPECT_NEAR(azimuth, -20.0, 1e-6);
+    EXPECT_NEAR(elevation, 25.0, 1e-6);
+    EXPECT_EQ(TurnView(plot.plotter, 0.0, 500.0), 0);
+    EXPECT_EQ(GetViewAngles(plot.plotter, azimuth, elevation), 0);
+    EXPECT_NEAR(azimuth, -20.0, 1e-6);
+    EXPECT_NEAR(elevation, 90.0, 1e-6);
+}
+
+TEST(ViewSteps, TurnLeaningPlotsOnTheScreen) {
+    TestPlot plot(WindowKind::offscreen, 400, 300);
+    SetSurface(plot.plotter, HillSurface(12, 10));
+    SKivoView leaning;
+    const Matrix turn = Rotation(40.0, 0.0, 0.6, 0.8);
+    for (int axis = 0; axis < 3; ++axis)
+        std::copy(turn.begin() + 4 * axis, turn.begin() + 4 * axis + 3, leaning.rotation + 3 * axis);
+    ASSERT_EQ(SetView(plot.plotter, leaning), 0);
+    ASSERT_EQ(TurnView(plot.plotter, 10.0, 0.0), 0);
+    const SKivoView turned = GetView(plot.plotter);
+    for (int axis = 0; axis < 3; ++axis) // about the screen's vertical
+        EXPECT_NEAR(turned.rotation[3 * axis + 1], leaning.rotation[3 * axis + 1], 1e-9);
+    EXPECT_GT(std::abs(turned.rotation[0] - leaning.rotation[0]), 0.01);
+    plot.plotter.SwitchToXYProjectPlot();
+    EXPECT_EQ(TurnView(plot.plotter, 10.0, 0.0), -3);
+    plot.plotter.SwitchToNormalPlot();
+    EXPECT_EQ(TurnView(plot.plotter, notANumber, 0.0), -3);
+    EXPECT_EQ(TurnView(plot.plotter, 0.0, infinity), -3);
+}
+
+TEST(ViewSteps, KeepWhatIsPointedAtUnderThePointer) {
+    for (const Switch show : switches) {
+        TestPlot plot(WindowKind::offscreen, 640, 480);
+        SetSurface(plot.plotter, HillSurface(12, 10));
+        Show(plot.plotter, show);
+        const POINT before = PlaceOf(plot.plotter, 1.0f, 0.5f, 0.25f, 480);
+        for (const double factor : {1.5, 0.5, 3.0}) {
+            ASSERT_EQ(ZoomView(plot.plotter, factor, before), 0);
+            ExpectNear(PlaceOf(plot.plotter, 1.0f, 0.5f, 0.25f, 480), before);
+        }
+        EXPECT_NEAR(GetView(plot.plotter).zoom, 2.25, 1e-6);
+        ASSERT_EQ(ShiftView(plot.plotter, {10, 20}, {47, -11}), 0);
+        ExpectNear(PlaceOf(plot.plotter, 1.0f, 0.5f, 0.25f, 480), {before.x + 37, before.y - 31});
+    }
+}
+
+TEST(ViewSteps, AreRefusedWithoutChange) {
+    TestPlot plot(WindowKind::offscreen, 400, 300);
+    SetSurface(plot.plotter, HillSurface(12, 10));
+    const SKivoView before = GetView(plot.plotter);
+    for (const double factor : {0.0, -1.0, notANumber, infinity})
+        EXPECT_EQ(ZoomView(plot.plotter, factor, {200, 100}), -3) << factor;
+    ExpectSameView(GetView(plot.plotter), before, 0.0);
+    CKivoFunctionPlotter nowhere; // the view waits for a window
+    EXPECT_EQ(ZoomView(nowhere, 2.0, {200, 100}), 0);
+    EXPECT_EQ(ShiftView(nowhere, {0, 0}, {5, 5}), 0);
+    EXPECT_EQ(TurnView(nowhere, 5.0, 5.0), 0);
+    EXPECT_EQ(GetView(nowhere).zoom, 2.0);
+}

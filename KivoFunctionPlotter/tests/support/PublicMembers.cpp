@@ -715,12 +715,40 @@ const std::vector<PublicMember> viewFunctions = {
            }),
 };
 
+// ---- Steps of a hand
+
+// Others than the ones before.
+POINT OtherPlace(A& source, int x) {
+    return source.Point({x, 90});
+}
+
+const std::vector<PublicMember> stepFunctions = {
+    Member("TurnView(float, float)", bracketed,
+           [](P& p, A& a) {
+               if (p.GetCurrentPlotType() != 0) p.SwitchToNormalPlot();
+               return TurnView(p, static_cast<double>(a.Float(7.0f)), static_cast<double>(a.Float(3.0f)));
+           })
+        .Changes()
+        .Refuses(-1)
+        .Refuses(-3),
+    Member("ShiftView(point, point)", bracketed,
+           [](P& p, A& a) { return ShiftView(p, OtherPlace(a, 120), OtherPlace(a, 131)); })
+        .Changes()
+        .Refuses(-1)
+        .Refuses(-3),
+    Member("ZoomView(float, point)", bracketed,
+           [](P& p, A& a) { return ZoomView(p, static_cast<double>(a.Float(1.01f)), OtherPlace(a, 140)); })
+        .Changes()
+        .Refuses(-1)
+        .Refuses(-3),
+};
+
 std::vector<PublicMember> AllMembers() {
     std::vector<PublicMember> all;
     for (const auto* const part :
          {&coreMembers, &viewMembers, &surfaceMembers, &colorMembers, &annotationMembers, &overlayMembers,
           &pictureFunctions, &styleFunctions, &motionFunctions, &surfaceFunctions, &axisFunctions,
-          &colorMapFunctions, &legendFunctions, &viewFunctions})
+          &colorMapFunctions, &legendFunctions, &viewFunctions, &stepFunctions})
         all.insert(all.end(), part->begin(), part->end());
     return all;
 }

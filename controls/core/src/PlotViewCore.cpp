@@ -1,0 +1,370 @@
+#include "PlotViewCore.h"
+
+#include "KivoMotion.h"
+#include "KivoPicture.h"
+#include "KivoStyle.h"
+#include "KivoView.h"
+#include "KivoWindow.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <cstdlib>
+#include <new>
+#include <utility>
+
+namespace KivoDrawingTools {
+
+namespace {
+
+constexpr int largestSide = 16384;
+
+// Milliseconds. A pause ends a movement; one between two grabs, or two steps of a slow wheel, is longer, and
+// a frame that keeps the hand waiting must not come within it.
+constexpr int pause = 120, pauseBeforeSlowFrame = 400, pauseBeforeMeasuring = 500;
+constexpr double slowFrame = 100.0, fastFrame = 33.0;
+constexpr double movedFrame = 22.0;             // of a frame while the plot moves; showing it takes the rest
+constexpr unsigned int usualMotionDetail = 150; // points a side, with which most machines keep up
+constexpr unsigned int leastMotionDetail = 120; // with fewer, other things take the time
+constexpr double otherFrame = 1.5; // times as long, or as short: another plot than the measured one
+
+constexpr double turnAcross = 160.0; // degrees of a drag across the control, as the plotter turns
+constexpr double keyTurn = 5.0;      // degrees
+constexpr double keyShift = 0.05;    // of the control's size
+constexpr double keyZoom = 1.1, wheelZoom = 1.04;
+constexpr double clickReach = 3.0; // units of the toolkit that a hand moves while it clicks
+
+double MillisecondsSince(std::chrono::steady_clock::time_point begin) {
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - begin).count();
+}
+
+int Rounded(double pixels) {
+    return static_cast<int>(std::lround(pixels));
+}
+
+template <typename Event, typename... Arguments>
+void Tell(const Event& event, Arguments... arguments) {
+    if (event) event(arguments...);
+}
+
+} // namespace
+
+BoundPlotter::BoundPlotter(std::unique_ptr<CKivoFunctionPlotter> plotter)
+    : m_plotter(plotter ? std::move(plotter) : std::make_unique<CKivoFunctionPlotter>()),
+      m_window(CreateOffscreenWindow(firstWidth, firstHeight)) {
+    constexpr int textPoints = 10;
+    m_isUsable = m_window && m_plotter->OnCreate(m_window, firstWidth, firstHeight, textPoints, true) == 0;
+}
+
+BoundPlotter::~BoundPlotter() {
+    m_plotter->OnDestroy();
+    ReleaseWindow(m_window);
+}
+
+PlotViewCore::PlotViewCore(SKivoPlotViewEvents events, std::unique_ptr<CKivoFunctionPlotter> plotter)
+    : m_events(std::move(events)), m_bound(std::move(plotter)) {
+    if (!m_bound.IsUsable()) m_failure = LastWindowError();
+    ReduceWhileMoving(true);
+    // Mouse members that a host calls itself.
+    SetRedrawRequest(
+        Plotter(), [](void* self) { static_cast<PlotViewCore*>(self)->Moved(); }, this);
+}
+
+// ---- What is shown
+
+void PlotViewCore::ShowGrid(std::unique_ptr<float[]> points, unsigned int columns, unsigned int rows) {
+    Plotter().SetData(points.release(), columns, rows, 1, columns, 3);
+    Ask(Due::everything);
+}
+
+void PlotViewCore::SetSize(int width, int height, double density) {
+    const int wantedWidth = std::min(width, largestSide), wantedHeight = std::min(height, largestSide);
+    if (wantedWidth == m_width && wantedHeight == m_height && density == m_density) return;
+    m_width = wantedWidth;
+    m_height = wantedHeight;
+    m_density = density;
+    Ask(Due::everything);
+}
+
+void PlotViewCore::SetSmoothing(int factor) {
+    m_smoothing = factor;
+    Ask(Due::everything);
+}
+
+void PlotViewCore::ReduceWhileMoving(bool reduce) {
+    m_reduces = reduce;
+    m_measuredTime = 0.0;
+    SetMotionDetail(Plotter(), reduce ? usualMotionDetail : 0);
+}
+
+// The window takes the control's size when something is drawn or pointed at: of a hundred sizes in a row one.
+void PlotViewCore::Follow() {
+    if (!HasSize()) return;
+    FollowDensity();
+    if (m_width == m_windowWidth && m_height == m_windowHeight) return;
+    if (ResizeOffscreenWindow(m_bound.Window(), m_width, m_height) != 0) return; // the image is scaled
+    m_windowWidth = m_width;
+    m_windowHeight = m_height;
+    m_measuredTime = 0.0;
+    LayOut(m_width, m_height);
+}
+
+void PlotViewCore::FollowDensity() {
+    SKivoStyle style = GetStyle(Plotter());
+    const float scale = static_cast<float>(m_density);
+    if (style.pixelScale == scale) return;
+    style.pixelScale = scale;
+    SetStyle(Plotter(), style); // without memory for larger texts the plot has smaller ones
+}
+
+// Only a view that is not as fitted is set: the fitted one is that of any plotter, to the last digit.
+void PlotViewCore::LayOut(int width, int height) {
+    if (m_events.layOut) {
+        m_events.layOut(width, height);
+        return;
+    }
+    const SKivoView view = GetView(Plotter());
+    Plotter().OnSize(0, width, height);
+    const bool isFitted = view.panX == 0.0 && view.panY == 0.0 && std::abs(view.zoom - 1.0) < 1e-6;
+    if (!isFitted) SetView(Plotter(), view);
+}
+
+// ---- The hand
+
+void PlotViewCore::Press(KivoMouseButton button, POINT place) {
+    if (m_drag) return;
+    Follow();
+    m_drag = Drag{button, place, place, false};
+    if (m_awaited == Awaited::measure) Await(Awaited::nothing, -1); // a movement may follow
+}
+
+void PlotViewCore::Move(unsigned int flags, POINT place) {
+    if (m_drag) {
+        const Drag before = *m_drag;
+        const double reach = clickReach * m_density;
+        m_drag->hasMoved |= std::abs(static_cast<double>(place.x) - before.start.x) > reach ||
+                            std::abs(static_cast<double>(place.y) - before.start.y) > reach;
+        m_drag->last = place;
+        const bool isMoved = place.x != before.last.x || place.y != before.last.y;
+        if (isMoved) Drop(before, flags, place);
+    } else if (Plotter().IsTracing()) {
+        m_pointer = place;
+        Ask(m_completeTime > fastFrame ? Due::movement : Due::everything);
+    }
+}
+
+// What the plot is dragged by.
+void PlotViewCore::Drop(const Drag& drag, unsigned int flags, POINT place) {
+    const bool isFlat = Plotter().GetCurrentPlotType() != 0;
+    const bool isShifted = drag.button == KivoMouseButton::middle || (flags & MK_SHIFT) != 0;
+    if (!isShifted && (flags & MK_CONTROL) != 0)
+        ZoomView(Plotter(), std::exp((static_cast<double>(place.y) - drag.last.y) / std::max(m_height, 1)),
+                 drag.start);
+    else if (isShifted || isFlat)
+        ShiftView(Plotter(), drag.last, place);
+    else
+        Turn(drag.last, place);
+    Moved();
+}
+
+void PlotViewCore::Turn(POINT from, POINT to) {
+    if (!m_isUpright) {
+        Plotter().Rotate(from, to);
+        return;
+    }
+    const double degrees = turnAcross / std::max(m_width, 1);
+    double azimuth = 0.0, elevation = 0.0;
+    if (GetViewAngles(Plotter(), azimuth, elevation) != 0) SetViewAngles(Plotter(), azimuth, elevation);
+    TurnView(Plotter(), (static_cast<double>(to.x) - from.x) * degrees,
+             (static_cast<double>(to.y) - from.y) * degrees);
+}
+
+bool PlotViewCore::Release(KivoMouseButton button) {
+    if (!m_drag || m_drag->button != button) return false;
+    const bool isClick = !m_drag->hasMoved;
+    Cancel();
+    return isClick;
+}
+
+void PlotViewCore::Cancel() {
+    if (!m_drag) return;
+    m_drag.reset();
+    if (m_awaited != Awaited::rest) return;
+    if (IsCompleteSlow())
+        AwaitRest();
+    else
+        Ask(Due::everything);
+}
+
+void PlotViewCore::Zoom(double factor, POINT place) {
+    if (!(factor > 0.0) || !std::isfinite(factor)) return;
+    Follow();
+    if (ZoomView(Plotter(), factor, place) == 0) Moved();
+}
+
+void PlotViewCore::Wheel(int delta, POINT place) {
+    const int steps = std::clamp(WheelSteps(m_wheelRemainder, delta), -100, 100);
+    if (steps != 0) Zoom(std::pow(wheelZoom, steps), place);
+}
+
+bool PlotViewCore::TurnByKey(double right, double down, unsigned int flags) {
+    const bool isFlat = Plotter().GetCurrentPlotType() != 0;
+    if (isFlat || (flags & MK_SHIFT) != 0)
+        return ShiftView(Plotter(), {0, 0},
+                         {Rounded(right * keyShift * m_width), Rounded(down * keyShift * m_height)}) == 0;
+    return TurnView(Plotter(), right * keyTurn, down * keyTurn) == 0;
+}
+
+bool PlotViewCore::PressKey(KivoViewKey key, unsigned int flags) {
+    Follow();
+    const auto switchTo = [this](int type, int (CKivoFunctionPlotter::*show)()) {
+        if (Plotter().GetCurrentPlotType() != type) (Plotter().*show)();
+        return true;
+    };
+    const auto zoom = [this](double factor) {
+        Plotter().Zoom(static_cast<float>(1.0 / factor));
+        return true;
+    };
+    const auto press = [&] {
+        switch (key) {
+        case KivoViewKey::left:
+            return TurnByKey(-1.0, 0.0, flags);
+        case KivoViewKey::right:
+            return TurnByKey(1.0, 0.0, flags);
+        case KivoViewKey::up:
+            return TurnByKey(0.0, -1.0, flags);
+        case KivoViewKey::down:
+            return TurnByKey(0.0, 1.0, flags);
+        case KivoViewKey::plus:
+            return zoom(keyZoom);
+        case KivoViewKey::minus:
+            return zoom(1.0 / keyZoom);
+        case KivoViewKey::home:
+            return ResetView(Plotter()) == 0;
+        case KivoViewKey::normal:
+            return switchTo(0, &CKivoFunctionPlotter::SwitchToNormalPlot);
+        case KivoViewKey::xy:
+            return switchTo(1, &CKivoFunctionPlotter::SwitchToXYProjectPlot);
+        case KivoViewKey::yz:
+            return switchTo(2, &CKivoFunctionPlotter::SwitchToYZProjectPlot);
+        case KivoViewKey::xz:
+            return switchTo(3, &CKivoFunctionPlotter::SwitchToZXProjectPlot);
+        }
+        return false; // what is no key
+    };
+    if (!press()) return false;
+    Moved();
+    return true;
+}
+
+// ---- When what is drawn
+
+void PlotViewCore::Moved() {
+    Ask(Due::movement);
+    AwaitRest();
+    Tell(m_events.viewChanged);
+}
+
+// A complete frame that is due stays due until the hand moves on.
+void PlotViewCore::Ask(Due due) {
+    m_due = due;
+    if (due == Due::everything && m_awaited == Awaited::rest) Await(Awaited::nothing, -1);
+    if (std::exchange(m_isAsked, true)) return;
+    Tell(m_events.redraw);
+}
+
+void PlotViewCore::Await(Awaited awaited, int milliseconds) {
+    m_awaited = awaited;
+    Tell(m_events.wake, milliseconds);
+}
+
+bool PlotViewCore::IsCompleteSlow() const {
+    return m_completeTime > slowFrame;
+}
+
+void PlotViewCore::AwaitRest() {
+    Await(Awaited::rest, IsCompleteSlow() ? pauseBeforeSlowFrame : pause);
+}
+
+void PlotViewCore::Wake() {
+    const Awaited awaited = std::exchange(m_awaited, Awaited::nothing);
+    if (awaited == Awaited::rest) Ask(Due::everything);
+    if (awaited == Awaited::measure) Measure();
+}
+
+// ---- Drawing
+
+SKivoPlotImage PlotViewCore::Draw() {
+    m_isAsked = false;
+    if (!IsFrameDue()) return HasSize() ? m_image : SKivoPlotImage{};
+    Follow();
+    const bool isComplete = m_due == Due::everything;
+    const auto begin = std::chrono::steady_clock::now();
+    m_failure.clear();
+    try {
+        TracePointer();
+        DrawFrame();
+    } catch (const std::bad_alloc&) {
+        m_failure = "The plot: there is not enough memory; free some, or make the control smaller.";
+    }
+    if (!m_failure.empty()) {
+        m_due = Due::nothing; // until the next change: it may be there is memory then
+        m_image = {};
+        Tell(m_events.failed);
+        return {};
+    }
+    m_due = Due::nothing;
+    if (isComplete) TakeCompleteTime(MillisecondsSince(begin));
+    return m_image;
+}
+
+void PlotViewCore::TracePointer() {
+    const std::optional<POINT> pointer = std::exchange(m_pointer, std::nullopt);
+    const bool isTracing = Plotter().IsTracing();
+    if (isTracing && pointer) {
+        Plotter().Trace(*pointer);
+        if (m_due == Due::movement) AwaitRest();
+    }
+    float point[3];
+    const bool isTraced = isTracing && Plotter().GetTracePoint(point);
+    if (isTraced || m_isTraced) Tell(m_events.traced, isTraced ? point : nullptr);
+    m_isTraced = isTraced;
+}
+
+void PlotViewCore::DrawFrame() {
+    SKivoPictureOptions options;
+    options.moving = m_due == Due::movement;
+    options.smoothing = options.moving ? 1 : m_smoothing;
+    SKivoPlotImage image;
+    int result = MeasurePicture(Plotter(), options, image.width, image.height);
+    if (result == 0) {
+        image.rowBytes = static_cast<std::size_t>(image.width) * 4;
+        m_pixels.resize(image.rowBytes * static_cast<std::size_t>(image.height));
+        image.pixels = m_pixels.data();
+        result = DrawPicture(Plotter(), options, m_pixels.data(), image.rowBytes, KivoPixelOrder::bgra);
+    }
+    if (result == 0) m_image = image;
+    if (result == -1) m_failure = LastWindowError();
+    if (result != 0 && m_failure.empty()) m_failure = "The plot: its window is gone, or its scale too large.";
+}
+
+void PlotViewCore::TakeCompleteTime(double milliseconds) {
+    m_completeTime = milliseconds;
+    if (!m_reduces || m_completeTime <= fastFrame) return;
+    const double ratio = m_completeTime / m_measuredTime; // infinite before the first
+    const bool isMeasured = ratio < otherFrame && ratio > 1.0 / otherFrame;
+    if (!isMeasured) Await(Awaited::measure, pauseBeforeMeasuring);
+}
+
+void PlotViewCore::Measure() {
+    if (m_drag || m_due != Due::nothing || !m_reduces) return; // after the next complete frame
+    m_measuredTime = m_completeTime;
+    try {
+        const unsigned int detail = MotionDetailFor(Plotter(), movedFrame);
+        SetMotionDetail(Plotter(), detail == 0 ? 0 : std::max(detail, leastMotionDetail));
+    } catch (const std::bad_alloc&) {
+        return; // what was taken before goes on
+    }
+}
+
+} // namespace KivoDrawingTools
