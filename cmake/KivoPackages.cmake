@@ -61,4 +61,31 @@ curves and measure points, and draws pictures of them without a display.")
     endif()
 endif()
 
+# The controls: a library, and what building with it takes.
+foreach(component IN LISTS kivo_control_components)
+    string(TOLOWER ${component} lower)
+    string(TOUPPER ${lower} upper)
+    list(APPEND CPACK_COMPONENTS_ALL ${lower}-development)
+    set(CPACK_DEBIAN_${upper}-DEVELOPMENT_PACKAGE_NAME libkivofunctionplotter-${lower}-dev)
+    set(CPACK_DEBIAN_${upper}-DEVELOPMENT_PACKAGE_SECTION libdevel)
+    list(JOIN kivo_control_${component}_packages ", " CPACK_DEBIAN_${upper}-DEVELOPMENT_PACKAGE_DEPENDS)
+    set(CPACK_COMPONENT_${upper}-DEVELOPMENT_DEPENDS development)
+    set(CPACK_DEBIAN_${upper}-DEVELOPMENT_DESCRIPTION "interactive 3-D plot, control for ${kivo_control_${component}_toolkit}, for building programs
+A ready-made control that shows a surface z = f(x, y) in a program.
+
+This package has the headers and the files for CMake.")
+    if(BUILD_SHARED_LIBS)
+        list(APPEND CPACK_COMPONENTS_ALL ${lower})
+        set(CPACK_COMPONENT_${upper}-DEVELOPMENT_DEPENDS development ${lower})
+        set(CPACK_COMPONENT_${upper}_DEPENDS runtime)
+        set(CPACK_DEBIAN_${upper}_PACKAGE_NAME libkivofunctionplotter-${lower}${version})
+        set(CPACK_DEBIAN_${upper}_PACKAGE_SECTION libs)
+        set(CPACK_DEBIAN_${upper}_PACKAGE_SHLIBDEPS ON)
+        set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/KivoFunctionPlotter")
+        set(CPACK_DEBIAN_${upper}_PACKAGE_CONTROL_EXTRA "${PROJECT_SOURCE_DIR}/packaging/debian/triggers")
+        set(CPACK_DEBIAN_${upper}_DESCRIPTION "interactive 3-D plot, control for ${kivo_control_${component}_toolkit}
+A ready-made control that shows a surface z = f(x, y) in a program.")
+    endif()
+endforeach()
+
 include(CPack)
