@@ -27,6 +27,11 @@ namespace KivoDrawingTools {
 /// @return 0; -3 for 1, since a side has two ends: nothing changes then
 KIVO_API int SetMotionDetail(CKivoFunctionPlotter& plotter, unsigned int pointsPerSide);
 
+/// Draws a frame and presents it, as OnMouseMove draws those of a drag: for hosts that turn, shift and zoom the
+/// plot in steps of their own, by TurnView, ShiftView and ZoomView of KivoView.h.
+/// @return as Renderscene
+KIVO_API int RenderMovedScene(CKivoFunctionPlotter& plotter);
+
 /// @return whether the frame that was presented last shows less than everything, so that one that does is due
 ///         as soon as the hand rests: OnDraw() draws it. Pictures are not presented; not after OnDestroy
 KIVO_API bool IsDetailReduced(const CKivoFunctionPlotter& plotter);

@@ -74,6 +74,12 @@ public:
     /// @throws std::bad_alloc  without memory
     explicit CKivoPlotView(SKivoPlotViewEvents events,
                            std::unique_ptr<CKivoFunctionPlotter> plotter = nullptr);
+    /// The same in a window on the screen, for hosts that want every millisecond: Draw() presents frames in
+    /// it and gives no image.
+    /// @param window  as OnCreate takes it; it stays the host's, which sets its size before SetSize, and
+    ///                outlives the view
+    CKivoPlotView(SKivoPlotViewEvents events, HWND window,
+                  std::unique_ptr<CKivoFunctionPlotter> plotter = nullptr);
     ~CKivoPlotView();
     CKivoPlotView(const CKivoPlotView&) = delete;
     CKivoPlotView& operator=(const CKivoPlotView&) = delete;
@@ -149,7 +155,8 @@ public:
 
     // ---- Drawing
 
-    /// The present frame, drawn if one is due. The pixels are valid until the next call of a member.
+    /// The present frame, drawn if one is due; in a window on the screen it is drawn anew in any case. The
+    /// pixels are valid until the next call of a member.
     SKivoPlotImage Draw();
     /// Whether Draw would draw one.
     bool IsFrameDue() const;

@@ -69,6 +69,12 @@ struct MotionAccess {
         plotter.m_requestedDetail = 0;
     }
 
+    static int Render(CKivoFunctionPlotter& plotter) {
+        const DetailScope scope(plotter.m_detailOfFrame,
+                                plotter.m_mouseButtonDown ? plotter.m_detailOfDrag : plotter.m_motionDetail);
+        return plotter.Renderscene();
+    }
+
     static bool IsReduced(const CKivoFunctionPlotter& plotter) { return plotter.m_isDetailReduced; }
 
     static bool HasSurface(const CKivoFunctionPlotter& plotter) {
@@ -122,6 +128,10 @@ int SetMotionDetail(CKivoFunctionPlotter& plotter, unsigned int pointsPerSide) {
 int SetRedrawRequest(CKivoFunctionPlotter& plotter, void (*request)(void*), void* context) {
     MotionAccess::SetRequest(plotter, request, context);
     return 0;
+}
+
+int RenderMovedScene(CKivoFunctionPlotter& plotter) {
+    return MotionAccess::Render(plotter);
 }
 
 bool IsDetailReduced(const CKivoFunctionPlotter& plotter) {

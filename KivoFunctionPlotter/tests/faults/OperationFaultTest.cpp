@@ -295,7 +295,7 @@ bool HasOperations(const PublicOperation& member, CallProbe& plotter) {
 // The result of a member when the n-th operation of a name fails in it.
 int ResultOf(const std::string& member, const std::string& failed, int n) {
     const bool isFirstBinding = failed == "wglMakeCurrent" && n == 1;
-    if (member == "Renderscene()") {
+    if (member == "Renderscene()" || member == "RenderMovedScene()") {
         // Where nothing could be drawn, nothing can be presented; the first failure is the reason of both.
         return failed == "SwapBuffers" || isFirstBinding ? frameRefused : frameShown;
     }
@@ -304,8 +304,9 @@ int ResultOf(const std::string& member, const std::string& failed, int n) {
     // A picture needs the window's size and the context.
     if (member.rfind("CapturePicture", 0) == 0 || member.rfind("TakeView", 0) == 0)
         return failed == "GetClientRect" || isFirstBinding ? -1 : 0;
-    const bool isView = member.rfind("SetView", 0) == 0 || member.rfind("ResetView", 0) == 0;
-    return isView && isFirstBinding ? -1 : 0;
+    const std::set<std::string> views = {"SetView",  "SetViewAngles", "ResetView",
+                                         "TurnView", "ShiftView",     "ZoomView"};
+    return views.count(member.substr(0, member.find('('))) != 0 && isFirstBinding ? -1 : 0;
 }
 
 // A style, a legend and a range of colours are refused where a text or a font cannot be made, and so is a

@@ -180,6 +180,20 @@ TEST_P(Motion, ARequestedFrameIsAsTheLastMemberWouldHaveDrawnIt) {
     EXPECT_FALSE(IsDetailReduced(plotter)) << "what has been asked for is forgotten";
 }
 
+TEST_P(Motion, AHostsOwnStepsAreDrawnAsADragIs) {
+    SetSurface(HillSurface(121, 83));
+    const Image whole = WholeImage();
+    if (whole.rgba.empty()) GTEST_SKIP() << "nobody can look into the window";
+    const Image dragged = MovedImage(6);
+    WholeImage();
+    EXPECT_EQ(RenderMovedScene(plotter), 0);
+    EXPECT_TRUE(IsDetailReduced(plotter));
+    EXPECT_TRUE(ImagesAgree(plot.window.Presented(plotter), dragged, 0, 0.0, "motion-own"));
+    SetMotionDetail(plotter, 0);
+    EXPECT_EQ(RenderMovedScene(plotter), 0);
+    EXPECT_FALSE(IsDetailReduced(plotter));
+}
+
 TEST_P(Motion, ARequestMayDrawAndDestroyThePlotter) {
     SetSurface(HillSurface(40, 30));
     SetRedrawRequest(

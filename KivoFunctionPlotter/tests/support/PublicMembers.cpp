@@ -507,6 +507,7 @@ const std::vector<PublicMember> motionFunctions = {
            [](P& p, A& a) { return SetMotionDetail(p, Unsigned(5).From(a)); })
         .Refuses(-3),
     Member("IsDetailReduced()", none, [](P& p, A&) { IsDetailReduced(p); }),
+    Member("RenderMovedScene()", bracketed, [](P& p, A&) { return RenderMovedScene(p); }).GivesSystemCodes(),
     Member("SetRedrawRequest()", none, [](P& p, A&) { return SetRedrawRequest(p, nullptr, nullptr); }),
     Member("MotionDetailFor(float)", bracketed, [](P& p, A& a) { MotionDetailFor(p, a.Float(1.0f)); }),
 };

@@ -28,7 +28,11 @@ float Between(double first, double last, unsigned int i, unsigned int count) {
 } // namespace
 
 CKivoPlotView::CKivoPlotView(SKivoPlotViewEvents events, std::unique_ptr<CKivoFunctionPlotter> plotter)
-    : m_core(std::make_unique<PlotViewCore>(std::move(events), std::move(plotter))) {}
+    : CKivoPlotView(std::move(events), nullptr, std::move(plotter)) {}
+
+CKivoPlotView::CKivoPlotView(SKivoPlotViewEvents events, HWND window,
+                             std::unique_ptr<CKivoFunctionPlotter> plotter)
+    : m_core(std::make_unique<PlotViewCore>(std::move(events), window, std::move(plotter))) {}
 
 CKivoPlotView::~CKivoPlotView() = default;
 

@@ -47,22 +47,34 @@ void Tell(const Event& event, Arguments... arguments) {
     if (event) event(arguments...);
 }
 
+// A display's own dots per inch have texts grow, as the density does: the points for those of usual ones.
+int TextPoints(HWND window) {
+    constexpr int points = 10, usualResolution = 96;
+    const int dotsPerInch = std::max(GetWindowDpi(window), 1);
+    return std::max(Rounded(1.0 * points * usualResolution / dotsPerInch), 1);
+}
+
 } // namespace
 
-BoundPlotter::BoundPlotter(std::unique_ptr<CKivoFunctionPlotter> plotter)
+BoundPlotter::BoundPlotter(HWND hostWindow, std::unique_ptr<CKivoFunctionPlotter> plotter)
     : m_plotter(plotter ? std::move(plotter) : std::make_unique<CKivoFunctionPlotter>()),
-      m_window(CreateOffscreenWindow(firstWidth, firstHeight)) {
-    constexpr int textPoints = 10;
-    m_isUsable = m_window && m_plotter->OnCreate(m_window, firstWidth, firstHeight, textPoints, true) == 0;
+      m_isHosts(hostWindow != nullptr),
+      m_window(hostWindow ? hostWindow : CreateOffscreenWindow(firstWidth, firstHeight)) {
+    m_isUsable =
+        m_window && m_plotter->OnCreate(m_window, firstWidth, firstHeight, TextPoints(m_window), true) == 0;
 }
 
 BoundPlotter::~BoundPlotter() {
     m_plotter->OnDestroy();
-    ReleaseWindow(m_window);
+    if (m_isHosts)
+        SetWindowSmoothing(m_window, 1);
+    else
+        ReleaseWindow(m_window);
 }
 
-PlotViewCore::PlotViewCore(SKivoPlotViewEvents events, std::unique_ptr<CKivoFunctionPlotter> plotter)
-    : m_events(std::move(events)), m_bound(std::move(plotter)) {
+PlotViewCore::PlotViewCore(SKivoPlotViewEvents events, HWND hostWindow,
+                           std::unique_ptr<CKivoFunctionPlotter> plotter)
+    : m_events(std::move(events)), m_bound(hostWindow, std::move(plotter)) {
     if (!m_bound.IsUsable()) m_failure = LastWindowError();
     ReduceWhileMoving(true);
     // Mouse members that a host calls itself.
@@ -102,7 +114,9 @@ void PlotViewCore::Follow() {
     if (!HasSize()) return;
     FollowDensity();
     if (m_width == m_windowWidth && m_height == m_windowHeight) return;
-    if (ResizeOffscreenWindow(m_bound.Window(), m_width, m_height) != 0) return; // the image is scaled
+    const bool isSized =
+        m_bound.IsOnScreen() || ResizeOffscreenWindow(m_bound.Window(), m_width, m_height) == 0;
+    if (!isSized) return; // the image is scaled
     m_windowWidth = m_width;
     m_windowHeight = m_height;
     m_measuredTime = 0.0;
@@ -296,6 +310,8 @@ void PlotViewCore::Wake() {
 
 SKivoPlotImage PlotViewCore::Draw() {
     m_isAsked = false;
+    if (m_bound.IsOnScreen() && m_due == Due::nothing)
+        m_due = Due::everything; // others may have drawn over it
     if (!IsFrameDue()) return HasSize() ? m_image : SKivoPlotImage{};
     Follow();
     const bool isComplete = m_due == Due::everything;
@@ -303,7 +319,10 @@ SKivoPlotImage PlotViewCore::Draw() {
     m_failure.clear();
     try {
         TracePointer();
-        DrawFrame();
+        if (m_bound.IsOnScreen())
+            Present();
+        else
+            DrawImage();
     } catch (const std::bad_alloc&) {
         m_failure = "The plot: there is not enough memory; free some, or make the control smaller.";
     }
@@ -331,7 +350,18 @@ void PlotViewCore::TracePointer() {
     m_isTraced = isTraced;
 }
 
-void PlotViewCore::DrawFrame() {
+void PlotViewCore::Present() {
+    const bool isMoving = m_due == Due::movement;
+    SetWindowSmoothing(m_bound.Window(), isMoving ? 1 : m_smoothing);
+    const int result = isMoving ? RenderMovedScene(Plotter()) : Plotter().Renderscene();
+    if (result != frameShown) m_failure = LastWindowError();
+    if (result != frameShown && m_failure.empty()) m_failure = "The plot could not be shown in its window.";
+    m_image = {};
+    m_image.width = m_windowWidth;
+    m_image.height = m_windowHeight;
+}
+
+void PlotViewCore::DrawImage() {
     SKivoPictureOptions options;
     options.moving = m_due == Due::movement;
     options.smoothing = options.moving ? 1 : m_smoothing;

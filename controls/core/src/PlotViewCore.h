@@ -10,12 +10,12 @@
 
 namespace KivoDrawingTools {
 
-/// A window without a screen and the plotter in it.
+/// The plotter in its window: one without a screen that goes with it, or the host's.
 class BoundPlotter {
 public:
     static constexpr int firstWidth = 400, firstHeight = 300; ///< until the control has a size
 
-    explicit BoundPlotter(std::unique_ptr<CKivoFunctionPlotter> plotter);
+    BoundPlotter(HWND hostWindow, std::unique_ptr<CKivoFunctionPlotter> plotter);
     ~BoundPlotter();
     BoundPlotter(const BoundPlotter&) = delete;
     BoundPlotter& operator=(const BoundPlotter&) = delete;
@@ -23,16 +23,20 @@ public:
     CKivoFunctionPlotter& Plotter() { return *m_plotter; }
     HWND Window() const { return m_window; }
     bool IsUsable() const { return m_isUsable; }
+    /// Whether frames are presented in it.
+    bool IsOnScreen() const { return m_isHosts; }
 
 private:
     std::unique_ptr<CKivoFunctionPlotter> m_plotter;
+    bool m_isHosts;
     HWND m_window;
     bool m_isUsable;
 };
 
 class PlotViewCore {
 public:
-    PlotViewCore(SKivoPlotViewEvents events, std::unique_ptr<CKivoFunctionPlotter> plotter);
+    /// In a host's window, or with null in one without a screen.
+    PlotViewCore(SKivoPlotViewEvents events, HWND hostWindow, std::unique_ptr<CKivoFunctionPlotter> plotter);
 
     CKivoFunctionPlotter& Plotter() { return m_bound.Plotter(); }
     const std::string& Failure() const { return m_failure; }
@@ -79,7 +83,8 @@ private:
     void Await(Awaited awaited, int milliseconds);
     bool IsCompleteSlow() const;
     void TracePointer();
-    void DrawFrame();
+    void Present();
+    void DrawImage();
     void TakeCompleteTime(double milliseconds);
     void Measure();
 

@@ -9,6 +9,7 @@
 #include "support/Image.h"
 #include "support/TestHostContext.h"
 #include "support/TestSurfaces.h"
+#include "support/TestWindow.h"
 
 #include <gmock/gmock.h>
 
@@ -460,6 +461,42 @@ TEST(PlotViewOfADerivedClass, LaysItOutInItsOwnWay) {
     view.Update();
     view.Draw();
     EXPECT_EQ(derived.laidOut, 1);
+}
+
+// ---- In a window on the screen
+
+TEST(PlotViewInAWindow, PresentsWhatImagesShow) {
+    for (const WindowKind kind : AvailableWindowKinds()) {
+        const TestWindow window(kind, width, height);
+        auto own = std::make_unique<PlotterProbe>();
+        PlotterProbe& probe = *own;
+        Heard heard;
+        CKivoPlotView shown(heard.Events(), window.Handle(), std::move(own));
+        CKivoPlotView image({});
+        const TestSurface hill = HillSurface(61, 53);
+        for (CKivoPlotView* const view : {&shown, &image}) {
+            view->SetSize(width, height);
+            view->ReduceWhileMoving(false);
+            SetMotionDetail(view->Plotter(), 10);
+            ASSERT_EQ(view->SetGrid(hill.points.data(), 61, 53), 0);
+        }
+        EXPECT_EQ(shown.Draw().pixels, nullptr);
+        EXPECT_EQ(shown.Failure(), "");
+        const Image presented = window.Presented(probe);
+        if (presented.rgba.empty()) continue; // nobody can look into the window
+        EXPECT_TRUE(ImagesAgree(presented, ImageOf(image.Draw()), 0, 0.0, "view-presented"));
+        for (CKivoPlotView* const view : {&shown, &image}) {
+            view->Press(KivoMouseButton::left, 0, middle);
+            view->Move(0, {middle.x + 30, middle.y + 10});
+        }
+        shown.Draw();
+        EXPECT_TRUE(IsDetailReduced(shown.Plotter()));
+        EXPECT_TRUE(
+            ImagesAgree(window.Presented(probe), ImageOf(image.Draw()), 0, 0.0, "view-presented-moving"));
+        shown.Wake();
+        shown.Draw();
+        EXPECT_FALSE(IsDetailReduced(shown.Plotter()));
+    }
 }
 
 TEST(PlotViews, WithoutEventsAreQuiet) {
