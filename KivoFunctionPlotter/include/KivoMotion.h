@@ -27,8 +27,8 @@ namespace KivoDrawingTools {
 /// @return 0; -3 for 1, since a side has two ends: nothing changes then
 KIVO_API int SetMotionDetail(CKivoFunctionPlotter& plotter, unsigned int pointsPerSide);
 
-/// Draws a frame and presents it, as OnMouseMove draws those of a drag: for hosts that turn, shift and zoom the
-/// plot in steps of their own, by TurnView, ShiftView and ZoomView of KivoView.h.
+/// Draws a frame and presents it, as OnMouseMove draws those of a drag: for hosts that turn, shift and zoom
+/// the plot in steps of their own, by TurnView, ShiftView and ZoomView of KivoView.h.
 /// @return as Renderscene
 KIVO_API int RenderMovedScene(CKivoFunctionPlotter& plotter);
 
