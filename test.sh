@@ -30,7 +30,7 @@ build() { # preset
     echo "subdirs(\"$PWD/build-$1\")" >>"$KIVO_TEST_OUTPUT/CTestTestfile.cmake"
 }
 for preset in "${builds[@]}"; do build "$preset"; done
-export KIVO_WIN32_HOST=$PWD/build-mingw/examples/win32_host.exe
+export KIVO_WIN32_HOST=$PWD/build-mingw/examples/win32_native_host.exe
 [ -e "$KIVO_WIN32_HOST" ] || unset KIVO_WIN32_HOST
 
 start=$SECONDS

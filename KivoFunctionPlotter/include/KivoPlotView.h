@@ -84,9 +84,10 @@ public:
     CKivoPlotView(const CKivoPlotView&) = delete;
     CKivoPlotView& operator=(const CKivoPlotView&) = delete;
 
-    /// The plotter, for everything that is shown; Update() shows it. Window, size, pixel scale and what is
-    /// drawn when are the view's, that is OnCreate, OnSize and OnDestroy, SetRedrawRequest and the pixel
-    /// scale of SetStyle. Mouse members that a host calls itself ask for a frame.
+    /// The plotter, laid out for the present size, for everything that is shown; Update() shows it. Window,
+    /// size, pixel scale and what is drawn when are the view's, that is OnCreate, OnSize and OnDestroy,
+    /// SetRedrawRequest and the pixel scale of SetStyle. Mouse members that a host calls itself ask for a
+    /// frame.
     CKivoFunctionPlotter& Plotter();
     /// Why nothing is drawn, in one sentence; empty where it is.
     const std::string& Failure() const;

@@ -30,7 +30,7 @@ protected:
     // A Windows starts with the first of its programs and ends after the last; starting it takes seconds. One
     // that waits for what is never written keeps it from test to test.
     static void SetUpTestSuite() {
-        const ExampleHost host{"win32_host"};
+        const ExampleHost host{"win32_native_host"};
         if (HasDisplay() && !CommandOf(host).empty())
             windows =
                 std::make_unique<ChildProcess>(KIVO_WITH_WINE, std::vector<std::string>{"cmd", "/c", "more"});
@@ -241,7 +241,7 @@ TEST_P(ExampleHostTest, ZoomsForEachStepOfAnEvent) {
 // While the host stands still, a hand goes a long way.
 TEST_P(ExampleHostTest, DrawsOneFrameForMovesThatWait) {
     if (!GetParam().reduces) GTEST_SKIP() << "frames are counted where the plotter presents them";
-    if (GetParam().name == "win32_host") GTEST_SKIP() << "Windows makes one message of moves that wait";
+    if (GetParam().name == "win32_native_host") GTEST_SKIP() << "Windows makes one message of moves that wait";
     const FrameCount count;
     Start(count.For());
     PressAt(200, 200);
@@ -271,7 +271,7 @@ TEST_P(ExampleHostTest, DrawsOneFrameForMovesThatWait) {
 // Whatever a toolkit makes of moves that wait: the drag ends where the button went up, and begins where it
 // went down.
 TEST_P(ExampleHostTest, KeepsTheOrderOfWhatWaits) {
-    if (GetParam().name == "win32_host") GTEST_SKIP() << "another process hands its input on";
+    if (GetParam().name == "win32_native_host") GTEST_SKIP() << "another process hands its input on";
     Start();
     MoveTo(300, 200, 0);
     const auto move = [this](int x, int y, unsigned int state) {
@@ -302,7 +302,7 @@ TEST_P(ExampleHostTest, KeepsTheOrderOfWhatWaits) {
 
 TEST_P(ExampleHostTest, DrawsFewerPointsUntilTheHandRests) {
     if (!GetParam().reduces) GTEST_SKIP() << "pictures show all points";
-    if (GetParam().name == "win32_host") GTEST_SKIP() << "nothing can be loaded into it";
+    if (GetParam().name == "win32_native_host") GTEST_SKIP() << "nothing can be loaded into it";
     Start({{"LD_PRELOAD", KIVO_FEW_POINTS}});
     SetMotionDetail(m_expected->plotter, 8);
     PressAt(300, 200);
@@ -427,7 +427,7 @@ TEST_P(ExampleHostTest, CountsPixelsUnderAScaleFactor) {
 }
 
 TEST_P(ExampleHostTest, SizesTextForTheScreen) {
-    if (GetParam().name == "win32_host") GTEST_SKIP() << "Wine has a density of its own";
+    if (GetParam().name == "win32_native_host") GTEST_SKIP() << "Wine has a density of its own";
     m_desktop->SetResources("Xft.dpi:\t192\n");
     Start({}, 192);
     EXPECT_TRUE(ShowsExpected("dense"));

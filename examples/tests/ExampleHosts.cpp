@@ -23,13 +23,13 @@ std::vector<ExampleHost> AllHosts() {
     std::vector<ExampleHost> hosts = HostsOnX11();
     hosts.push_back({"gtk_image_host", false, false, {{"GDK_SCALE", "2"}}, 192, 0.0, false});
     hosts.push_back({"gtk4_image_host", false, false, {{"GDK_SCALE", "2"}}, 192, 0.0, false});
-    hosts.push_back({"win32_host", false, false, {}, 96, 1.0}); // its text is drawn by Wine
+    hosts.push_back({"win32_native_host", false, false, {}, 96, 1.0}); // its text is drawn by Wine
     return hosts;
 }
 
 std::vector<std::string> CommandOf(const ExampleHost& host) {
     std::vector<std::string> command{std::string(KIVO_EXAMPLES) + "/" + host.name};
-    if (host.name == "win32_host") {
+    if (host.name == "win32_native_host") {
         const char* const program = std::getenv("KIVO_WIN32_HOST");
         command = {KIVO_WITH_WINE, program ? program : ""};
     }

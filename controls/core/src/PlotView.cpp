@@ -37,6 +37,7 @@ CKivoPlotView::CKivoPlotView(SKivoPlotViewEvents events, HWND window,
 CKivoPlotView::~CKivoPlotView() = default;
 
 CKivoFunctionPlotter& CKivoPlotView::Plotter() {
+    m_core->Follow();
     return m_core->Plotter();
 }
 

@@ -42,6 +42,8 @@ public:
     const std::string& Failure() const { return m_failure; }
     void ShowGrid(std::unique_ptr<float[]> points, unsigned int columns, unsigned int rows);
     void SetSize(int width, int height, double density);
+    /// Takes size and density over where they are new.
+    void Follow();
     void SetSmoothing(int factor);
     void ReduceWhileMoving(bool reduce);
     void KeepUpright(bool upright) { m_isUpright = upright; }
@@ -72,7 +74,6 @@ private:
     enum class Awaited { nothing, rest, measure };
 
     bool HasSize() const { return m_width > 0 && m_height > 0 && m_bound.IsUsable(); }
-    void Follow();
     void FollowDensity();
     void LayOut(int width, int height);
     void Drop(const Drag& drag, unsigned int flags, POINT place);
