@@ -45,7 +45,8 @@ while IFS=: read -r file mark; do
         complain "no guide shows the part \"$name\" of $file"
 done < <(grep -ro '\[docs: .*\]' examples | sort -u)
 for example in examples/*_host.cpp examples/offscreen_picture.cpp; do
-    grep -qF "<!-- $example attach -->" docs/embedding.md || complain "docs/embedding.md does not show $example"
+    grep -qF "<!-- $example attach -->" docs/embedding.md || grep -qF "<!-- $example control -->" docs/controls.md ||
+        complain "neither docs/embedding.md nor docs/controls.md shows $example"
 done
 for name in $(grep -ohE '\{"[a-z-]+", [A-Z]' examples/features/*.cpp | cut -d '"' -f 2); do
     awk -v name="$name" '
