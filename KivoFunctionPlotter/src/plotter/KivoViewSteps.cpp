@@ -55,7 +55,6 @@ int ShiftView(CKivoFunctionPlotter& plotter, POINT from, POINT to) {
 }
 
 int ZoomView(CKivoFunctionPlotter& plotter, double factor, POINT place) {
-    if (!(factor > 0.0)) return -3;
     const Share pointer = ShareAt(ViewAccess::Save(plotter), place);
     SKivoView view = GetView(plotter);
     view.zoom *= factor;

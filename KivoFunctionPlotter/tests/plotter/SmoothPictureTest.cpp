@@ -408,4 +408,18 @@ TEST_P(SmoothPicture, WindowsRefuseOtherFactors) {
     ASSERT_EQ(SetWindowSmoothing(window, 1), 0);
 }
 
+// Off-screen what is plain and as large as the window is drawn in it; nothing else is.
+TEST_P(SmoothPicture, ThatIsPlainIsWhatItIsInOtherWays) {
+    EXPECT_TRUE(ImagesAgree(Draw(plotter, Smoothing(1)), CaptureImage(plotter), 0, 0.0, "plain"));
+    SKivoPictureOptions sized;
+    sized.width = 200;
+    sized.height = 330;
+    EXPECT_TRUE(ImagesAgree(Draw(plotter, sized), CaptureImage(plotter, 200, 330), 0, 0.0, "plain-sized"));
+    SKivoPictureOptions transparent;
+    transparent.transparent = true;
+    const Image clear = Draw(plotter, transparent);
+    EXPECT_EQ(clear.Pixel(width - 1, 0)[3], 0);
+    EXPECT_TRUE(ImagesAgree(CaptureImage(plotter), Draw(plotter, Smoothing(1)), 0, 0.0, "plain-again"));
+}
+
 KIVO_IN_EVERY_WINDOW(SmoothPicture);

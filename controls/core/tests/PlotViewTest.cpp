@@ -75,6 +75,7 @@ protected:
 
     void DragBy(KivoMouseButton button, unsigned int flags, int right, int down) {
         view.Press(button, flags, middle);
+        view.Move(flags, {middle.x + right / 2, middle.y + down / 2});
         view.Move(flags, {middle.x + right, middle.y + down});
         view.Release(button);
     }
