@@ -29,6 +29,10 @@ function(kivo_compile_options target)
         -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Wnon-virtual-dtor -Woverloaded-virtual
         -Wcast-qual -Wundef
         -ffp-contract=off)
+    if(CMAKE_UNITY_BUILD)
+        # What a local name hides may be another source's. Builds of each source by itself warn of the rest.
+        target_compile_options(${target} PRIVATE -Wno-shadow)
+    endif()
     kivo_harden(${target})
     if(KIVO_WARNINGS_AS_ERRORS)
         target_compile_options(${target} PRIVATE -Werror)

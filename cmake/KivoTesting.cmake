@@ -29,6 +29,35 @@ function(kivo_test_program target)
     add_executable(${target} ${ARGN})
     kivo_test_options(${target})
     set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/tests")
+    if(CMAKE_UNITY_BUILD)
+        kivo_join_tests(${target} ${ARGN})
+    endif()
+endfunction()
+
+# kivo_join_tests(<target> <source>...): makes its unity sources of tests whose names need not be unique among them: each is
+# read in a namespace of its own, behind what all of them include. Left out is what cannot be in a namespace.
+function(kivo_join_tests target)
+    set(includes "")
+    foreach(source ${ARGN})
+        set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${source}")
+        file(STRINGS "${source}" outside REGEX "^(namespace [A-Za-z:]+ {|extern \"C\"|#(if|define))|operator (new|delete)")
+        if(outside)
+            set_source_files_properties("${source}" PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+        else()
+            file(STRINGS "${source}" lines REGEX "^#include ")
+            list(APPEND includes ${lines})
+        endif()
+    endforeach()
+    list(REMOVE_DUPLICATES includes)
+    list(JOIN includes "\n" includes)
+    set(header "${CMAKE_CURRENT_BINARY_DIR}/${target}-includes.h")
+    file(CONFIGURE OUTPUT "${header}" CONTENT "#pragma once\n${includes}\n" @ONLY)
+    set_target_properties(${target} PROPERTIES
+        UNITY_BUILD_UNIQUE_ID KIVO_SOURCE
+        UNITY_BUILD_CODE_BEFORE_INCLUDE "#include \"${header}\"\nnamespace KIVO_SOURCE {"
+        UNITY_BUILD_CODE_AFTER_INCLUDE "}")
+    # Suites in unnamed namespaces are the bases of tests outside, which is wrong in headers alone.
+    target_compile_options(${target} PRIVATE -Wno-subobject-linkage)
 endfunction()
 
 # kivo_computing_sources(<source>...): tests that compute so much by themselves that optimising them pays.

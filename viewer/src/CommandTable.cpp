@@ -6,13 +6,13 @@ namespace KivoViewer {
 
 namespace {
 
-using Table = std::vector<MenuEntry>;
+using MenuTable = std::vector<MenuEntry>;
 
-void AddLine(Table& table) {
+void AddLine(MenuTable& table) {
     table.push_back({table.back().menu, {}, {}, {}, Command::none, {}});
 }
 
-void AddToggles(Table& table, const std::string& menu, const std::vector<std::string>& names) {
+void AddToggles(MenuTable& table, const std::string& menu, const std::vector<std::string>& names) {
     for (const std::string& name : names) {
         const Setting& setting = FindSetting(name);
         table.push_back({menu, setting.label, setting.key ? setting.key : "", setting.help + ", or not",
@@ -20,7 +20,7 @@ void AddToggles(Table& table, const std::string& menu, const std::vector<std::st
     }
 }
 
-void AddFileMenu(Table& table) {
+void AddFileMenu(MenuTable& table) {
     const std::string menu = "&File";
     table.push_back({menu, "&Open...", "Ctrl+O", "Open a grid of points", Command::open, {}});
     table.push_back({menu, "Open &recent", {}, "Open a grid from before", Command::openRecent, {}});
@@ -41,7 +41,7 @@ void AddFileMenu(Table& table) {
     table.push_back({menu, "&Quit", "Ctrl+Q", "End the program", Command::quit, {}});
 }
 
-void AddPlotMenu(Table& table) {
+void AddPlotMenu(MenuTable& table) {
     const std::string menu = "&Plot";
     table.push_back({menu, "&3-D plot", "0", "Show the 3-D plot", Command::normalPlot, {}});
     table.push_back({menu, "&XY projection", "1", "Show the flat plot of XY", Command::xyPlot, {}});
@@ -51,7 +51,7 @@ void AddPlotMenu(Table& table) {
     AddToggles(table, menu, {"inverse-x", "inverse-y", "inverse-z"});
 }
 
-void AddViewMenu(Table& table) {
+void AddViewMenu(MenuTable& table) {
     const std::string menu = "&View";
     table.push_back(
         {menu, "&Reset view", "Home", "Undo turning, moving and zooming", Command::resetView, {}});
@@ -71,7 +71,7 @@ void AddViewMenu(Table& table) {
 }
 
 // A key for each section of the side panel, so that every setting is within reach of the keyboard.
-void AddSettingsMenu(Table& table) {
+void AddSettingsMenu(MenuTable& table) {
     const std::string menu = "&Settings";
     int number = 0;
     std::string section;
@@ -87,14 +87,14 @@ void AddSettingsMenu(Table& table) {
         {menu, "&Reset all settings", "Shift+Home", "Take all settings back", Command::resetSettings, {}});
 }
 
-void AddHelpMenu(Table& table) {
+void AddHelpMenu(MenuTable& table) {
     const std::string menu = "&Help";
     table.push_back({menu, "&Keys and mouse", "F1", "Tell what keys and mouse do", Command::showKeys, {}});
     table.push_back({menu, "&About", {}, "Tell what this program is", Command::about, {}});
 }
 
-Table MakeTable() {
-    Table table;
+MenuTable MakeMenuTable() {
+    MenuTable table;
     AddFileMenu(table);
     AddPlotMenu(table);
     AddViewMenu(table);
@@ -106,7 +106,7 @@ Table MakeTable() {
 } // namespace
 
 const std::vector<MenuEntry>& AllMenuEntries() {
-    static const Table table = MakeTable();
+    static const MenuTable table = MakeMenuTable();
     return table;
 }
 

@@ -30,7 +30,7 @@ std::vector<float> CoordinatesIn(const Range& range) {
 }
 
 // muParser names the place in some of its messages only, and counts it from 0.
-std::string Words(const mu::ParserError& error, const std::string& formula) {
+std::string ErrorWords(const mu::ParserError& error, const std::string& formula) {
     std::string words =
         std::regex_replace(error.GetMsg(), std::regex("( found)? at (expression )?position [0-9]+|\\.$"), "");
     if (error.GetPos() >= 0)
@@ -91,7 +91,7 @@ GridData MakeFormulaGrid(const std::string& formula, const Range& x, const Range
     try {
         Evaluate(formula, grid);
     } catch (const mu::ParserError& error) {
-        throw Failure("formula: " + Words(error, formula));
+        throw Failure("formula: " + ErrorWords(error, formula));
     }
     if (std::none_of(grid.z.begin(), grid.z.end(), [](float value) { return std::isfinite(value); }))
         throw Failure("formula: no finite value in this range");

@@ -120,7 +120,7 @@ bool AskForFormat(QWidget* parent, PictureFormat& format) {
 }
 
 // A copy of the pixels, which go with their array.
-QImage ImageOf(const std::vector<unsigned char>& rgba, const PictureFormat& format) {
+QImage CopiedImage(const std::vector<unsigned char>& rgba, const PictureFormat& format) {
     return QImage(rgba.data(), format.width, format.height, QImage::Format_RGBA8888).copy();
 }
 
@@ -213,7 +213,7 @@ void MainWindow::SavePicture() {
 void MainWindow::CopyPicture() {
     Try(this, [this] {
         const PictureFormat format = m_plot->Format();
-        QApplication::clipboard()->setImage(ImageOf(CaptureScene(Scene(), format), format));
+        QApplication::clipboard()->setImage(CopiedImage(CaptureScene(Scene(), format), format));
         statusBar()->showMessage("Copied the picture");
     });
 }
@@ -234,7 +234,7 @@ void MainWindow::Print() {
         format.width = std::clamp(qRound(page.width()), 1, maxPictureSize);
         format.height = std::clamp(qRound(page.height()), 1, maxPictureSize);
         const LightScope light(Scene());
-        const QImage image = ImageOf(CaptureScene(Scene(), format), format);
+        const QImage image = CopiedImage(CaptureScene(Scene(), format), format);
         QPainter painter;
         if (!painter.begin(&printer)) throw Failure("the printer cannot be used");
         painter.setRenderHint(QPainter::LosslessImageRendering); // by itself Qt takes JPEG

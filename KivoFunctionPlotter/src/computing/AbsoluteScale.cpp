@@ -12,9 +12,9 @@ namespace {
 
 constexpr double mostIntervals = 8.0;
 constexpr double mostSteps = 70368744177664.0; // 2^46 from zero: ticks are then right within 2 % of a step
-constexpr int mostDigits = 17;                 // that a number of double precision has
+constexpr int mostDoubleDigits = 17;           // that a number of double precision has
 
-double PowerOfTen(int exponent) {
+double DoublePowerOfTen(int exponent) {
     double power = 1.0;
     for (int i = 0; i < exponent; ++i)
         power *= 10.0;
@@ -23,7 +23,7 @@ double PowerOfTen(int exponent) {
 
 // Rounded once where the whole number and the power are exact.
 double TimesPowerOfTen(double number, int exponent) {
-    return exponent < 0 ? number / PowerOfTen(-exponent) : number * PowerOfTen(exponent);
+    return exponent < 0 ? number / DoublePowerOfTen(-exponent) : number * DoublePowerOfTen(exponent);
 }
 
 struct RoundTicks {
@@ -82,7 +82,7 @@ double RoundWithin(double value, double tolerance) {
     if (!std::isfinite(value) || !(tolerance > 0.0)) return value;
     if (std::abs(value) <= tolerance) return 0.0;
     int exponent = static_cast<int>(std::floor(std::log10(std::abs(value)))) + 1;
-    for (int digits = 0; digits <= mostDigits; ++digits, --exponent) {
+    for (int digits = 0; digits <= mostDoubleDigits; ++digits, --exponent) {
         const double rounded = TimesPowerOfTen(std::round(TimesPowerOfTen(value, -exponent)), exponent);
         if (std::abs(rounded - value) <= tolerance) return rounded;
     }
@@ -99,7 +99,7 @@ unsigned int DigitsApart(double step, double size) {
     if (!(step > 0.0) || !std::isfinite(step) || !std::isfinite(size)) return 0;
     constexpr double rounding = 1e-9; // of the logarithm of a power of ten
     const double needed = std::ceil(-std::log10(step) - rounding);
-    const double most = mostDigits - 1 - std::floor(std::log10(std::max(std::abs(size), step)));
+    const double most = mostDoubleDigits - 1 - std::floor(std::log10(std::max(std::abs(size), step)));
     return static_cast<unsigned int>(std::max(std::min(needed, most), 0.0));
 }
 

@@ -8,11 +8,11 @@ namespace KivoDrawingTools {
 
 namespace {
 
-constexpr double labelScale = 0.8;
-constexpr double titleOffset = 2.8; // in label offsets
-constexpr double titleGap = 4.0;    // between a title and the labels of its axis
-constexpr double clearance = 2.0;   // nearer, the digits of two neighbours read as one number
-constexpr double borderGap = 1.0;   // left by titles that move to stay inside the viewport
+constexpr double axisLabelScale = 0.8;
+constexpr double titleOffset = 2.8;  // in label offsets
+constexpr double axisTitleGap = 4.0; // between a title and the labels of its axis
+constexpr double clearance = 2.0;    // nearer, the digits of two neighbours read as one number
+constexpr double borderGap = 1.0;    // left by titles that move to stay inside the viewport
 constexpr double shortestEdge = 24.0;
 constexpr double smallestRise = 0.2; // of a projected unit vector above its edge; lower, its face is edge-on
 constexpr double largestSlant = 1.7320508075688772; // labels leave their edge at 30 degrees or more
@@ -130,8 +130,8 @@ EdgeFrame FrameOf(const AxisBoxOnScreen& box, const AxisEdge& edge) {
 PlacedImage LabelAt(const AxisEdge& edge, const EdgeFrame& frame, const AxisTick& tick, double offset) {
     PlacedImage label;
     if (!IsImage(tick.label)) return label;
-    label.halfWidth = 0.5 * labelScale * tick.label.width;
-    label.halfHeight = 0.5 * labelScale * tick.label.height;
+    label.halfWidth = 0.5 * axisLabelScale * tick.label.width;
+    label.halfHeight = 0.5 * axisLabelScale * tick.label.height;
     const double distance = offset + Reach(label, frame.normal);
     const ScreenVector foot = edge.begin + tick.fraction * (edge.end - edge.begin);
     label.center = foot + distance * (frame.normal + frame.slant * frame.along);
@@ -204,7 +204,7 @@ PlacedImage TitleOf(const AxisBoxOnScreen& box, const AxisEdge& edge, const Edge
     title.up = TurnedLeft(title.right);
     title.halfWidth = 0.5 * edge.title.width;
     title.halfHeight = 0.5 * edge.title.height;
-    const double distance = std::max(titleOffset * box.labelOffset, box.labelOffset + widest + titleGap) +
+    const double distance = std::max(titleOffset * box.labelOffset, box.labelOffset + widest + axisTitleGap) +
                             Reach(title, frame.normal);
     title.center = 0.5 * (edge.begin + edge.end) + distance * frame.normal;
     if (HasSize(box.viewport)) SlideInside(frame, box.viewport, &title);

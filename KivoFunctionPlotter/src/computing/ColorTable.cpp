@@ -10,7 +10,7 @@ namespace KivoDrawingTools {
 
 namespace {
 
-constexpr std::size_t runLength = 512; // values; short, so that what is found stays in the cache
+constexpr std::size_t lookUpRun = 512; // values; short, so that what is found stays in the cache
 
 // What is no number becomes 0. Written so that compilers make vectors of it.
 inline float PlaceOf(float value, float min, float width) {
@@ -73,11 +73,11 @@ void ColorTable::Assign(const ColorRange& range, const float* values, std::size_
             std::memcpy(rgba + 4 * i, m_steps.front().color, sizeof(m_steps.front().color));
         return;
     }
-    int steps[runLength];
-    float shares[runLength];
+    int steps[lookUpRun];
+    float shares[lookUpRun];
     const auto scale = static_cast<float>(m_steps.size() - 1);
-    for (std::size_t start = 0; start < count; start += runLength) {
-        const std::size_t length = std::min(runLength, count - start);
+    for (std::size_t start = 0; start < count; start += lookUpRun) {
+        const std::size_t length = std::min(lookUpRun, count - start);
         FindSteps(range, values + start * stride, stride, length, scale, steps, shares);
         float* const colors = rgba + 4 * start;
         for (std::size_t i = 0; i < length; ++i) {

@@ -7,11 +7,11 @@ namespace KivoDrawingTools {
 
 namespace {
 
-constexpr std::size_t count = 256;
+constexpr std::size_t colorCount = 256;
 
 struct NamedColors {
     const char* name;
-    std::uint32_t colors[count]; // 0xRRGGBB
+    std::uint32_t colors[colorCount]; // 0xRRGGBB
 };
 
 // clang-format off
@@ -194,7 +194,7 @@ std::vector<float> NamedColorTable(const std::string& name) {
     std::vector<float> rgba;
     for (const NamedColors& table : tables) {
         if (name != table.name) continue;
-        rgba.reserve(4 * count);
+        rgba.reserve(4 * colorCount);
         for (const std::uint32_t color : table.colors) {
             for (const unsigned int shift : {16u, 8u, 0u})
                 rgba.push_back(static_cast<float>((color >> shift) & 0xFFu) / 255.0f);

@@ -1,5 +1,6 @@
 #include "KivoAxis.h"
 
+#include "Arguments.h"
 #include "drawing/GLScopes.h"
 #include "parts/AxisNumbers.h"
 #include "parts/KivoGradientColorRuler.h"
@@ -22,10 +23,6 @@ namespace KivoDrawingTools {
 namespace {
 
 using Numbers = std::shared_ptr<const AxisNumbers>;
-
-bool IsAxis(int axis) {
-    return axis >= 0 && axis < 3;
-}
 
 void ReleaseImages(SKivoTexImage* images, unsigned int count) {
     for (unsigned int i = 0; images && i < count; ++i)
@@ -244,7 +241,7 @@ int AxisAccess::Change(CKivoFunctionPlotter& plotter, int axis, const AxisNumber
 }
 
 int SetAxisOrigin(CKivoFunctionPlotter& plotter, int axis, double origin) {
-    if (!IsAxis(axis) || !std::isfinite(origin)) return -3;
+    if (!IsAxis(axis) || !std::isfinite(origin)) return refusedArgument;
     const AxisNumbers* const present = AxisAccess::NumbersOf(plotter, axis);
     if (origin == (present ? present->origin : 0.0)) return 0;
     return AxisAccess::Change(plotter, axis, {origin, present ? present->format : nullptr});
@@ -257,7 +254,7 @@ double GetAxisOrigin(const CKivoFunctionPlotter& plotter, int axis) {
 
 int SetAxisLabelFormat(CKivoFunctionPlotter& plotter, int axis,
                        std::function<std::string(double value, double step)> format) {
-    if (!IsAxis(axis)) return -3;
+    if (!IsAxis(axis)) return refusedArgument;
     const AxisNumbers* const present = AxisAccess::NumbersOf(plotter, axis);
     if (!format && !(present && present->format)) return 0;
     AxisNumbers wanted = {present ? present->origin : 0.0, nullptr};

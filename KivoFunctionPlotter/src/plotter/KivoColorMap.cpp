@@ -1,5 +1,6 @@
 #include "KivoColorMap.h"
 
+#include "Arguments.h"
 #include "computing/ColorTable.h"
 #include "computing/NamedColors.h"
 #include "drawing/GLScopes.h"
@@ -17,11 +18,6 @@ namespace KivoDrawingTools {
 namespace {
 
 constexpr int withoutGradient = -1;
-constexpr int refused = -3;
-
-bool IsAxis(int axis) {
-    return axis >= 0 && axis < 3;
-}
 
 bool IsTable(const float* rgba, unsigned int count) {
     if (!rgba || count < ColorTable::leastCount || count > ColorTable::mostCount) return false;
@@ -112,16 +108,16 @@ int ColorMapAccess::SetRange(CKivoFunctionPlotter& plotter, int axis, float min,
 }
 
 int SetColorMap(CKivoFunctionPlotter& plotter, int axis, const float* rgba, unsigned int count) {
-    if (!IsAxis(axis)) return refused;
+    if (!IsAxis(axis)) return refusedArgument;
     if (count == 0) return ColorMapAccess::SetTable(plotter, axis, nullptr);
-    if (!IsTable(rgba, count)) return refused;
+    if (!IsTable(rgba, count)) return refusedArgument;
     return ColorMapAccess::SetTable(plotter, axis, std::make_shared<const ColorTable>(rgba, count));
 }
 
 int SetColorMap(CKivoFunctionPlotter& plotter, int axis, const char* name) {
-    if (!IsAxis(axis) || !name) return refused;
+    if (!IsAxis(axis) || !name) return refusedArgument;
     const std::vector<float> rgba = NamedColorTable(name);
-    return rgba.empty() ? refused
+    return rgba.empty() ? refusedArgument
                         : SetColorMap(plotter, axis, rgba.data(), static_cast<unsigned int>(rgba.size() / 4));
 }
 
@@ -130,7 +126,7 @@ std::vector<std::string> ColorMapNames() {
 }
 
 int SetColorRange(CKivoFunctionPlotter& plotter, int axis, float min, float max) {
-    if (!IsAxis(axis) || !IsRange(min, max)) return refused;
+    if (!IsAxis(axis) || !IsRange(min, max)) return refusedArgument;
     return ColorMapAccess::SetRange(plotter, axis, min, max);
 }
 

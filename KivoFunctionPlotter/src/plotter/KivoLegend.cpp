@@ -1,5 +1,6 @@
 #include "KivoLegend.h"
 
+#include "Arguments.h"
 #include "drawing/GLScopes.h"
 #include "parts/KivoGradientColorRuler.h"
 #include "window_system/WindowSystem.h"
@@ -9,10 +10,6 @@
 namespace KivoDrawingTools {
 
 namespace {
-
-bool IsAxis(int axis) {
-    return axis >= 0 && axis < 3;
-}
 
 bool IsLegend(const SKivoLegend& legend) {
     return legend.numbers == KivoLegendNumbers::asSet || legend.numbers == KivoLegendNumbers::fitted ||
@@ -65,7 +62,7 @@ SKivoLegend GetLegend(const CKivoFunctionPlotter& plotter, int axis) {
 }
 
 int SetLegend(CKivoFunctionPlotter& plotter, int axis, const SKivoLegend& legend) {
-    if (!IsAxis(axis) || !IsLegend(legend)) return -3;
+    if (!IsAxis(axis) || !IsLegend(legend)) return refusedArgument;
     CKivoGradientColorRuler* const ruler = LegendAccess::Ruler(plotter, axis);
     return ruler ? LegendAccess::Set(plotter, *ruler, legend) : -1;
 }

@@ -15,8 +15,8 @@ namespace KivoDrawingTools {
 
 namespace {
 
-constexpr int largestSide = 16384;
-constexpr float largestScale = 8.0f;
+constexpr int largestPictureSide = 16384;
+constexpr float largestPictureScale = 8.0f;
 constexpr float largestScaleInAll = 32.0f;
 
 // Makes a plotter's context current for the life of the object.
@@ -28,7 +28,7 @@ public:
 };
 
 bool IsSide(int side) {
-    return side >= 1 && side <= largestSide;
+    return side >= 1 && side <= largestPictureSide;
 }
 
 PictureTarget TargetOf(std::vector<unsigned char>& rgba, int width) {
@@ -87,7 +87,7 @@ int RefuseForMemory() {
 }
 
 bool AreWithinLimits(const CKivoFunctionPlotter& plotter, const SKivoPictureOptions& options) {
-    const bool isScale = options.scale > 0.0f && options.scale <= largestScale; // no number is none
+    const bool isScale = options.scale > 0.0f && options.scale <= largestPictureScale; // no number is none
     const float scaleInAll = PictureAccess::PixelScale(plotter) * options.scale;
     return isScale && scaleInAll > 0.0f && scaleInAll <= largestScaleInAll && options.smoothing >= 1 &&
            options.smoothing <= 4 && options.width >= 0 && options.height >= 0;

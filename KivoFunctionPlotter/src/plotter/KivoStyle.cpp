@@ -11,14 +11,15 @@ namespace KivoDrawingTools {
 
 namespace {
 
-constexpr float largestScale = 8.0f;
+constexpr float largestPixelScale = 8.0f;
 
 bool IsFace(const std::string& face) {
     return face.size() < LF_FACESIZE && face.find('\0') == std::string::npos;
 }
 
 bool IsStyle(const SKivoStyle& style) {
-    const bool isScale = style.pixelScale > 0.0f && style.pixelScale <= largestScale; // no number is none
+    const bool isScale =
+        style.pixelScale > 0.0f && style.pixelScale <= largestPixelScale; // no number is none
     return isScale && IsFace(style.textFace);
 }
 

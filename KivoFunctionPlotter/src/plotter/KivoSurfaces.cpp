@@ -1,5 +1,6 @@
 #include "KivoSurfaces.h"
 
+#include "Arguments.h"
 #include "computing/MeshArrays.h"
 #include "computing/SurfacePicker.h"
 #include "computing/VectorMath.h"
@@ -19,7 +20,6 @@ namespace KivoDrawingTools {
 namespace {
 
 constexpr int badNumber = -2;
-constexpr int refused = -3;
 
 bool IsOpacity(float opacity) {
     return opacity >= 0.0f && opacity <= 1.0f; // no number is none
@@ -251,8 +251,9 @@ int AddSurface(CKivoFunctionPlotter& plotter, const float* points, unsigned int 
                const SKivoSurface& surface) {
     const std::uint64_t strides[] = {std::uint64_t{columnStride} * components,
                                      std::uint64_t{rowStride} * components};
-    if (!points || columns == 0 || rows == 0 || components < 3 || !IsOpacity(surface.opacity)) return refused;
-    if (!AreAddressable(columns, rows, strides) || !SurfaceAccess::HasData(plotter)) return refused;
+    if (!points || columns == 0 || rows == 0 || components < 3 || !IsOpacity(surface.opacity))
+        return refusedArgument;
+    if (!AreAddressable(columns, rows, strides) || !SurfaceAccess::HasData(plotter)) return refusedArgument;
     return SurfaceAccess::Add(
         plotter,
         {points, columns, rows, static_cast<unsigned int>(strides[0]), static_cast<unsigned int>(strides[1])},
@@ -268,12 +269,12 @@ unsigned int GetSurfaceCount(const CKivoFunctionPlotter& plotter) {
 }
 
 int GetSurface(const CKivoFunctionPlotter& plotter, int surface, SKivoSurface* values) {
-    if (!values) return refused;
+    if (!values) return refusedArgument;
     return SurfaceAccess::Get(plotter, surface, *values);
 }
 
 int SetSurface(CKivoFunctionPlotter& plotter, int surface, const SKivoSurface& values) {
-    if (!IsOpacity(values.opacity)) return refused;
+    if (!IsOpacity(values.opacity)) return refusedArgument;
     return SurfaceAccess::Set(plotter, surface, values);
 }
 

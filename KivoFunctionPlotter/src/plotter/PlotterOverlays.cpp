@@ -1,6 +1,7 @@
 // CKivoFunctionPlotter: curves, point markers and measure groups.
 #include "KivoFunctionPlotter.h"
 
+#include "Arguments.h"
 #include "computing/AxisLabelLayout.h"
 #include "computing/ColorSpace.h"
 #include "drawing/GLScopes.h"
@@ -18,7 +19,6 @@ namespace KivoDrawingTools {
 namespace {
 
 constexpr int badIndex = -2;
-constexpr int refusedArgument = -3;
 
 constexpr double nameListMargin = 0.01; // of the plot's width
 constexpr float nameSquare = 0.8f;      // of a row's height

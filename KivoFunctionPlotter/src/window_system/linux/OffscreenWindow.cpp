@@ -16,7 +16,7 @@ namespace KivoDrawingTools {
 
 namespace {
 
-constexpr int largestSide = 16384;
+constexpr int largestWindowSide = 16384;
 constexpr int largestDotsPerInch = 1200;
 // Above this the memory for a surface is tried out when the window is made or resized. Drivers allocate when
 // they draw first, and then have no way to report that there is not enough.
@@ -63,7 +63,7 @@ bool IsResolution(int dotsPerInch) {
 }
 
 bool IsSize(int width, int height) {
-    return width >= 1 && height >= 1 && width <= largestSide && height <= largestSide;
+    return width >= 1 && height >= 1 && width <= largestWindowSide && height <= largestWindowSide;
 }
 
 /// Whether the current context's surface has memory behind it.

@@ -11,7 +11,7 @@ namespace {
 constexpr int defaultEm = 12;
 constexpr int largestEm = 2048;
 // Pango counts in 1/1024 pixel in 32 bits: wider lines would overflow.
-constexpr int widestLine = 1000000;
+constexpr int widestPangoLine = 1000000;
 // Shaping takes a microsecond for a letter, and a hundred where the script changes from one to the next.
 constexpr int longestLine = 4096;
 
@@ -79,7 +79,7 @@ int EmHeight(const LOGFONTA& font) {
 
 /// The text as Pango may have it: valid UTF-8 of bounded length, without line ends.
 std::string Clean(std::string_view text, int em) {
-    const auto longest = static_cast<std::size_t>(std::min(longestLine, widestLine / em));
+    const auto longest = static_cast<std::size_t>(std::min(longestLine, widestPangoLine / em));
     std::string kept;
     for (const char c : text) {
         if (kept.size() == longest) break;
