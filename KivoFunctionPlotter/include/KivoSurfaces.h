@@ -61,6 +61,10 @@ KIVO_API int SetSurface(CKivoFunctionPlotter& plotter, int surface, const SKivoS
 /// @throws std::bad_alloc  as SetData does
 KIVO_API int FitAxesToSurfaces(CKivoFunctionPlotter& plotter, bool all);
 
+/// @return whether box, axes, gradients and contour levels are fitted to all surfaces, as FitAxesToSurfaces was
+///         told last
+KIVO_API bool AxesFitSurfaces(const CKivoFunctionPlotter& plotter);
+
 /// @return the number of the surface on which the traced point lies, 0 for the first; -1 without a traced
 ///         point. The nearest of all visible surfaces is traced
 KIVO_API int TracedSurface(const CKivoFunctionPlotter& plotter);

@@ -246,6 +246,10 @@ void SurfaceAccess::FitAxes(CKivoFunctionPlotter& plotter, bool all) {
     FitToData(plotter);
 }
 
+bool SurfaceAccess::AreAxesFitted(const CKivoFunctionPlotter& plotter) {
+    return plotter.m_surfaces.layers && plotter.m_surfaces.layers->areAxesFitted;
+}
+
 int AddSurface(CKivoFunctionPlotter& plotter, const float* points, unsigned int columns, unsigned int rows,
                unsigned int columnStride, unsigned int rowStride, unsigned int components,
                const SKivoSurface& surface) {
@@ -281,6 +285,10 @@ int SetSurface(CKivoFunctionPlotter& plotter, int surface, const SKivoSurface& v
 int FitAxesToSurfaces(CKivoFunctionPlotter& plotter, bool all) {
     SurfaceAccess::FitAxes(plotter, all);
     return 0;
+}
+
+bool AxesFitSurfaces(const CKivoFunctionPlotter& plotter) {
+    return SurfaceAccess::AreAxesFitted(plotter);
 }
 
 int TracedSurface(const CKivoFunctionPlotter& plotter) {

@@ -111,6 +111,7 @@ struct SurfaceAccess {
     static int Get(const CKivoFunctionPlotter& plotter, int number, SKivoSurface& looks);
     static int Set(CKivoFunctionPlotter& plotter, int number, const SKivoSurface& looks);
     static void FitAxes(CKivoFunctionPlotter& plotter, bool all);
+    static bool AreAxesFitted(const CKivoFunctionPlotter& plotter);
     static int Traced(const CKivoFunctionPlotter& plotter);
     static bool HasData(const CKivoFunctionPlotter& plotter);
     static unsigned int Count(const CKivoFunctionPlotter& plotter);

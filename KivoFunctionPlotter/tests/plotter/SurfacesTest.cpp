@@ -211,7 +211,9 @@ TEST_P(Surfaces, AxesFitTheFirstOrAll) {
     const float least = plotter.m_boundingBoxMin[2], most = plotter.m_boundingBoxMax[2];
     const int number = Add(FlatSurface(7.0f));
     EXPECT_EQ(plotter.m_boundingBoxMax[2], most);
+    EXPECT_FALSE(AxesFitSurfaces(plotter));
     ASSERT_EQ(FitAxesToSurfaces(plotter, true), 0);
+    EXPECT_TRUE(AxesFitSurfaces(plotter));
     EXPECT_EQ(plotter.m_boundingBoxMax[2], 7.0f);
     EXPECT_EQ(plotter.m_boundingBoxMin[2], least);
     const int lower = Add(FlatSurface(-9.0f));
@@ -226,6 +228,7 @@ TEST_P(Surfaces, AxesFitTheFirstOrAll) {
     Add(FlatSurface(7.0f), OneColor(0, 0.0f));
     EXPECT_EQ(plotter.m_boundingBoxMax[2], 7.0f) << "hidden ones count";
     ASSERT_EQ(FitAxesToSurfaces(plotter, false), 0);
+    EXPECT_FALSE(AxesFitSurfaces(plotter));
     EXPECT_TRUE(ImagesAgree(CaptureImage(plotter), alone, 12, 0.1, "surfaces-first"));
 }
 

@@ -567,6 +567,7 @@ const std::vector<PublicMember> surfaceFunctions = {
                FitAxesToSurfaces(p, !all);
                return FitAxesToSurfaces(p, all);
            }),
+    Member("AxesFitSurfaces()", none, [](P& p, A&) { AxesFitSurfaces(p); }),
     Member("TracedSurface()", none, [](P& p, A&) { TracedSurface(p); }),
     Member("RemoveSurface(grid, looks, int)", none, AddAndRemove).Refuses(-2).Refuses(-3),
 };
