@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <string>
 
 using namespace KivoTest;
@@ -43,6 +44,14 @@ TEST_F(GuidePictures, PointsAndTrace) {
     MoveBy(60, 30);
     Settled();
     KeepPng(Grab(AreaOf(m_window)), "points");
+}
+
+TEST_F(GuidePictures, Surfaces) {
+    std::ofstream(Path("water.csv")) << ",0,12,30\n0,440,440,440\n25,440,440,440\n";
+    Begin({data + "../../samples/terrain.asc", Path("water.csv"), "--title", "Terrain and water",
+           "--surface-color", "values", "--surface-color", "3070c0", "--opacity", "1", "--opacity", "0.6",
+           "--no-frame-lines", "--colors", "terrain", "--legend-title", "m", "--legend-numbers", "round"});
+    KeepWindow("surfaces");
 }
 
 TEST_F(GuidePictures, Keys) {

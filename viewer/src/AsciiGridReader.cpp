@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <limits>
 #include <optional>
-#include <utility>
 
 namespace KivoViewer {
 
@@ -88,8 +87,8 @@ bool IsSame(double number, double noData) {
 }
 
 void ReadRow(const TextLines& lines, const std::vector<std::string_view>& fields, double noData,
-             std::vector<float>& z) {
-    constexpr float hole = std::numeric_limits<float>::quiet_NaN();
+             std::vector<double>& z) {
+    constexpr double hole = std::numeric_limits<double>::quiet_NaN();
     for (const std::string_view field : fields) {
         const std::optional<double> number = ParseNumber(field);
         z.push_back(number && IsSame(*number, noData) ? hole : ValueIn(lines, field));
@@ -105,8 +104,7 @@ std::vector<double> Centers(const TextLines& lines, const Entry& start, const En
         if (!FitsSinglePrecision(centers.back()))
             lines.FailAt(cell.line, "the cells reach beyond single precision");
         if (!IsLastInOrder(centers))
-            lines.FailAt(cell.line,
-                         "the cells are too small for coordinates of this size in single precision");
+            lines.FailAt(cell.line, "the cells are too small for coordinates of this size");
     }
     return centers;
 }
@@ -129,7 +127,7 @@ GridData ReadAsciiGrid(TextLines& lines) {
     std::vector<double> y = Centers(lines, header.y, header.cell, rows);
     std::reverse(y.begin(), y.end()); // the northernmost row comes first
 
-    std::vector<float> z;
+    std::vector<double> z;
     std::size_t row = 0;
     do {
         if (row == rows) lines.Fail("more than " + std::to_string(rows) + " rows");
@@ -141,7 +139,7 @@ GridData ReadAsciiGrid(TextLines& lines) {
         ++row;
     } while (lines.Next());
     if (row != rows) lines.Fail("expected " + std::to_string(rows) + " rows, found " + std::to_string(row));
-    return MakeGrid(lines.Name(), x, y, std::move(z));
+    return MakeGrid(lines.Name(), x, y, z);
 }
 
 } // namespace KivoViewer

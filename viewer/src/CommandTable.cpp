@@ -25,6 +25,12 @@ void AddFileMenu(MenuTable& table) {
     table.push_back({menu, "&Open...", "Ctrl+O", "Open a grid of points", Command::open, {}});
     table.push_back({menu, "Open &recent", {}, "Open a grid from before", Command::openRecent, {}});
     AddLine(table);
+    table.push_back({menu,
+                     "Add sur&face...",
+                     "Ctrl+L",
+                     "Lay other grids of points over the one that is shown",
+                     Command::addSurface,
+                     {}});
     table.push_back({menu, "Add measure &points...", "Ctrl+M", "Add measure points", Command::addPoints, {}});
     table.push_back({menu, "Add &curves...", "Ctrl+U", "Add curves", Command::addCurves, {}});
     AddLine(table);
@@ -56,12 +62,16 @@ void AddViewMenu(MenuTable& table) {
     table.push_back(
         {menu, "&Reset view", "Home", "Undo turning, moving and zooming", Command::resetView, {}});
     AddLine(table);
-    AddToggles(table, menu, {"frame-lines", "grid-lines", "switch-planes", "auto-aspect"});
+    AddToggles(table, menu, {"frame-lines", "grid-lines", "switch-planes", "auto-aspect", "fit-surfaces"});
     AddLine(table);
     AddToggles(table, menu, {"x-contours", "y-contours", "z-contours"});
     AddLine(table);
-    AddToggles(table, menu, {"trace", "reduce-while-moving"});
+    AddToggles(table, menu, {"trace", "fit-digits", "reduce-while-moving"});
     AddLine(table);
+    AddToggles(table, menu, {"legend", "group-names"});
+    AddLine(table);
+    table.push_back(
+        {menu, "Sur&faces", "F8", "Show or hide the list of surfaces", Command::surfacesPanel, {}});
     table.push_back({menu,
                      "&Points and curves",
                      "F10",
@@ -123,7 +133,8 @@ std::vector<InputUse> MouseUses() {
             {"Ctrl + right button", "Zoom: down enlarges, up shrinks"},
             {"Wheel", "Zoom"},
             {"Move, while tracing", "Show the point of the surface under the pointer"},
-            {"Drop a file", "Open a grid of points"}};
+            {"Drop a file", "Open a grid of points; of several the others lie over the first"},
+            {"Shift + drop a file", "Lay a grid of points over the one that is shown"}};
 }
 
 } // namespace KivoViewer

@@ -12,6 +12,7 @@ enum class Command {
     none, ///< a setting is toggled, or nothing
     open,
     openRecent, ///< a menu of its own with the files opened last
+    addSurface,
     addPoints,
     addCurves,
     savePicture,
@@ -25,6 +26,7 @@ enum class Command {
     resetView,
     settingsSection, ///< a section of the side panel is opened
     settingsPanel,
+    surfacesPanel,
     pointsPanel,
     resetSettings,
     showKeys,

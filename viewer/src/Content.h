@@ -14,6 +14,7 @@ class PlotScene;
 /// A grid and what lies over it.
 struct Content {
     GridData grid;
+    std::vector<GridData> surfaces; ///< over the grid
     std::vector<PointFile> measureGroups;
     std::vector<PointFile> curves;
 };

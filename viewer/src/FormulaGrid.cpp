@@ -1,6 +1,7 @@
 #include "FormulaGrid.h"
 
 #include "Failure.h"
+#include "GridFormats.h"
 #include "Numbers.h"
 
 #include <muParser.h>
@@ -15,16 +16,15 @@ namespace KivoViewer {
 
 namespace {
 
-std::vector<float> CoordinatesIn(const Range& range) {
+std::vector<double> CoordinatesIn(const Range& range) {
     const double low = std::min(range.from, range.to);
     const double high = std::max(range.from, range.to);
-    std::vector<float> coordinates;
+    std::vector<double> coordinates;
     for (std::size_t i = 0; i < range.count; ++i) {
         const double share = static_cast<double>(i) / static_cast<double>(range.count - 1);
-        coordinates.push_back(static_cast<float>(low + (high - low) * share));
+        coordinates.push_back(low + (high - low) * share);
         if (i > 0 && !(coordinates[i] > coordinates[i - 1]))
-            throw Failure("the range is too narrow for " + std::to_string(range.count) +
-                          " values in single precision");
+            throw Failure("the range is too narrow for " + std::to_string(range.count) + " values");
     }
     return coordinates;
 }
@@ -38,12 +38,13 @@ std::string ErrorWords(const mu::ParserError& error, const std::string& formula)
     return words;
 }
 
-float ValueOf(mu::Parser& parser) {
+double ValueOf(mu::Parser& parser) {
     const double value = parser.Eval();
-    return FitsSinglePrecision(value) ? static_cast<float>(value) : std::numeric_limits<float>::quiet_NaN();
+    return FitsSinglePrecision(value) ? value : std::numeric_limits<double>::quiet_NaN();
 }
 
-void Evaluate(const std::string& formula, GridData& grid) {
+std::vector<double> Evaluate(const std::string& formula, const std::vector<double>& columns,
+                             const std::vector<double>& rows) {
     double x = 0.0;
     double y = 0.0;
     mu::Parser parser;
@@ -56,12 +57,14 @@ void Evaluate(const std::string& formula, GridData& grid) {
     parser.Eval();
     if (parser.GetNumResults() != 1)
         throw Failure("formula: one value is needed, not several parted by commas");
-    for (const float row : grid.y)
-        for (const float column : grid.x) {
-            x = static_cast<double>(column); // anew each time: a formula may assign to its variables
-            y = static_cast<double>(row);
-            grid.z.push_back(ValueOf(parser));
+    std::vector<double> values;
+    for (const double row : rows)
+        for (const double column : columns) {
+            x = column; // anew each time: a formula may assign to its variables
+            y = row;
+            values.push_back(ValueOf(parser));
         }
+    return values;
 }
 
 } // namespace
@@ -84,17 +87,18 @@ Range ParseRange(const std::string& text) {
 GridData MakeFormulaGrid(const std::string& formula, const Range& x, const Range& y) {
     if (x.count > maxPointCount / y.count)
         throw Failure("too many points; at most " + std::to_string(maxPointCount) + " can be shown");
-    GridData grid;
-    grid.x = CoordinatesIn(x);
-    grid.y = CoordinatesIn(y);
-    grid.title = "z = " + formula;
+    const std::vector<double> columns = CoordinatesIn(x);
+    const std::vector<double> rows = CoordinatesIn(y);
+    std::vector<double> values;
     try {
-        Evaluate(formula, grid);
+        values = Evaluate(formula, columns, rows);
     } catch (const mu::ParserError& error) {
         throw Failure("formula: " + ErrorWords(error, formula));
     }
-    if (std::none_of(grid.z.begin(), grid.z.end(), [](float value) { return std::isfinite(value); }))
+    if (std::none_of(values.begin(), values.end(), [](double value) { return std::isfinite(value); }))
         throw Failure("formula: no finite value in this range");
+    GridData grid = MakeGrid("formula", columns, rows, values);
+    grid.title = "z = " + formula;
     return grid;
 }
 

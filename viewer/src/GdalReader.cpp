@@ -71,11 +71,11 @@ struct Meaning {
         offset = GDALGetRasterOffset(band, nullptr);
     }
 
-    float ValueOf(double stored) const {
-        constexpr float hole = std::numeric_limits<float>::quiet_NaN();
+    double ValueOf(double stored) const {
+        constexpr double hole = std::numeric_limits<double>::quiet_NaN();
         if (hasNoData && IsNoData(stored)) return hole;
         const double value = stored * scale + offset;
-        return FitsSinglePrecision(value) ? static_cast<float>(value) : hole;
+        return FitsSinglePrecision(value) ? value : hole;
     }
 
 private:
@@ -87,12 +87,12 @@ private:
     }
 };
 
-std::vector<float> ReadValues(GDALRasterBandH band, const std::string& path, const Progress& progress) {
+std::vector<double> ReadValues(GDALRasterBandH band, const std::string& path, const Progress& progress) {
     const Meaning meaning(band);
     const int columns = GDALGetRasterBandXSize(band);
     const int rows = GDALGetRasterBandYSize(band);
     std::vector<double> row(static_cast<std::size_t>(columns));
-    std::vector<float> z;
+    std::vector<double> z;
     for (int r = 0; r < rows; ++r) {
         Report(progress, static_cast<double>(r) / rows);
         if (GDALRasterIO(band, GF_Read, 0, r, columns, 1, row.data(), columns, 1, GDT_Float64, 0, 0) !=

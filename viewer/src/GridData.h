@@ -10,12 +10,14 @@ namespace KivoViewer {
 /// The most points that a grid may have: what the plot makes of them then still fits a desktop's memory.
 constexpr std::size_t maxPointCount = std::size_t{1} << 24;
 
-/// A rectangular grid; x and y rise. A value that is not a number is a hole.
+/// A rectangular grid; x and y rise. A value that is not a number is a hole. All numbers are differences to
+/// an origin, so that single precision holds what national grids and large values have behind the point.
 struct GridData {
-    std::vector<float> x; ///< of the columns
-    std::vector<float> y; ///< of the rows
-    std::vector<float> z; ///< row by row, x.size() values each
-    std::string title;    ///< of the plot
+    std::vector<float> x;               ///< of the columns
+    std::vector<float> y;               ///< of the rows
+    std::vector<float> z;               ///< row by row, x.size() values each
+    double origin[3] = {0.0, 0.0, 0.0}; ///< of x, y and z; 0 where single precision holds them as they are
+    std::string title;                  ///< of the plot
     std::string axisTitles[3] = {"X", "Y", "Z"};
 
     std::size_t ColumnCount() const { return x.size(); }

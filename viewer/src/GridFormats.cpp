@@ -2,22 +2,35 @@
 
 #include "Failure.h"
 #include "Numbers.h"
+#include "Origin.h"
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <limits>
-#include <utility>
 
 namespace KivoViewer {
 
 namespace {
 
-std::vector<float> ToFloats(const std::vector<double>& numbers) {
-    std::vector<float> floats;
-    floats.reserve(numbers.size());
+std::vector<float> Differences(const std::vector<double>& numbers, double origin) {
+    std::vector<float> differences;
+    differences.reserve(numbers.size());
     for (const double number : numbers)
-        floats.push_back(static_cast<float>(number));
-    return floats;
+        differences.push_back(static_cast<float>(number - origin));
+    return differences;
+}
+
+// @param axis  x or y, for the message
+std::vector<float> Coordinates(const std::string& name, char axis, const std::vector<double>& numbers,
+                               double origin) {
+    std::vector<float> coordinates = Differences(numbers, origin);
+    if (numbers[1] < numbers[0]) std::reverse(coordinates.begin(), coordinates.end());
+    if (std::adjacent_find(coordinates.begin(), coordinates.end(), std::greater_equal<>()) !=
+        coordinates.end())
+        throw Failure(name + ": there are values of " + axis +
+                      " that lie too close to each other for the distance between the first and the last");
+    return coordinates;
 }
 
 double AnyNumberIn(const TextLines& lines, std::string_view field) {
@@ -42,18 +55,18 @@ double NumberIn(const TextLines& lines, std::string_view field) {
     return number;
 }
 
-float ValueIn(const TextLines& lines, std::string_view field) {
-    constexpr float hole = std::numeric_limits<float>::quiet_NaN();
+double ValueIn(const TextLines& lines, std::string_view field) {
+    constexpr double hole = std::numeric_limits<double>::quiet_NaN();
     if (field.empty()) return hole;
     const double number = AnyNumberIn(lines, field);
-    return std::isfinite(number) ? static_cast<float>(number) : hole;
+    return std::isfinite(number) ? number : hole;
 }
 
 bool IsLastInOrder(const std::vector<double>& coordinates) {
     const std::size_t size = coordinates.size();
     if (size < 2) return true;
-    const auto last = static_cast<float>(coordinates[size - 1]);
-    const auto previous = static_cast<float>(coordinates[size - 2]);
+    const double last = coordinates[size - 1];
+    const double previous = coordinates[size - 2];
     return coordinates[1] > coordinates[0] ? last > previous : last < previous;
 }
 
@@ -64,8 +77,7 @@ std::vector<double> EvenCoordinates(const std::string& name, double first, doubl
         if (!FitsSinglePrecision(coordinates.back()))
             throw Failure(name + ": the cells reach beyond single precision");
         if (!IsLastInOrder(coordinates))
-            throw Failure(name +
-                          ": the cells are too small for coordinates of this size in single precision");
+            throw Failure(name + ": the cells are too small for coordinates of this size");
     }
     return coordinates;
 }
@@ -76,31 +88,28 @@ void CheckSize(const std::string& name, double columns, double rows) {
 }
 
 GridData MakeGrid(const std::string& name, const std::vector<double>& x, const std::vector<double>& y,
-                  std::vector<float> z) {
+                  const std::vector<double>& z) {
     const std::size_t columns = x.size();
     const std::size_t rows = y.size();
     if (columns < 2 || rows < 2)
         throw Failure(name + ": a surface needs at least 2 x 2 points, found " + std::to_string(columns) +
                       " x " + std::to_string(rows));
-    if (std::none_of(z.begin(), z.end(), [](float value) { return std::isfinite(value); }))
+    if (std::none_of(z.begin(), z.end(), [](double value) { return std::isfinite(value); }))
         throw Failure(name + ": every value is missing");
 
     GridData grid;
-    grid.x = ToFloats(x);
-    grid.y = ToFloats(y);
-    grid.z = std::move(z);
+    grid.origin[0] = OriginOfCoordinates(x);
+    grid.origin[1] = OriginOfCoordinates(y);
+    grid.origin[2] = OriginOfValues(z);
+    grid.x = Coordinates(name, 'x', x, grid.origin[0]);
+    grid.y = Coordinates(name, 'y', y, grid.origin[1]);
+    grid.z = Differences(z, grid.origin[2]);
     grid.title = name.substr(name.find_last_of('/') + 1);
     const auto row = [&](std::size_t r) { return grid.z.begin() + static_cast<std::ptrdiff_t>(r * columns); };
-    if (x[1] < x[0]) {
-        std::reverse(grid.x.begin(), grid.x.end());
-        for (std::size_t r = 0; r < rows; ++r)
-            std::reverse(row(r), row(r + 1));
-    }
-    if (y[1] < y[0]) {
-        std::reverse(grid.y.begin(), grid.y.end());
-        for (std::size_t r = 0; r < rows / 2; ++r)
-            std::swap_ranges(row(r), row(r + 1), row(rows - 1 - r));
-    }
+    for (std::size_t r = 0; r < rows && x[1] < x[0]; ++r)
+        std::reverse(row(r), row(r + 1));
+    for (std::size_t r = 0; r < rows / 2 && y[1] < y[0]; ++r)
+        std::swap_ranges(row(r), row(r + 1), row(rows - 1 - r));
     return grid;
 }
 

@@ -28,10 +28,9 @@ std::string Quoted(std::string_view field);
 /// A field's number; fails for anything else, infinities and numbers beyond single precision included.
 double NumberIn(const TextLines& lines, std::string_view field);
 /// The same for a value of the surface: an empty field, "nan" and infinities are holes.
-float ValueIn(const TextLines& lines, std::string_view field);
+double ValueIn(const TextLines& lines, std::string_view field);
 
-/// Whether the last coordinate lies beyond its predecessor in the direction of the first two, in single
-/// precision.
+/// Whether the last coordinate lies beyond its predecessor in the direction of the first two.
 bool IsLastInOrder(const std::vector<double>& coordinates);
 
 /// Whether a text opens a Surfer grid, binary or as text.
@@ -39,16 +38,17 @@ bool IsSurferGrid(std::string_view text);
 /// Reads a Surfer grid: version 6 as text (DSAA) or binary (DSBB), or version 7 (DSRB).
 GridData ReadSurferGrid(std::string_view text, const std::string& name, const Progress& progress);
 
-/// Evenly spaced coordinates. Throws a Failure where single precision cannot tell neighbours apart.
+/// Evenly spaced coordinates. Throws a Failure where double precision cannot tell neighbours apart.
 std::vector<double> EvenCoordinates(const std::string& name, double first, double step, std::size_t count);
 
 /// Throws a Failure where a grid of this size cannot be shown.
 void CheckSize(const std::string& name, double columns, double rows);
 
-/// Makes a grid of coordinates in order, turned so that x and y rise. Fails for fewer than 2 x 2 points and
-/// where every value is a hole.
+/// Makes a grid of coordinates in order, turned so that x and y rise, as differences to what OriginOf tells.
+/// Fails for fewer than 2 x 2 points, where every value is a hole, and where single precision cannot tell
+/// neighbours apart even so.
 /// @param name  of the file, for messages and, without folders, as the title
 GridData MakeGrid(const std::string& name, const std::vector<double>& x, const std::vector<double>& y,
-                  std::vector<float> z);
+                  const std::vector<double>& z);
 
 } // namespace KivoViewer

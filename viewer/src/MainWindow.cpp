@@ -1,11 +1,11 @@
 #include "MainWindow.h"
 
 #include "Failure.h"
-#include "Numbers.h"
 #include "PlotWidget.h"
 #include "PointsPanel.h"
 #include "Preferences.h"
 #include "SettingsPanel.h"
+#include "SurfacesPanel.h"
 
 #include <KivoVersion.h>
 
@@ -56,6 +56,7 @@ MainWindow::MainWindow(const Content& content, const Options& options) : m_plot(
     FillMenus();
     m_tracePoint = new QLabel(this);
     statusBar()->addPermanentWidget(m_tracePoint);
+    m_surfacesDock->setVisible(!content.surfaces.empty());
     m_pointsDock->setVisible(!content.measureGroups.empty() || !content.curves.empty());
     Place(options);
     m_plot->Attach();
@@ -64,7 +65,7 @@ MainWindow::MainWindow(const Content& content, const Options& options) : m_plot(
     m_plot->onTrace = [this](const float* point) { ShowTrace(point); };
     m_plot->setFocus();
     ShowTitle(content.grid);
-    if (!options.file.empty()) m_path = QFile::decodeName(options.file.c_str());
+    if (!options.files.empty()) m_path = QFile::decodeName(options.files.front().c_str());
     RefreshControls();
     m_isComplete = true;
 }
@@ -102,6 +103,8 @@ QAction* MainWindow::MakeAction(const MenuEntry& entry) {
     QAction* action = nullptr;
     if (entry.command == Command::settingsPanel)
         action = m_panelDock->toggleViewAction();
+    else if (entry.command == Command::surfacesPanel)
+        action = m_surfacesDock->toggleViewAction();
     else if (entry.command == Command::pointsPanel)
         action = m_pointsDock->toggleViewAction();
     else
@@ -130,6 +133,8 @@ void MainWindow::Do(const MenuEntry& entry) {
     switch (entry.command) {
     case Command::open:
         return OpenFile();
+    case Command::addSurface:
+        return AddSurfaceFiles();
     case Command::addPoints:
         return AddPointFiles(PointSet::Kind::measureGroup);
     case Command::addCurves:
@@ -161,6 +166,7 @@ void MainWindow::Do(const MenuEntry& entry) {
     case Command::none:
     case Command::openRecent: // a menu
     case Command::settingsPanel:
+    case Command::surfacesPanel:
     case Command::pointsPanel: // the panels' own actions do that
         return;
     }
@@ -176,6 +182,10 @@ void MainWindow::MakePanels() {
     m_panelArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_panelArea->setFocusPolicy(Qt::NoFocus);
     m_panelDock = MakeDock("settings", "Settings", m_panelArea);
+    m_surfaces = new SurfacesPanel(Scene(), {[this](const SurfaceEntry& surface) { ChangeSurface(surface); },
+                                             [this](int number) { RemoveSurface(number); },
+                                             [this](const QString& text) { ShowWarning(text); }});
+    m_surfacesDock = MakeDock("surfaces", "Surfaces", m_surfaces);
     m_points = new PointsPanel(Scene(), [this] { m_plot->Redraw(); });
     m_pointsDock = MakeDock("points", "Points and curves", m_points);
 }
@@ -242,14 +252,12 @@ void MainWindow::RefreshControls() {
     }
     m_modes[static_cast<std::size_t>(settings.mode)]->setChecked(true);
     m_panel->Refresh();
+    m_surfaces->Refresh();
     m_points->Refresh();
 }
 
 void MainWindow::ShowTrace(const float* point) {
-    const auto text = [](float number) { return QString::fromStdString(FormatRounded(number)); };
-    m_tracePoint->setText(
-        point ? QString("x = %1   y = %2   z = %3").arg(text(point[0]), text(point[1]), text(point[2]))
-              : QString());
+    m_tracePoint->setText(point ? QString::fromStdString(Scene().ReadOut(point)) : QString());
 }
 
 void MainWindow::ShowWarning(const QString& text) {
@@ -265,8 +273,10 @@ void MainWindow::Place(const Options& options) {
     const WindowState last = RememberedWindow();
     if (options.hasSize || last.geometry.isEmpty()) return FitTo(options.width, options.height);
     restoreGeometry(last.geometry);
+    const bool hasSurfaces = !m_surfacesDock->isHidden();
     const bool hasPoints = !m_pointsDock->isHidden();
     restoreState(last.panels);
+    m_surfacesDock->setVisible(hasSurfaces);
     m_pointsDock->setVisible(hasPoints);
 }
 
@@ -277,10 +287,11 @@ void MainWindow::FitTo(int plotWidth, int plotHeight) {
     m_plot->SetWantedSize(QSize(plotWidth, plotHeight) / devicePixelRatioF());
     if (sizeHint().width() > room.width()) {
         m_panelDock->hide();
+        m_surfacesDock->hide();
         m_pointsDock->hide();
     }
     resize(sizeHint().boundedTo(room));
-    resizeDocks({m_panelDock, m_pointsDock}, {3, 1}, Qt::Vertical);
+    resizeDocks({m_panelDock, m_surfacesDock, m_pointsDock}, {3, 1, 1}, Qt::Vertical);
 }
 
 // The desktop's theme shows in the palette.

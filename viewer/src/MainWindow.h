@@ -22,6 +22,7 @@ namespace KivoViewer {
 class PlotWidget;
 class PointsPanel;
 class SettingsPanel;
+class SurfacesPanel;
 
 /// Throws a Failure where the plot cannot be drawn on this display.
 class MainWindow : public QMainWindow {
@@ -61,7 +62,12 @@ private:
     void FollowTheme();
     void ShowTitle(const GridData& grid);
     void OpenFile();
-    void OpenPath(const QString& path);
+    bool OpenPath(const QString& path);
+    void OpenPaths(const QStringList& paths);
+    void AddSurfaceFiles();
+    void AddSurfacePaths(const QStringList& paths);
+    void ChangeSurface(const SurfaceEntry& surface);
+    void RemoveSurface(int number);
     void AddPointFiles(PointSet::Kind kind);
     void SavePicture();
     void CopyPicture();
@@ -76,6 +82,8 @@ private:
     SettingsPanel* m_panel = nullptr;
     QScrollArea* m_panelArea = nullptr;
     QDockWidget* m_panelDock = nullptr;
+    SurfacesPanel* m_surfaces = nullptr;
+    QDockWidget* m_surfacesDock = nullptr;
     PointsPanel* m_points = nullptr;
     QDockWidget* m_pointsDock = nullptr;
     QLabel* m_tracePoint = nullptr;

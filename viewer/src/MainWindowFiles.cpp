@@ -41,16 +41,19 @@ std::string NameOf(const QString& path) {
 }
 
 // Tells the user of a failure, where there is one. Whatever it was has no effect then.
-void Try(QWidget* parent, const std::function<void()>& action) {
+// @return whether there was none
+bool Try(QWidget* parent, const std::function<void()>& action) {
     try {
         action();
+        return true;
     } catch (const Cancelled&) {
-        return;
+        return false;
     } catch (const Failure& failure) {
         QMessageBox::warning(parent, "Kivo Viewer", QString::fromStdString(OneLine(failure.what())));
     } catch (const std::bad_alloc&) {
         QMessageBox::warning(parent, "Kivo Viewer", "There is not enough memory.");
     }
+    return false;
 }
 
 // Reads a grid, with a dialog that can end it where that takes long.
@@ -124,26 +127,29 @@ QImage CopiedImage(const std::vector<unsigned char>& rgba, const PictureFormat& 
     return QImage(rgba.data(), format.width, format.height, QImage::Format_RGBA8888).copy();
 }
 
-QString LocalFileIn(const QMimeData& data) {
-    const QList<QUrl> urls = data.urls();
-    return urls.isEmpty() ? QString() : urls.first().toLocalFile();
+QStringList LocalFilesIn(const QMimeData& data) {
+    QStringList paths;
+    for (const QUrl& url : data.urls())
+        if (!url.toLocalFile().isEmpty()) paths.append(url.toLocalFile());
+    return paths;
 }
+
+const char* const gridFiles = "Grids of points (*.asc *.grd *.xyz *.csv *.txt *.dat *.tif *.tiff *.hgt *.dem "
+                              "*.nc *.vrt);;All files (*)";
 
 } // namespace
 
 // ---- Files in -------------------------------------------------------------------------------------------
 
 void MainWindow::OpenFile() {
-    const QString path = QFileDialog::getOpenFileName(
-        this, "Open a grid of points", QString(),
-        "Grids of points (*.asc *.grd *.xyz *.csv *.txt *.dat *.tif *.tiff *.hgt *.dem *.nc *.vrt);;"
-        "All files (*)");
+    const QString path = QFileDialog::getOpenFileName(this, "Open a grid of points", QString(), gridFiles);
     if (!path.isEmpty()) OpenPath(path);
 }
 
 // A file that is opened once more has other numbers, and is seen as before.
-void MainWindow::OpenPath(const QString& path) {
-    Try(this, [&] {
+// @return whether it is shown now
+bool MainWindow::OpenPath(const QString& path) {
+    return Try(this, [&] {
         const GridData grid = ReadWithDialog(this, path);
         const KivoDrawingTools::SKivoView view = Scene().View();
         Scene().Settings() = WithoutDataSettings(Scene().Settings());
@@ -157,6 +163,45 @@ void MainWindow::OpenPath(const QString& path) {
     });
 }
 
+// The first is opened, the others are laid over it.
+void MainWindow::OpenPaths(const QStringList& paths) {
+    if (OpenPath(paths.first())) AddSurfacePaths(paths.mid(1));
+}
+
+void MainWindow::AddSurfaceFiles() {
+    AddSurfacePaths(QFileDialog::getOpenFileNames(this, "Add surfaces", QString(), gridFiles));
+}
+
+// What cannot be read is told, and leaves what is shown.
+void MainWindow::AddSurfacePaths(const QStringList& paths) {
+    for (const QString& path : paths)
+        Try(this, [&] {
+            const GridData grid = ReadWithDialog(this, path);
+            Scene().AddSurface(grid, UsualLooks(Scene().Surfaces().size()));
+            RememberFile(path);
+        });
+    if (paths.isEmpty()) return;
+    if (Scene().Surfaces().size() > 1) m_surfacesDock->show();
+    m_plot->Redraw();
+    RefreshControls();
+}
+
+void MainWindow::ChangeSurface(const SurfaceEntry& surface) {
+    Try(this, [&] { Scene().ChangeSurface(surface); });
+    if (surface.number == 0 && surface.hasLines != Scene().Settings().showsFrameLines) {
+        Scene().Settings().showsFrameLines = surface.hasLines;
+        Scene().ApplySwitches();
+    }
+    m_plot->Redraw();
+    RefreshControls();
+}
+
+void MainWindow::RemoveSurface(int number) {
+    Try(this, [&] { Scene().RemoveSurface(number); });
+    m_plot->Redraw();
+    RefreshControls();
+}
+
 void MainWindow::ListRecentFiles(QMenu* menu) {
     menu->clear();
     for (const QString& path : RecentFiles()) {
@@ -168,15 +213,17 @@ void MainWindow::ListRecentFiles(QMenu* menu) {
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
-    if (!LocalFileIn(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+    if (!LocalFilesIn(*event->mimeData()).isEmpty()) event->acceptProposedAction();
 }
 
-// The file is read afterwards: whoever it comes from waits for the end of this.
+// Files are read afterwards: whoever they come from waits for the end of this.
 void MainWindow::dropEvent(QDropEvent* event) {
-    const QString path = LocalFileIn(*event->mimeData());
-    if (path.isEmpty()) return;
-    event->acceptProposedAction();
-    QTimer::singleShot(0, this, [this, path] { OpenPath(path); });
+    const QStringList paths = LocalFilesIn(*event->mimeData());
+    if (paths.isEmpty()) return;
+    const bool adds = (event->modifiers() & Qt::ShiftModifier) != 0;
+    event->setDropAction(Qt::CopyAction); // with Shift the files would be moved
+    event->accept();
+    QTimer::singleShot(0, this, [=] { adds ? AddSurfacePaths(paths) : OpenPaths(paths); });
 }
 
 void MainWindow::AddPointFiles(PointSet::Kind kind) {

@@ -1,8 +1,6 @@
 // Matrices of values.
 #include "GridFormats.h"
 
-#include <utility>
-
 namespace KivoViewer {
 
 namespace {
@@ -36,7 +34,7 @@ GridData ReadMatrix(TextLines& lines) {
     const std::size_t first = hasCoordinates ? 1 : 0; // field of the first value
     const std::vector<double> x = hasCoordinates ? NumbersIn(lines, fields, 1) : CountingFrom0(width);
     std::vector<double> y;
-    std::vector<float> z;
+    std::vector<double> z;
     if (hasCoordinates && !lines.Next()) lines.Fail("no values after the x values");
     do {
         SplitFields(lines.Line(), separator, fields);
@@ -50,7 +48,7 @@ GridData ReadMatrix(TextLines& lines) {
         if (z.size() > maxPointCount)
             lines.Fail("too many points; at most " + std::to_string(maxPointCount) + " can be shown");
     } while (lines.Next());
-    return MakeGrid(lines.Name(), x, y, std::move(z));
+    return MakeGrid(lines.Name(), x, y, z);
 }
 
 } // namespace KivoViewer

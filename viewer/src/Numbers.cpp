@@ -1,5 +1,6 @@
 #include "Numbers.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <system_error>
@@ -19,8 +20,8 @@ std::optional<Number> ParseWhole(std::string_view text) {
 }
 
 // @param how  as std::to_chars takes it
-template <typename... How>
-std::string Written(float number, How... how) {
+template <typename Number, typename... How>
+std::string Written(Number number, How... how) {
     if (std::isnan(number)) return "NaN";
     char text[64];
     const auto result = std::to_chars(text, text + sizeof text, number, how...);
@@ -41,9 +42,36 @@ std::string FormatNumber(float number) {
     return Written(number);
 }
 
+std::string FormatNumber(double number) {
+    return Written(number);
+}
+
 std::string FormatRounded(float number) {
     constexpr int digits = 6;
     return Written(number, std::chars_format::general, digits);
+}
+
+double AbsoluteNumber(double origin, float difference) {
+    constexpr int digits = 15; // that double precision keeps
+    const double meant = *ParseNumber(FormatNumber(difference));
+    if (origin == 0.0) return meant;
+    return *ParseNumber(Written(origin + meant, std::chars_format::general, digits));
+}
+
+std::string FormatStep(double number, double step) {
+    constexpr int mostDecimals = 9;
+    constexpr double longNumber = 1e15;
+    const double decimals = std::ceil(-std::log10(step) - 1e-9); // of powers of ten these are whole
+    if (!(decimals <= mostDecimals) || !(std::abs(number) < longNumber)) {
+        constexpr double mostDigits = 15.0; // that double precision keeps
+        const double digits = std::floor(std::log10(std::abs(number))) + decimals + 1.0;
+        const double kept = digits < mostDigits ? std::max(digits, 1.0) : mostDigits; // of what is none, too
+        return Written(number, std::chars_format::general, static_cast<int>(kept));
+    }
+    const std::string text =
+        Written(number, std::chars_format::fixed, std::max(static_cast<int>(decimals), 0));
+    const bool isZero = text.find_first_not_of("-0.") == std::string::npos;
+    return isZero && text[0] == '-' ? text.substr(1) : text;
 }
 
 bool FitsSinglePrecision(double number) {

@@ -5,13 +5,16 @@
 #include "GdalReader.h"
 #include "ManualPage.h"
 #include "Numbers.h"
+#include "PlotScene.h"
 #include "SettingTable.h"
 
 #include <CLI/CLI.hpp>
 #include <KivoVersion.h>
 
+#include <algorithm>
 #include <cctype>
 #include <map>
+#include <utility>
 
 namespace KivoViewer {
 
@@ -44,12 +47,15 @@ struct Words {
     std::string azimuth;
     std::string elevation;
     std::string zoom;
+    std::vector<std::string> opacities;
+    std::vector<std::string> surfaceColors;
     bool wantsManualPage = false;
     std::map<std::string, std::string> settings; // by their names
 };
 
 const char* ValueName(const Setting& setting) {
-    constexpr const char* names[] = {"", "COUNT", "NUMBER", "TEXT", "COLOUR"}; // as the kinds of fields
+    constexpr const char* names[] = {"",       "COUNT", "NUMBER", "TEXT",
+                                     "COLOUR", "NAME",  "MIN:MAX"}; // as the kinds of fields
     return names[setting.field.index()];
 }
 
@@ -125,11 +131,26 @@ void DescribeViewpoint(CLI::App& app, Words& words) {
         ->type_name("FACTOR");
 }
 
+// How surfaces look.
+void DescribeSurfaces(CLI::App& app, Words& words) {
+    app.add_option(
+           "--opacity", words.opacities,
+           "Opacity of a surface, 0 to 1; may be repeated, for the files in their order (1, then 0.7)")
+        ->type_name("NUMBER")
+        ->allow_extra_args(false);
+    app.add_option("--surface-color", words.surfaceColors,
+                   "Colour of a surface, or values where these give the colours; may be repeated, for the "
+                   "files in their order (values, then one colour each)")
+        ->type_name("COLOUR")
+        ->allow_extra_args(false);
+}
+
 void Describe(CLI::App& app, Options& options, Words& words) {
     app.set_version_flag("--version", std::string("kivo-viewer ") + KIVO_VERSION);
     app.footer(Footer());
-    auto* const file = app.add_option("FILE", options.file,
-                                      "Grid of points: ESRI ASCII grid, Surfer grid, XYZ, CSV matrix" +
+    auto* const file = app.add_option("FILE", options.files,
+                                      "Grids of points, the second and so on over the first: ESRI ASCII "
+                                      "grid, Surfer grid, XYZ, CSV matrix" +
                                           std::string(HasGdal() ? ", or what GDAL reads" : ""));
     auto* const function =
         app.add_option("--function", options.function, "Formula such as \"sin(x)*cos(y)\"");
@@ -137,7 +158,7 @@ void Describe(CLI::App& app, Options& options, Words& words) {
         app.add_option("--picture", options.picture,
                        "Write the plot to a file of the format that its name ends in, or - for PNG "
                        "to the standard output; needs no display");
-    file->type_name("");
+    file->type_name("...");
     function->type_name("FORMULA")->excludes(file);
     app.add_option("--x", words.x, "Values of x, -3:3:61 without")
         ->type_name("FROM:TO:COUNT")
@@ -154,6 +175,7 @@ void Describe(CLI::App& app, Options& options, Words& words) {
         ->type_name("MODE")
         ->check(CLI::Range(0, 3).description(""));
     DescribeViewpoint(app, words);
+    DescribeSurfaces(app, words);
     app.add_option("--points", options.pointFiles,
                    "Measure points, x y z in each line; may be repeated, a group for each file, named by it")
         ->type_name("FILE")
@@ -222,6 +244,27 @@ void ParseViewpoint(const CLI::App& app, const Words& words, const PlotSettings&
     if (app.count("--zoom") > 0) viewpoint.zoom = NumberWithin("--zoom", words.zoom, minZoom, maxZoom);
 }
 
+void ParseSurfaces(const Words& words, Options& options) {
+    const std::size_t count = std::max<std::size_t>(options.files.size(), 1);
+    for (const auto& [option, texts] :
+         {std::pair("--opacity", &words.opacities), std::pair("--surface-color", &words.surfaceColors)})
+        if (texts->size() > count)
+            throw Failure(std::string(option) + ": given " + std::to_string(texts->size()) + " times for " +
+                          std::to_string(count) + (count == 1 ? " surface" : " surfaces"));
+    options.looks.clear();
+    for (std::size_t i = 0; i < count; ++i) {
+        SurfaceLooks looks = UsualLooks(i);
+        if (i < words.opacities.size())
+            looks.opacity = NumberWithin("--opacity", words.opacities[i], 0.0, 1.0);
+        try {
+            if (i < words.surfaceColors.size()) looks.color = ParseSurfaceColor(words.surfaceColors[i]);
+        } catch (const Failure& failure) {
+            throw Failure(std::string("--surface-color: ") + failure.what());
+        }
+        options.looks.push_back(looks);
+    }
+}
+
 Range RangeOf(const std::string& option, const std::string& text) {
     try {
         return ParseRange(text);
@@ -250,7 +293,9 @@ Options ParseOptions(int argc, const char* const* argv) {
     if (words.wantsManualPage) options.information = ManualPage(app);
     if (!options.information.empty()) return options;
     // What is given empty was given by mistake, often an unset variable of a script.
-    for (const char* const name : {"FILE", "--function", "--picture"})
+    for (const std::string& file : options.files)
+        if (file.empty()) throw Failure("FILE: empty");
+    for (const char* const name : {"--function", "--picture"})
         if (app.count(name) > 0 && app[name]->as<std::string>().empty())
             throw Failure(std::string(name) + ": empty");
     if (app.count("--x") > 0) options.x = RangeOf("--x", words.x);
@@ -261,6 +306,7 @@ Options ParseOptions(int argc, const char* const* argv) {
     if (app.count("--scale") > 0) ParseScale(words.scale, options.format);
     ParseSettings(app, words, options);
     ParseViewpoint(app, words, options.settings, options.viewpoint);
+    ParseSurfaces(words, options);
     return options;
 }
 

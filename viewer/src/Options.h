@@ -20,7 +20,8 @@ struct PixelPosition {
 /// What the command line asks for.
 struct Options {
     std::string information;               ///< text to print instead of all else: the help or the version
-    std::string file;                      ///< grid file, or empty
+    std::vector<std::string> files;        ///< grid files, the second and so on over the first
+    std::vector<SurfaceLooks> looks{1};    ///< of the surfaces: one at least, and one for each file
     std::string function;                  ///< formula, or empty
     Range x;                               ///< of the formula
     Range y;                               ///< of the formula

@@ -1,10 +1,14 @@
 #include "PlotScene.h"
 
 #include "Failure.h"
+#include "Numbers.h"
 #include "SettingTable.h"
 
+#include <KivoColorMap.h>
+#include <KivoLegend.h>
 #include <KivoMotion.h>
 #include <KivoStyle.h>
+#include <KivoSurfaces.h>
 #include <KivoWindow.h>
 
 #include <algorithm>
@@ -20,7 +24,6 @@ using Plotter = KivoDrawingTools::CKivoFunctionPlotter;
 
 namespace {
 
-constexpr unsigned int maxFrameLines = 25; // in each direction, so that the colours stay visible
 constexpr Color curveColors[] = {{255, 0, 0}, {0, 0, 0},     {255, 0, 255},
                                  {0, 96, 0},  {255, 128, 0}, {0, 0, 160}};
 constexpr float curveWidth = 2.0f;
@@ -59,10 +62,6 @@ constexpr AxisMembers axisMembers[] = {
      &Plotter::GetZAxisFloatingPointPrecision, &Plotter::SetZAxisFloatingPointPrecision,
      &Plotter::SetInverseZAxis, &Plotter::ShowZIsoContours, &Plotter::SetZGradientColor},
 };
-
-unsigned int FrameLineStep(std::size_t points) {
-    return static_cast<unsigned int>((points + maxFrameLines - 1) / maxFrameLines);
-}
 
 float* AppendPoint(float* end, float x, float y, float z) {
     end[0] = x;
@@ -126,6 +125,11 @@ bool Change(Plotter& plotter, T (Plotter::*get)() const, int (Plotter::*set)(T),
 
 } // namespace
 
+unsigned int FrameLineStep(std::size_t points) {
+    constexpr unsigned int maxFrameLines = 25; // in each direction, so that the colours stay visible
+    return static_cast<unsigned int>((points + maxFrameLines - 1) / maxFrameLines);
+}
+
 ViewerPlotter::AxisScale ViewerPlotter::Scale() const {
     return {m_axisScale[0], m_axisScale[1], m_axisScale[2]};
 }
@@ -180,12 +184,13 @@ void ViewerPlotter::FollowWheel(int delta, KivoDrawingTools::POINT screen) {
 }
 
 void PlotScene::ShowGrid(const GridData& grid) {
+    FitAxesToSurfaces(m_plotter, m_settings.fitsSurfaces);
     HandOver(m_plotter, grid);
+    ShowOrigin(grid.origin);
+    KeepFirstSurface(grid);
     KivoDrawingTools::ResetView(m_plotter); // the same grid is lit alike, whatever was shown before
 
-    m_dataScale = m_plotter.Scale();
     m_curves.clear();
-    m_longestSide = std::max(grid.ColumnCount(), grid.RowCount());
     m_motionDetail = usualMotionDetail;
     m_isMotionMeasured = false;
     ReadAutomaticSettings(grid);
@@ -212,15 +217,26 @@ void PlotScene::CompleteColors(PlotSettings& settings) const {
 }
 
 // To be called while the axes are as the data have them.
-void PlotScene::ReadAutomaticSettings(const GridData& grid) {
-    m_automatic.title = grid.title;
+void PlotScene::ReadAutomaticRanges() {
+    m_dataScale = m_plotter.Scale();
     for (int i = 0; i < 3; ++i) {
         AxisSettings& axis = m_automatic.axes[i];
-        axis.title = grid.axisTitles[i];
-        axis.min = (m_plotter.*axisMembers[i].min)();
-        axis.max = (m_plotter.*axisMembers[i].max)();
+        m_dataRange[i][0] = (m_plotter.*axisMembers[i].min)();
+        m_dataRange[i][1] = (m_plotter.*axisMembers[i].max)();
+        axis.min = AbsoluteNumber(m_origin[i], m_dataRange[i][0]);
+        axis.max = AbsoluteNumber(m_origin[i], m_dataRange[i][1]);
         axis.tickCount = (m_plotter.*axisMembers[i].tickCount)();
         axis.precision = (m_plotter.*axisMembers[i].precision)();
+    }
+    m_automatic.colorRange = ValuesOfSurfaces();
+}
+
+void PlotScene::ReadAutomaticSettings(const GridData& grid) {
+    ReadAutomaticRanges();
+    m_automatic.title = grid.title;
+    for (int i = 0; i < 3; ++i) {
+        m_automatic.axes[i].title = grid.axisTitles[i];
+        m_automatic.axes[i].labels = Choice{"plain"};
     }
     m_automatic.axes[0].lineStep = FrameLineStep(grid.ColumnCount());
     m_automatic.axes[1].lineStep = FrameLineStep(grid.RowCount());
@@ -228,6 +244,9 @@ void PlotScene::ReadAutomaticSettings(const GridData& grid) {
     m_automatic.frameLineColor = Color{0, 0, 0};
     m_automatic.gradientStart = Color{0, 0, 255};
     m_automatic.gradientEnd = Color{255, 0, 0};
+    m_automatic.colors = Choice{"gradient"};
+    m_automatic.legendTitle = "";
+    m_automatic.legendNumbers = Choice{"set"};
     m_automatic.legendPrecision = 3;
     m_automatic.pointSize = 4;
 }
@@ -239,9 +258,12 @@ void PlotScene::ApplyAll() {
     ApplyLineSteps();
     ApplyContourCount();
     ApplyGradients();
+    ApplyColorRange();
     ApplyLegend();
+    ApplyLabels();
     ApplyTrace();
     ApplyMotion();
+    ApplyFit();
     ApplyAspect();
     ApplyView();
     ApplyAxes();
@@ -256,17 +278,22 @@ void PlotScene::ApplyTitles() {
 
 void PlotScene::ApplyAxes() {
     const PlotSettings settings = Effective();
-    for (int i = 0; i < 3; ++i)
-        if (!(*settings.axes[i].min < *settings.axes[i].max))
+    float ranges[3][2];
+    for (int i = 0; i < 3; ++i) {
+        const AxisSettings& own = m_settings.axes[i];
+        ranges[i][0] = own.min ? Difference(i, *own.min) : m_dataRange[i][0];
+        ranges[i][1] = own.max ? Difference(i, *own.max) : m_dataRange[i][1];
+        if (!(ranges[i][0] < ranges[i][1]))
             throw Failure(std::string("the ") + "XYZ"[i] + " axis must rise, not go from " +
                           TextOf(FindSetting(std::string(1, "xyz"[i]) + "-min"), settings) + " to " +
                           TextOf(FindSetting(std::string(1, "xyz"[i]) + "-max"), settings));
+    }
     bool isNewRange = false;
     for (int i = 0; i < 3; ++i) {
         const AxisSettings& axis = settings.axes[i];
         const AxisMembers& members = axisMembers[i];
-        isNewRange |= Change(m_plotter, members.min, members.setMin, *axis.min);
-        isNewRange |= Change(m_plotter, members.max, members.setMax, *axis.max);
+        isNewRange |= Change(m_plotter, members.min, members.setMin, ranges[i][0]);
+        isNewRange |= Change(m_plotter, members.max, members.setMax, ranges[i][1]);
         Change(m_plotter, members.tickCount, members.setTickCount, *axis.tickCount);
         Change(m_plotter, members.precision, members.setPrecision, *axis.precision);
     }
@@ -350,6 +377,8 @@ void PlotScene::ApplySwitches() {
         (m_plotter.*axisMembers[i].showContours)(settings.axes[i].showsContours);
     m_plotter.SetFrameLineColor(settings.frameLineColor->Packed());
     m_plotter.SetPointRadiusPixelSize(*settings.pointSize);
+    ShowMeasureGroupNames(m_plotter, settings.listsGroups);
+    FitReadOutDigits(m_plotter, settings.fitsReadOut);
 }
 
 void PlotScene::SetPixelScale(double scale) {
@@ -372,10 +401,35 @@ void PlotScene::ApplyGradients() {
     for (int i = 0; i < 3; ++i) // Z last: the others leave the context current
         (m_plotter.*axisMembers[i].setGradient)(settings.axes[i].gradientStart->Packed(),
                                                 settings.axes[i].gradientEnd->Packed());
+    for (int i = 0; i < 3; ++i) // no name of a table: the gradient
+        SetColorMap(m_plotter, i, settings.colors->name.c_str());
+}
+
+void PlotScene::ApplyColorRange() {
+    constexpr int z = 2;
+    const ValueRange range = m_settings.colorRange.value_or(ValueRange());
+    const float from = m_settings.colorRange ? Difference(z, range.from) : 0.0f;
+    const float to = m_settings.colorRange ? Difference(z, range.to) : 0.0f;
+    if (m_settings.colorRange && from == to)
+        throw Failure("the colours need a wider range than " +
+                      TextOf(FindSetting("color-range"), m_settings));
+    if (SetColorRange(m_plotter, z, from, to) != 0)
+        throw Failure("the colours cannot have the range " + TextOf(FindSetting("color-range"), m_settings));
 }
 
 void PlotScene::ApplyLegend() {
-    m_plotter.SetGradientColorRuleFloatingPointPrecision(*Effective().legendPrecision);
+    const PlotSettings settings = Effective();
+    const std::vector<std::string>& names = FindSetting("legend-numbers").choices;
+    const auto name = std::find(names.begin(), names.end(), settings.legendNumbers->name);
+    m_plotter.SetGradientColorRuleFloatingPointPrecision(*settings.legendPrecision);
+    for (int i = 0; i < 3; ++i) {
+        KivoDrawingTools::SKivoLegend legend;
+        legend.isShown = settings.showsLegend;
+        legend.numbers = static_cast<KivoDrawingTools::KivoLegendNumbers>(name - names.begin());
+        if (i == 2) legend.title = *settings.legendTitle;
+        if (SetLegend(m_plotter, i, legend) != 0)
+            throw Failure(std::string("cannot draw: ") + KivoDrawingTools::LastWindowError());
+    }
 }
 
 void PlotScene::ApplyTrace() {
@@ -387,7 +441,7 @@ void PlotScene::ApplyMotion() {
 }
 
 bool PlotScene::NeedsMotionMeasured() const {
-    const bool canReduce = m_settings.mode == 0 && m_longestSide > leastMotionDetail;
+    const bool canReduce = m_settings.mode == 0 && LongestSide() > leastMotionDetail;
     return !m_isMotionMeasured && m_settings.reducesMotion && canReduce;
 }
 
@@ -409,7 +463,7 @@ void PlotScene::AddPoints(PointSet::Kind kind, const PointFile& file) {
 }
 
 void PlotScene::AddCurve(const PointFile& file) {
-    std::vector<float> points = file.points; // the plotter takes them as changeable, and copies them
+    std::vector<float> points = Differences(file); // the plotter takes them as changeable, and copies them
     const int index = m_plotter.AddCurveData(points.data(), static_cast<unsigned int>(file.Count()), 3);
     PointSet curve;
     curve.kind = PointSet::Kind::curve;
@@ -423,8 +477,8 @@ void PlotScene::AddCurve(const PointFile& file) {
 }
 
 void PlotScene::AddMeasureGroup(const PointFile& file) {
-    m_groupPoints.push_back(file.points);
-    m_plotter.AddMeasurePoints(static_cast<unsigned int>(file.Count()), 3, m_groupPoints.back().data(),
+    m_groups.push_back({file, Differences(file)});
+    m_plotter.AddMeasurePoints(static_cast<unsigned int>(file.Count()), 3, m_groups.back().differences.data(),
                                file.name.c_str());
 }
 

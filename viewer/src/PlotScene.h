@@ -27,6 +27,25 @@ struct PointSet {
     bool isShown = true;
 };
 
+/// A surface, as the viewer lists it.
+struct SurfaceEntry {
+    int number = 0; ///< of the plotter; 0 for the first
+    std::string name;
+    bool isShown = true;
+    bool hasLines = false; ///< frame lines
+    SurfaceLooks looks;
+};
+
+/// How a surface is shown that is the first, second and so on, where nobody says: the first by its values,
+/// the others in one colour each, and so that what lies behind them shows through.
+SurfaceLooks UsualLooks(std::size_t index);
+
+/// The colour that a text stands for, none for "values". Throws a Failure that says what is wrong with it.
+std::optional<Color> ParseSurfaceColor(const std::string& text);
+
+/// The cells from one frame line to the next, of so many columns or rows of points.
+unsigned int FrameLineStep(std::size_t points);
+
 /// The plotter, with what only a derived class can do.
 class ViewerPlotter : public KivoDrawingTools::CKivoFunctionPlotter {
 public:
@@ -60,10 +79,20 @@ public:
 
     ViewerPlotter& Plotter() { return m_plotter; }
 
-    /// Shows a grid with the present settings in the start view. Curves go with the grid that they lay over,
-    /// measure groups stay. Throws a Failure where an axis range cannot be; the grid is shown all the same,
-    /// with the ranges that follow from it.
+    /// Shows a grid with the present settings in the start view. Curves and other surfaces go with the grid
+    /// that they lay over, measure groups stay. Throws a Failure where an axis range cannot be; the grid is
+    /// shown all the same, with the ranges that follow from it.
     void ShowGrid(const GridData& grid);
+
+    /// Lays another grid over those that are shown, in the same view. Throws a Failure where it cannot be
+    /// shown; all is as before then.
+    void AddSurface(const GridData& grid, const SurfaceLooks& looks);
+    /// The first one, and those over it in the order of adding.
+    std::vector<SurfaceEntry> Surfaces() const;
+    /// Shows, hides, colours the surface of this number. The frame lines of the first one are the setting.
+    void ChangeSurface(const SurfaceEntry& surface);
+    /// Takes a surface away. The first one stays: the axes are made for it.
+    void RemoveSurface(int number);
 
     /// Has everything that is given in pixels so many times as large. Throws a Failure.
     void SetPixelScale(double scale);
@@ -102,7 +131,10 @@ public:
     void ApplyLineSteps();
     void ApplyContourCount();
     void ApplyGradients();
-    void ApplyLegend();
+    void ApplyColorRange();
+    void ApplyLegend(); ///< throws a Failure
+    void ApplyLabels(); ///< how numbers are written; throws a Failure
+    void ApplyFit();    ///< the surfaces that the axes are made for; throws as ApplyAxes
     void ApplyTrace();
     void ApplyMotion(); ///< how much is drawn while the plot moves
 
@@ -123,8 +155,40 @@ public:
     /// Shows the point of the surface at a place of the window, as far as there is one.
     /// @param x, y  in pixels from the upper left corner
     void TraceAt(int x, int y);
+    /// The words for a point that is traced: its coordinates, with the digits that can be told apart, and its
+    /// surface, where there are several.
+    /// @param point  as the plotter tells it
+    std::string ReadOut(const float* point) const;
 
 private:
+    /// A surface with what is needed of its grid.
+    struct ShownSurface {
+        SurfaceEntry entry;
+        std::size_t columns;
+        std::size_t rows;
+        double finest[2]; ///< distance of columns and of rows
+        double min;       ///< of its values
+        double max;       ///< of its values
+    };
+
+    /// A measure group, and what the plotter reads of it at each frame.
+    struct MeasurePoints {
+        PointFile file;
+        std::vector<float> differences;
+    };
+
+    static ShownSurface ShownOf(const GridData& grid);
+    void ShowOrigin(const double* origin);
+    void KeepFirstSurface(const GridData& grid);
+    void FollowSurfaces(const KivoDrawingTools::SKivoView& view);
+    void FollowRanges(const KivoDrawingTools::SKivoView& view);
+    void ReadAutomaticRanges();
+    ValueRange ValuesOfSurfaces() const;
+    std::size_t LongestSide() const;
+    float Difference(int axis, double number) const;
+    double ReadOutStep(int axis) const;
+    std::string Coordinate(int axis, float number) const;
+    std::vector<float> Differences(const PointFile& file) const;
     void AddCurve(const PointFile& file);
     void AddMeasureGroup(const PointFile& file);
     PointSet MeasureGroup(std::size_t index);
@@ -135,14 +199,17 @@ private:
 
     PlotSettings m_settings;
     bool m_isDark = false;
-    std::size_t m_longestSide = 0;                       ///< of the grid, in points
     unsigned int m_motionDetail = 0;                     ///< points a side while the plot moves, 0: all
     bool m_isMotionMeasured = false;                     ///< for the present data and size
     PlotSettings m_automatic;                            ///< what holds where nothing is set
     std::optional<ViewerPlotter::AxisScale> m_dataScale; ///< as the data gave it
     std::vector<PointSet> m_curves;                      ///< the plotter does not tell what it has
-    std::list<std::vector<float>> m_groupPoints;         ///< the plotter reads them at each frame
-    ViewerPlotter m_plotter;                             ///< gone before the points
+    std::list<MeasurePoints> m_groups;                   ///< as they were added
+    std::vector<ShownSurface> m_surfaces;                ///< the first, and those over it
+    double m_origin[3] = {0.0, 0.0, 0.0};                ///< of all points of the plotter
+    float m_dataRange[3][2] = {};                        ///< of the axes, as the data gave it
+    std::string m_labelFormats[3] = {"plain", "plain", "plain"}; ///< that the plotter has
+    ViewerPlotter m_plotter;                                     ///< gone before the points
 };
 
 } // namespace KivoViewer

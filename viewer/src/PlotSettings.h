@@ -8,13 +8,25 @@
 
 namespace KivoViewer {
 
+/// One of the names that a setting knows.
+struct Choice {
+    std::string name;
+};
+
+/// From one value to another, which may be the smaller one.
+struct ValueRange {
+    double from = 0.0;
+    double to = 0.0;
+};
+
 /// What belongs to one axis. What is not given follows from the data.
 struct AxisSettings {
     std::optional<std::string> title;
-    std::optional<float> min;           ///< first tick value
-    std::optional<float> max;           ///< last tick value
+    std::optional<double> min;          ///< first tick value
+    std::optional<double> max;          ///< last tick value
     std::optional<unsigned> tickCount;  ///< at least 2
     std::optional<unsigned> precision;  ///< digits after the decimal point
+    std::optional<Choice> labels;       ///< how numbers are written: LabelFormat.h has the names
     bool isInverse = false;             ///< mirrored, in the 3-D plot
     bool showsContours = false;         ///< lines where this coordinate is constant
     std::optional<unsigned> lineStep;   ///< cells from one frame line to the next; of X and Y
@@ -33,6 +45,8 @@ struct PlotSettings {
     bool switchesPlanes = true; ///< the grid stands behind the surface from every side
     bool fitsAspect = true;     ///< the box keeps its shape when axis ranges change, not the axes their units
     bool traces = false;        ///< the point under the pointer is shown
+    bool fitsReadOut = true;    ///< its numbers in the plot have the digits that the ranges need, not three
+    bool fitsSurfaces = true;   ///< the axes reach as far as all surfaces, not as the first
     bool reducesMotion = true;  ///< large grids show fewer points while the plot moves
     std::optional<unsigned> contourCount;
     std::optional<Color> frameLineColor;
@@ -40,8 +54,20 @@ struct PlotSettings {
     std::optional<Color> ink; ///< of texts and of the axes' lines
     std::optional<Color> gradientStart;
     std::optional<Color> gradientEnd;
+    std::optional<Choice> colors;         ///< a table's name, or gradient
+    std::optional<ValueRange> colorRange; ///< values with the first and the last colour of Z
+    bool showsLegend = true;
+    bool listsGroups = false;                ///< names of the measure groups stand in the 3-D plot
+    std::optional<std::string> legendTitle;  ///< of Z
+    std::optional<Choice> legendNumbers;     ///< as set, fitted or round
     std::optional<unsigned> legendPrecision; ///< digits after the decimal point
     std::optional<unsigned> pointSize;       ///< radius of measure points in pixels
+};
+
+/// How a surface looks. Not a setting: it goes with the surface.
+struct SurfaceLooks {
+    double opacity = 1.0;       ///< 0 to 1
+    std::optional<Color> color; ///< without one its values give the colours
 };
 
 /// From where, and how near, a plot is shown at first, where that is not the start view. Not a setting: the

@@ -26,7 +26,7 @@ PointFile ReadPoints(std::string_view text, const std::string& name) {
             lines.Fail("expected x, y and z, found " + std::to_string(fields.size()) +
                        (fields.size() == 1 ? " value" : " values"));
         for (const std::string_view field : fields)
-            file.points.push_back(static_cast<float>(NumberIn(lines, field)));
+            file.points.push_back(NumberIn(lines, field));
         if (file.Count() > maxPoints)
             lines.Fail("too many points; at most " + std::to_string(maxPoints) + " can be shown");
     } while (lines.Next());

@@ -9,8 +9,8 @@ namespace KivoViewer {
 
 /// The points of a file, in its order.
 struct PointFile {
-    std::string name;          ///< of the file, without folders
-    std::vector<float> points; ///< x, y, z of each
+    std::string name;           ///< of the file, without folders
+    std::vector<double> points; ///< x, y, z of each
 
     std::size_t Count() const { return points.size() / 3; }
 };

@@ -1,8 +1,11 @@
 #include "SettingTable.h"
 
 #include "Failure.h"
+#include "LabelFormat.h"
 #include "Numbers.h"
 #include "PlotScene.h"
+
+#include <KivoColorMap.h>
 
 #include <algorithm>
 
@@ -20,6 +23,25 @@ constexpr unsigned maxContours = 500;
 constexpr unsigned maxLineStep = 100000;
 constexpr unsigned maxPointSize = 100;
 
+std::vector<std::string> ColorNames() {
+    std::vector<std::string> names = KivoDrawingTools::ColorMapNames();
+    names.insert(names.begin(), "gradient");
+    return names;
+}
+
+// As KivoLegendNumbers has them.
+std::vector<std::string> LegendNumberNames() {
+    return {"set", "fitted", "round"};
+}
+
+// a, b or c
+std::string Listed(const std::vector<std::string>& names) {
+    std::string text;
+    for (std::size_t i = 0; i < names.size(); ++i)
+        text += (i == 0 ? "" : i + 1 < names.size() ? ", " : " or ") + names[i];
+    return text;
+}
+
 void AddAxis(Table& table, int axis) {
     const std::string upper(1, "XYZ"[axis]);
     const std::string lower(1, "xyz"[axis]);
@@ -32,6 +54,15 @@ void AddAxis(Table& table, int axis) {
                      SettingField(axis, &Axis::tickCount), &PlotScene::ApplyAxes, true, 2, maxTicks});
     table.push_back({section, lower + "-precision", "Decimals", "Decimals of the labels of the " + section,
                      SettingField(axis, &Axis::precision), &PlotScene::ApplyAxes, true, 0, maxPrecision});
+    Setting labels = {section,
+                      lower + "-labels",
+                      "Numbers",
+                      "How the numbers of the " + section + " are written: " + Listed(LabelFormatNames()),
+                      SettingField(axis, &Axis::labels),
+                      &PlotScene::ApplyLabels,
+                      true};
+    labels.choices = LabelFormatNames();
+    table.push_back(labels);
     constexpr const char* keys[] = {"Shift+X", "Shift+Y", "Shift+Z"};
     Setting inverse = {section,
                        "inverse-" + lower,
@@ -97,6 +128,17 @@ void AddColors(Table& table) {
                      SettingField(&Plot::background), &PlotScene::ApplyColors});
     table.push_back({"Colours", "ink", "Ink", "Colour of texts and of the lines of the axes",
                      SettingField(&Plot::ink), &PlotScene::ApplyColors});
+    Setting colors = {"Colours",
+                      "colors",
+                      "From low to high",
+                      "Colours of values: " + Listed(ColorNames()),
+                      SettingField(&Plot::colors),
+                      &PlotScene::ApplyGradients};
+    colors.choices = ColorNames();
+    table.push_back(colors);
+    table.push_back({"Colours", "color-range", "Range of values",
+                     "Values of Z with the first and the last colour, instead of those of the data",
+                     SettingField(&Plot::colorRange), &PlotScene::ApplyColorRange, true});
     table.push_back({"Colours", "gradient-start", "All axes: lowest value",
                      "Colour of the smallest value, for axes without one of their own",
                      SettingField(&Plot::gradientStart), &PlotScene::ApplyGradients});
@@ -106,8 +148,40 @@ void AddColors(Table& table) {
     AddGradient(table, 0);
     AddGradient(table, 1);
     AddGradient(table, 2);
-    table.push_back({"Colours", "legend-precision", "Legend decimals", "Decimals of the legend's labels",
+}
+
+void AddLegend(Table& table) {
+    Setting legend = {"Legend",
+                      "legend",
+                      "Colour legend",
+                      "The bar of colours with its numbers",
+                      SettingField(&Plot::showsLegend),
+                      &PlotScene::ApplyLegend};
+    legend.key = "L";
+    table.push_back(legend);
+    table.push_back({"Legend", "legend-title", "Title", "What the colours of Z mean, above their bar",
+                     SettingField(&Plot::legendTitle), &PlotScene::ApplyLegend, true});
+    Setting numbers = {
+        "Legend",
+        "legend-numbers",
+        "Numbers",
+        "Numbers beside the bar: " + Listed(LegendNumberNames()) +
+            "; eleven with decimals that are set, eleven with those that they need, or round ones",
+        SettingField(&Plot::legendNumbers),
+        &PlotScene::ApplyLegend};
+    numbers.choices = LegendNumberNames();
+    table.push_back(numbers);
+    table.push_back({"Legend", "legend-precision", "Decimals",
+                     "Decimals of the legend's labels, where they are set",
                      SettingField(&Plot::legendPrecision), &PlotScene::ApplyLegend, false, 0, maxPrecision});
+    Setting groups = {"Legend",
+                      "group-names",
+                      "Names of measure groups",
+                      "A list of the measure groups in the corner of the 3-D plot",
+                      SettingField(&Plot::listsGroups),
+                      &PlotScene::ApplySwitches};
+    groups.key = "N";
+    table.push_back(groups);
 }
 
 void AddView(Table& table) {
@@ -143,6 +217,22 @@ void AddView(Table& table) {
                       &PlotScene::ApplyMotion};
     reduce.key = "R";
     table.push_back(reduce);
+    Setting fit = {"View",
+                   "fit-surfaces",
+                   "Axes fit all surfaces",
+                   "A box as large as all surfaces together",
+                   SettingField(&Plot::fitsSurfaces),
+                   &PlotScene::ApplyFit};
+    fit.key = "S";
+    table.push_back(fit);
+    Setting digits = {"View",
+                      "fit-digits",
+                      "Digits for the range",
+                      "Coordinates of the traced point with the digits that the axes need",
+                      SettingField(&Plot::fitsReadOut),
+                      &PlotScene::ApplySwitches};
+    digits.key = "D";
+    table.push_back(digits);
     table.push_back({"View", "point-size", "Point size", "Radius of measure points in pixels",
                      SettingField(&Plot::pointSize), &PlotScene::ApplySwitches, false, 1, maxPointSize});
 }
@@ -168,6 +258,7 @@ Table MakeTable() {
     AddLines(table);
     AddColors(table);
     AddView(table);
+    AddLegend(table);
     return table;
 }
 
@@ -181,7 +272,7 @@ std::string Format(const std::optional<unsigned>& count) {
     return count ? std::to_string(*count) : std::string();
 }
 
-std::string Format(const std::optional<float>& number) {
+std::string Format(const std::optional<double>& number) {
     return number ? FormatNumber(*number) : std::string();
 }
 
@@ -191,6 +282,14 @@ std::string Format(const std::optional<std::string>& text) {
 
 std::string Format(const std::optional<Color>& color) {
     return color ? FormatColor(*color) : std::string();
+}
+
+std::string Format(const std::optional<Choice>& choice) {
+    return choice ? choice->name : std::string();
+}
+
+std::string Format(const std::optional<ValueRange>& range) {
+    return range ? FormatNumber(range->from) + ':' + FormatNumber(range->to) : std::string();
 }
 
 void Parse(const Setting&, const std::string& text, bool& value) {
@@ -206,10 +305,10 @@ void Parse(const Setting& setting, const std::string& text, std::optional<unsign
     value = static_cast<unsigned>(*count);
 }
 
-void Parse(const Setting&, const std::string& text, std::optional<float>& value) {
+void Parse(const Setting&, const std::string& text, std::optional<double>& value) {
     const auto number = ParseNumber(text);
     if (!number || !FitsSinglePrecision(*number)) throw Failure("expected a number, found \"" + text + '"');
-    value = static_cast<float>(*number);
+    value = *number;
 }
 
 void Parse(const Setting&, const std::string& text, std::optional<std::string>& value) {
@@ -218,6 +317,21 @@ void Parse(const Setting&, const std::string& text, std::optional<std::string>& 
 
 void Parse(const Setting&, const std::string& text, std::optional<Color>& value) {
     value = ParseColor(text);
+}
+
+void Parse(const Setting& setting, const std::string& text, std::optional<Choice>& value) {
+    if (std::find(setting.choices.begin(), setting.choices.end(), text) == setting.choices.end())
+        throw Failure("expected " + Listed(setting.choices) + ", found \"" + text + '"');
+    value = Choice{text};
+}
+
+void Parse(const Setting&, const std::string& text, std::optional<ValueRange>& value) {
+    const std::size_t colon = text.find(':');
+    const auto from = ParseNumber(text.substr(0, colon));
+    const auto to = colon == std::string::npos ? std::nullopt : ParseNumber(text.substr(colon + 1));
+    if (!from || !to || !FitsSinglePrecision(*from) || !FitsSinglePrecision(*to) || *from == *to)
+        throw Failure("expected MIN:MAX, two different numbers, found \"" + text + '"');
+    value = ValueRange{*from, *to};
 }
 
 bool HasValue(bool) {

@@ -37,21 +37,24 @@ struct Setting {
     // The type of the value says of what kind the setting is.
     using Toggle = SettingField<bool>;
     using Count = SettingField<std::optional<unsigned>>;
-    using Number = SettingField<std::optional<float>>;
+    using Number = SettingField<std::optional<double>>;
     using Text = SettingField<std::optional<std::string>>;
     using Tint = SettingField<std::optional<Color>>;
-    using Field = std::variant<Toggle, Count, Number, Text, Tint>;
+    using Name = SettingField<std::optional<Choice>>;
+    using Values = SettingField<std::optional<ValueRange>>;
+    using Field = std::variant<Toggle, Count, Number, Text, Tint, Name, Values>;
 
     std::string section; ///< heading in the help and in the side panel
     std::string name;    ///< of the command line's option, without dashes
     std::string label;   ///< in menus and in the side panel
     std::string help;    ///< for the command line and as a tool tip
     Field field;
-    void (PlotScene::*apply)(); ///< brings it to the plot
-    bool isOfData = false;      ///< says something about one data set, and goes with it
-    unsigned least = 0;         ///< of a count
-    unsigned most = 0;          ///< of a count
-    const char* key = nullptr;  ///< that toggles it, as a key sequence
+    void (PlotScene::*apply)();            ///< brings it to the plot
+    bool isOfData = false;                 ///< says something about one data set, and goes with it
+    unsigned least = 0;                    ///< of a count
+    unsigned most = 0;                     ///< of a count
+    const char* key = nullptr;             ///< that toggles it, as a key sequence
+    std::vector<std::string> choices = {}; ///< names that it knows
 };
 
 /// All settings, those of a section together.

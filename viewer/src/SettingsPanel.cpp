@@ -1,11 +1,14 @@
 #include "SettingsPanel.h"
 
+#include "ColorSample.h"
 #include "Failure.h"
 #include "PlotScene.h"
 
 #include <QCheckBox>
 #include <QColorDialog>
+#include <QComboBox>
 #include <QFormLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
@@ -25,15 +28,47 @@ QString Words(const std::string& text) {
     return QString::fromStdString(text);
 }
 
-// With a border: a light colour would be lost on the button.
-QPixmap SampleOf(const QColor& color) {
+// Columns of colours from left to right. With a border: a light colour would be lost on the button.
+QPixmap SampleOf(const std::vector<Color>& colors) {
     QPixmap sample(32, 14);
-    sample.fill(color);
+    sample.fill(Qt::white);
     QPainter painter(&sample);
+    const int count = static_cast<int>(colors.size());
+    for (int x = 0; x < sample.width() && count > 0; ++x) {
+        const Color& color = colors[static_cast<std::size_t>(x * count / sample.width())];
+        painter.fillRect(x, 0, 1, sample.height(), QColor(color.red, color.green, color.blue));
+    }
     painter.setPen(Qt::darkGray);
     painter.drawRect(sample.rect().adjusted(0, 0, -1, -1));
     return sample;
 }
+
+QPixmap SampleOf(const std::string& name, const AxisSettings& axis) {
+    constexpr unsigned int columns = 32;
+    return SampleOf(ColorSample(name, *axis.gradientStart, *axis.gradientEnd, columns));
+}
+
+// While it has the keys, letters choose among its names: some are the window's own for other things.
+class ChoiceBox : public QComboBox {
+public:
+    using QComboBox::QComboBox;
+
+protected:
+    bool event(QEvent* event) override {
+        if (event->type() != QEvent::ShortcutOverride) return QComboBox::event(event);
+        const auto& key = static_cast<const QKeyEvent&>(*event);
+        const bool isLetter = !key.text().isEmpty() && key.text().at(0).isPrint() &&
+                              (key.modifiers() & ~Qt::KeyboardModifiers(Qt::ShiftModifier)) == Qt::NoModifier;
+        event->setAccepted(isLetter);
+        return isLetter || QComboBox::event(event);
+    }
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+            clearFocus(); // the keys are the plot's again
+        else
+            QComboBox::keyPressEvent(event);
+    }
+};
 
 } // namespace
 
@@ -108,6 +143,7 @@ QWidget* SettingsPanel::MakeEditor(const Setting& setting) {
     if (IsToggle(setting)) return MakeToggle(setting);
     if (std::holds_alternative<Setting::Count>(setting.field)) return MakeCount(setting);
     if (std::holds_alternative<Setting::Tint>(setting.field)) return MakeColorButton(setting);
+    if (!setting.choices.empty()) return MakeChoice(setting);
     return MakeLine(setting);
 }
 
@@ -136,6 +172,23 @@ QWidget* SettingsPanel::MakeCount(const Setting& setting) {
     return box;
 }
 
+QWidget* SettingsPanel::MakeChoice(const Setting& setting) {
+    auto* const box = new ChoiceBox(this);
+    const bool isOfColors = setting.name == "colors";
+    for (const std::string& name : setting.choices)
+        box->addItem(Words(name));
+    if (isOfColors) box->setIconSize(SampleOf(std::vector<Color>()).size());
+    connect(box, &QComboBox::activated, this,
+            [this, box, &setting] { Request(setting, box->currentText().toStdString()); });
+    m_refreshers.emplace_back([this, box, isOfColors, &setting] {
+        const QSignalBlocker blocker(box);
+        for (int i = 0; i < box->count() && isOfColors; ++i)
+            box->setItemIcon(i, SampleOf(box->itemText(i).toStdString(), m_shown.axes[2]));
+        box->setCurrentText(Words(TextOf(setting, m_shown)));
+    });
+    return box;
+}
+
 QWidget* SettingsPanel::MakeLine(const Setting& setting) {
     auto* const line = new QLineEdit(this);
     connect(line, &QLineEdit::editingFinished, this, [this, line, &setting] {
@@ -158,10 +211,12 @@ QWidget* SettingsPanel::MakeColorButton(const Setting& setting) {
         if (color.isValid()) Request(setting, color.name().toStdString());
     });
     m_refreshers.emplace_back([this, button, &setting] {
-        const QPixmap sample = SampleOf(QColor(Words(TextOf(setting, m_shown))));
+        const QPixmap sample = SampleOf({ParseColor(TextOf(setting, m_shown))});
         button->setIconSize(sample.size());
         button->setIcon(sample);
         button->setText(Words(TextOf(setting, m_shown)));
+        const bool isOfGradient = setting.name.find("gradient") != std::string::npos;
+        button->setEnabled(!isOfGradient || m_shown.colors->name == "gradient"); // no table has ends
     });
     return button;
 }

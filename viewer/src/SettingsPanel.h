@@ -39,6 +39,7 @@ private:
     QWidget* MakeEditor(const Setting& setting);
     QWidget* MakeToggle(const Setting& setting);
     QWidget* MakeCount(const Setting& setting);
+    QWidget* MakeChoice(const Setting& setting);
     QWidget* MakeLine(const Setting& setting);
     QWidget* MakeColorButton(const Setting& setting);
     QWidget* WithResetButton(QWidget* editor, const Setting& setting);

@@ -7,17 +7,16 @@
 #include <cstdint>
 #include <cstring>
 #include <limits>
-#include <utility>
 
 namespace KivoViewer {
 
 namespace {
 
-constexpr float hole = std::numeric_limits<float>::quiet_NaN();
+constexpr double hole = std::numeric_limits<double>::quiet_NaN();
 constexpr double blank6 = 1.70141e38; // values from here on are holes, in version 6
 
-float ValueOrHole(double value, double blank) {
-    return FitsSinglePrecision(value) && value < blank ? static_cast<float>(value) : hole;
+double ValueOrHole(double value, double blank) {
+    return FitsSinglePrecision(value) && value < blank ? value : hole;
 }
 
 // Corners and size of a grid, from one node to the other.
@@ -39,12 +38,12 @@ void Check(const std::string& name, const Extent& extent) {
     CheckSize(name, static_cast<double>(extent.columns), static_cast<double>(extent.rows));
 }
 
-GridData MakeGridOf(const std::string& name, const Extent& extent, std::vector<float> z) {
+GridData MakeGridOf(const std::string& name, const Extent& extent, const std::vector<double>& z) {
     const auto coordinates = [&](double from, double to, std::size_t count) {
         return EvenCoordinates(name, from, (to - from) / static_cast<double>(count - 1), count);
     };
     return MakeGrid(name, coordinates(extent.x0, extent.x1, extent.columns),
-                    coordinates(extent.y0, extent.y1, extent.rows), std::move(z));
+                    coordinates(extent.y0, extent.y1, extent.rows), z);
 }
 
 // ---- Text -----------------------------------------------------------------------------------------------
@@ -96,7 +95,7 @@ GridData ReadText(TextLines& lines) {
     numbers.Next("the range of z"); // of grids without a value it need not be a number that fits
     numbers.Next("the range of z");
     Check(lines.Name(), extent);
-    std::vector<float> z;
+    std::vector<double> z;
     for (std::size_t i = 0; i < extent.columns * extent.rows; ++i) {
         const std::string_view field = numbers.Next("the last value");
         const auto number = ParseNumber(field);
@@ -105,7 +104,7 @@ GridData ReadText(TextLines& lines) {
     }
     if (numbers.HasNext())
         lines.Fail("more than " + std::to_string(extent.columns * extent.rows) + " values");
-    return MakeGridOf(lines.Name(), extent, std::move(z));
+    return MakeGridOf(lines.Name(), extent, z);
 }
 
 // ---- Binary ---------------------------------------------------------------------------------------------
@@ -136,8 +135,8 @@ private:
 };
 
 template <typename T>
-std::vector<float> TakeValues(Bytes& bytes, const Extent& extent, double blank, const Progress& progress) {
-    std::vector<float> z;
+std::vector<double> TakeValues(Bytes& bytes, const Extent& extent, double blank, const Progress& progress) {
+    std::vector<double> z;
     for (std::size_t r = 0; r < extent.rows; ++r) {
         Report(progress, static_cast<double>(r) / static_cast<double>(extent.rows));
         for (std::size_t c = 0; c < extent.columns; ++c)

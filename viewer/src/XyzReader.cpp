@@ -3,7 +3,6 @@
 #include "Numbers.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace KivoViewer {
 
@@ -14,7 +13,7 @@ class PointRuns {
 public:
     explicit PointRuns(const TextLines& lines) : m_lines(lines) {}
 
-    void Add(double fast, double slow, float z) {
+    void Add(double fast, double slow, double z) {
         if (m_slow.empty() || slow != m_slow.back()) BeginRun(slow);
         if (m_slow.size() == 1)
             Append(m_fast, fast);
@@ -30,7 +29,7 @@ public:
 
     const std::vector<double>& Fast() const { return m_fast; }
     const std::vector<double>& Slow() const { return m_slow; }
-    std::vector<float> TakeValues() { return std::move(m_z); }
+    const std::vector<double>& Values() const { return m_z; }
 
 private:
     void BeginRun(double slow) {
@@ -62,14 +61,14 @@ private:
     const TextLines& m_lines;
     std::vector<double> m_fast;
     std::vector<double> m_slow;
-    std::vector<float> m_z;
+    std::vector<double> m_z;
     std::size_t m_count = 0; // points of the present run
 };
 
 struct Point {
     double x;
     double y;
-    float z;
+    double z;
 };
 
 Point PointIn(const TextLines& lines, std::vector<std::string_view>& fields) {
@@ -78,18 +77,18 @@ Point PointIn(const TextLines& lines, std::vector<std::string_view>& fields) {
     return {NumberIn(lines, fields[0]), NumberIn(lines, fields[1]), ValueIn(lines, fields[2])};
 }
 
-std::vector<float> Transposed(const std::vector<float>& values, std::size_t columns, std::size_t rows) {
-    std::vector<float> result(values.size());
+std::vector<double> Transposed(const std::vector<double>& values, std::size_t columns, std::size_t rows) {
+    std::vector<double> result(values.size());
     for (std::size_t c = 0; c < columns; ++c)
         for (std::size_t r = 0; r < rows; ++r)
             result[r * columns + c] = values[c * rows + r];
     return result;
 }
 
-GridData MakeRows(const TextLines& lines, PointRuns& runs, bool xIsFast) {
-    if (xIsFast) return MakeGrid(lines.Name(), runs.Fast(), runs.Slow(), runs.TakeValues());
+GridData MakeRows(const TextLines& lines, const PointRuns& runs, bool xIsFast) {
+    if (xIsFast) return MakeGrid(lines.Name(), runs.Fast(), runs.Slow(), runs.Values());
     return MakeGrid(lines.Name(), runs.Slow(), runs.Fast(),
-                    Transposed(runs.TakeValues(), runs.Slow().size(), runs.Fast().size()));
+                    Transposed(runs.Values(), runs.Slow().size(), runs.Fast().size()));
 }
 
 } // namespace

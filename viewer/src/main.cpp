@@ -69,7 +69,8 @@ int RunWindow(char* program, const Content& content, const Options& options) {
     // between them. The plot joins them by itself, and gets the whole way.
     QApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
     std::setlocale(LC_NUMERIC, "C"); // the plot's numbers are the same everywhere
-    if (!options.file.empty()) RememberFile(QFile::decodeName(options.file.c_str()));
+    for (const std::string& file : options.files)
+        RememberFile(QFile::decodeName(file.c_str()));
     MainWindow window(content, WithRememberedSettings(options));
     window.show();
     return QApplication::exec();

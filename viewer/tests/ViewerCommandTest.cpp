@@ -127,6 +127,23 @@ TEST_F(ViewerCommandTest, DrawsFilesFormulasAndModes) {
     });
 }
 
+TEST_F(ViewerCommandTest, DrawsSeveralSurfaces) {
+    const std::string hill = dataFolder + "hill.csv", plane = dataFolder + "plane.csv";
+    ExpectDifferentPictures({
+        {hill},
+        {hill, plane},
+        {hill, plane, "--opacity", "0.5"},
+        {hill, plane, "--opacity", "1", "--opacity", "1"},
+        {hill, plane, "--surface-color", "red"},
+        {hill, plane, "--surface-color", "values", "--surface-color", "values"},
+        {plane, hill},
+        {plane, hill, "--no-fit-surfaces"},
+        {hill, plane, hill},
+    });
+    const std::string shortRow = dataFolder + "short-row.asc";
+    ExpectFailure({hill, shortRow, "--picture", Path("a.png")}, shortRow + ":7: expected 4 values, found 3");
+}
+
 // A hole in the grid's first corner must not reach the range of the colours.
 TEST_F(ViewerCommandTest, DrawsSurfacesWithHoles) {
     const Image whole = Draw({"--function", "x*x+y*y", "--size", "400x300"});
@@ -296,6 +313,17 @@ TEST_F(ViewerCommandTest, DrawsWithSettings) {
         {"--gradient-start", "white", "--gradient-end", "#800000"},
         {"--z-min", "-1000"},
         {"--inverse-x"},
+        {"--colors", "viridis"},
+        {"--colors", "coolwarm", "--color-range", "400:800"},
+        {"--color-range", "800:400"},
+        {"--no-legend"},
+        {"--legend-title", "m"},
+        {"--legend-numbers", "round"},
+        {"--legend-numbers", "fitted"},
+        {"--z-labels", "engineering"},
+        {"--x-labels", "date"},
+        {"--points", dataFolder + "wells.csv"},
+        {"--points", dataFolder + "wells.csv", "--group-names"},
     });
 }
 
@@ -345,6 +373,9 @@ TEST_F(ViewerCommandTest, RefusesSettingsThatCannotBe) {
                   "--background: expected a colour such as ff8000 or red, found \"pinkish\"");
     ExpectFailure({"--z-ticks", "1"}, "--z-ticks: expected a whole number from 2 to 200, found \"1\"");
     ExpectFailure({"--z-min", ""}, "--z-min: expected a number, found \"\"");
+    ExpectFailure({"--colors", "rainbow"},
+                  "--colors: expected gradient, viridis, cividis, turbo, grey, terrain or coolwarm, found "
+                  "\"rainbow\"");
     ExpectFailure({"--z-min", "5000", "--picture", Path("a.png")},
                   "the Z axis must rise, not go from 5000 to 1200");
     EXPECT_EQ(FileCount(), 0U);

@@ -111,8 +111,8 @@ TEST(ViewerSurferTest, NamesWhatIsWrong) {
         {"DSAA\n3 1\n0 1\n0 1\n0 1\n", "a.grd: a surface needs at least 2 x 2 points, found 3 x 1"},
         {"DSAA\n3 2\n1 0\n0 1\n0 1\n", "a.grd: the ranges of x and y must rise"},
         {"DSAA\n99999 99999\n0 1\n0 1\n0 1\n", "a.grd: too many points; at most 16777216 can be shown"},
-        {"DSAA\n3 2\n5e7 50000001\n0 1\n0 1\n1 2 3 4 5 6\n",
-         "a.grd: the cells are too small for coordinates of this size in single precision"},
+        {"DSAA\n3 2\n1e17 100000000000000016\n0 1\n0 1\n1 2 3 4 5 6\n",
+         "a.grd: the cells are too small for coordinates of this size"},
         {"DSAA\n2 2\n0 1\n0 1\n0 1\n1.70141e38 1.70141e38 1.70141e38 1.70141e38\n",
          "a.grd: every value is missing"},
     };

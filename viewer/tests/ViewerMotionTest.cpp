@@ -113,7 +113,7 @@ public:
     ExpectedScene() : m_window(KivoDrawingTools::CreateOffscreenWindow(plotWidth, plotHeight)) {
         EXPECT_EQ(m_scene.Plotter().OnCreate(m_window, plotWidth, plotHeight, true), 0);
         KivoViewer::Options options;
-        options.file = KIVO_SAMPLE_TERRAIN;
+        options.files = {KIVO_SAMPLE_TERRAIN};
         ShowContent(m_scene, LoadContent(options, nullptr), options);
     }
     ~ExpectedScene() {

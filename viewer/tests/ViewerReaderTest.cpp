@@ -159,8 +159,11 @@ const std::vector<BadCase>& BadCases() {
         {"t.asc", "nodata_value none\n", "t.asc:1: not a number: \"none\""},
         {"t.asc", "ncols 100000\nnrows 100000\nxllcorner 0\nyllcorner 0\ncellsize 1\n1\n",
          "t.asc:2: too many points; at most 16777216 can be shown"},
-        {"t.asc", "ncols 2\nnrows 2\nxllcorner 5000000\nyllcorner 0\ncellsize 0.1\n1 2\n3 4\n",
-         "t.asc:5: the cells are too small for coordinates of this size in single precision"},
+        {"t.asc", "ncols 2\nnrows 2\nxllcorner 5e17\nyllcorner 0\ncellsize 0.1\n1 2\n3 4\n",
+         "t.asc:5: the cells are too small for coordinates of this size"},
+        {"m.csv", ",0,1e9,1000000000.001\n0,1,2,3\n1,1,2,3\n",
+         "m.csv: there are values of x that lie too close to each other for the distance between the first "
+         "and the last"},
         {"t.asc", "ncols 4\nnrows 3\nxllcorner 0\nyllcorner 0\ncellsize 1e38\n1 2 3 4\n1 2 3 4\n1 2 3 4\n",
          "t.asc:5: the cells reach beyond single precision"},
         {"p.xyz", "0 0 1\n", "p.xyz:1: a surface needs at least 2 x 2 points, found one"},
@@ -342,14 +345,15 @@ TEST(ViewerFormulaTest, TellsWhatIsWrong) {
               }),
               "too many points; at most 16777216 can be shown");
     EXPECT_EQ(MessageOf([] {
-                  MakeFormulaGrid("x", {1e7, 1e7 + 1, 5}, {0, 1, 2});
+                  MakeFormulaGrid("x", {1e17, 1e17 + 32, 5}, {0, 1, 2});
               }),
-              "the range is too narrow for 5 values in single precision");
+              "the range is too narrow for 5 values");
 }
 
 TEST(ViewerOptionsTest, ReadsTheCommandLine) {
     const Options plain = Parse({});
-    EXPECT_EQ(plain.file + plain.function + plain.picture + plain.information, "");
+    EXPECT_TRUE(plain.files.empty());
+    EXPECT_EQ(plain.function + plain.picture + plain.information, "");
     EXPECT_EQ(plain.width, 1200);
     EXPECT_EQ(plain.height, 800);
 
@@ -374,7 +378,7 @@ TEST(ViewerOptionsTest, ReadsTheCommandLine) {
     EXPECT_EQ(plain.format.PixelScale(), 1.0);
     EXPECT_EQ(plain.format.smoothing, 2);
     EXPECT_FALSE(plain.format.isTransparent);
-    EXPECT_EQ(Parse({"grid.asc"}).file, "grid.asc");
+    EXPECT_THAT(Parse({"grid.asc"}).files, ElementsAre("grid.asc"));
     EXPECT_EQ(Parse({"--picture", "-"}).picture, "-");
 }
 
@@ -394,10 +398,31 @@ TEST(ViewerOptionsTest, ReadsSettings) {
     EXPECT_EQ(Parse({"--title", ""}).settings.title, "") << "no title";
 }
 
+TEST(ViewerOptionsTest, ReadsSurfaces) {
+    const Options plain = Parse({"a.asc", "b.asc", "c.asc"});
+    EXPECT_THAT(plain.files, ElementsAre("a.asc", "b.asc", "c.asc"));
+    ASSERT_EQ(plain.looks.size(), 3U);
+    EXPECT_EQ(plain.looks[0].opacity, 1.0);
+    EXPECT_FALSE(plain.looks[0].color);
+    EXPECT_EQ(plain.looks[1].opacity, 0.7);
+    EXPECT_NE(plain.looks[1].color->Packed(), plain.looks[2].color->Packed());
+
+    const Options own = Parse({"--opacity", "0.4", "a.asc", "--opacity", "1", "b.asc", "--surface-color",
+                               "red", "--surface-color", "values", "c.asc"});
+    EXPECT_THAT(own.files, ElementsAre("a.asc", "b.asc", "c.asc"));
+    EXPECT_EQ(own.looks[0].opacity, 0.4);
+    EXPECT_EQ(own.looks[0].color->Packed(), 255UL);
+    EXPECT_EQ(own.looks[1].opacity, 1.0);
+    EXPECT_FALSE(own.looks[1].color);
+    EXPECT_EQ(own.looks[2].color->Packed(), plain.looks[2].color->Packed());
+    EXPECT_EQ(Parse({}).looks.size(), 1U);
+    EXPECT_EQ(Parse({"--function", "x", "--opacity", "0.5"}).looks[0].opacity, 0.5);
+}
+
 TEST(ViewerOptionsTest, ReadsFilesOfPoints) {
     const Options options = Parse({"--points", "a.csv", "grid.asc", "--points", "b.csv", "--curve", "c.csv",
                                    "--picture", "p.png", "--trace-at", "30,40"});
-    EXPECT_EQ(options.file, "grid.asc");
+    EXPECT_THAT(options.files, ElementsAre("grid.asc"));
     EXPECT_THAT(options.pointFiles, ElementsAre("a.csv", "b.csv"));
     EXPECT_THAT(options.curveFiles, ElementsAre("c.csv"));
     ASSERT_TRUE(options.traceAt);
@@ -418,8 +443,14 @@ TEST(ViewerOptionsTest, RefusesWhatCannotBeFollowed) {
     } cases[] = {
         {{"--unknown"},
          "The following argument was not expected: --unknown; kivo-viewer --help lists the options"},
-        {{"a.asc", "b.asc"},
-         "The following argument was not expected: b.asc; kivo-viewer --help lists the options"},
+        {{"a.asc", ""}, "FILE: empty"},
+        {{"--opacity", "1.5"}, "--opacity: expected a number from 0 to 1, found 1.5"},
+        {{"--opacity", "nan"}, "--opacity: expected a number from 0 to 1, found nan"},
+        {{"--opacity", "1", "--opacity", "1"}, "--opacity: given 2 times for 1 surface"},
+        {{"a", "b", "--surface-color", "red", "--surface-color", "red", "--surface-color", "red"},
+         "--surface-color: given 3 times for 2 surfaces"},
+        {{"--surface-color", "pinkish"},
+         "--surface-color: expected values, or a colour such as ff8000 or red, found \"pinkish\""},
         {{"a.asc", "--function", "x"}, "FILE excludes --function; kivo-viewer --help lists the options"},
         {{"--x", "0:1:2"}, "--x requires --function; kivo-viewer --help lists the options"},
         {{"--dpi", "96"}, "--dpi requires --picture; kivo-viewer --help lists the options"},

@@ -22,6 +22,7 @@ using KivoDrawingTools::Compare;
 namespace {
 
 const std::string hill = KIVO_TEST_DATA "/hill.csv";
+const std::string plane = KIVO_TEST_DATA "/plane.csv";
 
 class ViewerWindowFilesTest : public ViewerWindow {
 protected:
@@ -112,17 +113,22 @@ protected:
         EXPECT_EQ(status.data.data32[1] & 1U, 1U) << "the file is not wanted";
     }
 
-    void DropFile(const std::string& path) {
+    void DropFile(const std::string& path) { DropFiles({path}); }
+
+    void DropFiles(const std::vector<std::string>& paths) {
+        std::string list;
+        for (const std::string& path : paths)
+            list += "file://" + path + "\r\n";
         const std::uint32_t version = 5U << 24;
         const auto position = static_cast<std::uint32_t>((m_plotArea.x + 400) << 16 | (m_plotArea.y + 300));
         xcb_set_selection_owner(m_source.Connection(), static_cast<xcb_window_t>(m_source.Id()),
                                 desktop->Atom("XdndSelection"), XCB_CURRENT_TIME);
         SendDragMessage("XdndEnter", {0, version, desktop->Atom("text/uri-list"), 0, 0});
         SendDragMessage("XdndPosition", {0, 0, position, XCB_CURRENT_TIME, desktop->Atom("XdndActionCopy")});
-        HandOver("file://" + path + "\r\n"); // to see what is dragged
+        HandOver(list); // to see what is dragged
         ExpectAccepted();
         SendDragMessage("XdndDrop", {0, 0, XCB_CURRENT_TIME, 0, 0});
-        HandOver("file://" + path + "\r\n"); // to take it
+        HandOver(list); // to take them
     }
 
     // What the clipboard holds as PNG.
@@ -167,6 +173,49 @@ TEST_F(ViewerWindowFilesTest, OpensAFileThatIsDropped) {
     const Image dropped = After("drop", [this] { DropFile(hill); });
     Start({hill, "--size", "800x600"});
     EXPECT_EQ(Compare(dropped, m_start).max, 0);
+}
+
+// The first is opened, the others lie over it.
+TEST_F(ViewerWindowFilesTest, OpensSeveralFilesThatAreDropped) {
+    const Image dropped = After("drop", [this] { DropFiles({hill, plane}); });
+    Start({hill, plane, "--size", "800x600"});
+    EXPECT_EQ(Compare(dropped, m_start).max, 0);
+}
+
+TEST_F(ViewerWindowFilesTest, LaysAFileThatIsDroppedWithShiftOverTheFirst) {
+    Start({hill, "--size", "800x600"});
+    desktop->Key(shiftKey, true);
+    const Image dropped = After("drop", [this] { DropFile(plane); });
+    desktop->Key(shiftKey, false);
+    Start({hill, plane, "--size", "800x600"});
+    EXPECT_EQ(Compare(dropped, m_start).max, 0);
+}
+
+TEST_F(ViewerWindowFilesTest, AddsSurfacesByDialog) {
+    const std::string path = Copy(plane, "plane.csv");
+    Start({hill, "--size", "800x600"});
+    const Image added = After("add", [&] {
+        PressWith(controlKey, 'l');
+        WaitForDialog("Add surfaces");
+        Type(path);
+        Press(returnKey);
+        WaitForNoDialog();
+    });
+    Keep(Grab(AreaOf(m_window)), "list");
+    Start({hill, path, "--size", "800x600"});
+    EXPECT_EQ(Compare(added, m_start).max, 0);
+}
+
+TEST_F(ViewerWindowFilesTest, SaysWhatIsWrongWithASurfaceAndKeepsTheFirst) {
+    const std::string path = Copy(KIVO_TEST_DATA "/short-row.asc", "short.asc");
+    PressWith(controlKey, 'l');
+    WaitForDialog("Add surfaces");
+    Type(path);
+    Press(returnKey);
+    WaitForDialog("Kivo Viewer");
+    Press(escapeKey);
+    WaitForNoDialog();
+    ExpectStart(Settled());
 }
 
 TEST_F(ViewerWindowFilesTest, KeepsTheViewOfTheFileThatIsShown) {

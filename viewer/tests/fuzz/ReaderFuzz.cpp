@@ -34,7 +34,7 @@ void Check(const KivoViewer::GridData& grid) {
 
 void Check(const KivoViewer::PointFile& file) {
     Require(file.Count() > 0 && file.points.size() == 3 * file.Count());
-    for (const float coordinate : file.points)
+    for (const double coordinate : file.points)
         Require(std::isfinite(coordinate));
 }
 

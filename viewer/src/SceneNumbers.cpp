@@ -1,0 +1,92 @@
+// PlotScene: absolute numbers, which the plotter has as differences to an origin.
+#include "Failure.h"
+#include "LabelFormat.h"
+#include "Numbers.h"
+#include "PlotScene.h"
+
+#include <KivoAxis.h>
+#include <KivoSurfaces.h>
+#include <KivoWindow.h>
+
+#include <algorithm>
+
+namespace KivoViewer {
+
+namespace {
+
+[[noreturn]] void FailToDraw() {
+    throw Failure(std::string("cannot draw: ") + KivoDrawingTools::LastWindowError());
+}
+
+} // namespace
+
+// Measure points stay where they are.
+void PlotScene::ShowOrigin(const double* origin) {
+    if (std::equal(origin, origin + 3, m_origin)) return;
+    for (int i = 0; i < 3; ++i) {
+        if (SetAxisOrigin(m_plotter, i, origin[i]) != 0) FailToDraw();
+        m_origin[i] = origin[i];
+    }
+    m_plotter.AutoAdjustAxisLengthRatio(); // for the new ranges
+    for (MeasurePoints& group : m_groups) {
+        const std::vector<float> differences = Differences(group.file);
+        std::copy(differences.begin(), differences.end(),
+                  group.differences.begin()); // the plotter reads these
+    }
+}
+
+float PlotScene::Difference(int axis, double number) const {
+    return static_cast<float>(number - m_origin[axis]);
+}
+
+std::vector<float> PlotScene::Differences(const PointFile& file) const {
+    std::vector<float> differences;
+    differences.reserve(file.points.size());
+    for (std::size_t i = 0; i < file.points.size(); ++i)
+        differences.push_back(Difference(static_cast<int>(i % 3), file.points[i]));
+    return differences;
+}
+
+void PlotScene::ApplyLabels() {
+    const PlotSettings settings = Effective();
+    for (int i = 0; i < 3; ++i) {
+        const std::string& name = settings.axes[i].labels->name;
+        if (name == m_labelFormats[i]) continue;
+        if (SetAxisLabelFormat(m_plotter, i, LabelFormatOf(name)) != 0) FailToDraw();
+        m_labelFormats[i] = name;
+    }
+}
+
+// ---- The traced point -----------------------------------------------------------------------------------
+
+// A grid's own places are told apart, and what lies between them as far as a screen does it.
+double PlotScene::ReadOutStep(int axis) const {
+    constexpr double pixels = 2000.0;
+    constexpr double ofValues = 1e5; // differences that colours do not show are read off
+    constexpr double ofCell = 10.0;
+    const double range =
+        static_cast<double>(m_dataRange[axis][1]) - static_cast<double>(m_dataRange[axis][0]);
+    if (axis == 2) return range / ofValues;
+    double finest = range;
+    for (const ShownSurface& surface : m_surfaces)
+        finest = std::min(finest, surface.finest[axis]);
+    return std::min(range / pixels, finest / ofCell);
+}
+
+std::string PlotScene::Coordinate(int axis, float number) const {
+    const double absolute = m_origin[axis] + static_cast<double>(number);
+    const LabelFormat format = LabelFormatOf(m_labelFormats[axis]);
+    return format ? format(absolute, ReadOutStep(axis)) : FormatStep(absolute, ReadOutStep(axis));
+}
+
+std::string PlotScene::ReadOut(const float* point) const {
+    std::string text;
+    for (int i = 0; i < 3; ++i)
+        text += std::string(i > 0 ? "   " : "") + "xyz"[i] + " = " + Coordinate(i, point[i]);
+    const int traced = TracedSurface(m_plotter);
+    for (const ShownSurface& surface : m_surfaces)
+        if (m_surfaces.size() > 1 && surface.entry.number == traced) text += "   " + surface.entry.name;
+    return text;
+}
+
+} // namespace KivoViewer
