@@ -101,6 +101,10 @@ TEST_F(ViewerSurfacesTest, TakeColourOpacityAndLines) {
 
 TEST_F(ViewerSurfacesTest, HaveTheFirstWithLooksOfItsOwn) {
     SurfaceEntry first = m_scene.Surfaces()[0];
+    Set("x-line-step", "7");
+    const Image wide = Draw();
+    m_scene.ChangeSurface(first);
+    EXPECT_EQ(Compare(wide, Draw()).max, 0) << "lines are as they are set";
     first.looks = InCyan(0.5);
     m_scene.ChangeSurface(first);
     const Image changed = Draw();
@@ -111,6 +115,7 @@ TEST_F(ViewerSurfacesTest, HaveTheFirstWithLooksOfItsOwn) {
     m_scene.ChangeSurface(m_scene.Surfaces()[0]);
     EXPECT_EQ(Compare(plain, Draw()).max, 0) << "lines are a setting";
     Set("frame-lines", "on");
+    Unset("x-line-step");
     m_scene.ShowGrid(Hill());
     EXPECT_EQ(Compare(m_alone, Draw()).max, 0) << "looks go with the surface";
 }
