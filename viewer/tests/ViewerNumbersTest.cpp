@@ -147,6 +147,9 @@ TEST_F(ViewerOriginSceneTest, ShowsTheSurfaceAsNearTo0) {
         axis.max = origin[i] + 2.0;
     }
     m_scene.ApplyAxes();
+    EXPECT_EQ(m_scene.Plotter().GetXAxisMin(), -2.0f);
+    EXPECT_EQ(m_scene.Plotter().GetYAxisMax(), 2.0f);
+    EXPECT_EQ(m_scene.Plotter().GetZAxisMin(), -2.0f);
     const Image distant = Draw();
     const auto isColorful = [](const unsigned char* rgb) {
         return std::max({rgb[0], rgb[1], rgb[2]}) - std::min({rgb[0], rgb[1], rgb[2]}) > 60;
