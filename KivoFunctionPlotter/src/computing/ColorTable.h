@@ -40,6 +40,9 @@ private:
         float color[4];
         float toNext[4];
     };
+    static void Interpolate(const Step* table, const int* steps, const float* shares, std::size_t count,
+                            float* rgba);
+
     std::vector<Step> m_steps;
 };
 
