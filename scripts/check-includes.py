@@ -44,6 +44,7 @@ SURROUNDINGS = {
     "controls/win32/src": [f"{LIBRARY}/include"],
     "controls/win32/tests": [f"{LIBRARY}/tests", f"{LIBRARY}/src", f"{LIBRARY}/include"],
     "viewer/src": [f"{LIBRARY}/include"],
+    "python/src": [f"{LIBRARY}/include"],
     "viewer/tests": ["viewer/src", f"{LIBRARY}/tests", f"{LIBRARY}/tests/fuzz", f"{LIBRARY}/src", f"{LIBRARY}/include"],
     "examples/tests": ["examples", f"{LIBRARY}/tests", f"{LIBRARY}/samples", f"{LIBRARY}/include"],
     "examples": [f"{LIBRARY}/samples", f"{LIBRARY}/include"],
