@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Counts what CTest has run, the cases of GoogleTest programs one by one: scripts/count-tests.py CTEST.xml FOLDER
+"""Counts what CTest has run, the cases of GoogleTest programs and pytest one by one: scripts/count-tests.py CTEST.xml FOLDER
 
 CTEST.xml is CTest's report, FOLDER holds those of the programs. The last line is "N passed, N failed, N skipped"; the
 status is 0 where something has passed and nothing has failed.
@@ -11,9 +11,10 @@ import xml.etree.ElementTree as xml
 
 
 def cases(report):
-    """(passed, failed, skipped) of a GoogleTest program."""
+    """(passed, failed, skipped) of a GoogleTest program, or of pytest, which says it of the one suite that it has."""
     suites = xml.parse(report).getroot()
-    skipped = len(suites.findall(".//testcase[@result='skipped']"))
+    suites = suites if suites.get("tests") else suites.find("testsuite")
+    skipped = len(suites.findall(".//testcase[@result='skipped']")) + int(suites.get("skipped", 0))
     failed = int(suites.get("failures")) + int(suites.get("errors"))
     return int(suites.get("tests")) - failed - skipped, failed, skipped
 
@@ -30,7 +31,7 @@ def main():
         if report.exists():
             try:
                 counts = cases(report)
-            except (xml.ParseError, TypeError, ValueError):
+            except (xml.ParseError, AttributeError, TypeError, ValueError):
                 counts = (0, 1, 0)
             if not has_passed and counts[1] == 0:  # a sanitizer's report at its end, or a time-out
                 counts = (counts[0], 1, counts[2])

@@ -12,7 +12,7 @@ import numpy.typing as npt
 
 from . import _arrays, _colors, _files
 from ._colors import Color
-from ._kivoplot import FunctionPlotter, color_map_names, create_offscreen_window
+from ._kivoplot import Error, PlotView, color_map_names, to_pixels
 from ._records import Legend, LegendNumbers, PictureOptions, Surface, View
 
 T = TypeVar('T')
@@ -222,10 +222,14 @@ class Plot:
         self._settings = self._taken(settings)
         self._grid = _arrays.grid(z, x, y)
         self._curve_count = 0
-        self._window = create_offscreen_window(16, 16)
-        #: The plotter below, with all that the class can do.
-        self.plotter = FunctionPlotter()
-        self.plotter.on_create(self._window, *self._size)
+        self.density = 1.0  #: pixels in a unit of the widget that shows it
+        self._shown_size: Optional[tuple[int, int]] = None  # of the widget that shows it
+        #: The plotter below, with all that the class can do, and what a hand does to it.
+        self.plotter = PlotView()
+        if self.plotter.failure():
+            raise Error(self.plotter.failure())
+        self.plotter.set_size(*self._size)
+        self._lay_out(self._size)
         self._show_grid()
 
     # ---- Data ---------------------------------------------------------------------------------------------------------
@@ -237,6 +241,7 @@ class Plot:
         self._grid = grid
         self._show_grid()
         self.plotter.set_view(view)
+        self.plotter.update()
 
     def add_surface(self, z: npt.ArrayLike, x: Optional[npt.ArrayLike] = None, y: Optional[npt.ArrayLike] = None, *,
                     color: Optional[Color] = None, opacity: float = 1.0, frame_lines: bool = False) -> int:
@@ -250,7 +255,9 @@ class Plot:
             looks.color = _colors.packed('color', color)
         if _flag('frame_lines', frame_lines):
             looks.frame_line_step = (_line_step(grid.points.shape[1]), _line_step(grid.points.shape[0]))
-        return self.plotter.add_surface(grid.points, looks)
+        number = self.plotter.add_surface(grid.points, looks)
+        self.plotter.update()
+        return number
 
     def add_curve(self, points: npt.ArrayLike, *, color: Optional[Color] = None, width: float = 2.0) -> int:
         """Joins points by a line. Returns the curve's number."""
@@ -264,6 +271,7 @@ class Plot:
         self.plotter.set_curve_color(index, chosen)
         self.plotter.set_curve_width(index, width)
         self._curve_count += 1
+        self.plotter.update()
         return index
 
     def add_points(self, points: npt.ArrayLike, *, name: str = '', color: Optional[Color] = None) -> int:
@@ -274,18 +282,19 @@ class Plot:
         index = self.plotter.get_num_measure_groups() - 1
         if packed is not None:
             self.plotter.set_measure_group_color(index, packed)
+        self.plotter.update()
         return index
 
     def trace_at(self, x: int, y: int) -> Optional[tuple[float, float, float]]:
         """Marks the point of the surface at a place of the picture, in pixels at 96 dpi from the upper left corner, and
         returns it."""
-        if not self.plotter.trace((x, y)):
-            return None
-        point = self.plotter.get_trace_point()
-        if point is None:
-            return None
-        origin = self._grid.origin
-        return point[0] + origin[0], point[1] + origin[1], point[2] + origin[2]
+        place = _count(-MOST_PIXELS, MOST_PIXELS)('x', x), _count(-MOST_PIXELS, MOST_PIXELS)('y', y)
+        self._lay_out(self._size)
+        point = self.plotter.get_trace_point() if self.plotter.trace(place) else None
+        if self._shown_size is not None:
+            self._lay_out(self._shown_size)
+        self.plotter.update()
+        return None if point is None else self.absolute((point[0], point[1], point[2]))
 
     # ---- Settings -----------------------------------------------------------------------------------------------------
 
@@ -301,6 +310,7 @@ class Plot:
     @view.setter
     def view(self, view: View) -> None:
         self.plotter.set_view(view)
+        self.plotter.update()
 
     @property
     def size(self) -> tuple[int, int]:
@@ -310,8 +320,13 @@ class Plot:
     @size.setter
     def size(self, size: tuple[int, int]) -> None:
         self._size = _size(size)
+        if self._shown_size is None:
+            self.plotter.set_size(*self._size)
+            self._lay_out(self._size)
+
+    def _lay_out(self, size: tuple[int, int]) -> None:
         view = self.plotter.get_view()
-        self.plotter.on_size(0, *self._size)
+        self.plotter.on_size(0, *size)
         self.plotter.set_view(view)
 
     def _taken(self, settings: dict[str, Any]) -> dict[str, Any]:
@@ -345,6 +360,7 @@ class Plot:
             for group in groups:
                 getattr(self, f'_apply_{group}')()
             raise
+        self.plotter.update()
 
     def _show_grid(self) -> None:
         plotter = self.plotter
@@ -479,6 +495,30 @@ class Plot:
         if self.zoom is not None:
             view.zoom = self.zoom
         plotter.set_view(view)
+
+    # ---- For widgets --------------------------------------------------------------------------------------------------
+
+    def follow(self, width: int, height: int, density: float) -> None:
+        """Has the size of a widget that shows the plot, in the toolkit's units of so many pixels."""
+        self.density = density
+        self._shown_size = to_pixels(width, density), to_pixels(height, density)
+        self.plotter.set_size(*self._shown_size, min(max(density, 0.125), 8.0))
+
+    def forget_widget(self) -> None:
+        """Has the plot's own size again."""
+        self.density, self._shown_size = 1.0, None
+        self.plotter.set_size(*self._size)
+
+    def place(self, x: float, y: float) -> tuple[int, int]:
+        """The pixel of a place in the widget."""
+        return to_pixels(x, y, self.density)
+
+    def absolute(self, point: Optional[tuple[float, float, float]]) -> Optional[tuple[float, float, float]]:
+        """A point of the plotter's in the numbers of the arrays."""
+        if point is None:
+            return None
+        origin = self._grid.origin
+        return point[0] + origin[0], point[1] + origin[1], point[2] + origin[2]
 
     # ---- Pictures -----------------------------------------------------------------------------------------------------
 

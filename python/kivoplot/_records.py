@@ -79,10 +79,12 @@ class Legend:
 
 @dataclass
 class PictureOptions:
-    """How a picture is drawn: pixels (0: the window's times the scale), scale, smoothing 1 to 4, without a ground."""
+    """How a picture is drawn: pixels (0: the window's times the scale), scale, smoothing 1 to 4, without a
+    ground, with no more of the surface than a frame of a drag."""
 
     width: int = 0
     height: int = 0
     scale: float = 1.0
     smoothing: int = 1
     transparent: bool = False
+    moving: bool = False

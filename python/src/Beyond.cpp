@@ -159,6 +159,14 @@ void BindMotion(Members& members) {
             "milliseconds"_a);
 }
 
+void BindRedraw(Members& members) {
+    members
+        .Add(
+            "RenderMovedScene",
+            [](Plotter& self) { return self.Call([](Class& plotter) { return RenderMovedScene(plotter); }); })
+        .Add("SetRedrawRequest", &Plotter::RequestRedraw, "request"_a);
+}
+
 void BindStyle(Members& members) {
     members
         .Add("GetStyle",
@@ -171,7 +179,10 @@ void BindStyle(Members& members) {
                 const Kivo::SKivoStyle style = ToStyle(record);
                 Check(self.Call([&](Class& plotter) { return SetStyle(plotter, style); }), "set_style");
             },
-            "style"_a);
+            "style"_a)
+        .Add("OnDensityChanged", [](Plotter& self) {
+            Check(self.Call([](Class& plotter) { return OnDensityChanged(plotter); }), "on_density_changed");
+        });
 }
 
 void BindSurfaces(Members& members) {
@@ -251,6 +262,34 @@ void BindViews(Members& members) {
         .Add("GetViewAngles", &Angles);
 }
 
+void BindSteps(Members& members) {
+    members
+        .Add(
+            "TurnView",
+            [](Plotter& self, double right, double down) {
+                Check(self.Call([&](Class& plotter) { return TurnView(plotter, right, down); }), "turn_view");
+            },
+            "right"_a, "down"_a)
+        .Add(
+            "ShiftView",
+            [](Plotter& self, const Place& start, const Place& end) {
+                Check(self.Call([&](Class& plotter) {
+                    return ShiftView(plotter, {start.first, start.second}, {end.first, end.second});
+                }),
+                      "shift_view");
+            },
+            "start"_a, "end"_a)
+        .Add(
+            "ZoomView",
+            [](Plotter& self, double factor, const Place& place) {
+                Check(self.Call([&](Class& plotter) {
+                    return ZoomView(plotter, factor, {place.first, place.second});
+                }),
+                      "zoom_view");
+            },
+            "factor"_a, "place"_a);
+}
+
 } // namespace
 
 void BindBeyond(Members& members) {
@@ -258,9 +297,11 @@ void BindBeyond(Members& members) {
     BindColorMap(members);
     BindLegend(members);
     BindMotion(members);
+    BindRedraw(members);
     BindStyle(members);
     BindSurfaces(members);
     BindViews(members);
+    BindSteps(members);
 }
 
 } // namespace KivoPython

@@ -17,8 +17,6 @@
 namespace KivoPython {
 
 using namespace py::literals;
-namespace Kivo = KivoDrawingTools;
-using Class = Kivo::CKivoFunctionPlotter;
 using PlotterType = py::class_<Plotter>;
 using Place = std::pair<std::int32_t, std::int32_t>;
 using Rgba = std::array<float, 4>;
@@ -120,8 +118,9 @@ void BindSurface(Members& members);
 void BindColor(Members& members);
 void BindAnnotation(Members& members);
 void BindOverlays(Members& members);
-void BindBeyond(Members& members);  // the headers beyond the class
-void BindPicture(Members& members); // KivoPicture.h
+void BindBeyond(Members& members);                  // the headers beyond the class
+void BindPicture(Members& members);                 // KivoPicture.h
+void BindPlotView(py::class_<View, Plotter>& type); // KivoPlotView.h
 void BindWindow(py::module_& module);
 void BindHost(py::module_& module);
 

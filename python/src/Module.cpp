@@ -44,18 +44,20 @@ void ForbidNew(PyHeapTypeObject* type) {
 
 namespace {
 
+template <typename T>
 py::detail::value_and_holder HolderOf(PyObject* object) {
     return reinterpret_cast<py::detail::instance*>(object)->get_value_and_holder(
-        py::detail::get_type_info(typeid(Plotter)));
+        py::detail::get_type_info(typeid(T)));
 }
 
 // An object without a plotter, which Python's __new__ would make, does not exist: __init__ finds it made.
-PyObject* NewPlotter(PyTypeObject* type, PyObject*, PyObject*) {
+template <typename T>
+PyObject* New(PyTypeObject* type, PyObject*, PyObject*) {
     PyObject* const object = py::detail::make_new_instance(type);
     if (!object) return nullptr;
     try {
-        const py::detail::value_and_holder holder = HolderOf(object);
-        holder.value_ptr() = new Plotter;
+        const py::detail::value_and_holder holder = HolderOf<T>(object);
+        holder.value_ptr() = new T;
         holder.type->init_instance(holder.inst, nullptr);
     } catch (const std::exception& error) {
         Py_DECREF(object);
@@ -66,24 +68,26 @@ PyObject* NewPlotter(PyTypeObject* type, PyObject*, PyObject*) {
 }
 
 // Null while the object is being made.
-Plotter* PlotterOf(PyObject* object) {
+template <typename T>
+T* ValueOf(PyObject* object) {
     const auto* const instance = reinterpret_cast<py::detail::instance*>(object);
     if (!instance->simple_layout && !instance->nonsimple.values_and_holders) return nullptr;
-    const auto holder = HolderOf(object);
-    return holder.holder_constructed() ? holder.value_ptr<Plotter>() : nullptr;
+    const auto holder = HolderOf<T>(object);
+    return holder.holder_constructed() ? holder.template value_ptr<T>() : nullptr;
 }
 
-void SetUpPlotterType(PyHeapTypeObject* heap) {
+template <typename T>
+void SetUp(PyHeapTypeObject* heap) {
     PyTypeObject& type = heap->ht_type;
     type.tp_flags |= Py_TPFLAGS_HAVE_GC;
-    type.tp_new = NewPlotter;
+    type.tp_new = New<T>;
     type.tp_traverse = [](PyObject* self, visitproc visit, void* arg) {
         Py_VISIT(Py_TYPE(self));
-        const Plotter* const plotter = PlotterOf(self);
-        return plotter ? plotter->Visit(visit, arg) : 0;
+        const T* const value = ValueOf<T>(self);
+        return value ? value->Visit(visit, arg) : 0;
     };
     type.tp_clear = [](PyObject* self) {
-        if (Plotter* const plotter = PlotterOf(self)) plotter->Clear();
+        if (T* const value = ValueOf<T>(self)) value->Clear();
         return 0;
     };
 }
@@ -101,7 +105,7 @@ PYBIND11_MODULE(_kivoplot, module) {
     BindWindow(module);
     BindHost(module);
     PlotterType type(module, "FunctionPlotter", Doc("CKivoFunctionPlotter"),
-                     py::custom_type_setup(SetUpPlotterType));
+                     py::custom_type_setup(SetUp<Plotter>));
     type.def(py::init<>());
     Members members(type);
     BindCore(members);
@@ -112,6 +116,10 @@ PYBIND11_MODULE(_kivoplot, module) {
     BindOverlays(members);
     BindBeyond(members);
     BindPicture(members);
+    py::class_<View, Plotter> view(module, "PlotView", Doc("CKivoPlotView"),
+                                   py::custom_type_setup(SetUp<View>));
+    view.def(py::init<>());
+    BindPlotView(view);
     module.def(
         "color_map_names", [] { return Kivo::ColorMapNames(); }, Doc("ColorMapNames"));
 }

@@ -1,12 +1,12 @@
 #include "Plotter.h"
 
+#include <KivoMotion.h>
+
 #include <algorithm>
 #include <stdexcept>
 #include <utility>
 
 namespace KivoPython {
-
-namespace Kivo = KivoDrawingTools;
 
 void Check(int result, const std::string& function) {
     if (result == 0) return;
@@ -67,12 +67,29 @@ std::string Callable::Ask(double value, double step) const {
     return {};
 }
 
+void Callable::Tell(const std::function<py::tuple()>& arguments) const {
+    if (_Py_IsFinalizing()) return;
+    const py::gil_scoped_acquire acquire;
+    if (!m_function) return;
+    const py::object function = m_function;
+    try {
+        function(*arguments());
+    } catch (py::error_already_set& error) {
+        error.discard_as_unraisable(function);
+    }
+}
+
 int Callable::Visit(visitproc visit, void* arg) const {
     Py_VISIT(m_function.ptr());
     return 0;
 }
 
 // ---- Plotters -------------------------------------------------------------------------------------------
+
+Plotter::Plotter() {
+    m_content->own = std::make_unique<OpenPlotter>();
+    m_content->plotter = m_content->own.get();
+}
 
 Plotter::~Plotter() {
     const LockRelease release;
@@ -81,7 +98,8 @@ Plotter::~Plotter() {
 
 // The plotter goes before its window and what it reads.
 Plotter::Content::~Content() {
-    plotter.reset();
+    view.reset();
+    own.reset();
     window.reset();
     const py::gil_scoped_acquire acquire;
     dataArrays.clear();
@@ -115,6 +133,20 @@ std::shared_ptr<Callable> Plotter::Hold(py::object function) {
     return callable;
 }
 
+void Plotter::RequestRedraw(const py::object& request) {
+    if (m_content->view) throw py::value_error("set_redraw_request: a PlotView has its own");
+    if (!request.is_none() && !PyCallable_Check(request.ptr()))
+        throw py::type_error("set_redraw_request: request is no function");
+    std::shared_ptr<Callable> wanted = request.is_none() ? nullptr : Hold(request);
+    const auto tell = [](void* context) {
+        static_cast<Callable*>(context)->Tell([] { return py::tuple(); });
+    };
+    Call([&](OpenPlotter& plotter) {
+        SetRedrawRequest(plotter, wanted ? +tell : nullptr, wanted.get());
+        m_content->redrawRequest.swap(wanted);
+    });
+}
+
 int Plotter::Visit(visitproc visit, void* arg) const {
     for (const auto& held : m_callables) {
         const std::shared_ptr<Callable> callable = held.lock();
@@ -126,6 +158,38 @@ int Plotter::Visit(visitproc visit, void* arg) const {
 void Plotter::Clear() {
     for (const auto& held : std::exchange(m_callables, {}))
         if (const std::shared_ptr<Callable> callable = held.lock()) callable->Clear();
+}
+
+// ---- Views ----------------------------------------------------------------------------------------------
+
+View::View() {
+    const auto tell = [listeners = m_listeners](std::shared_ptr<Callable> Listeners::*which, auto arguments) {
+        if (const std::shared_ptr<Callable> listener = (*listeners).*which) listener->Tell(arguments);
+    };
+    const auto nothing = [] { return py::tuple(); };
+    Kivo::SKivoPlotViewEvents events;
+    events.redraw = [=] { tell(&Listeners::redraw, nothing); };
+    events.wake = [=](int milliseconds) {
+        tell(&Listeners::wake, [=] { return py::make_tuple(milliseconds); });
+    };
+    events.traced = [=](const float* point) {
+        tell(&Listeners::traced, [=]() -> py::tuple {
+            if (!point) return py::make_tuple(py::none());
+            return py::make_tuple(py::make_tuple(point[0], point[1], point[2]));
+        });
+    };
+    events.viewChanged = [=] { tell(&Listeners::viewChanged, nothing); };
+    events.failed = [=] { tell(&Listeners::failed, nothing); };
+    const LockRelease release;
+    const HomeLock lock(GetHome());
+    auto plotter = std::make_unique<OpenPlotter>();
+    m_content->plotter = plotter.get();
+    m_content->view = std::make_unique<Kivo::CKivoPlotView>(std::move(events), std::move(plotter));
+    m_content->own.reset();
+}
+
+void View::Listen(Listeners listeners) {
+    const Listeners before = std::exchange(*m_listeners, std::move(listeners));
 }
 
 } // namespace KivoPython

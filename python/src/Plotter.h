@@ -4,11 +4,13 @@
 #include "Home.h"
 
 #include <KivoFunctionPlotter.h>
+#include <KivoPlotView.h>
 #include <KivoWindow.h>
 
 #include <pybind11/numpy.h>
 #include <pybind11/pybind11.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -17,6 +19,8 @@
 namespace KivoPython {
 
 namespace py = pybind11;
+namespace Kivo = KivoDrawingTools;
+using Class = Kivo::CKivoFunctionPlotter;
 
 /// Releases Python's lock for its scope. Where the interpreter has ended meanwhile, the thread ends where it
 /// would take the lock again: that is an unwinding, which pybind11's own scope does not let pass.
@@ -100,6 +104,8 @@ public:
 
     /// Its text; empty where it has none, which is reported as unraisable.
     std::string Ask(double value, double step) const;
+    /// Calls it with what a function makes, with Python's lock taken. Errors are reported as unraisable.
+    void Tell(const std::function<py::tuple()>& arguments) const;
     int Visit(visitproc visit, void* arg) const;
     void Clear() { m_function = py::object(); }
 
@@ -112,8 +118,8 @@ class Plotter {
 public:
     using Points = py::array_t<float, py::array::c_style>;
 
-    Plotter() = default;
-    ~Plotter();
+    Plotter();
+    virtual ~Plotter();
     Plotter(const Plotter&) = delete;
     Plotter& operator=(const Plotter&) = delete;
 
@@ -144,11 +150,14 @@ public:
     /// What the plotter holds of a function.
     std::shared_ptr<Callable> Hold(py::object function);
 
+    /// SetRedrawRequest with a function, or none.
+    void RequestRedraw(const py::object& request);
+
     // For the collection of garbage: functions may refer to the plotter.
     int Visit(visitproc visit, void* arg) const;
     void Clear();
 
-private:
+protected:
     /// An array, and what keeps NumPy from giving it other memory: it refuses that to an array with a weak
     /// reference.
     struct HeldArray {
@@ -163,15 +172,43 @@ private:
         std::shared_ptr<WindowHandle> window;
         std::vector<HeldArray> dataArrays;
         std::vector<HeldArray> groupArrays;
-        std::optional<OpenPlotter> plotter = std::make_optional<OpenPlotter>();
+        std::shared_ptr<Callable> redrawRequest;
+        std::unique_ptr<OpenPlotter> own;
+        std::unique_ptr<Kivo::CKivoPlotView> view; // in place of an own one
+        OpenPlotter* plotter = nullptr;
     };
 
     static HeldArray Held(const Points& points);
-    void Bind(const Window& window);
 
     std::shared_ptr<Home> m_home = Home::OfThisThread();
-    std::unique_ptr<Content> m_content = std::make_unique<Content>();
     std::vector<std::weak_ptr<Callable>> m_callables;
+
+protected:
+    std::unique_ptr<Content> m_content = std::make_unique<Content>();
+};
+
+/// kivoplot.PlotView: a plotter with what a hand does to it.
+class View : public Plotter {
+public:
+    View();
+
+    /// Calls with the view, as Call does with the plotter.
+    template <typename Use>
+    auto CallView(Use use) {
+        return Call([&](Class&) { return use(*m_content->view); });
+    }
+    /// Whom to tell what; null for nobody.
+    struct Listeners {
+        std::shared_ptr<Callable> redraw;
+        std::shared_ptr<Callable> wake;
+        std::shared_ptr<Callable> traced;
+        std::shared_ptr<Callable> viewChanged;
+        std::shared_ptr<Callable> failed;
+    };
+    void Listen(Listeners listeners);
+
+private:
+    std::shared_ptr<Listeners> m_listeners = std::make_shared<Listeners>();
 };
 
 /// A call that the library could not do: kivoplot.Error.

@@ -131,6 +131,7 @@ Kivo::SKivoPictureOptions ToPictureOptions(const py::object& record) {
     reader.Take("scale", options.scale);
     reader.Take("smoothing", options.smoothing);
     reader.Take("transparent", options.transparent);
+    reader.Take("moving", options.moving);
     return options;
 }
 

@@ -37,8 +37,13 @@ void BindWindow(py::module_& module) {
                         "resize: no window that create_offscreen_window made, or a size beyond 1 to 16384");
             },
             Doc("ResizeOffscreenWindow"), "width"_a, "height"_a)
-        .def_property_readonly(
-            "dpi", [](Window& self) { return self.Call(Kivo::GetWindowDpi); }, Doc("GetWindowDpi"))
+        .def_property(
+            "dpi", [](Window& self) { return self.Call(Kivo::GetWindowDpi); },
+            [](Window& self, int dpi) {
+                Require(self.Call([&](Kivo::HWND window) { return Kivo::SetOffscreenDpi(window, dpi); }),
+                        "dpi: no window that create_offscreen_window made, or dots beyond 1 to 1200");
+            },
+            Doc("GetWindowDpi"))
         .def_property(
             "smoothing", [](Window& self) { return self.Call(Kivo::GetWindowSmoothing); },
             [](Window& self, int factor) {

@@ -16,7 +16,7 @@ HEADERS = ROOT / 'KivoFunctionPlotter' / 'include'
 ELSEWHERE = {
     'CreateTextImage', 'RenderText', 'RenderFarText', 'RenderNearText',  # within BeginGLOperation and EndGLOperation
     'CKivoFunctionPlotter',
-    'ReleaseWindow', 'ResizeOffscreenWindow', 'GetWindowDpi', 'SetWindowSmoothing', 'GetWindowSmoothing',  # Window's
+    'ReleaseWindow', 'ResizeOffscreenWindow', 'GetWindowDpi', 'SetWindowSmoothing', 'GetWindowSmoothing', 'SetOffscreenDpi',  # Window's
     'CKeepContext',
     'ScaleViewBounds',
 }
@@ -228,6 +228,8 @@ def test_what_members_do():
     plotter.set_color_map(2, 'viridis')
     plotter.set_color_map(2, [[0, 0, 0, 1], [1, 1, 1, 1]])
     plotter.set_color_map(2, None)
+    window.dpi = 100
+    plotter.on_density_changed()
     window.smoothing = 2
     assert window.smoothing == 2 and plotter.capture_picture().shape == (80, 120, 4)
     window.resize(60, 50)

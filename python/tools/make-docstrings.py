@@ -75,7 +75,7 @@ def in_python(text, names):
 
 
 # Those whose negative numbers are values.
-VALUES = {'TracedSurface', 'GetMeasureGroupIndexByName', 'Renderscene'}
+VALUES = {'TracedSurface', 'GetMeasureGroupIndexByName', 'Renderscene', 'RenderMovedScene'}
 EXCEPTIONS = {'-3': 'ValueError', '-2': 'IndexError', '-1': 'kivoplot.Error'}
 
 

@@ -23,8 +23,13 @@ from ._records import Legend, PictureOptions, Style, Surface, View
 ARGUMENTS = {'format: object': 'format: Optional[Callable[[float, float], str]]', 'style: object': 'style: Style',
              'view: object': 'view: View', 'legend: object': 'legend: Legend', 'values: object': 'values: Surface',
              'surface: object': 'surface: Optional[Surface]', 'options: object': 'options: PictureOptions',
+             'redraw: object': 'redraw: Optional[Callable[[], object]]', 'wake: object': 'wake: Optional[Callable[[int], object]]',
+             'traced: object': 'traced: Optional[Callable[[Optional[tuple[float, float, float]]], object]]',
+             'view_changed: object': 'view_changed: Optional[Callable[[], object]]',
+             'failed: object': 'failed: Optional[Callable[[], object]]', 'request: object': 'request: Optional[Callable[[], object]]',
              'pixels: numpy.ndarray': 'pixels: npt.NDArray[np.uint8]', 'points: numpy.ndarray': 'points: npt.NDArray[np.float32]'}
-RESULTS = {'get_style': 'Style', 'get_view': 'View', 'get_legend': 'Legend', 'get_surface': 'Surface'}
+RESULTS = {'get_style': 'Style', 'get_view': 'View', 'get_legend': 'Legend', 'get_surface': 'Surface',
+           'draw': 'Optional[npt.NDArray[np.uint8]]'}
 
 
 def typed(signature):
@@ -61,11 +66,11 @@ def property_lines(name, value):
     yield f'    def {name}(self) -> int: ...'
     if value.fset:
         yield f'    @{name}.setter'
-        yield f'    def {name}(self, factor: int) -> None: ...'
+        yield f'    def {name}(self, value: int) -> None: ...'
 
 
 def class_lines(name, kind):
-    base = '(RuntimeError)' if issubclass(kind, RuntimeError) else ''
+    base = '(RuntimeError)' if issubclass(kind, RuntimeError) else '(FunctionPlotter)' if name == 'PlotView' else ''
     lines = []
     for member, value in vars(kind).items():
         if isinstance(value, property):
