@@ -20,6 +20,7 @@ function(kivo_control component)
         EXPORT_NAME ${component}
         VERSION ${PROJECT_VERSION}
         SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+    set_property(TARGET ${target} PROPERTY INSTALL_RPATH "$ORIGIN") # where the library lies
     string(TOUPPER ${component} upper)
     if(BUILD_SHARED_LIBS)
         target_compile_definitions(${target} PRIVATE KIVO_BUILDING_${upper})

@@ -43,6 +43,11 @@ SURROUNDINGS = {
     "controls/core/tests": [f"{LIBRARY}/tests", f"{LIBRARY}/src", f"{LIBRARY}/include"],
     "controls/win32/src": [f"{LIBRARY}/include"],
     "controls/win32/tests": [f"{LIBRARY}/tests", f"{LIBRARY}/src", f"{LIBRARY}/include"],
+    "controls/qt/include": [f"{LIBRARY}/include"],
+    "controls/qt/src": ["controls/qt/include", f"{LIBRARY}/include"],
+    "controls/qt/designer": ["controls/qt/include"],
+    "controls/qt/tests": [
+        "controls/qt/include", "controls/qt/src", f"{LIBRARY}/samples", f"{LIBRARY}/tests", f"{LIBRARY}/include"],
     "viewer/src": [f"{LIBRARY}/include"],
     "python/src": [f"{LIBRARY}/include"],
     "viewer/tests": ["viewer/src", f"{LIBRARY}/tests", f"{LIBRARY}/tests/fuzz", f"{LIBRARY}/src", f"{LIBRARY}/include"],

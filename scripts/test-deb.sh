@@ -10,7 +10,8 @@ trap 'rm -rf "$place"' EXIT
 version=$(sed -nE 's/^ +VERSION ([0-9.]+)$/\1/p' CMakeLists.txt)
 architecture=$(dpkg --print-architecture)
 libraries=usr/lib/$(dpkg-architecture -qDEB_HOST_MULTIARCH)
-packages=(libkivofunctionplotter0.1 libkivofunctionplotter-dev kivo-viewer)
+packages=(libkivofunctionplotter0.1 libkivofunctionplotter-dev kivo-viewer
+    libkivofunctionplotter-qt6widgets0.1 libkivofunctionplotter-qt6widgets-dev)
 
 fail() {
     echo "$1" >&2
@@ -52,6 +53,15 @@ same_files libkivofunctionplotter-dev usr/include/Kivo{Axis,Build,ColorMap,Funct
     "$libraries"/cmake/KivoFunctionPlotter/KivoFunctionPlotter{Config,ConfigVersion,Targets,Targets-release}.cmake
 same_files kivo-viewer usr/bin/kivo-viewer usr/share/applications/kivo-viewer.desktop \
     usr/share/icons/hicolor/scalable/apps/kivo-viewer.svg usr/share/man/man1/kivo-viewer.1.gz
+same_files libkivofunctionplotter-qt6widgets0.1 "$libraries/libKivoPlotQt6Widgets.so.0.1" \
+    "$libraries/libKivoPlotQt6Widgets.so.$version"
+same_files libkivofunctionplotter-qt6widgets-dev usr/include/KivoPlotWidget.h "$libraries/libKivoPlotQt6Widgets.so" \
+    "$libraries/qt6/plugins/designer/libkivoplotwidgetplugin.so" \
+    "$libraries"/cmake/KivoFunctionPlotter/KivoFunctionPlotter-Qt6Widgets.cmake \
+    "$libraries"/cmake/KivoFunctionPlotter/KivoPlotQt6WidgetsTargets{,-release}.cmake
+has_field libkivofunctionplotter-qt6widgets0.1 Depends "(^|, )libkivofunctionplotter0.1 \(= $version-1\)"
+has_field libkivofunctionplotter-qt6widgets0.1 Depends "(^|, )libqt6widgets6"
+has_field libkivofunctionplotter-qt6widgets-dev Depends "(^|, )libkivofunctionplotter-qt6widgets0.1 \(= $version-1\)"
 for library in libc6 libegl1 libopengl0 libglu1-mesa libpangocairo-1.0-0 libstdc[+][+]6 libxcb1; do
     has_field libkivofunctionplotter0.1 Depends "(^|, )$library( |,|\$)"
 done

@@ -57,7 +57,7 @@ if [ "$mode" = part ]; then
     rm -r "$place/as a part" # the installation does not need it
 else
     built=${KIVO_BUILD:-$root/build-$([ "$platform" = mingw ] && echo mingw || echo release)}
-    for component in runtime development; do
+    for component in runtime development qt6widgets qt6widgets-development; do
         cmake --install "$built" --prefix "$prefix" --component "$component"
     done
 fi
@@ -69,6 +69,14 @@ package=$(find "$prefix" -name KivoFunctionPlotterConfig.cmake -printf '%h')
 build "by package" -DCONSUME=find_package -DKivoFunctionPlotter_DIR="$package"
 try "$place/by package/consumer"
 try_plugin "$place/by package"
+
+# The controls, each where it was built.
+if [ -e "$package/KivoFunctionPlotter-Qt6Widgets.cmake" ]; then
+    cmake -S "$place/the checkout/$consumer/qt6widgets" -B "$place/qt" -G Ninja -DKivoFunctionPlotter_DIR="$package"
+    cmake --build "$place/qt"
+    QT_QPA_PLATFORM=offscreen try "$place/qt/qt_consumer"
+    run=("$root/scripts/with-display.sh") try "$place/qt/qt_consumer"
+fi
 
 # pkg-config prints blanks as a shell wants them.
 PKG_CONFIG_PATH=$(find "$prefix" -name KivoFunctionPlotter.pc -printf '%h')

@@ -10,7 +10,7 @@ using namespace KivoDrawingTools;
 std::vector<ExampleHost> HostsOnX11() {
     return {
         {"x11_host"},
-        {"qt_host", true, false, {{"QT_SCALE_FACTOR", "2"}}},
+        {"qt_native_host", true, false, {{"QT_SCALE_FACTOR", "2"}}},
         {"gtk_host", true, false, {{"GDK_SCALE", "2"}}},
         {"wx_host", true, false, {{"GDK_SCALE", "2"}}},
         {"glfw_host", false, false, {}, 96, 0.0, true, true},

@@ -1,0 +1,115 @@
+// What the widget and the item of Qt Quick share: a plot view, Qt's events as it takes them, and its own as
+// signals.
+#pragma once
+
+#include <KivoPlotView.h>
+
+#include <QBasicTimer>
+#include <QColor>
+#include <QImage>
+#include <QList>
+#include <QObject>
+#include <QPointF>
+#include <QVector3D>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+class QKeyEvent;
+class QMouseEvent;
+class QNativeGestureEvent;
+class QTouchEvent;
+class QWheelEvent;
+
+/// Signals are sent from the event loop: the view's events come within its members, where a slot could not do
+/// what it likes.
+class KivoQtControl : public QObject {
+    Q_OBJECT
+
+public:
+    /// @param redraw  has the control painted
+    KivoQtControl(std::function<void()> redraw,
+                  std::unique_ptr<KivoDrawingTools::CKivoFunctionPlotter> plotter,
+                  std::function<void(int width, int height)> layOut);
+
+    KivoDrawingTools::CKivoPlotView& View() { return m_view; }
+    KivoDrawingTools::CKivoFunctionPlotter& Plotter() { return m_view.Plotter(); }
+
+    bool SetGrid(const float* points, qint64 columns, qint64 rows);
+    bool SetGrid(const QList<QVector3D>& points, qint64 columns, qint64 rows);
+
+    QString Title();
+    void SetTitle(const QString& title);
+    int PlotType();
+    /// @param type  others than 0 to 3 do nothing
+    void SetPlotType(int type);
+    void SetTracing(bool tracing);
+    bool IsUpright() const { return m_isUpright; }
+    void SetUpright(bool upright);
+    bool IsReducedWhileMoving() const { return m_isReduced; }
+    void SetReducedWhileMoving(bool reduced);
+    int Smoothing() const { return m_smoothing; }
+    void SetSmoothing(int factor);
+    void SetColors(const QColor& ink, const QColor& ground);
+    void ResetColors();
+    void ResetView();
+    QString Failure() const { return QString::fromStdString(m_view.Failure()); }
+
+    /// In the toolkit's units.
+    void SetSize(double width, double height, double density);
+    /// The present frame; its pixels are the view's.
+    QImage Frame();
+    /// A frame of its own, at rest.
+    QImage Picture();
+
+    /// Takes a mouse's, a wheel's, a key's, a touch's or a gesture's event, whose positions are those in the
+    /// control. @return whether it was of use
+    bool TakeInput(QEvent* event);
+    /// The pointer has been taken away.
+    void CancelInput();
+
+signals:
+    void pointTraced(const QVector3D& point);
+    void traceLost();
+    void viewChanged();
+    void failed(const QString& reason);
+    /// A click with the right button; within the event.
+    void menuRequested(const QPointF& position);
+
+protected:
+    void timerEvent(QTimerEvent* event) override;
+
+private:
+    KivoDrawingTools::SKivoPlotViewEvents Events(std::function<void()> redraw,
+                                                 std::function<void(int, int)> layOut);
+    KivoDrawingTools::POINT ToPixels(const QPointF& place) const;
+    bool Take(QEvent* event);
+    bool TakePress(const QMouseEvent& event);
+    void TakeMove(const QMouseEvent& event);
+    bool TakeRelease(const QMouseEvent& event);
+    bool TakeWheel(const QWheelEvent& event);
+    bool TakeKey(const QKeyEvent& event);
+    void TakeTouch(const QTouchEvent& event);
+    bool TakeGesture(const QNativeGestureEvent& event);
+    /// Sends what has been noted since, once the present event is over.
+    void SendLater();
+    void Send();
+
+    double m_density = 1.0;
+    bool m_isUpright = false;
+    bool m_isReduced = true;
+    int m_smoothing = 2;
+    Qt::MouseButton m_pressed = Qt::NoButton; // that drags
+    qsizetype m_fingers = 0;
+    double m_span = 0.0; // between two fingers
+    QBasicTimer m_wake;
+
+    bool m_isSending = false; // waits in the event loop
+    bool m_hasViewChanged = false;
+    bool m_hasFailed = false;
+    bool m_isTraceLost = false;
+    std::optional<QVector3D> m_traced;
+
+    KivoDrawingTools::CKivoPlotView m_view; // its events reach the others
+};
