@@ -4,9 +4,9 @@
 With --changed only on those that differ from main, or from the commit before where this is main. KIVO_BUILD names the build,
 build-release without it.
 
-Reading the headers of a source takes longer than judging it by the cheaper rules. Where the search for paths is off,
-sources are therefore read ten at a time: behind one another or, where their names are all in unnamed namespaces, each in a
-namespace of its own. A group that does not compile says nothing of its members: they are read one by one then."""
+Reading the headers of a source takes longer than judging it by the cheaper rules. Sources are therefore read ten at a time:
+behind one another or, where their names are all in unnamed namespaces, each in a namespace of its own. A group that does not
+compile says nothing of its members: they are read one by one then."""
 
 import concurrent.futures
 import json
@@ -19,6 +19,9 @@ import tempfile
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 GROUP = 10
+# What lies outside of the group's own file is shown, and searched for paths, which headers of the system never are.
+OF_MEMBERS = [r'--header-filter=.*\.cpp$', '--extra-arg=-Xclang', '--extra-arg=-analyzer-opt-analyze-headers',
+              '--extra-arg=-Wno-shadow']
 # What other sources of a group would meet, and what can't be in a namespace.
 REACHES_OUT = re.compile(r'^#\s*(define|undef)|\bmain\(|\bLLVMFuzzer|\boperator (new|delete)\b', re.MULTILINE)
 NAMED = re.compile(r'^\s*(namespace \w|extern "C"|#\s*if)', re.MULTILINE)
@@ -57,11 +60,8 @@ def rules_of(source):
 
 def group_of(source):
     """What is read together with the source: the folder of its rules, and whether it is put into a namespace; or itself."""
-    rules = rules_of(source)
     text = pathlib.Path(source).read_text()
-    if REACHES_OUT.search(text) or 'clang-analyzer-*' in rules.read_text().replace('-clang-analyzer-*', ''):
-        return source, False
-    return str(rules.parent), not NAMED.search(text)
+    return (source, False) if REACHES_OUT.search(text) else (str(rules_of(source).parent), not NAMED.search(text))
 
 
 def group(name, path, entries, in_namespaces):
@@ -106,7 +106,7 @@ def jobs(database, place, alone):
 def check(place, job):
     source, members = job
     words = ['clang-tidy', '-p', str(place), f'--vfsoverlay={place}/overlay.yaml', '--quiet', '--warnings-as-errors=*']
-    run = subprocess.run([*words, *([r'--header-filter=.*\.cpp$'] if members else []), source],
+    run = subprocess.run([*words, *(OF_MEMBERS if members else []), source],
                          capture_output=True, text=True)
     if members and 'clang-diagnostic-error' in run.stdout:
         return all([check(place, (member, [])) for member in members])
