@@ -61,7 +61,8 @@ KIVO_API int SetSurface(CKivoFunctionPlotter& plotter, int surface, const SKivoS
 /// @throws std::bad_alloc  as SetData does
 KIVO_API int FitAxesToSurfaces(CKivoFunctionPlotter& plotter, bool all);
 
-/// @return whether box, axes, gradients and contour levels are fitted to all surfaces, as FitAxesToSurfaces was
+/// @return whether box, axes, gradients and contour levels are fitted to all surfaces, as FitAxesToSurfaces
+/// was
 ///         told last
 KIVO_API bool AxesFitSurfaces(const CKivoFunctionPlotter& plotter);
 
