@@ -61,6 +61,26 @@ curves and measure points, and draws pictures of them without a display.")
     endif()
 endif()
 
+if(KIVO_BUILD_PYTHON)
+    list(APPEND CPACK_COMPONENTS_ALL python)
+    set(CPACK_DEBIAN_PYTHON_PACKAGE_NAME python3-kivoplot)
+    set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
+    set(CPACK_DEBIAN_PYTHON_PACKAGE_SHLIBDEPS ON)
+    # The compiled module is for this one version of Python.
+    math(EXPR next_python "${Python_VERSION_MINOR} + 1")
+    set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS
+        "python3 (>= 3.${Python_VERSION_MINOR}), python3 (<< 3.${next_python}), python3-numpy")
+    set(CPACK_DEBIAN_PYTHON_PACKAGE_RECOMMENDS "python3-pil")
+    set(CPACK_DEBIAN_PYTHON_PACKAGE_SUGGESTS "python3-pyqt6, python3-tk")
+    set(CPACK_DEBIAN_PYTHON_DESCRIPTION "interactive 3-D plot of a surface, Python module
+Surfaces z = f(x, y) from NumPy arrays, as pictures and in windows of PyQt6
+and tkinter.")
+    if(BUILD_SHARED_LIBS)
+        set(CPACK_COMPONENT_PYTHON_DEPENDS runtime)
+        set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/KivoFunctionPlotter")
+    endif()
+endif()
+
 # The controls: a library, and what building with it takes.
 foreach(component IN LISTS kivo_control_components)
     string(TOLOWER ${component} lower)

@@ -12,6 +12,7 @@ architecture=$(dpkg --print-architecture)
 libraries=usr/lib/$(dpkg-architecture -qDEB_HOST_MULTIARCH)
 packages=(libkivofunctionplotter0.1 libkivofunctionplotter-dev kivo-viewer
     libkivofunctionplotter-qt6widgets0.1 libkivofunctionplotter-qt6widgets-dev)
+packages+=(python3-kivoplot)
 
 fail() {
     echo "$1" >&2
@@ -62,12 +63,20 @@ same_files libkivofunctionplotter-qt6widgets-dev usr/include/KivoPlotWidget.h "$
 has_field libkivofunctionplotter-qt6widgets0.1 Depends "(^|, )libkivofunctionplotter0.1 \(= $version-1\)"
 has_field libkivofunctionplotter-qt6widgets0.1 Depends "(^|, )libqt6widgets6"
 has_field libkivofunctionplotter-qt6widgets-dev Depends "(^|, )libkivofunctionplotter-qt6widgets0.1 \(= $version-1\)"
+python=usr/lib/python3/dist-packages
+module=$python/kivoplot/_kivoplot.$(/usr/bin/python3 -c 'import sysconfig; print(sysconfig.get_config_var("SOABI"))').so
+same_files python3-kivoplot "$module" \
+    "$python"/kivoplot/{__init__,_arrays,_colors,_files,_plot,_records,_show,qt,tk}.py \
+    "$python"/kivoplot/{_kivoplot.pyi,py.typed}
 for library in libc6 libegl1 libopengl0 libglu1-mesa libpangocairo-1.0-0 libstdc[+][+]6 libxcb1; do
     has_field libkivofunctionplotter0.1 Depends "(^|, )$library( |,|\$)"
 done
 has_field libkivofunctionplotter-dev Depends "^libkivofunctionplotter0.1 \(= $version-1\)\$"
 for library in "libkivofunctionplotter0.1 \(= $version-1\)" libmuparser libqt6gui6 libqt6widgets6 libqt6printsupport6; do
     has_field kivo-viewer Depends "(^|, )$library"
+done
+for library in "libkivofunctionplotter0.1 \(= $version-1\)" "python3 \(>= 3" "python3 \(<< 3" python3-numpy; do
+    has_field python3-kivoplot Depends "(^|, )$library"
 done
 # What they depend on is there to be installed.
 apt-get --quiet=2 --simulate install "$place"/*.deb
@@ -87,7 +96,9 @@ in_root --install "$place"/*.deb
 
 grep -q "not stripped" <(file "$system/$libraries/libKivoFunctionPlotter.so.$version" "$system/usr/bin/kivo-viewer") &&
     fail "debug information is left"
-readelf --dynamic "$system/usr/bin/kivo-viewer" | grep -E 'RPATH|RUNPATH' && fail "the viewer has a search path"
+for program in usr/bin/kivo-viewer "$module"; do
+    readelf --dynamic "$system/$program" | grep -E 'RPATH|RUNPATH' && fail "$program has a search path"
+done
 cmp <(sed -n '/^Permission is/,$p' LICENSE) \
     <(sed -n '/^ Permission is/,$p' "$system/usr/share/doc/kivo-viewer/copyright" | sed 's/^ //; s/^\.$//')
 xmllint --noout "$system/usr/share/icons/hicolor/scalable/apps/kivo-viewer.svg"
@@ -102,6 +113,13 @@ cmake --build "$place/consumer"
 [ "$("$system/usr/bin/kivo-viewer" --version)" = "kivo-viewer $version" ] || fail "the viewer says another version"
 env -u DISPLAY "$system/usr/bin/kivo-viewer" --picture "$place/plot.png" --size 400x300
 grep -q 'PNG image data, 400 x 300' <<<"$(file "$place/plot.png")" || fail "the viewer drew no picture"
+
+env -u DISPLAY PYTHONDONTWRITEBYTECODE=1 PYTHONPATH="$system/$python" /usr/bin/python3 - "$place/python.png" <<'PROGRAM'
+import sys
+import numpy as np, kivoplot as kp
+kp.plot(np.eye(9), size=(400, 300)).save(sys.argv[1])
+PROGRAM
+grep -q 'PNG image data, 400 x 300' <<<"$(file "$place/python.png")" || fail "the Python module drew no picture"
 
 in_root --purge "${packages[@]}"
 left=$(find "$system" -mindepth 1 -not -path "$system/var*" -not -path "$system/etc" -not -name ld.so.cache \
