@@ -74,8 +74,10 @@ try_plugin "$place/by package"
 if [ -e "$package/KivoFunctionPlotter-Qt6Widgets.cmake" ]; then
     cmake -S "$place/the checkout/$consumer/qt6widgets" -B "$place/qt" -G Ninja -DKivoFunctionPlotter_DIR="$package"
     cmake --build "$place/qt"
-    QT_QPA_PLATFORM=offscreen try "$place/qt/qt_consumer"
-    run=("$root/scripts/with-display.sh") try "$place/qt/qt_consumer"
+    # What is built for packages finds the library where the system has it.
+    libraries=${package%/cmake/*}
+    LD_LIBRARY_PATH=$libraries QT_QPA_PLATFORM=offscreen try "$place/qt/qt_consumer"
+    (run=("$root/scripts/with-display.sh") && LD_LIBRARY_PATH=$libraries try "$place/qt/qt_consumer")
 fi
 
 # pkg-config prints blanks as a shell wants them.
