@@ -46,6 +46,7 @@ SURROUNDINGS = {
     "controls/qt/include": [f"{LIBRARY}/include"],
     "controls/qt/src": ["controls/qt/include", f"{LIBRARY}/include"],
     "controls/qt/designer": ["controls/qt/include"],
+    "controls/qt/quick": ["controls/qt/include"],
     "controls/qt/tests": [
         "controls/qt/include", "controls/qt/src", f"{LIBRARY}/samples", f"{LIBRARY}/tests", f"{LIBRARY}/include"],
     "viewer/src": [f"{LIBRARY}/include"],

@@ -12,7 +12,9 @@ kivo_run_packages=(
 kivo_test_packages=(
     libgtest-dev libgmock-dev googletest clang-format clang-tidy doxygen git
     libx11-dev libxcb-xtest0-dev xvfb libgdal-dev
-    libgtk-3-dev libgtk-4-dev libqt6opengl6-dev qt6-tools-dev qt6-wayland libwxgtk3.2-dev libglfw3-dev libsdl2-dev libfltk1.3-dev weston xwayland
+    libgtk-3-dev libgtk-4-dev libqt6opengl6-dev qt6-tools-dev qt6-wayland
+    qt6-declarative-dev qml6-module-qtquick qml6-module-qtquick-window qml6-module-qtqml qml6-module-qtqml-workerscript
+    libwxgtk3.2-dev libglfw3-dev libsdl2-dev libfltk1.3-dev weston xwayland
     wine wine64 g++-mingw-w64-x86-64
     python3-dev pybind11-dev python3-numpy python3-pil python3-pytest mypy python3-pyqt6 python3-tk python3-pil.imagetk
     python3-setuptools python3-wheel python3-pip python3-venv

@@ -11,7 +11,8 @@ version=$(sed -nE 's/^ +VERSION ([0-9.]+)$/\1/p' CMakeLists.txt)
 architecture=$(dpkg --print-architecture)
 libraries=usr/lib/$(dpkg-architecture -qDEB_HOST_MULTIARCH)
 packages=(libkivofunctionplotter0.1 libkivofunctionplotter-dev kivo-viewer
-    libkivofunctionplotter-qt6widgets0.1 libkivofunctionplotter-qt6widgets-dev)
+    libkivofunctionplotter-qt6widgets0.1 libkivofunctionplotter-qt6widgets-dev
+    libkivofunctionplotter-qt6quick0.1 libkivofunctionplotter-qt6quick-dev)
 packages+=(python3-kivoplot)
 
 fail() {
@@ -60,6 +61,12 @@ same_files libkivofunctionplotter-qt6widgets-dev usr/include/KivoPlotWidget.h "$
     "$libraries/qt6/plugins/designer/libkivoplotwidgetplugin.so" \
     "$libraries"/cmake/KivoFunctionPlotter/KivoFunctionPlotter-Qt6Widgets.cmake \
     "$libraries"/cmake/KivoFunctionPlotter/KivoPlotQt6WidgetsTargets{,-release}.cmake
+same_files libkivofunctionplotter-qt6quick0.1 "$libraries/libKivoPlotQt6Quick.so.0.1" \
+    "$libraries/libKivoPlotQt6Quick.so.$version" "$libraries"/qt6/qml/Kivo/{libkivoplotquickplugin.so,qmldir}
+same_files libkivofunctionplotter-qt6quick-dev usr/include/KivoPlotItem.h "$libraries/libKivoPlotQt6Quick.so" \
+    "$libraries"/cmake/KivoFunctionPlotter/KivoFunctionPlotter-Qt6Quick.cmake \
+    "$libraries"/cmake/KivoFunctionPlotter/KivoPlotQt6QuickTargets{,-release}.cmake
+has_field libkivofunctionplotter-qt6quick0.1 Depends "(^|, )libqt6quick6"
 has_field libkivofunctionplotter-qt6widgets0.1 Depends "(^|, )libkivofunctionplotter0.1 \(= $version-1\)"
 has_field libkivofunctionplotter-qt6widgets0.1 Depends "(^|, )libqt6widgets6"
 has_field libkivofunctionplotter-qt6widgets-dev Depends "(^|, )libkivofunctionplotter-qt6widgets0.1 \(= $version-1\)"

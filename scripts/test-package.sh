@@ -57,7 +57,7 @@ if [ "$mode" = part ]; then
     rm -r "$place/as a part" # the installation does not need it
 else
     built=${KIVO_BUILD:-$root/build-$([ "$platform" = mingw ] && echo mingw || echo release)}
-    for component in runtime development qt6widgets qt6widgets-development; do
+    for component in runtime development qt6{widgets,quick}{,-development}; do
         cmake --install "$built" --prefix "$prefix" --component "$component"
     done
 fi
@@ -70,14 +70,20 @@ build "by package" -DCONSUME=find_package -DKivoFunctionPlotter_DIR="$package"
 try "$place/by package/consumer"
 try_plugin "$place/by package"
 
-# The controls, each where it was built.
+# The controls, each where it was built. What is built for packages finds the library where the system has it.
+libraries=${package%/cmake/*}
 if [ -e "$package/KivoFunctionPlotter-Qt6Widgets.cmake" ]; then
     cmake -S "$place/the checkout/$consumer/qt6widgets" -B "$place/qt" -G Ninja -DKivoFunctionPlotter_DIR="$package"
     cmake --build "$place/qt"
-    # What is built for packages finds the library where the system has it.
-    libraries=${package%/cmake/*}
     LD_LIBRARY_PATH=$libraries QT_QPA_PLATFORM=offscreen try "$place/qt/qt_consumer"
     (run=("$root/scripts/with-display.sh") && LD_LIBRARY_PATH=$libraries try "$place/qt/qt_consumer")
+fi
+if [ -e "$package/KivoFunctionPlotter-Qt6Quick.cmake" ]; then
+    cmake -S "$place/the checkout/$consumer/qt6quick" -B "$place/quick" -G Ninja -DKivoFunctionPlotter_DIR="$package"
+    cmake --build "$place/quick"
+    LD_LIBRARY_PATH=$libraries QT_QPA_PLATFORM=offscreen QT_QUICK_BACKEND=software try "$place/quick/quick_consumer"
+    LD_LIBRARY_PATH=$libraries QT_QPA_PLATFORM=offscreen QT_QUICK_BACKEND=software \
+        "$place/quick/quick_consumer" "$libraries/qt6/qml"
 fi
 
 # pkg-config prints blanks as a shell wants them.

@@ -8,7 +8,8 @@
 //     }
 //
 // It is drawn in the thread of the program and becomes a texture in that which renders. Input is as in
-// KivoPlotWidget.h, but that it has no menu of its own: a click with the right button is told by menuRequested().
+// KivoPlotWidget.h, but that it has no menu of its own: a click with the right button is told by
+// menuRequested().
 #pragma once
 
 #include <KivoPlotView.h>
@@ -87,7 +88,7 @@ public:
     int smoothing() const;
     /// Of texts and axes: black at first.
     QColor inkColor() const;
-    /// Behind everything.
+    /// Behind everything; one that is not valid, as at first, is that of a new plot.
     QColor groundColor() const;
     /// Why nothing is drawn; empty where it is.
     QString errorString() const;
@@ -137,6 +138,7 @@ signals:
     void menuRequested(const QPointF& position);
 
 protected:
+    void componentComplete() override;
     void updatePolish() override;
     QSGNode* updatePaintNode(QSGNode* old, UpdatePaintNodeData* data) override;
     void geometryChange(const QRectF& now, const QRectF& before) override;
@@ -156,8 +158,9 @@ protected:
 private:
     void takeInput(QEvent* event);
     void showPoints();
-    void applyColors();
-    void drawFailure();
+    void tellView();
+    void followSize();
+    QImage failureFrame() const;
     double density() const;
 
     std::unique_ptr<class KivoQtControl> m_control;

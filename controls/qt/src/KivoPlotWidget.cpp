@@ -24,20 +24,22 @@ KivoPlotWidget::KivoPlotWidget(QWidget* parent) : KivoPlotWidget(nullptr, {}, pa
 
 KivoPlotWidget::KivoPlotWidget(std::unique_ptr<CKivoFunctionPlotter> plotter,
                                std::function<void(int width, int height)> layOut, QWidget* parent)
-    : QWidget(parent), m_control(std::make_unique<KivoQtControl>([this] { update(); }, std::move(plotter),
-                                                                 std::move(layOut))) {
+    : QWidget(parent) {
+    KivoQtHandlers handlers;
+    handlers.redraw = [this] { update(); };
+    handlers.layOut = std::move(layOut);
+    handlers.menuRequested = [this](const QPointF& position) { openMenu(position.toPoint()); };
+    handlers.pointTraced = [this](const QVector3D& point) { emit pointTraced(point); };
+    handlers.traceLost = [this] { emit traceLost(); };
+    handlers.viewChanged = [this] { emit viewChanged(); };
+    handlers.failed = [this](const QString& reason) { emit failed(reason); };
+    m_control = std::make_unique<KivoQtControl>(std::move(handlers), std::move(plotter));
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_AcceptTouchEvents);
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true); // moves without a button are for the trace
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     DescribePlotWidgets();
-    connect(m_control.get(), &KivoQtControl::pointTraced, this, &KivoPlotWidget::pointTraced);
-    connect(m_control.get(), &KivoQtControl::traceLost, this, &KivoPlotWidget::traceLost);
-    connect(m_control.get(), &KivoQtControl::viewChanged, this, &KivoPlotWidget::viewChanged);
-    connect(m_control.get(), &KivoQtControl::failed, this, &KivoPlotWidget::failed);
-    connect(m_control.get(), &KivoQtControl::menuRequested, this,
-            [this](const QPointF& position) { openMenu(position.toPoint()); });
 }
 
 KivoPlotWidget::~KivoPlotWidget() = default;
@@ -117,7 +119,7 @@ void KivoPlotWidget::setPaletteFollowed(bool followed) {
     if (followed)
         applyPalette();
     else
-        m_control->ResetColors();
+        m_control->SetColors(Qt::black, {});
 }
 
 void KivoPlotWidget::applyPalette() {

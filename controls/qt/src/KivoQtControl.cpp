@@ -74,19 +74,17 @@ unsigned int FlagsOf(Qt::KeyboardModifiers keys) {
 
 } // namespace
 
-KivoQtControl::KivoQtControl(std::function<void()> redraw, std::unique_ptr<CKivoFunctionPlotter> plotter,
-                             std::function<void(int width, int height)> layOut)
-    : m_view(Events(std::move(redraw), std::move(layOut)), std::move(plotter)) {
+KivoQtControl::KivoQtControl(KivoQtHandlers handlers, std::unique_ptr<CKivoFunctionPlotter> plotter)
+    : m_handlers(std::move(handlers)), m_view(Events(), std::move(plotter)) {
     if (m_view.Failure().empty()) return;
     m_hasFailed = true;
     SendLater();
 }
 
-SKivoPlotViewEvents KivoQtControl::Events(std::function<void()> redraw,
-                                          std::function<void(int, int)> layOut) {
+SKivoPlotViewEvents KivoQtControl::Events() {
     SKivoPlotViewEvents events;
-    events.redraw = std::move(redraw);
-    events.layOut = std::move(layOut);
+    events.redraw = m_handlers.redraw;
+    events.layOut = m_handlers.layOut;
     events.wake = [this](int milliseconds) {
         if (milliseconds < 0)
             m_wake.stop();
@@ -114,22 +112,23 @@ SKivoPlotViewEvents KivoQtControl::Events(std::function<void()> redraw,
 
 void KivoQtControl::SendLater() {
     if (std::exchange(m_isSending, true)) return;
-    QMetaObject::invokeMethod(this, &KivoQtControl::Send, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this] { Send(); }, Qt::QueuedConnection);
 }
 
-// A slot may delete the control: nothing is touched after the last signal, and each is sent by itself.
+// A slot may delete the control, and the handlers with it.
 void KivoQtControl::Send() {
     m_isSending = false;
-    const auto [hasFailed, hasChanged] =
-        std::pair(std::exchange(m_hasFailed, false), std::exchange(m_hasViewChanged, false));
-    const auto traced = std::exchange(m_traced, std::nullopt);
+    const KivoQtHandlers handlers = m_handlers;
+    const bool hasFailed = std::exchange(m_hasFailed, false);
+    const bool hasChanged = std::exchange(m_hasViewChanged, false);
     const bool isLost = std::exchange(m_isTraceLost, false);
-    const QString failure = Failure();
+    const auto traced = std::exchange(m_traced, std::nullopt);
     const QPointer<KivoQtControl> self(this);
-    if (hasFailed) emit failed(failure);
-    if (self && hasChanged) emit viewChanged();
-    if (self && isLost) emit traceLost();
-    if (self && traced) emit pointTraced(*traced);
+    if (hasFailed) handlers.failed(Failure());
+    if (self && hasChanged) handlers.viewChanged();
+    if (self && isLost) handlers.traceLost();
+    if (self && traced) handlers.pointTraced(*traced);
 }
 
 void KivoQtControl::timerEvent(QTimerEvent* event) {
@@ -195,15 +194,10 @@ void KivoQtControl::SetColors(const QColor& ink, const QColor& ground) {
     SKivoStyle style = GetStyle(Plotter());
     style.inkColor = static_cast<unsigned long>(blue << 16 | green << 8 | red);
     SetStyle(Plotter(), style);
-    Plotter().SetBackgroundColor(ground.redF(), ground.greenF(), ground.blueF(), 1.0f);
-    m_view.Update();
-}
-
-void KivoQtControl::ResetColors() {
-    SKivoStyle style = GetStyle(Plotter());
-    style.inkColor = SKivoStyle().inkColor;
-    SetStyle(Plotter(), style);
-    Plotter().ResetBackgroundColor();
+    if (ground.isValid())
+        Plotter().SetBackgroundColor(ground.redF(), ground.greenF(), ground.blueF(), 1.0f);
+    else
+        Plotter().ResetBackgroundColor();
     m_view.Update();
 }
 
@@ -302,7 +296,10 @@ bool KivoQtControl::TakeRelease(const QMouseEvent& event) {
     const auto button = ButtonOf(event.button());
     if (!button) return false;
     if (m_pressed == event.button()) m_pressed = Qt::NoButton;
-    if (m_view.Release(*button) && *button == KivoMouseButton::right) emit menuRequested(event.position());
+    const bool isClick = m_view.Release(*button) && *button == KivoMouseButton::right;
+    if (!isClick) return true;
+    const auto requested = m_handlers.menuRequested; // a menu may delete the control
+    requested(event.position());
     return true;
 }
 

@@ -1,5 +1,5 @@
-// What the widget and the item of Qt Quick share: a plot view, Qt's events as it takes them, and its own as
-// signals.
+// What the widget and the item of Qt Quick share: a plot view, Qt's events as it takes them, and its own when
+// a slot may do anything.
 #pragma once
 
 #include <KivoPlotView.h>
@@ -22,16 +22,23 @@ class QNativeGestureEvent;
 class QTouchEvent;
 class QWheelEvent;
 
-/// Signals are sent from the event loop: the view's events come within its members, where a slot could not do
-/// what it likes.
-class KivoQtControl : public QObject {
-    Q_OBJECT
+/// What a control hears.
+struct KivoQtHandlers {
+    std::function<void()> redraw;                      ///< as the view's, within its members
+    std::function<void(int width, int height)> layOut; ///< as the view's; may be empty
+    std::function<void(const QPointF&)> menuRequested; ///< a click with the right button; within the event
+    std::function<void(const QVector3D&)> pointTraced; ///< from the event loop, as those that follow
+    std::function<void()> traceLost;
+    std::function<void()> viewChanged;
+    std::function<void(const QString&)> failed;
+};
 
+/// The view's events come within its members, where a slot could not do what it likes: they are handed on
+/// from the event loop. No macro of Qt's, so that both controls can be linked statically into one program.
+class KivoQtControl : public QObject {
 public:
-    /// @param redraw  has the control painted
-    KivoQtControl(std::function<void()> redraw,
-                  std::unique_ptr<KivoDrawingTools::CKivoFunctionPlotter> plotter,
-                  std::function<void(int width, int height)> layOut);
+    KivoQtControl(KivoQtHandlers handlers,
+                  std::unique_ptr<KivoDrawingTools::CKivoFunctionPlotter> plotter = nullptr);
 
     KivoDrawingTools::CKivoPlotView& View() { return m_view; }
     KivoDrawingTools::CKivoFunctionPlotter& Plotter() { return m_view.Plotter(); }
@@ -51,8 +58,8 @@ public:
     void SetReducedWhileMoving(bool reduced);
     int Smoothing() const { return m_smoothing; }
     void SetSmoothing(int factor);
+    /// @param ground  one that is not valid is that of a new plot
     void SetColors(const QColor& ink, const QColor& ground);
-    void ResetColors();
     void ResetView();
     QString Failure() const { return QString::fromStdString(m_view.Failure()); }
 
@@ -69,20 +76,11 @@ public:
     /// The pointer has been taken away.
     void CancelInput();
 
-signals:
-    void pointTraced(const QVector3D& point);
-    void traceLost();
-    void viewChanged();
-    void failed(const QString& reason);
-    /// A click with the right button; within the event.
-    void menuRequested(const QPointF& position);
-
 protected:
     void timerEvent(QTimerEvent* event) override;
 
 private:
-    KivoDrawingTools::SKivoPlotViewEvents Events(std::function<void()> redraw,
-                                                 std::function<void(int, int)> layOut);
+    KivoDrawingTools::SKivoPlotViewEvents Events();
     KivoDrawingTools::POINT ToPixels(const QPointF& place) const;
     bool Take(QEvent* event);
     bool TakePress(const QMouseEvent& event);
@@ -96,6 +94,7 @@ private:
     void SendLater();
     void Send();
 
+    KivoQtHandlers m_handlers;
     double m_density = 1.0;
     bool m_isUpright = false;
     bool m_isReduced = true;

@@ -1,0 +1,7 @@
+#include "KivoPlotQuickPlugin.h"
+
+#include <KivoPlotItem.h>
+
+void KivoPlotQuickPlugin::registerTypes(const char*) {
+    KivoPlotItem::registerType();
+}
