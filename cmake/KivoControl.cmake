@@ -5,12 +5,12 @@ include(CMakePackageConfigHelpers)
 set(kivo_control_components "" CACHE INTERNAL "the controls of this build")
 
 # kivo_control(<component> HEADERS file... SOURCES file... LINK library... DEPENDENCY call [PRIVATE library...]
-#              TOOLKIT name PACKAGES debian-package...):
+#              [MODULES prefix module...] TOOLKIT name PACKAGES debian-package...):
 # the library KivoPlot<component>, KivoFunctionPlotter::<component> to its users, and how it is installed. DEPENDENCY is the
-# text of the call that finds the libraries of LINK, which users need, too: "Qt6 COMPONENTS Widgets". PACKAGES are those that
-# building with it takes in Debian.
+# text of the call that finds the libraries of LINK, which users need, too: "Qt6 COMPONENTS Widgets"; where that is PkgConfig,
+# MODULES are what pkg_check_modules is asked for then. PACKAGES are those that building with it takes in Debian.
 function(kivo_control component)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "DEPENDENCY;TOOLKIT" "HEADERS;SOURCES;LINK;PRIVATE;PACKAGES")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "DEPENDENCY;TOOLKIT" "HEADERS;SOURCES;LINK;PRIVATE;MODULES;PACKAGES")
     set(target KivoPlot${component})
     string(TOLOWER ${component} lower)
     add_library(${target} ${arg_HEADERS} ${arg_SOURCES})
@@ -50,6 +50,17 @@ macro(kivo_install_control)
         DESTINATION "${package_dir}" COMPONENT ${lower}-development)
     set(KIVO_CONTROL_DEPENDENCY "${arg_DEPENDENCY}")
     set(KIVO_CONTROL_TARGET ${target})
+    set(KIVO_CONTROL_MODULES "")
+    if(arg_MODULES)
+        list(POP_FRONT arg_MODULES prefix)
+        list(JOIN arg_MODULES " " modules)
+        set(KIVO_CONTROL_MODULES "pkg_check_modules(${prefix} QUIET IMPORTED_TARGET ${modules})
+if(NOT ${prefix}_FOUND)
+    set(KivoFunctionPlotter_FOUND FALSE)
+    set(KivoFunctionPlotter_NOT_FOUND_MESSAGE \"pkg-config does not find all of: ${modules}\")
+    return()
+endif()")
+    endif()
     configure_file("${PROJECT_SOURCE_DIR}/cmake/KivoControlComponent.cmake.in"
         "${CMAKE_CURRENT_BINARY_DIR}/KivoFunctionPlotter-${component}.cmake" @ONLY)
     install(FILES "${CMAKE_CURRENT_BINARY_DIR}/KivoFunctionPlotter-${component}.cmake"

@@ -2,6 +2,7 @@
 # (component development; the static library is part of that).
 
 include(CMakePackageConfigHelpers)
+include(KivoPkgConfig)
 set(kivo_package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/KivoFunctionPlotter")
 
 install(TARGETS KivoFunctionPlotter EXPORT KivoFunctionPlotterTargets
@@ -28,14 +29,8 @@ install(FILES
     "${CMAKE_CURRENT_BINARY_DIR}/KivoFunctionPlotterConfigVersion.cmake"
     DESTINATION "${kivo_package_dir}" COMPONENT development)
 
-# pkg-config. The prefix follows from where the file lies, so that an installation can be moved. Only the static library
-# needs the packages of what it is made of.
-set(kivo_pc_dir "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
-cmake_path(APPEND kivo_pc_full_dir "${CMAKE_INSTALL_PREFIX}" "${kivo_pc_dir}")
-cmake_path(RELATIVE_PATH CMAKE_INSTALL_PREFIX BASE_DIRECTORY "${kivo_pc_full_dir}" OUTPUT_VARIABLE kivo_pc_prefix)
-set(kivo_pc_prefix "\${pcfiledir}/${kivo_pc_prefix}")
-cmake_path(APPEND kivo_pc_libdir "\${prefix}" "${CMAKE_INSTALL_LIBDIR}")
-cmake_path(APPEND kivo_pc_includedir "\${prefix}" "${CMAKE_INSTALL_INCLUDEDIR}")
+# pkg-config. Only the static library needs the packages of what it is made of.
+kivo_pkg_config_places()
 if(NOT BUILD_SHARED_LIBS)
     list(JOIN KIVO_NATIVE_MODULES " " kivo_pc_requires)
     list(TRANSFORM kivo_system_libraries PREPEND "-l" OUTPUT_VARIABLE kivo_pc_libs)

@@ -49,6 +49,14 @@ SURROUNDINGS = {
     "controls/qt/quick": ["controls/qt/include"],
     "controls/qt/tests": [
         "controls/qt/include", "controls/qt/src", f"{LIBRARY}/samples", f"{LIBRARY}/tests", f"{LIBRARY}/include"],
+    "controls/gtk/include": [f"{LIBRARY}/include"],
+    "controls/gtk/src": ["controls/gtk/include", f"{LIBRARY}/include"],
+    "controls/gtk/tests": [
+        "controls/gtk/include", "controls/gtk/src", f"{LIBRARY}/samples", f"{LIBRARY}/tests", f"{LIBRARY}/include"],
+    "controls/wx/include": [f"{LIBRARY}/include"],
+    "controls/wx/src": ["controls/wx/include", f"{LIBRARY}/include"],
+    "controls/wx/tests": [
+        "controls/wx/include", "controls/wx/src", f"{LIBRARY}/samples", f"{LIBRARY}/tests", f"{LIBRARY}/include"],
     "viewer/src": [f"{LIBRARY}/include"],
     "python/src": [f"{LIBRARY}/include"],
     "viewer/tests": ["viewer/src", f"{LIBRARY}/tests", f"{LIBRARY}/tests/fuzz", f"{LIBRARY}/src", f"{LIBRARY}/include"],

@@ -24,7 +24,7 @@ struct ScreenArea {
     int height = 0;
 };
 
-enum PointerButton { leftButton = 1, rightButton = 3, wheelUp = 4, wheelDown = 5 };
+enum PointerButton { leftButton = 1, middleButton = 2, rightButton = 3, wheelUp = 4, wheelDown = 5 };
 
 // Keysyms of Latin characters are their codes.
 constexpr xcb_keysym_t tabKey = 0xFF09;
