@@ -10,7 +10,7 @@ int main() {
         std::fprintf(stderr, "gtk4_host: there is no display; set DISPLAY or WAYLAND_DISPLAY\n");
         return 1;
     }
-    // [docs: gtk4]
+    // [docs: control]
     const std::vector<float> points = HillPoints();
     GtkWidget* const window = gtk_window_new();
     GtkWidget* const plot = kivo_plot_new();

@@ -12,7 +12,8 @@ architecture=$(dpkg --print-architecture)
 libraries=usr/lib/$(dpkg-architecture -qDEB_HOST_MULTIARCH)
 packages=(libkivofunctionplotter0.1 libkivofunctionplotter-dev kivo-viewer
     libkivofunctionplotter-qt6widgets0.1 libkivofunctionplotter-qt6widgets-dev
-    libkivofunctionplotter-qt6quick0.1 libkivofunctionplotter-qt6quick-dev)
+    libkivofunctionplotter-qt6quick0.1 libkivofunctionplotter-qt6quick-dev
+    libkivofunctionplotter-gtk4-0.1 libkivofunctionplotter-gtk4-dev)
 packages+=(python3-kivoplot)
 
 fail() {
@@ -70,6 +71,15 @@ has_field libkivofunctionplotter-qt6quick0.1 Depends "(^|, )libqt6quick6"
 has_field libkivofunctionplotter-qt6widgets0.1 Depends "(^|, )libkivofunctionplotter0.1 \(= $version-1\)"
 has_field libkivofunctionplotter-qt6widgets0.1 Depends "(^|, )libqt6widgets6"
 has_field libkivofunctionplotter-qt6widgets-dev Depends "(^|, )libkivofunctionplotter-qt6widgets0.1 \(= $version-1\)"
+same_files libkivofunctionplotter-gtk4-0.1 "$libraries/libKivoPlotGtk4.so.0.1" "$libraries/libKivoPlotGtk4.so.$version" \
+    "$libraries/girepository-1.0/Kivo-0.1.typelib"
+same_files libkivofunctionplotter-gtk4-dev usr/include/kivoplot.h "$libraries/libKivoPlotGtk4.so" \
+    usr/share/gir-1.0/Kivo-0.1.gir "$libraries/pkgconfig/KivoPlotGtk4.pc" \
+    "$libraries"/cmake/KivoFunctionPlotter/KivoFunctionPlotter-Gtk4.cmake \
+    "$libraries"/cmake/KivoFunctionPlotter/KivoPlotGtk4Targets{,-release}.cmake
+has_field libkivofunctionplotter-gtk4-0.1 Depends "(^|, )libkivofunctionplotter0.1 \(= $version-1\)"
+has_field libkivofunctionplotter-gtk4-0.1 Depends "(^|, )libgtk-4-1"
+has_field libkivofunctionplotter-gtk4-dev Depends "(^|, )libkivofunctionplotter-gtk4-0.1 \(= $version-1\)"
 python=usr/lib/python3/dist-packages
 module=$python/kivoplot/_kivoplot.$(/usr/bin/python3 -c 'import sysconfig; print(sysconfig.get_config_var("SOABI"))').so
 same_files python3-kivoplot "$module" \

@@ -57,7 +57,7 @@ if [ "$mode" = part ]; then
     rm -r "$place/as a part" # the installation does not need it
 else
     built=${KIVO_BUILD:-$root/build-$([ "$platform" = mingw ] && echo mingw || echo release)}
-    for component in runtime development qt6{widgets,quick}{,-development}; do
+    for component in runtime development {qt6widgets,qt6quick,gtk4,wx}{,-development}; do
         cmake --install "$built" --prefix "$prefix" --component "$component"
     done
 fi
@@ -86,6 +86,12 @@ if [ -e "$package/KivoFunctionPlotter-Qt6Quick.cmake" ]; then
         "$place/quick/quick_consumer" "$libraries/qt6/qml"
 fi
 
+if [ -e "$package/KivoFunctionPlotter-Gtk4.cmake" ]; then
+    cmake -S "$place/the checkout/$consumer/gtk4" -B "$place/gtk" -G Ninja -DKivoFunctionPlotter_DIR="$package"
+    cmake --build "$place/gtk"
+    (run=("$root/scripts/with-display.sh") && LD_LIBRARY_PATH=$libraries try "$place/gtk/gtk_consumer")
+fi
+
 # pkg-config prints blanks as a shell wants them.
 PKG_CONFIG_PATH=$(find "$prefix" -name KivoFunctionPlotter.pc -printf '%h')
 export PKG_CONFIG_PATH
@@ -108,4 +114,9 @@ if [ "$platform" = linux ]; then
     "$compiler" -std=c++17 "${own[@]}" -shared -fPIC -Wl,--version-script="$root/$consumer/plugin.map" "$root/$consumer/plugin.cpp" \
         -o "$place/by pkg-config/plugin.so" "${flags[@]}"
     LD_LIBRARY_PATH=$(dirname "$PKG_CONFIG_PATH") try_plugin "$place/by pkg-config"
+fi
+if [ -e "$PKG_CONFIG_PATH/KivoPlotGtk4.pc" ]; then
+    eval "flags=($(pkg-config --cflags --libs KivoPlotGtk4))"
+    cc "$root/$consumer/gtk4/main.c" -o "$place/by pkg-config/gtk_consumer" "${flags[@]}"
+    LD_LIBRARY_PATH=$(dirname "$PKG_CONFIG_PATH") "$root/scripts/with-display.sh" "$place/by pkg-config/gtk_consumer"
 fi
