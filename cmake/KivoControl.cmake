@@ -5,12 +5,12 @@ include(CMakePackageConfigHelpers)
 set(kivo_control_components "" CACHE INTERNAL "the controls of this build")
 
 # kivo_control(<component> HEADERS file... SOURCES file... LINK library... DEPENDENCY call [PRIVATE library...]
-#              [MODULES prefix module...] TOOLKIT name PACKAGES debian-package...):
+#              [MODULES prefix module...] [SETUP file] TOOLKIT name PACKAGES debian-package...):
 # the library KivoPlot<component>, KivoFunctionPlotter::<component> to its users, and how it is installed. DEPENDENCY is the
 # text of the call that finds the libraries of LINK, which users need, too: "Qt6 COMPONENTS Widgets"; where that is PkgConfig,
-# MODULES are what pkg_check_modules is asked for then. PACKAGES are those that building with it takes in Debian.
+# MODULES are what pkg_check_modules is asked for then. SETUP is a file that makes targets of what DEPENDENCY finds. PACKAGES are those that building with it takes in Debian.
 function(kivo_control component)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "DEPENDENCY;TOOLKIT" "HEADERS;SOURCES;LINK;PRIVATE;MODULES;PACKAGES")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "DEPENDENCY;SETUP;TOOLKIT" "HEADERS;SOURCES;LINK;PRIVATE;MODULES;PACKAGES")
     set(target KivoPlot${component})
     string(TOLOWER ${component} lower)
     add_library(${target} ${arg_HEADERS} ${arg_SOURCES})
@@ -60,6 +60,10 @@ if(NOT ${prefix}_FOUND)
     set(KivoFunctionPlotter_NOT_FOUND_MESSAGE \"pkg-config does not find all of: ${modules}\")
     return()
 endif()")
+    endif()
+    if(arg_SETUP)
+        set(KIVO_CONTROL_MODULES "include(\"\${CMAKE_CURRENT_LIST_DIR}/${arg_SETUP}\")")
+        install(FILES "${arg_SETUP}" DESTINATION "${package_dir}" COMPONENT ${lower}-development)
     endif()
     configure_file("${PROJECT_SOURCE_DIR}/cmake/KivoControlComponent.cmake.in"
         "${CMAKE_CURRENT_BINARY_DIR}/KivoFunctionPlotter-${component}.cmake" @ONLY)

@@ -12,7 +12,7 @@ std::vector<ExampleHost> HostsOnX11() {
         {"x11_host"},
         {"qt_native_host", true, false, {{"QT_SCALE_FACTOR", "2"}}},
         {"gtk_host", true, false, {{"GDK_SCALE", "2"}}},
-        {"wx_host", true, false, {{"GDK_SCALE", "2"}}},
+        {"wx_native_host", true, false, {{"GDK_SCALE", "2"}}},
         {"glfw_host", false, false, {}, 96, 0.0, true, true},
         {"sdl_host", false, false, {}, 96, 0.0, true, true},
         {"fltk_host", true, true, {}, 96, 0.0, true, true},

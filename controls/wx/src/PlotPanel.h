@@ -1,0 +1,70 @@
+// What a wxKivoPlot is made of: the view, and the events of the window that shows it.
+#pragma once
+
+#include "KivoPlotView.h"
+#include "wxKivoPlot.h"
+
+#include <wx/timer.h>
+
+class PlotPanel {
+public:
+    explicit PlotPanel(wxKivoPlot& window);
+    PlotPanel(const PlotPanel&) = delete;
+    PlotPanel& operator=(const PlotPanel&) = delete;
+
+    KivoDrawingTools::CKivoPlotView& View() { return m_view; }
+    const KivoDrawingTools::CKivoPlotView& View() const { return m_view; }
+    /// The window is there.
+    void Connect();
+    /// A complete frame.
+    wxImage Picture();
+    void FollowSystemColours(bool follow);
+
+    bool hasMenu = true;
+
+private:
+    KivoDrawingTools::SKivoPlotViewEvents ViewEvents();
+    void Tell(const wxEventTypeTag<wxKivoPlotEvent>& type, const float* point = nullptr);
+    KivoDrawingTools::POINT Pixel(const wxPoint& place) const;
+
+    void OnPaint(wxPaintEvent& event);
+    void PaintFailure(wxDC& dc) const;
+    void OnPress(wxMouseEvent& event);
+    void OnMove(wxMouseEvent& event);
+    void OnRelease(wxMouseEvent& event);
+    void OnWheel(wxMouseEvent& event);
+    void OnPinch(wxZoomGestureEvent& event);
+    void OnCaptureLost(wxMouseCaptureLostEvent& event);
+    void OnKey(wxKeyEvent& event);
+    void OnContextMenu(wxContextMenuEvent& event);
+    void OnColours(wxSysColourChangedEvent& event);
+    void TakeColours();
+    void Save();
+
+    wxKivoPlot& m_window;
+    wxTimer m_wake;
+    bool m_isPainting = false;
+    bool m_followsColours = false;
+    double m_pinched = 1.0;
+    KivoDrawingTools::CKivoPlotView m_view; // last: it tells when it is made
+};
+
+/// Calls what may not let an exception through the toolkit.
+/// @return what it does, or the other where memory fails
+template <typename Action, typename Result>
+Result Guarded(Action action, Result otherwise) noexcept {
+    try {
+        return action();
+    } catch (...) { // std::bad_alloc and std::length_error
+        return otherwise;
+    }
+}
+
+template <typename Action>
+void Guarded(Action action) noexcept {
+    try {
+        action();
+    } catch (...) { // as above
+        return;
+    }
+}
