@@ -75,7 +75,8 @@ protected:
     std::unique_ptr<Desktop> m_desktop;
 };
 
-INSTANTIATE_TEST_SUITE_P(Examples, ControlHostTest, testing::Values("qt_host", "quick_host", "gtk4_host", "wx_host"),
+INSTANTIATE_TEST_SUITE_P(Examples, ControlHostTest,
+                         testing::Values("qt_host", "quick_host", "gtk4_host", "wx_host"),
                          [](const auto& test) { return test.param; });
 
 TEST_P(ControlHostTest, ShowsThePlotOnX11) {

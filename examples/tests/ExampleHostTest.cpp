@@ -241,7 +241,8 @@ TEST_P(ExampleHostTest, ZoomsForEachStepOfAnEvent) {
 // While the host stands still, a hand goes a long way.
 TEST_P(ExampleHostTest, DrawsOneFrameForMovesThatWait) {
     if (!GetParam().reduces) GTEST_SKIP() << "frames are counted where the plotter presents them";
-    if (GetParam().name == "win32_native_host") GTEST_SKIP() << "Windows makes one message of moves that wait";
+    if (GetParam().name == "win32_native_host")
+        GTEST_SKIP() << "Windows makes one message of moves that wait";
     const FrameCount count;
     Start(count.For());
     PressAt(200, 200);

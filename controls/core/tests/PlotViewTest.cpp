@@ -327,7 +327,7 @@ TEST_F(PlotView, EveryButtonDoesItsOwn) {
     EXPECT_GT(GetView(plotter).zoom, before.zoom * 1.05);
     DragBy(KivoMouseButton::left, MK_CONTROL, 0, -30);
     EXPECT_NEAR(GetView(plotter).zoom, before.zoom, 1e-4);
-    EXPECT_EQ(heard.changes, 6);
+    EXPECT_EQ(heard.changes, 12);
 }
 
 TEST_F(PlotView, FlatPlotsAreShifted) {
