@@ -222,6 +222,7 @@ class Plot:
         self._settings = self._taken(settings)
         self._grid = _arrays.grid(z, x, y)
         self._curve_count = 0
+        self._widget: Optional[object] = None
         self.density = 1.0  #: pixels in a unit of the widget that shows it
         self._shown_size: Optional[tuple[int, int]] = None  # of the widget that shows it
         #: The plotter below, with all that the class can do, and what a hand does to it.
@@ -504,10 +505,18 @@ class Plot:
         self._shown_size = to_pixels(width, density), to_pixels(height, density)
         self.plotter.set_size(*self._shown_size, min(max(density, 0.125), 8.0))
 
-    def forget_widget(self) -> None:
-        """Has the plot's own size again."""
-        self.density, self._shown_size = 1.0, None
-        self.plotter.set_size(*self._size)
+    def be_shown(self, **events: Any) -> Callable[..., None]:
+        """Tells a widget what set_events of the plotter does, in place of one before. Returns what is to be called when the
+        widget is gone."""
+        widget = self._widget = object()
+        self.plotter.set_events(**events)
+
+        def forget(*_: Any) -> None:
+            if self._widget is widget:  # not another one by now
+                self.plotter.set_events()
+                self.density, self._shown_size = 1.0, None
+                self.plotter.set_size(*self._size)
+        return forget
 
     def place(self, x: float, y: float) -> tuple[int, int]:
         """The pixel of a place in the widget."""

@@ -54,8 +54,9 @@ class PlotWidget(QWidget):  # type: ignore[misc]
         self.setFocusPolicy(Qt.FocusPolicy.StrongFocus)
         self.setAttribute(Qt.WidgetAttribute.WA_OpaquePaintEvent)
         self.setContextMenuPolicy(Qt.ContextMenuPolicy.PreventContextMenu)  # the right button turns the plot
-        plot.plotter.set_events(self.update, self._wake, self._tell, self.viewChanged.emit,
-                                lambda: self.failed.emit(plot.plotter.failure()))
+        forget = plot.be_shown(redraw=self.update, wake=self._wake, traced=self._tell, view_changed=self.viewChanged.emit,
+                               failed=lambda: self.failed.emit(plot.plotter.failure()))
+        self.destroyed.connect(forget)
 
     @property
     def plot(self) -> Plot:

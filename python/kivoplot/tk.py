@@ -31,7 +31,7 @@ class PlotWidget(tkinter.Label):
         self.configure(image=self._picture, width=plot.size[0], height=plot.size[1], anchor='nw')
         self._redraw: Optional[str] = None
         self._timer: Optional[str] = None
-        plot.plotter.set_events(self._ask, self._wake, self._tell, view_changed)
+        self._leave = plot.be_shown(redraw=self._ask, wake=self._wake, traced=self._tell, view_changed=view_changed)
         for button in BUTTONS:
             self.bind(f'<ButtonPress-{button}>', self._press)
             self.bind(f'<ButtonRelease-{button}>', self._release)
@@ -82,12 +82,11 @@ class PlotWidget(tkinter.Label):
         self._picture.configure(data=b'P6 %d %d 255\n' % (width, height) + image[..., 2::-1].tobytes(), format='PPM')
 
     def _forget(self, event: Any) -> None:
-        self._plot.plotter.set_events()
+        self._leave()
         for name in (self._redraw, self._timer):
             if name is not None:
                 self.after_cancel(name)
         self._redraw = self._timer = None
-        self._plot.forget_widget()
 
     # ---- The hand -----------------------------------------------------------------------------------------------------
 

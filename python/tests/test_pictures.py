@@ -45,6 +45,19 @@ def test_settings_made_later_give_the_same_picture(hill, settings, options):
     assert settings == {} or not np.array_equal(plot.image(smoothing=1), before)
 
 
+@pytest.mark.parametrize('settings', [{'x_min': 5, 'x_max': 1}, {'title': 'Other', 'z_min': 99}, {'zoom': 2, 'elevation': 91},
+                                      {'contours': 'z', 'nonsense': 1}, {'background': 'red', 'colors': 'nope'}])
+def test_wrong_settings_change_nothing(hill, settings):
+    plot = kp.plot(*hill, size=(300, 200), title='One')
+    before = plot.image(smoothing=1)
+    with pytest.raises((TypeError, ValueError)):
+        plot.set(**settings)
+    assert plot.title == 'One' and plot.x_min is None
+    assert np.array_equal(plot.image(smoothing=1), before)
+    plot.contour_count = 30
+    assert np.array_equal(plot.image(smoothing=1), before)
+
+
 def test_holes_are_the_viewers(hill, viewer):
     z, x, y = hill
     z[0, 0] = z[10:14, 20:30] = np.nan

@@ -12,7 +12,7 @@ import pytest
 import kivoplot as kp
 
 pytestmark = pytest.mark.skipif(not os.environ.get('DISPLAY'), reason='there is no display')
-LIMIT = 30.0
+LIMIT = float(os.environ.get("KIVO_LIMIT", 30.0))
 
 
 class Qt:
@@ -50,6 +50,14 @@ class Qt:
             self.pump()
         self.test.mouseRelease(self.widget, button, pos=QPoint(*end))
 
+    def wheel(self, place):
+        from PyQt6.QtCore import QPoint, QPointF, Qt as Names
+        from PyQt6.QtGui import QWheelEvent
+        where = QPointF(*place)
+        self.application.sendEvent(self.widget, QWheelEvent(
+            where, where, QPoint(), QPoint(0, 120), Names.MouseButton.NoButton, Names.KeyboardModifier.NoModifier,
+            Names.ScrollPhase.NoScrollPhase, False))
+
     def point_at(self, place):
         from PyQt6.QtCore import QPoint
         self.test.mouseMove(self.widget, QPoint(*place))
@@ -61,8 +69,10 @@ class Qt:
         self.widget.resize(width, height)
 
     def close(self):
+        from PyQt6.QtCore import QCoreApplication, QEvent
         self.widget.close()
         self.widget.deleteLater()
+        QCoreApplication.sendPostedEvents(None, QEvent.Type.DeferredDelete)
         self.pump()
 
 
@@ -91,6 +101,9 @@ class Tk:
             self.widget.event_generate('<Motion>', x=x, y=y, state=0x100)
             self.pump()
         self.widget.event_generate('<ButtonRelease-1>', x=end[0], y=end[1])
+
+    def wheel(self, place):
+        self.widget.event_generate('<Button-4>', x=place[0], y=place[1])
 
     def point_at(self, place):
         self.widget.event_generate('<Motion>', x=place[0], y=place[1])
@@ -144,12 +157,18 @@ def test_shows_the_picture(desk):
 def test_settings_show(desk):
     before = desk.plot.image()
     wait_for(desk, shows(desk, before))
-    desk.plot.contours = 'z'
-    desk.plot.set_data(desk.plot._grid.points[..., 2] * 2)
-    desk.plot.add_points([[30, 20, 1.5]])
-    after = desk.plot.image()
-    assert not np.array_equal(before, after)
-    wait_for(desk, shows(desk, after))
+    changes = (lambda: setattr(desk.plot, 'contours', 'z'),
+               lambda: desk.plot.set_data(desk.plot._grid.points[..., 2] * 2),
+               lambda: desk.plot.add_points([[30, 20, 1.5]]),
+               lambda: desk.plot.add_curve([[0, 0, 2], [60, 40, 2]]),
+               lambda: desk.plot.add_surface(np.full((41, 61), 1.0)),
+               lambda: setattr(desk.plot, 'view', kp.View()))
+    for change in changes:
+        change()
+        after = desk.plot.image()
+        assert not np.array_equal(before, after)
+        wait_for(desk, shows(desk, after))
+        before = after
 
 
 def test_a_drag_turns_the_plot(desk):
@@ -158,6 +177,13 @@ def test_a_drag_turns_the_plot(desk):
     desk.drag((160, 120), (220, 150))
     wait_for(desk, lambda: desk.plot.view.rotation != before.rotation and desk.moved)
     wait_for(desk, shows(desk, desk.plot.image()))  # complete and smooth when it rests
+
+
+def test_the_wheel_zooms_and_a_complete_frame_follows(desk):
+    wait_for(desk, shows(desk, desk.plot.image()))
+    desk.wheel((160, 120))
+    wait_for(desk, lambda: desk.plot.view.zoom > 1)
+    wait_for(desk, shows(desk, desk.plot.image()))
 
 
 def test_keys(desk):
@@ -193,15 +219,31 @@ def test_another_size_keeps_the_view(desk):
 def test_pictures_after_the_window(hill):
     for kind in (Qt, Tk):
         plot = kp.plot(*hill, size=(320, 240))
-        before = plot.image()
+        before, traced = plot.image(), plot.trace_at(190, 120)
         desk = kind(plot)
         desk.resize(200, 100)
         desk.pump()
         desk.close()
         del desk
+        assert plot.trace_at(190, 120) == pytest.approx(traced, abs=1e-4)
+        plot.plotter.trace(False)
         assert np.array_equal(plot.image(), before)
+        assert plot.density == 1.0 and plot._shown_size is None
         plot.title = 'Gone'
         plot.image()
+
+
+def test_another_widget_takes_a_plot_over(hill):
+    plot = kp.plot(*hill, size=(320, 240))
+    first, second = Qt(plot), Qt(plot)
+    second.resize(200, 150)
+    second.pump()
+    first.close()
+    assert plot._shown_size == (200, 150)
+    plot.title = 'Second'
+    second.pump()
+    wait_for(second, lambda: second.shown().shape[:2] == (150, 200))
+    second.close()
 
 
 SHOW = '''
