@@ -222,6 +222,10 @@ void BindSurfaces(Members& members) {
                       "fit_axes_to_surfaces");
             },
             "all"_a)
+        .Add("AxesFitSurfaces",
+             [](Plotter& self) {
+                 return self.Call([](const Class& plotter) { return AxesFitSurfaces(plotter); });
+             })
         .Add("TracedSurface", [](Plotter& self) {
             return self.Call([](const Class& plotter) { return TracedSurface(plotter); });
         });

@@ -19,6 +19,7 @@ ELSEWHERE = {
     'ReleaseWindow', 'ResizeOffscreenWindow', 'GetWindowDpi', 'SetWindowSmoothing', 'GetWindowSmoothing', 'SetOffscreenDpi',  # Window's
     'CKeepContext',
     'ScaleViewBounds',
+    'RegisterKivoPlotClass',  # of Windows
 }
 
 
@@ -225,6 +226,8 @@ def test_what_members_do():
     plotter.add_measure_points([[1, 2, 3.0]], 'wells')
     assert plotter.get_measure_group_name(0) == 'wells' and plotter.get_measure_group_index_by_name('none') == -1
     assert plotter.add_surface(grid_points() + 1) == 1 and plotter.get_surface_count() == 1
+    plotter.fit_axes_to_surfaces(True)
+    assert plotter.axes_fit_surfaces()
     plotter.set_color_map(2, 'viridis')
     plotter.set_color_map(2, [[0, 0, 0, 1], [1, 1, 1, 1]])
     plotter.set_color_map(2, None)
