@@ -13,7 +13,8 @@ libraries=usr/lib/$(dpkg-architecture -qDEB_HOST_MULTIARCH)
 packages=(libkivofunctionplotter0.1 libkivofunctionplotter-dev kivo-viewer
     libkivofunctionplotter-qt6widgets0.1 libkivofunctionplotter-qt6widgets-dev
     libkivofunctionplotter-qt6quick0.1 libkivofunctionplotter-qt6quick-dev
-    libkivofunctionplotter-gtk4-0.1 libkivofunctionplotter-gtk4-dev)
+    libkivofunctionplotter-gtk4-0.1 libkivofunctionplotter-gtk4-dev
+    libkivofunctionplotter-wx0.1 libkivofunctionplotter-wx-dev)
 packages+=(python3-kivoplot)
 
 fail() {
@@ -85,6 +86,11 @@ module=$python/kivoplot/_kivoplot.$(/usr/bin/python3 -c 'import sysconfig; print
 same_files python3-kivoplot "$module" \
     "$python"/kivoplot/{__init__,_arrays,_colors,_files,_plot,_records,_show,qt,tk}.py \
     "$python"/kivoplot/{_kivoplot.pyi,py.typed}
+same_files libkivofunctionplotter-wx0.1 "$libraries/libKivoPlotWx.so.0.1" "$libraries/libKivoPlotWx.so.$version"
+same_files libkivofunctionplotter-wx-dev usr/include/wxKivoPlot.h "$libraries/libKivoPlotWx.so" \
+    "$libraries"/cmake/KivoFunctionPlotter/{KivoFunctionPlotter-Wx,KivoWxTarget,KivoPlotWxTargets{,-release}}.cmake
+has_field libkivofunctionplotter-wx0.1 Depends "(^|, )libwxgtk3.2-1"
+has_field libkivofunctionplotter-wx-dev Depends "(^|, )libkivofunctionplotter-wx0.1 \(= $version-1\)"
 for library in libc6 libegl1 libopengl0 libglu1-mesa libpangocairo-1.0-0 libstdc[+][+]6 libxcb1; do
     has_field libkivofunctionplotter0.1 Depends "(^|, )$library( |,|\$)"
 done

@@ -92,6 +92,12 @@ if [ -e "$package/KivoFunctionPlotter-Gtk4.cmake" ]; then
     (run=("$root/scripts/with-display.sh") && LD_LIBRARY_PATH=$libraries try "$place/gtk/gtk_consumer")
 fi
 
+if [ -e "$package/KivoFunctionPlotter-Wx.cmake" ]; then
+    cmake -S "$place/the checkout/$consumer/wx" -B "$place/wx" -G Ninja -DKivoFunctionPlotter_DIR="$package"
+    cmake --build "$place/wx"
+    run=("$root/scripts/with-display.sh") try "$place/wx/wx_consumer"
+fi
+
 # pkg-config prints blanks as a shell wants them.
 PKG_CONFIG_PATH=$(find "$prefix" -name KivoFunctionPlotter.pc -printf '%h')
 export PKG_CONFIG_PATH

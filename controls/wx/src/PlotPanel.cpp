@@ -8,8 +8,10 @@
 #include <wx/filedlg.h>
 #include <wx/image.h>
 #include <wx/menu.h>
+#include <wx/msgdlg.h>
 #include <wx/settings.h>
 #include <wx/tokenzr.h>
+#include <wx/utils.h>
 
 #include <algorithm>
 #include <optional>
@@ -113,11 +115,8 @@ void PlotPanel::Connect() {
     m_window.Bind(wxEVT_CHAR, &PlotPanel::OnKey, this);
     m_window.Bind(wxEVT_CONTEXT_MENU, &PlotPanel::OnContextMenu, this);
     m_window.Bind(wxEVT_SYS_COLOUR_CHANGED, &PlotPanel::OnColours, this);
-    for (const auto& type : {wxEVT_SET_FOCUS, wxEVT_KILL_FOCUS})
-        m_window.Bind(type, [this](wxFocusEvent& event) {
-            m_window.Refresh();
-            event.Skip();
-        });
+    m_window.Bind(wxEVT_SET_FOCUS, &PlotPanel::OnFocus, this);
+    m_window.Bind(wxEVT_KILL_FOCUS, &PlotPanel::OnFocus, this);
 }
 
 // ---- What the view asks for
@@ -174,7 +173,7 @@ void PlotPanel::OnPaint(wxPaintEvent&) {
         dc.DrawBitmap(wxBitmap(image, wxBITMAP_SCREEN_DEPTH, scale), 0, 0);
     else
         PaintFailure(dc);
-    if (!m_window.HasFocus()) return;
+    if (!m_window.HasFocus() || !m_showsFocus) return;
     dc.SetBrush(*wxTRANSPARENT_BRUSH);
     dc.SetPen(wxPen(wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT)));
     dc.DrawRectangle(m_window.GetClientRect());
@@ -205,10 +204,18 @@ wxImage PlotPanel::Picture() {
 
 // ---- The hand
 
+// Who uses the keys wants to know where they go.
+void PlotPanel::OnFocus(wxFocusEvent& event) {
+    m_showsFocus = wxGetKeyState(WXK_TAB);
+    m_window.Refresh();
+    event.Skip();
+}
+
 void PlotPanel::OnPress(wxMouseEvent& event) {
     const std::optional<KivoMouseButton> button = ButtonOf(event);
     if (!button) return;
     m_window.SetFocus();
+    m_showsFocus = false;
     if (!m_window.HasCapture()) m_window.CaptureMouse();
     Guarded([&] { m_view.Press(*button, FlagsOf(event), Pixel(event.GetPosition())); });
 }
@@ -277,7 +284,9 @@ void PlotPanel::OnContextMenu(wxContextMenuEvent& event) {
 void PlotPanel::Save() {
     wxFileDialog dialog(&m_window, "Save picture", "", "plot.png", "PNG (*.png)|*.png",
                         wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
-    if (dialog.ShowModal() == wxID_OK) m_window.SavePicture(dialog.GetPath());
+    if (dialog.ShowModal() == wxID_OK && !m_window.SavePicture(dialog.GetPath()))
+        wxMessageBox("The picture could not be written to " + dialog.GetPath(), "Save picture",
+                     wxOK | wxICON_ERROR, &m_window);
 }
 
 // ---- Colours

@@ -29,6 +29,7 @@ private:
 
     void OnPaint(wxPaintEvent& event);
     void PaintFailure(wxDC& dc) const;
+    void OnFocus(wxFocusEvent& event);
     void OnPress(wxMouseEvent& event);
     void OnMove(wxMouseEvent& event);
     void OnRelease(wxMouseEvent& event);
@@ -45,6 +46,7 @@ private:
     wxTimer m_wake;
     bool m_isPainting = false;
     bool m_followsColours = false;
+    bool m_showsFocus = false;
     double m_pinched = 1.0;
     KivoDrawingTools::CKivoPlotView m_view; // last: it tells when it is made
 };

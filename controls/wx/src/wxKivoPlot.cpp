@@ -5,6 +5,7 @@
 #include <wx/clipbrd.h>
 #include <wx/dataobj.h>
 #include <wx/image.h>
+#include <wx/log.h>
 
 wxDEFINE_EVENT(wxEVT_KIVO_TRACED, wxKivoPlotEvent);
 wxDEFINE_EVENT(wxEVT_KIVO_TRACE_LOST, wxKivoPlotEvent);
@@ -85,6 +86,7 @@ bool wxKivoPlot::CopyPicture() {
 }
 
 bool wxKivoPlot::SavePicture(const wxString& path) {
+    const wxLogNull quiet; // the result says it, not a dialog
     if (!wxImage::FindHandler(wxBITMAP_TYPE_PNG)) wxImage::AddHandler(new wxPNGHandler);
     const wxBitmap picture = GetPicture();
     return picture.IsOk() && picture.ConvertToImage().SaveFile(path, wxBITMAP_TYPE_PNG);
