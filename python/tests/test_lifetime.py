@@ -277,7 +277,10 @@ def test_functions_cannot_wait_for_each_other(monkeypatch):
         plots[own] = bound()
         ready.wait()
         for _ in range(10):
-            plots[own].set_axis_label_format(0, lambda value, step: plots[other].get_plot_title())
+            try:
+                plots[own].set_axis_label_format(0, lambda value, step: plots[other].get_plot_title())
+            except kp.Error:
+                pass  # what matters is that both come to an end
             plots[own].set_data(grid_points())
     threads = [threading.Thread(target=work, args=pair) for pair in ((0, 1), (1, 0))]
     for thread in threads:
