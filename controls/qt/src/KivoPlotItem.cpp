@@ -60,7 +60,7 @@ QVariantList KivoPlotItem::points() const {
 
 void KivoPlotItem::setPoints(const QVariantList& points) {
     m_points = points;
-    showPoints();
+    KivoQtControl::WithinEvent([this] { showPoints(); });
     emit pointsChanged();
 }
 
@@ -70,13 +70,13 @@ int KivoPlotItem::columns() const {
 
 void KivoPlotItem::setColumns(int columns) {
     if (std::exchange(m_columns, columns) == columns) return;
-    showPoints();
+    KivoQtControl::WithinEvent([this] { showPoints(); });
     emit columnsChanged();
 }
 
 void KivoPlotItem::componentComplete() {
     QQuickItem::componentComplete();
-    showPoints();
+    KivoQtControl::WithinEvent([this] { showPoints(); });
 }
 
 // Until both properties are there, and fit, what was shown stays.

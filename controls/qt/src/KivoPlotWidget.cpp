@@ -15,7 +15,6 @@
 #include <QStyle>
 
 #include <cmath>
-#include <new>
 #include <utility>
 
 using namespace KivoDrawingTools;
@@ -129,7 +128,7 @@ void KivoPlotWidget::applyPalette() {
 void KivoPlotWidget::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     const bool areColors = event->type() == QEvent::PaletteChange || event->type() == QEvent::EnabledChange;
-    if (areColors && m_isPaletteFollowed) applyPalette();
+    if (areColors && m_isPaletteFollowed) KivoQtControl::WithinEvent([this] { applyPalette(); });
 }
 
 void KivoPlotWidget::refresh() {

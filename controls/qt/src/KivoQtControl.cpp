@@ -14,8 +14,6 @@
 
 #include <cmath>
 #include <limits>
-#include <new>
-#include <stdexcept>
 #include <tuple>
 #include <utility>
 
@@ -214,7 +212,8 @@ void KivoQtControl::SetSize(double width, double height, double density) {
 }
 
 QImage KivoQtControl::Frame() {
-    const SKivoPlotImage frame = m_view.Draw();
+    SKivoPlotImage frame;
+    WithinEvent([&] { frame = m_view.Draw(); });
     if (!frame.pixels) return {};
     return QImage(frame.pixels, frame.width, frame.height, static_cast<qsizetype>(frame.rowBytes),
                   QImage::Format_RGB32);
@@ -231,15 +230,10 @@ POINT KivoQtControl::ToPixels(const QPointF& place) const {
     return ::ToPixels(place.x(), place.y(), m_density);
 }
 
-// Nothing may pass Qt's event loop. What fails for memory has not happened.
 bool KivoQtControl::TakeInput(QEvent* event) {
-    try {
-        return Take(event);
-    } catch (const std::bad_alloc&) {
-        return true;
-    } catch (const std::length_error&) {
-        return true;
-    }
+    bool isTaken = true;
+    WithinEvent([&] { isTaken = Take(event); });
+    return isTaken;
 }
 
 bool KivoQtControl::Take(QEvent* event) {

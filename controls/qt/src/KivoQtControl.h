@@ -14,7 +14,9 @@
 
 #include <functional>
 #include <memory>
+#include <new>
 #include <optional>
+#include <stdexcept>
 
 class QKeyEvent;
 class QMouseEvent;
@@ -65,6 +67,17 @@ public:
 
     /// In the toolkit's units.
     void SetSize(double width, double height, double density);
+    /// Does what may lack memory within an event of Qt's, whose loop nothing may pass: what fails has not
+    /// happened.
+    template <typename Action>
+    static void WithinEvent(Action action) {
+        try {
+            action();
+        } catch (const std::bad_alloc&) {
+        } catch (const std::length_error&) {
+        }
+    }
+
     /// The present frame; its pixels are the view's.
     QImage Frame();
     /// A frame of its own, at rest.

@@ -26,7 +26,7 @@ public:
     explicit AccessiblePlot(KivoPlotWidget* plot) : QAccessibleWidget(plot, QAccessible::Chart) {}
 
     QString text(QAccessible::Text kind) const override {
-        const QString said = QAccessibleWidget::text(kind);
+        QString said = QAccessibleWidget::text(kind);
         const auto* const plot = qobject_cast<KivoPlotWidget*>(widget());
         if (!said.isEmpty() || !plot) return said;
         if (kind == QAccessible::Name)
