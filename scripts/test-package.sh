@@ -95,7 +95,7 @@ fi
 if [ -e "$package/KivoFunctionPlotter-Wx.cmake" ]; then
     cmake -S "$place/the checkout/$consumer/wx" -B "$place/wx" -G Ninja -DKivoFunctionPlotter_DIR="$package"
     cmake --build "$place/wx"
-    run=("$root/scripts/with-display.sh") try "$place/wx/wx_consumer"
+    (run=("$root/scripts/with-display.sh") && LD_LIBRARY_PATH=$libraries try "$place/wx/wx_consumer")
 fi
 
 # pkg-config prints blanks as a shell wants them.

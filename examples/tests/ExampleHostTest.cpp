@@ -260,7 +260,7 @@ TEST_P(ExampleHostTest, DrawsOneFrameForMovesThatWait) {
     // One of moves that wait, or of a few parts of them: many small ones turn the plot less.
     m_expected->plotter.OnMouseMove(MK_RBUTTON, {206 + 3 * moves, 202 + moves});
     // wxWidgets asks X for one move until it has seen that one: of the last it is told by the release.
-    if (GetParam().name == "wx_host") m_desktop->Button(rightButton, false);
+    if (GetParam().name == "wx_native_host") m_desktop->Button(rightButton, false);
     EXPECT_TRUE(ShowsExpected("waiting-moves"));
     const int frames = count.Frames() - before;
     EXPECT_GE(frames, 1);
