@@ -1,6 +1,6 @@
 // Shows a plot in a window of GTK, and looks whether it is there.
-#include <KivoVersion.h>
 #include <kivoplot.h>
+#include <KivoVersion.h>
 
 #include <cstdio>
 
