@@ -52,10 +52,9 @@ KIVO_API SKivoView GetView(const CKivoFunctionPlotter& plotter);
 /// then GetView tells the view as it was set. A switch between plots, and ResetView, forget it.
 /// @param view  its rotation may differ from the nearest one by 0.001 in each number, which then counts
 /// @return 0; -3 for a plot type other than 0 to 3, numbers that are not finite, a matrix that is no
-/// rotation, a
-///         zoom of 0 or less, and for pan or zoom that single precision cannot hold for these data, which
-///         ends the wheel, too; -1 when the plotter's context cannot be made current. But for 0 nothing
-///         changes
+///         rotation, a zoom of 0 or less, and for pan or zoom that single precision cannot hold for these
+///         data, which ends the wheel, too; -1 when the plotter's context cannot be made current. But for 0
+///         nothing changes
 KIVO_API int SetView(CKivoFunctionPlotter& plotter, const SKivoView& view);
 
 /// Shows the present plot as a new plotter shows it that has been given the same data and settings: in its
@@ -69,12 +68,10 @@ KIVO_API int ResetView(CKivoFunctionPlotter& plotter);
 /// on. The start view has the azimuth 45 and the elevation 25.26. Inverse axes run the other way in the same
 /// box.
 /// @param azimuth    in degrees, any finite number: from which side the plot is seen. With 0 the viewer
-/// stands
-///                   beyond the large end of X, so that Y runs to the right; with 90 beyond that of Y, so
-///                   that X runs to the left
+///                   stands beyond the large end of X, so that Y runs to the right; with 90 beyond that of
+///                   Y, so that X runs to the left
 /// @param elevation  in degrees, -90 to 90: from how high. With 0 the viewer stands at the height of the
-/// data,
-///                   with 90 above them, with -90 below
+///                   data, with 90 above them, with -90 below
 /// @return as SetView; -3, too, for an elevation beyond 90 and in a flat plot
 KIVO_API int SetViewAngles(CKivoFunctionPlotter& plotter, double azimuth, double elevation);
 
@@ -82,8 +79,7 @@ KIVO_API int SetViewAngles(CKivoFunctionPlotter& plotter, double azimuth, double
 /// @param azimuth    receives what SetViewAngles takes, above -180 to 180
 /// @param elevation  receives what SetViewAngles takes
 /// @return 0 where SetViewAngles gives this view; 1 where it is leaning, too, or upside down: the angles are
-/// then
-///         those of the upright view from the same side
+///         then those of the upright view from the same side
 KIVO_API int GetViewAngles(const CKivoFunctionPlotter& plotter, double& azimuth, double& elevation);
 
 // Steps of a hand, for hosts with input of their own.
