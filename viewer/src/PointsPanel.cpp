@@ -1,5 +1,7 @@
 #include "PointsPanel.h"
 
+#include "ListPanel.h"
+
 #include <QColorDialog>
 #include <QHeaderView>
 #include <QSignalBlocker>
@@ -10,13 +12,7 @@ namespace KivoViewer {
 
 namespace {
 
-enum Column { nameColumn, colorColumn, kindColumn };
-
-constexpr int minimumHeightInPixels = 90;
-
-QColor ToQt(const Color& color) {
-    return {color.red, color.green, color.blue};
-}
+constexpr int kindColumn = firstOwnColumn;
 
 } // namespace
 
@@ -25,7 +21,7 @@ PointsPanel::PointsPanel(PlotScene& scene, std::function<void()> changed)
     setHeaderLabels({"Name", "Colour", "Kind"});
     setRootIsDecorated(false);
     setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
-    setMinimumHeight(minimumHeightInPixels);
+    setMinimumHeight(listHeight);
     header()->setStretchLastSection(false);
     header()->setSectionResizeMode(nameColumn, QHeaderView::Stretch);
     connect(this, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* item) { TakeOver(*item); });

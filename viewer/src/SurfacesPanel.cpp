@@ -1,6 +1,7 @@
 #include "SurfacesPanel.h"
 
 #include "Failure.h"
+#include "ListPanel.h"
 #include "Numbers.h"
 
 #include <QColorDialog>
@@ -16,13 +17,8 @@ namespace KivoViewer {
 
 namespace {
 
-enum Column { nameColumn, colorColumn, opacityColumn, linesColumn, removeColumn };
-
-constexpr int minimumHeightInPixels = 90;
-
-QColor ToQt(const Color& color) {
-    return {color.red, color.green, color.blue};
-}
+constexpr int opacityColumn = firstOwnColumn, linesColumn = firstOwnColumn + 1,
+              removeColumn = firstOwnColumn + 2;
 
 Qt::CheckState ToQt(bool isOn) {
     return isOn ? Qt::Checked : Qt::Unchecked;
@@ -36,7 +32,7 @@ SurfacesPanel::SurfacesPanel(PlotScene& scene, Requests requests)
     setRootIsDecorated(false);
     setSelectionBehavior(QAbstractItemView::SelectItems); // so that Left and Right lead to the columns
     setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
-    setMinimumHeight(minimumHeightInPixels);
+    setMinimumHeight(listHeight);
     header()->setStretchLastSection(false);
     header()->setSectionResizeMode(nameColumn, QHeaderView::Stretch);
     connect(this, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* item) { TakeOver(*item); });
@@ -51,7 +47,7 @@ void SurfacesPanel::Refresh() {
     m_surfaces = m_scene.Surfaces();
     for (const SurfaceEntry& surface : m_surfaces)
         AddItem(surface);
-    for (const int each : {colorColumn, opacityColumn, linesColumn, removeColumn})
+    for (const int each : {int{colorColumn}, opacityColumn, linesColumn, removeColumn})
         resizeColumnToContents(each);
     if (row >= 0) setCurrentItem(topLevelItem(std::min(row, topLevelItemCount() - 1)), column);
 }
