@@ -30,7 +30,8 @@ class KivoFunctionPlotterRecipe(ConanFile):
         self.version = re.search(r"^ +VERSION ([0-9.]+)$", project, re.MULTILINE).group(1)
 
     def export_sources(self):
-        for pattern in ("CMakeLists.txt", "LICENSE", "LICENSES/*", "cmake/*", "KivoFunctionPlotter/*"):
+        for pattern in ("CMakeLists.txt", "LICENSE", "LICENSES/*", "cmake/*", "KivoFunctionPlotter/*",
+                        "controls/core/*", "controls/win32/*"):
             copy(self, pattern, self._checkout, self.export_sources_folder, excludes=("*/tests/*", "*/benchmarks/*", "*/abi/*"))
 
     def validate(self):
@@ -48,7 +49,7 @@ class KivoFunctionPlotterRecipe(ConanFile):
 
     def generate(self):
         toolchain = CMakeToolchain(self)
-        for part in ("TESTS", "EXAMPLES", "VIEWER"):
+        for part in ("TESTS", "EXAMPLES", "VIEWER", "CONTROLS"):
             toolchain.cache_variables[f"KIVO_BUILD_{part}"] = False
         toolchain.cache_variables["KIVO_WARNINGS_AS_ERRORS"] = False
         toolchain.generate()

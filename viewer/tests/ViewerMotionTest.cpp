@@ -27,17 +27,18 @@ namespace {
 
 const std::string size = std::to_string(plotWidth) + "x" + std::to_string(plotHeight);
 
-// 600 x 600 points, every fourth of every fourth row a hole. Of every second point or fewer no cell is left:
-// each has a hole in it. Where all are drawn, three of four cells are.
+// 900 x 900 points, more than are drawn while the hand moves, every fourth of every fourth row a hole. Of
+// every second point or fewer no cell is left: each has a hole in it. Where all are drawn, three of four
+// cells are.
 const std::vector<std::string> sieve = {
     "--size",
     size,
     "--function",
     "((x+2)/4 == rint((x+2)/4)) && ((y+2)/4 == rint((y+2)/4)) ? 0/0 : sin(x/50)*cos(y/50)",
     "--x",
-    "0:599:600",
+    "0:899:900",
     "--y",
-    "0:599:600",
+    "0:899:900",
     "--no-frame-lines"};
 
 class ViewerWindowMotionTest : public ViewerWindow {

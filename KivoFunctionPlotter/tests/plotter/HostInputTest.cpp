@@ -75,9 +75,10 @@ TEST(HostTest, WheelStepsNeverOverflow) {
 }
 
 TEST(HostTest, AWindowTellsItsResolution) {
-    for (const int dpi : {72, 144}) { // on Windows the system's instead
+    for (const int dpi : {72, 144}) {
         const HWND window = CreateOffscreenWindow(16, 12, dpi);
-        EXPECT_EQ(GetWindowDpi(window), GetDeviceCaps(GetDC(window), LOGPIXELSY));
+        EXPECT_EQ(GetWindowDpi(window), dpi);
+        EXPECT_EQ(DotsPerInch(GetDC(window), GetDC(window)), dpi);
         EXPECT_EQ(ReleaseWindow(window), 0);
     }
     EXPECT_EQ(GetWindowDpi(nullptr), 0);

@@ -7,6 +7,7 @@ vcpkg_cmake_configure(
         -DKIVO_BUILD_TESTS=OFF
         -DKIVO_BUILD_EXAMPLES=OFF
         -DKIVO_BUILD_VIEWER=OFF
+        -DKIVO_BUILD_CONTROLS=OFF
         -DKIVO_WARNINGS_AS_ERRORS=OFF
 )
 vcpkg_cmake_install()
