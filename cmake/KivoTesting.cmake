@@ -95,7 +95,7 @@ function(kivo_add_test name)
     set_tests_properties(${test} PROPERTIES
         LABELS "${KIVO_TESTED};${arg_LABELS}"
         ENVIRONMENT "${kivo_test_environment};${arg_ENVIRONMENT}"
-        TIMEOUT 900)
+        TIMEOUT 1500)
     if(arg_LOCK)
         set_tests_properties(${test} PROPERTIES RESOURCE_LOCK ${arg_LOCK})
     endif()
