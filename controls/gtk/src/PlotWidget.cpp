@@ -5,6 +5,7 @@
 #include "KivoView.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 using namespace KivoDrawingTools;
@@ -31,7 +32,7 @@ GdkTexture* TextureOf(const unsigned char* pixels, int width, int height, std::s
 
 unsigned long ColorRef(const GdkRGBA& color) {
     const auto byte = [](float share) {
-        return static_cast<unsigned long>(std::clamp(share, 0.0f, 1.0f) * 255.0f + 0.5f);
+        return static_cast<unsigned long>(std::lround(std::clamp(share, 0.0f, 1.0f) * 255.0f));
     };
     return byte(color.red) | byte(color.green) << 8 | byte(color.blue) << 16;
 }
