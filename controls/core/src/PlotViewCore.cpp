@@ -333,17 +333,17 @@ SKivoPlotImage PlotViewCore::Draw() {
         return {};
     }
     m_due = Due::nothing;
-    if (isComplete) TakeCompleteTime(MillisecondsSince(begin));
+    if (isComplete)
+        TakeCompleteTime(MillisecondsSince(begin));
+    else if (m_awaited != Awaited::rest)
+        AwaitRest(); // whatever has asked for less, a complete frame follows
     return m_image;
 }
 
 void PlotViewCore::TracePointer() {
     const std::optional<POINT> pointer = std::exchange(m_pointer, std::nullopt);
     const bool isTracing = Plotter().IsTracing();
-    if (isTracing && pointer) {
-        Plotter().Trace(*pointer);
-        if (m_due == Due::movement) AwaitRest();
-    }
+    if (isTracing && pointer) Plotter().Trace(*pointer);
     float point[3];
     const bool isTraced = isTracing && Plotter().GetTracePoint(point);
     if (isTraced || m_isTraced) Tell(m_events.traced, isTraced ? point : nullptr);

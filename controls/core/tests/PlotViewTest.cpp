@@ -456,6 +456,19 @@ TEST_F(PlotView, TracesWhatIsUnderThePointerWithTheNextFrame) {
     EXPECT_THAT(heard.traced, testing::ElementsAre("point", "none", "point", "none"));
 }
 
+// A host may end the trace before the frame that a move has asked for.
+TEST_F(PlotView, ACompleteFrameFollowsEveryOther) {
+    ShowHill(700, 700); // slow enough that traces show less
+    view.Draw();
+    plotter.Trace(true);
+    view.Move(0, middle);
+    plotter.Trace(false);
+    view.Draw();
+    view.Wake();
+    const Image shown = ImageOf(view.Draw());
+    EXPECT_TRUE(ImagesAgree(shown, Rested(), 0, 0.0, "view-complete-after-trace"));
+}
+
 // ---- Plotters of hosts
 
 TEST(PlotViewOfADerivedClass, LaysItOutInItsOwnWay) {
