@@ -12,6 +12,9 @@ report=$output/$name.xml
 rm -f "$report"
 report=${report#"$PWD/"} # relative, so that Windows programs find it, too
 
+# The driver compiles a shader once and not again in each of the many programs that tests start, some in a home of their own.
+export MESA_SHADER_CACHE_DIR=${MESA_SHADER_CACHE_DIR:-$PWD/build-test-output/shaders}
+
 KIVO_TEST_OUTPUT=$output/$name GTEST_OUTPUT=xml:$report "$@"
 status=$?
 tests=$(sed -nE '0,/<testsuites /s/.*<testsuites tests="([0-9]+)".*/\1/p' "$report" 2>/dev/null)

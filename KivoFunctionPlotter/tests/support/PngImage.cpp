@@ -50,6 +50,7 @@ void KeepPng(const Image& image, const std::string& name) {
     png.width = static_cast<png_uint_32>(image.width);
     png.height = static_cast<png_uint_32>(image.height);
     png.format = PNG_FORMAT_RGBA;
+    png.flags = PNG_IMAGE_FLAG_FAST;
     EXPECT_TRUE(png_image_write_to_file(&png, path.c_str(), 0, image.rgba.data(), 0, nullptr))
         << path << ": " << png.message;
 }
