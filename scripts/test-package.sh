@@ -50,7 +50,8 @@ try_plugin() {
 }
 
 if [ "$mode" = part ]; then
-    build "as a part" -DCONSUME="$way" -DCHECKOUT="$place/the checkout" -DKIVO_INSTALL=ON -DCMAKE_INSTALL_PREFIX="$prefix" \
+    # Joined sources compile in a third of the time; other projects ask for them, too.
+    build "as a part" -DCMAKE_UNITY_BUILD=ON -DCONSUME="$way" -DCHECKOUT="$place/the checkout" -DKIVO_INSTALL=ON -DCMAKE_INSTALL_PREFIX="$prefix" \
         -DBUILD_SHARED_LIBS="$([ "$kind" = shared ] && echo ON || echo OFF)"
     try "$place/as a part/consumer"
     cmake --install "$place/as a part"

@@ -22,7 +22,7 @@ refused() {
 
 # configured <folder> <option>...: a project around the library; the headers of both are in $headers.
 configured() {
-    cmake -S "$consumer" -B "$place/$1" -G Ninja -DCONSUME=add_subdirectory -DCHECKOUT="$root" -DCMAKE_BUILD_TYPE=Debug "${@:2}"
+    cmake -S "$consumer" -B "$place/$1" -G Ninja -DCONSUME=add_subdirectory -DCHECKOUT="$root" -DCMAKE_UNITY_BUILD=ON -DCMAKE_BUILD_TYPE=Debug "${@:2}"
     headers=("-I$root/KivoFunctionPlotter/include" "-I$place/$1/plotter/KivoFunctionPlotter/include"
         "-I$place/$1/plotter/KivoFunctionPlotter/include/Debug")
 }
