@@ -6,9 +6,10 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 # The renderer's generated code is beyond memcheck: tests that draw run under the sanitizers.
 # A timed test would tell nothing either.
 omitted='AxisLabelLayout.AHundredThousandTicksAreQuick:Windows/*:Kinds/*:BadNumbers.*:X11*:TraceHost.*:OffscreenWindow.*:Lifecycle.DataSetBeforeOnCreateAreDrawnAfterIt'
-omitted+=':MotionWithoutWindow.*:PixelScale.*:Style.*:Ink.*:TextFace.*'
+omitted+=':MotionWithoutWindow.*:PixelScale.*:Style.*:Ink.*:TextFace.*:Density.TakenOver*:HostContextOfNoWindow.*'
 if [ "${1:-}" != --all ]; then
     omitted+=':AxisLabelLayoutSweep.*:LevelLines.MoreLevelsThanOneWalkTakesAreTracedToo:PickSurface.PassesOverNearlyAllCells'
+    omitted+=':Colors.BetweenPureAndOtherColorsAreThoseOfSingleValues'
     omitted+=':PickSurface.FindsWhatAPlainWalkFinds*:PickSurface.FindsTheNearestTriangleOnRandomLines'
 fi
 unset DISPLAY WAYLAND_DISPLAY
