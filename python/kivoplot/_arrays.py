@@ -139,7 +139,7 @@ def _fill(points: npt.NDArray[np.float32], coordinates: tuple[npt.NDArray[Any], 
 
 
 def _grid_of_points(array: npt.NDArray[Any], origin: Optional[tuple[float, float, float]]) -> Grid:
-    fits = (array.dtype == np.float32 and array.dtype.isnative and array.flags.c_contiguous and array.flags.aligned
+    fits = (array.dtype == np.float32 and array.flags.c_contiguous and array.flags.aligned
             and origin in (None, (0.0, 0.0, 0.0)))
     if fits and not np.isinf(array).any() and np.isfinite(array[0, 0]).all():
         return Grid(array, (0.0, 0.0, 0.0))

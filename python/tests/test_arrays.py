@@ -40,6 +40,14 @@ def test_layouts(hill, layout):
     assert np.array_equal(picture(LAYOUTS[layout](z), x, y), picture(z, x, y))
 
 
+# Points that fit are not copied; the others must be.
+@pytest.mark.parametrize('layout', LAYOUTS)
+def test_layouts_of_points(hill, layout):
+    z, x, y = hill
+    points = np.dstack([*np.meshgrid(x, y), z]).astype(np.float32)
+    assert np.array_equal(picture(LAYOUTS[layout](points)), picture(points.astype(np.float64)))
+
+
 @pytest.mark.parametrize('kind', ['i1', 'u1', '>i2', 'i8', 'u8', '?', 'f2'])
 def test_other_numbers(kind):
     z = (np.arange(12).reshape(3, 4) % 5).astype(kind)
@@ -71,6 +79,10 @@ def test_holes(hill):
     assert np.array_equal(picture(np.ma.masked_array(z, hidden), x, y), with_holes)
     assert np.array_equal(picture(infinities, x, y), with_holes)
     assert np.array_equal(picture(z, grid_x, y), with_holes)
+    points = np.dstack([*np.meshgrid(x, y), z]).astype(np.float32)
+    points[5, 5, 2], also = np.inf, points.copy()
+    also[5, 5, 2] = np.nan
+    assert np.array_equal(picture(points), picture(also))
     whole = np.ma.masked_array(np.arange(12).reshape(3, 4), np.arange(12).reshape(3, 4) == 5)
     assert np.array_equal(picture(whole), picture(whole.astype(float).filled(np.nan)))
 
