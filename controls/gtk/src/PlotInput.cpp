@@ -163,7 +163,11 @@ void Connect(gpointer controller, const char* signal, Handler handler, Input* in
     g_signal_connect(controller, signal, G_CALLBACK(handler), input);
 }
 
+// A gesture holds its widget while a button or finger is down, and the toolkit does not end it with the
+// window: without the reset the widget would never go.
 void Add(GtkWidget* widget, gpointer controller) {
+    g_signal_connect_object(widget, "unmap", G_CALLBACK(gtk_event_controller_reset), controller,
+                            G_CONNECT_SWAPPED);
     gtk_widget_add_controller(widget, GTK_EVENT_CONTROLLER(controller));
 }
 

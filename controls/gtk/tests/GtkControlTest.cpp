@@ -20,6 +20,7 @@
 #include <ctime>
 #include <limits>
 #include <string>
+#include <utility>
 #include <vector>
 
 using namespace KivoDrawingTools;
@@ -63,7 +64,18 @@ protected:
         return ShowsImage(bare.Smooth(), name);
     }
 
+    // @return whether the plot has ended
+    const bool& LeaveToTheWindow() {
+        const auto end = +[](gpointer gone, GObject*) { *static_cast<bool*>(gone) = true; };
+        g_object_weak_ref(G_OBJECT(plot), end, &isPlotGone);
+        g_clear_object(&plot);
+        return isPlotGone;
+    }
+
     KivoPlot* plot = nullptr;
+
+private:
+    bool isPlotGone = false;
 };
 
 // A view that is told the same as the control.
@@ -327,12 +339,23 @@ TEST_F(GtkControl, TellsWhatIsTracedAndThatTheViewChanges) {
 TEST_F(GtkControl, MayBeEndedByItsOwnSignal) {
     const auto close = +[](KivoPlot*, GtkWindow* closed) { gtk_window_set_child(closed, nullptr); };
     g_signal_connect(plot, "view-changed", G_CALLBACK(close), window);
-    bool isGone = false;
-    g_object_weak_ref(
-        G_OBJECT(plot), [](gpointer gone, GObject*) { *static_cast<bool*>(gone) = true; }, &isGone);
-    g_clear_object(&plot); // the window's alone
+    const bool& isGone = LeaveToTheWindow();
     MovePointer(150, 120);
     Click(wheelUp);
+    EXPECT_TRUE(Until([&] { return isGone; }));
+}
+
+TEST_F(GtkControl, MayBeEndedWithItsWindowInADrag) {
+    const auto close = +[](KivoPlot*, GtkWindow** closed) {
+        if (*closed) gtk_window_destroy(std::exchange(*closed, nullptr));
+    };
+    g_signal_connect(plot, "view-changed", G_CALLBACK(close), &window);
+    const bool& isGone = LeaveToTheWindow();
+    MovePointer(150, 120);
+    desktop->Button(leftButton, true);
+    MovePointer(210, 160);
+    EXPECT_TRUE(Until([&] { return window == nullptr; }));
+    desktop->Button(leftButton, false);
     EXPECT_TRUE(Until([&] { return isGone; }));
 }
 
