@@ -28,7 +28,8 @@ function(kivo_control component)
         target_compile_definitions(${target} PUBLIC KIVO_STATIC)
     endif()
     target_include_directories(${target} PUBLIC
-        "$<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/include>" "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>")
+        "$<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/include>" "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>"
+        PRIVATE "${PROJECT_SOURCE_DIR}/controls/core/shared")
     target_link_libraries(${target} PUBLIC KivoFunctionPlotter::KivoFunctionPlotter ${arg_LINK} PRIVATE ${arg_PRIVATE})
     if(KIVO_INSTALL)
         kivo_install_control()

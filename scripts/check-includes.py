@@ -39,6 +39,7 @@ SURROUNDINGS = {
     f"{LIBRARY}/tests": [f"{LIBRARY}/tests", f"{LIBRARY}/samples", f"{LIBRARY}/src", f"{LIBRARY}/include"],
     f"{LIBRARY}/benchmarks": [
         f"{LIBRARY}/benchmarks", f"{LIBRARY}/samples", f"{LIBRARY}/tests", f"{LIBRARY}/src", f"{LIBRARY}/include"],
+    "controls/core/shared": [],
     "controls/core/src": [f"{LIBRARY}/include"],
     "controls/core/tests": [f"{LIBRARY}/tests", f"{LIBRARY}/src", f"{LIBRARY}/include"],
     "controls/win32/src": [f"{LIBRARY}/include"],
@@ -50,11 +51,11 @@ SURROUNDINGS = {
     "controls/qt/tests": [
         "controls/qt/include", "controls/qt/src", f"{LIBRARY}/samples", f"{LIBRARY}/tests", f"{LIBRARY}/include"],
     "controls/gtk/include": [f"{LIBRARY}/include"],
-    "controls/gtk/src": ["controls/gtk/include", f"{LIBRARY}/include"],
+    "controls/gtk/src": ["controls/gtk/include", "controls/core/shared", f"{LIBRARY}/include"],
     "controls/gtk/tests": [
         "controls/gtk/include", "controls/gtk/src", f"{LIBRARY}/samples", f"{LIBRARY}/tests", f"{LIBRARY}/include"],
     "controls/wx/include": [f"{LIBRARY}/include"],
-    "controls/wx/src": ["controls/wx/include", f"{LIBRARY}/include"],
+    "controls/wx/src": ["controls/wx/include", "controls/core/shared", f"{LIBRARY}/include"],
     "controls/wx/tests": [
         "controls/wx/include", "controls/wx/src", f"{LIBRARY}/samples", f"{LIBRARY}/tests", f"{LIBRARY}/include"],
     "viewer/src": [f"{LIBRARY}/include"],

@@ -26,7 +26,8 @@ KIVO_API int RegisterKivoPlotClass(HINSTANCE instance);
 constexpr DWORD KPS_IMAGE = 0x0001;
 /// A right click opens no menu; the parent gets WM_CONTEXTMENU.
 constexpr DWORD KPS_NOMENU = 0x0002;
-/// Texts, axes and ground have the system's colours of text and windows.
+/// Texts, axes and ground have the system's colours of text and windows. Taken off again, the style leaves
+/// those of a new plot.
 constexpr DWORD KPS_SYSTEMCOLORS = 0x0004;
 /// Drags and arrows keep Z upright.
 constexpr DWORD KPS_UPRIGHT = 0x0008;

@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace KivoDrawingTools {
@@ -108,6 +109,13 @@ public:
     /// @return as above; -3, too, for places that are not finite
     int SetHeights(const float* heights, unsigned int columns, unsigned int rows, double xMin, double xMax,
                    double yMin, double yMax);
+
+    /// Takes colours of a toolkit's palette, and asks for a frame: for dark desktops.
+    /// @param ink     inkColor of KivoStyle.h, 0x00BBGGRR; none: that of a new plot
+    /// @param ground  what is behind the plot, as the ink
+    /// @return 0; -1 where SetStyle cannot draw the texts anew: nothing changes then
+    /// @throws std::bad_alloc  without memory: nothing changes either
+    int SetColors(std::optional<unsigned long> ink, std::optional<unsigned long> ground);
 
     /// Asks for a complete frame, after anything that was set of the plotter.
     void Update();

@@ -1,4 +1,5 @@
 #include "KivoPlotView.h"
+#include "KivoStyle.h"
 #include "PlotViewCore.h"
 
 #include <algorithm>
@@ -68,6 +69,19 @@ int CKivoPlotView::SetHeights(const float* heights, unsigned int columns, unsign
             *end++ = *heights++;
         }
     m_core->ShowGrid(std::move(points), columns, rows);
+    return 0;
+}
+
+int CKivoPlotView::SetColors(std::optional<unsigned long> ink, std::optional<unsigned long> ground) {
+    CKivoFunctionPlotter& plotter = Plotter();
+    SKivoStyle style = GetStyle(plotter);
+    style.inkColor = ink.value_or(SKivoStyle().inkColor);
+    if (const int result = SetStyle(plotter, style); result != 0) return result;
+    if (ground)
+        plotter.SetBackgroundColor(*ground);
+    else
+        plotter.ResetBackgroundColor();
+    Update();
     return 0;
 }
 

@@ -305,6 +305,21 @@ TEST_F(PlotView, WakesForNothing) {
     EXPECT_FALSE(view.IsFrameDue());
 }
 
+TEST_F(PlotView, TakesTheColorsOfAPaletteAndGivesThemBack) {
+    ShowHill();
+    const Image own = Rested();
+    heard.redraws = 0;
+    EXPECT_EQ(view.SetColors(0x00F0E0D0UL, 0x00302010UL), 0);
+    EXPECT_EQ(heard.redraws, 1);
+    EXPECT_EQ(GetStyle(view.Plotter()).inkColor, 0x00F0E0D0UL);
+    EXPECT_TRUE(ImageOf(view.Draw()).IsNear(1, 1, {0x10, 0x20, 0x30}));
+    EXPECT_EQ(view.SetColors({}, 0x00302010UL), 0);
+    EXPECT_EQ(GetStyle(view.Plotter()).inkColor, 0UL);
+    EXPECT_TRUE(ImageOf(view.Draw()).IsNear(1, 1, {0x10, 0x20, 0x30}));
+    EXPECT_EQ(view.SetColors({}, {}), 0);
+    EXPECT_EQ(ImageOf(view.Draw()).rgba, own.rgba);
+}
+
 // ---- The hand
 
 TEST_F(PlotView, EveryButtonDoesItsOwn) {
@@ -550,7 +565,7 @@ TEST(PlotViews, AnythingInAnyOrderDoesNoHarm) {
         CKivoPlotView view(heard.Events());
         for (int i = 0; i < 150; ++i) {
             const POINT place = {whole(900) - 200, whole(900) - 200};
-            switch (whole(16)) {
+            switch (whole(17)) {
             case 0:
                 view.SetSize(whole(300) - 5, whole(300) - 5, 0.5 + 0.5 * whole(4));
                 break;
@@ -592,6 +607,9 @@ TEST(PlotViews, AnythingInAnyOrderDoesNoHarm) {
                 break;
             case 14:
                 view.KeepUpright(whole(2) != 0);
+                break;
+            case 15:
+                view.SetColors(random(), std::nullopt);
                 break;
             default:
                 view.Draw();

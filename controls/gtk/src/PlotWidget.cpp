@@ -1,8 +1,6 @@
 #include "PlotWidget.h"
 
 #include "KivoPicture.h"
-#include "KivoStyle.h"
-#include "KivoView.h"
 
 #include <algorithm>
 #include <cmath>
@@ -214,15 +212,10 @@ GdkTexture* PlotWidget::Picture() {
 void PlotWidget::FollowTheme(bool follow) {
     if (m_followsTheme == follow) return;
     m_followsTheme = follow;
-    if (follow) {
+    if (follow)
         TakeTheme();
-        return;
-    }
-    SKivoStyle style = GetStyle(m_view.Plotter());
-    style.inkColor = SKivoStyle().inkColor;
-    SetStyle(m_view.Plotter(), style);
-    m_view.Plotter().ResetBackgroundColor();
-    m_view.Update();
+    else
+        m_view.SetColors({}, {});
 }
 
 void PlotWidget::TakeTheme() {
@@ -230,9 +223,5 @@ void PlotWidget::TakeTheme() {
     GdkRGBA ink;
     gtk_style_context_get_color(gtk_widget_get_style_context(m_widget), &ink);
     const GdkRGBA ground = ThemeColor(m_widget, {"view_bg_color", "theme_base_color"}, {1, 1, 1, 1});
-    SKivoStyle style = GetStyle(m_view.Plotter());
-    style.inkColor = ColorRef(ink);
-    SetStyle(m_view.Plotter(), style);
-    m_view.Plotter().SetBackgroundColor(ColorRef(ground));
-    m_view.Update();
+    m_view.SetColors(ColorRef(ink), ColorRef(ground));
 }

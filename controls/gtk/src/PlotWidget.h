@@ -2,6 +2,7 @@
 #pragma once
 
 #include "DeviceArea.h"
+#include "Guarded.h"
 #include "KivoPlotView.h"
 
 #include <gtk/gtk.h>
@@ -62,23 +63,3 @@ private:
     double m_imageLeft = 0.0, m_imageTop = 0.0, m_scale = 1.0;
     KivoDrawingTools::CKivoPlotView m_view; // last: it tells when it is made
 };
-
-/// Calls what may not let an exception through a C caller.
-/// @return what it does, or the other where memory fails
-template <typename Action, typename Result>
-Result Guarded(Action action, Result otherwise) noexcept {
-    try {
-        return action();
-    } catch (...) { // std::bad_alloc and std::length_error
-        return otherwise;
-    }
-}
-
-template <typename Action>
-void Guarded(Action action) noexcept {
-    try {
-        action();
-    } catch (...) { // as above
-        return;
-    }
-}

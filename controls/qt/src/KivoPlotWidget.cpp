@@ -118,7 +118,7 @@ void KivoPlotWidget::setPaletteFollowed(bool followed) {
     if (followed)
         applyPalette();
     else
-        m_control->SetColors(Qt::black, {});
+        m_control->SetColors({}, {});
 }
 
 void KivoPlotWidget::applyPalette() {

@@ -1,7 +1,6 @@
 #include "KivoQtControl.h"
 
 #include <KivoHost.h>
-#include <KivoStyle.h>
 #include <KivoView.h>
 
 #include <QKeyEvent>
@@ -14,7 +13,6 @@
 
 #include <cmath>
 #include <limits>
-#include <tuple>
 #include <utility>
 
 using namespace KivoDrawingTools;
@@ -68,6 +66,11 @@ std::optional<KivoViewKey> KeyOf(int key) {
 
 unsigned int FlagsOf(Qt::KeyboardModifiers keys) {
     return KeyState(false, false, false, keys & Qt::ShiftModifier, keys & Qt::ControlModifier);
+}
+
+std::optional<unsigned long> ColorRef(const QColor& color) {
+    if (!color.isValid()) return std::nullopt;
+    return static_cast<unsigned long>(color.blue() << 16 | color.green() << 8 | color.red());
 }
 
 } // namespace
@@ -188,15 +191,7 @@ void KivoQtControl::SetSmoothing(int factor) {
 }
 
 void KivoQtControl::SetColors(const QColor& ink, const QColor& ground) {
-    const auto [red, green, blue] = std::tuple(ink.red(), ink.green(), ink.blue());
-    SKivoStyle style = GetStyle(Plotter());
-    style.inkColor = static_cast<unsigned long>(blue << 16 | green << 8 | red);
-    SetStyle(Plotter(), style);
-    if (ground.isValid())
-        Plotter().SetBackgroundColor(ground.redF(), ground.greenF(), ground.blueF(), 1.0f);
-    else
-        Plotter().ResetBackgroundColor();
-    m_view.Update();
+    m_view.SetColors(ColorRef(ink), ColorRef(ground));
 }
 
 void KivoQtControl::ResetView() {

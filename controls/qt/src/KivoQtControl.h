@@ -60,7 +60,7 @@ public:
     void SetReducedWhileMoving(bool reduced);
     int Smoothing() const { return m_smoothing; }
     void SetSmoothing(int factor);
-    /// @param ground  one that is not valid is that of a new plot
+    /// Those that are not valid are those of a new plot.
     void SetColors(const QColor& ink, const QColor& ground);
     void ResetView();
     QString Failure() const { return QString::fromStdString(m_view.Failure()); }

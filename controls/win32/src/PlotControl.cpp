@@ -1,7 +1,6 @@
 #include "PlotControl.h"
 
 #include "ControlPicture.h"
-#include "KivoStyle.h"
 
 #include <windowsx.h>
 
@@ -13,6 +12,7 @@
 #include <iterator>
 #include <new>
 #include <string>
+#include <utility>
 
 namespace KivoDrawingTools {
 
@@ -88,12 +88,11 @@ void PlotControl::FollowSize() {
 
 void PlotControl::FollowStyle() {
     m_view.KeepUpright(HasStyle(KPS_UPRIGHT));
-    if (!HasStyle(KPS_SYSTEMCOLORS)) return;
-    SKivoStyle style = GetStyle(m_view.Plotter());
-    style.inkColor = GetSysColor(COLOR_WINDOWTEXT);
-    SetStyle(m_view.Plotter(), style);
-    m_view.Plotter().SetBackgroundColor(static_cast<unsigned long>(GetSysColor(COLOR_WINDOW)));
-    m_view.Update();
+    const bool hadSystemColors = std::exchange(m_hasSystemColors, HasStyle(KPS_SYSTEMCOLORS));
+    if (m_hasSystemColors)
+        m_view.SetColors(GetSysColor(COLOR_WINDOWTEXT), GetSysColor(COLOR_WINDOW));
+    else if (hadSystemColors)
+        m_view.SetColors({}, {});
 }
 
 // ---- Pictures

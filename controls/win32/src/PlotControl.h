@@ -46,6 +46,7 @@ private:
 
     HWND m_window;
     CKivoPlotView m_view;
+    bool m_hasSystemColors = false;
     double m_pinch = 0.0; ///< distance of the fingers at the last report
     std::vector<unsigned char> m_picture;
 };

@@ -307,10 +307,13 @@ TEST_P(Win32Control, ItsNotificationsWhileItPaintsMayDestroyIt) {
 TEST_P(Win32Control, FollowsTheSystemsColorsOnDemand) {
     EXPECT_EQ(GetStyle(plotter).inkColor, 0UL);
     const HWND second = MakeControl(parent.Window(), GetParam() | KPS_SYSTEMCOLORS);
+    ShowHill(second);
     EXPECT_EQ(GetStyle(PlotterOf(second)).inkColor, GetSysColor(COLOR_WINDOWTEXT));
     const Image printed = Printed(second);
     const COLORREF ground = GetSysColor(COLOR_WINDOW);
     EXPECT_TRUE(printed.IsNear(1, 1, {GetRValue(ground), GetGValue(ground), GetBValue(ground)}));
+    SetWindowLongPtrA(second, GWL_STYLE, WS_CHILD | WS_VISIBLE | static_cast<LONG_PTR>(GetParam()));
+    EXPECT_EQ(Printed(second).rgba, Printed(control).rgba) << "its own again";
     DestroyWindow(second);
 }
 

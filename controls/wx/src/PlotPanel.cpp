@@ -1,7 +1,6 @@
 #include "PlotPanel.h"
 
 #include "KivoHost.h"
-#include "KivoStyle.h"
 #include "KivoView.h"
 
 #include <wx/dcbuffer.h>
@@ -293,23 +292,15 @@ void PlotPanel::Save() {
 
 void PlotPanel::FollowSystemColours(bool follow) {
     if (std::exchange(m_followsColours, follow) == follow) return;
-    if (follow) {
+    if (follow)
         TakeColours();
-        return;
-    }
-    SKivoStyle style = GetStyle(m_view.Plotter());
-    style.inkColor = SKivoStyle().inkColor;
-    SetStyle(m_view.Plotter(), style);
-    m_view.Plotter().ResetBackgroundColor();
-    m_view.Update();
+    else
+        m_view.SetColors({}, {});
 }
 
 void PlotPanel::TakeColours() {
-    SKivoStyle style = GetStyle(m_view.Plotter());
-    style.inkColor = ColorRef(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT));
-    SetStyle(m_view.Plotter(), style);
-    m_view.Plotter().SetBackgroundColor(ColorRef(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW)));
-    m_view.Update();
+    m_view.SetColors(ColorRef(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT)),
+                     ColorRef(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW)));
 }
 
 void PlotPanel::OnColours(wxSysColourChangedEvent& event) {

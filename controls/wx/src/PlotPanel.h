@@ -1,6 +1,7 @@
 // What a wxKivoPlot is made of: the view, and the events of the window that shows it.
 #pragma once
 
+#include "Guarded.h"
 #include "KivoPlotView.h"
 #include "wxKivoPlot.h"
 
@@ -50,23 +51,3 @@ private:
     double m_pinched = 1.0;
     KivoDrawingTools::CKivoPlotView m_view; // last: it tells when it is made
 };
-
-/// Calls what may not let an exception through the toolkit.
-/// @return what it does, or the other where memory fails
-template <typename Action, typename Result>
-Result Guarded(Action action, Result otherwise) noexcept {
-    try {
-        return action();
-    } catch (...) { // std::bad_alloc and std::length_error
-        return otherwise;
-    }
-}
-
-template <typename Action>
-void Guarded(Action action) noexcept {
-    try {
-        action();
-    } catch (...) { // as above
-        return;
-    }
-}
