@@ -12,6 +12,7 @@
 #include <wx/control.h>
 #include <wx/event.h>
 
+#include <functional>
 #include <memory>
 
 #if defined(KIVO_STATIC)
@@ -62,6 +63,11 @@ class KIVO_WX_API wxKivoPlot : public wxControl {
 public:
     /// To be followed by Create().
     wxKivoPlot();
+    /// The same with a plotter of a derived class, not bound to a window.
+    /// @param plotter  null: as above
+    /// @param layOut   as in SKivoPlotViewEvents of KivoPlotView.h; empty: the control lays the plot out
+    explicit wxKivoPlot(std::unique_ptr<KivoDrawingTools::CKivoFunctionPlotter> plotter,
+                        std::function<void(int width, int height)> layOut = {});
     /// As every control's. An empty plot, which is black on its own light ground.
     explicit wxKivoPlot(wxWindow* parent, wxWindowID id = wxID_ANY, const wxPoint& pos = wxDefaultPosition,
                         const wxSize& size = wxDefaultSize, long style = wxBORDER_NONE,
@@ -76,7 +82,8 @@ public:
     /// The plotter, for everything that is shown; RefreshPlot() shows it. CKivoPlotView::Plotter of
     /// KivoPlotView.h says what of it is the control's.
     KivoDrawingTools::CKivoFunctionPlotter& GetPlotter();
-    /// Shows what has been set of the plotter.
+    /// Shows what has been set of the plotter. Its title is what readers of the screen say, as far as
+    /// wxWidgets lets them: with GTK 3.
     void RefreshPlot();
 
     /// Shows a grid of points, which are copied.

@@ -2,6 +2,7 @@
 
 #include "KivoHost.h"
 #include "KivoView.h"
+#include "PlotAccessibility.h"
 
 #include <wx/dcbuffer.h>
 #include <wx/filedlg.h>
@@ -90,7 +91,9 @@ unsigned long ColorRef(const wxColour& color) {
 
 } // namespace
 
-PlotPanel::PlotPanel(wxKivoPlot& window) : m_window(window), m_view(ViewEvents()) {
+PlotPanel::PlotPanel(wxKivoPlot& window, std::unique_ptr<CKivoFunctionPlotter> plotter,
+                     std::function<void(int width, int height)> layOut)
+    : m_window(window), m_view(ViewEvents(std::move(layOut)), std::move(plotter)) {
     m_wake.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { Guarded([this] { m_view.Wake(); }); });
 }
 
@@ -116,12 +119,22 @@ void PlotPanel::Connect() {
     m_window.Bind(wxEVT_SYS_COLOUR_CHANGED, &PlotPanel::OnColours, this);
     m_window.Bind(wxEVT_SET_FOCUS, &PlotPanel::OnFocus, this);
     m_window.Bind(wxEVT_KILL_FOCUS, &PlotPanel::OnFocus, this);
+    TellReaders();
+}
+
+void PlotPanel::TellReaders() {
+    const char* const title = m_view.Plotter().GetPlotTitle();
+    const wxString name = *title ? wxString::FromUTF8(title) : wxString("Plot");
+    if (!m_window.GetHandle() || name == m_name) return;
+    m_name = name;
+    NameForReaders(m_window, name);
 }
 
 // ---- What the view asks for
 
-SKivoPlotViewEvents PlotPanel::ViewEvents() {
+SKivoPlotViewEvents PlotPanel::ViewEvents(std::function<void(int width, int height)> layOut) {
     SKivoPlotViewEvents events;
+    events.layOut = std::move(layOut);
     events.redraw = [this] {
         if (!m_isPainting && m_window.GetHandle()) m_window.Refresh();
     };

@@ -7,9 +7,13 @@
 
 #include <wx/timer.h>
 
+#include <functional>
+#include <memory>
+
 class PlotPanel {
 public:
-    explicit PlotPanel(wxKivoPlot& window);
+    PlotPanel(wxKivoPlot& window, std::unique_ptr<KivoDrawingTools::CKivoFunctionPlotter> plotter,
+              std::function<void(int width, int height)> layOut);
     PlotPanel(const PlotPanel&) = delete;
     PlotPanel& operator=(const PlotPanel&) = delete;
 
@@ -17,6 +21,8 @@ public:
     const KivoDrawingTools::CKivoPlotView& View() const { return m_view; }
     /// The window is there.
     void Connect();
+    /// What the plot is called, where that is new.
+    void TellReaders();
     /// A complete frame.
     wxImage Picture();
     void FollowSystemColours(bool follow);
@@ -24,7 +30,7 @@ public:
     bool hasMenu = true;
 
 private:
-    KivoDrawingTools::SKivoPlotViewEvents ViewEvents();
+    KivoDrawingTools::SKivoPlotViewEvents ViewEvents(std::function<void(int width, int height)> layOut);
     void Tell(const wxEventTypeTag<wxKivoPlotEvent>& type, const float* point = nullptr);
     KivoDrawingTools::POINT Pixel(const wxPoint& place) const;
 
@@ -49,5 +55,6 @@ private:
     bool m_followsColours = false;
     bool m_showsFocus = false;
     double m_pinched = 1.0;
+    wxString m_name;                        // as readers know it
     KivoDrawingTools::CKivoPlotView m_view; // last: it tells when it is made
 };

@@ -7,12 +7,18 @@
 #include <wx/image.h>
 #include <wx/log.h>
 
+#include <utility>
+
 wxDEFINE_EVENT(wxEVT_KIVO_TRACED, wxKivoPlotEvent);
 wxDEFINE_EVENT(wxEVT_KIVO_TRACE_LOST, wxKivoPlotEvent);
 wxDEFINE_EVENT(wxEVT_KIVO_VIEW_CHANGED, wxKivoPlotEvent);
 wxDEFINE_EVENT(wxEVT_KIVO_FAILED, wxKivoPlotEvent);
 
-wxKivoPlot::wxKivoPlot() : m_panel(std::make_unique<PlotPanel>(*this)) {}
+wxKivoPlot::wxKivoPlot() : wxKivoPlot(std::unique_ptr<KivoDrawingTools::CKivoFunctionPlotter>()) {}
+
+wxKivoPlot::wxKivoPlot(std::unique_ptr<KivoDrawingTools::CKivoFunctionPlotter> plotter,
+                       std::function<void(int width, int height)> layOut)
+    : m_panel(std::make_unique<PlotPanel>(*this, std::move(plotter), std::move(layOut))) {}
 
 wxKivoPlot::wxKivoPlot(wxWindow* parent, wxWindowID id, const wxPoint& pos, const wxSize& size, long style,
                        const wxString& name)
@@ -40,6 +46,7 @@ KivoDrawingTools::CKivoFunctionPlotter& wxKivoPlot::GetPlotter() {
 
 void wxKivoPlot::RefreshPlot() {
     m_panel->View().Update();
+    m_panel->TellReaders();
 }
 
 bool wxKivoPlot::SetGrid(const float* points, unsigned int columns, unsigned int rows) {

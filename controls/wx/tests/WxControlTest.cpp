@@ -1,27 +1,23 @@
 // The control for wxWidgets in windows of a real display: what it shows is read from the screen and compared
 // with what a plotter alone draws; input comes from the X server.
 #include "KivoPlotView.h"
-#include "KivoStyle.h"
 #include "KivoView.h"
 #include "SampleGrids.h"
 #include "support/BarePlot.h"
 #include "support/ChildProcess.h"
-#include "support/Desktop.h"
 #include "support/OpenFiles.h"
 #include "support/PngImage.h"
 #include "support/PrivateFolder.h"
-#include "support/TestSurfaces.h"
-#include "support/WaitFor.h"
 #include "support/X11TestWindow.h"
-#include "wxKivoPlot.h"
+#include "WxSession.h"
 
-#include <wx/apptrait.h>
-#include <wx/evtloop.h>
 #include <wx/wx.h>
 
-#include <algorithm>
+#if defined(KIVO_WX_HAS_ATK)
+#include <gtk/gtk.h>
+#endif
+
 #include <cmath>
-#include <cstdlib>
 #include <memory>
 #include <string>
 #include <vector>
@@ -31,123 +27,11 @@ using namespace KivoTest;
 
 namespace {
 
-constexpr int width = 400, height = 300;
-constexpr unsigned int columns = 41, rows = 33;
-constexpr char title[] = "the control's window";
+constexpr int derivedWidth = 500;
 
-class WxControl : public testing::Test {
-protected:
-    static void SetUpTestSuite() {
-        if (!HasDisplay()) return;
-        setenv("GDK_BACKEND", "x11", 1);
-        setenv("NO_AT_BRIDGE", "1", 1);
-        wxApp::SetInstance(new wxApp);
-        static int count = 1;
-        static char name[] = "test";
-        static char* words[] = {name, nullptr};
-        ASSERT_TRUE(wxEntryStart(count, words));
-        wxTheApp->CallOnInit();
-        wxTheApp->SetExitOnFrameDelete(false);
-    }
-    static void TearDownTestSuite() {
-        if (wxTheApp) wxEntryCleanup();
-    }
-
-    void SetUp() override {
-        if (!HasDisplay()) GTEST_SKIP() << "no display";
-        desktop = std::make_unique<Desktop>();
-        ASSERT_TRUE(desktop->Ok());
-        desktop->MovePointer(1200, 1000); // out of the way
-        frame = new wxFrame(nullptr, wxID_ANY, title, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE);
-        plot = new wxKivoPlot(frame);
-        SetHill(*plot);
-        frame->SetClientSize(width, height);
-        frame->Show();
-        ASSERT_TRUE(Until([this] { return (window = desktop->FindWindow(title)) != XCB_NONE; }));
-        desktop->Focus(window);
-        ASSERT_TRUE(Until([this] { return desktop->AreaOf(window).width == width; }));
-        Run();
-    }
-    void TearDown() override {
-        if (frame) frame->Destroy();
-        if (desktop) Until([this] { return desktop->FindWindow(title) == XCB_NONE; });
-    }
-
-    static void SetHill(wxKivoPlot& shown) {
-        const TestSurface hill = HillSurface(columns, rows);
-        EXPECT_TRUE(shown.SetGrid(hill.points.data(), columns, rows));
-    }
-
-    // Runs the toolkit until the condition holds.
-    static bool Until(const std::function<bool()>& condition, std::chrono::milliseconds time = patience) {
-        const auto loop = std::unique_ptr<wxEventLoopBase>(wxTheApp->GetTraits()->CreateEventLoop());
-        const wxEventLoopActivator activator(loop.get());
-        return WaitFor(
-            [&] {
-                while (loop->Pending())
-                    loop->Dispatch();
-                wxTheApp->ProcessPendingEvents();
-                loop->ProcessIdle();
-                return condition();
-            },
-            time);
-    }
-    void Run(int milliseconds = 40) {
-        desktop->Sync();
-        Until([] { return false; }, std::chrono::milliseconds(milliseconds));
-    }
-
-    void MovePointer(int x, int y) {
-        const ScreenArea area = desktop->AreaOf(window);
-        desktop->MovePointer(area.x + x, area.y + y);
-        Run();
-    }
-    void Drag(PointerButton button, int fromX, int fromY, int toX, int toY) {
-        MovePointer(fromX, fromY);
-        desktop->Button(button, true);
-        Run();
-        MovePointer(toX, toY);
-        desktop->Button(button, false);
-        Run();
-    }
-
-    CKivoFunctionPlotter& Plotter() const { return plot->GetPlotter(); }
-
-    testing::AssertionResult ShowsBare(const std::string& name, int left = 0) {
-        BarePlot bare(width, height);
-        const TestSurface hill = HillSurface(columns, rows);
-        bare.plotter.SetPlotTitle(Plotter().GetPlotTitle());
-        bare.plotter.SetData(hill.NewArray(), columns, rows, 1, columns, 3);
-        SetView(bare.plotter, GetView(Plotter()));
-        const Image expected = bare.Smooth();
-        Image shown;
-        const auto isSame = [&] {
-            const ScreenArea area = desktop->AreaOf(window);
-            shown = desktop->Grab(ScreenArea{area.x + left, area.y, width, height});
-            return shown.rgba.size() == expected.rgba.size() && Compare(shown, expected).max == 0;
-        };
-        Until(isSame, std::chrono::seconds(10));
-        return ImagesAgree(shown, expected, 0, 0.0, name);
-    }
-
-    bool IsSeenAs(CKivoPlotView& view) {
-        const SKivoView mine = GetView(view.Plotter()), other = GetView(Plotter());
-        const auto isNear = [](double a, double b) { return std::abs(a - b) < 1e-4; };
-        return std::equal(mine.rotation, mine.rotation + 9, other.rotation, isNear) &&
-               isNear(mine.panX, other.panX) && isNear(mine.panY, other.panY) &&
-               isNear(mine.zoom, other.zoom) && mine.plotType == other.plotType;
-    }
-    static void MakeTwin(CKivoPlotView& view) {
-        view.SetSize(width, height);
-        const TestSurface hill = HillSurface(columns, rows);
-        view.SetGrid(hill.points.data(), columns, rows);
-        view.Draw();
-    }
-
-    std::unique_ptr<Desktop> desktop;
-    wxFrame* frame = nullptr;
-    wxKivoPlot* plot = nullptr;
-    xcb_window_t window = XCB_NONE;
+class Derived : public CKivoFunctionPlotter {
+public:
+    int laidOut = 0;
 };
 
 } // namespace
@@ -348,6 +232,46 @@ TEST_F(WxControl, IsHarmlessBeforeItIsCreated) {
     bare.RefreshPlot();
     bare.FollowSystemColours(true);
     EXPECT_FALSE(bare.GetPicture().IsOk()) << "it has no size yet";
+}
+
+TEST_F(WxControl, ShowsAPlotterOfADerivedClass) {
+    auto own = std::make_unique<Derived>();
+    Derived& derived = *own;
+    const auto layOut = [&](int w, int h) {
+        derived.OnSize(0, w, h);
+        ++derived.laidOut;
+    };
+    plot->Destroy();
+    plot = new wxKivoPlot(std::move(own), layOut);
+    EXPECT_EQ(&plot->GetPlotter(), &derived);
+    ASSERT_TRUE(plot->Create(frame));
+    SetHill(*plot);
+    plot->SetSize(0, 0, width, height);
+    EXPECT_TRUE(ShowsBare("wx-derived"));
+    frame->SetClientSize(derivedWidth, height);
+    plot->SetSize(0, 0, derivedWidth, height);
+    derived.laidOut = 0;
+    EXPECT_TRUE(Until([&] { return derived.laidOut == 1; }));
+    plot->Destroy();
+    plot = nullptr;
+    Run();
+
+    auto* const usual = new wxKivoPlot(std::unique_ptr<CKivoFunctionPlotter>());
+    EXPECT_TRUE(usual->Create(frame) && usual->GetFailure().empty());
+}
+
+TEST_F(WxControl, SaysWhatItIsToThoseWhoCannotSee) {
+#if defined(KIVO_WX_HAS_ATK)
+    AtkObject* const accessible = gtk_widget_get_accessible(plot->GetHandle());
+    EXPECT_EQ(atk_object_get_role(accessible), ATK_ROLE_CHART);
+    EXPECT_STREQ(atk_object_get_name(accessible), "Plot");
+    EXPECT_NE(std::string(atk_object_get_description(accessible)).find("arrow keys"), std::string::npos);
+    Plotter().SetPlotTitle("Wind");
+    plot->RefreshPlot();
+    EXPECT_STREQ(atk_object_get_name(accessible), "Wind");
+#else
+    GTEST_SKIP() << "without GTK 3 nobody is told";
+#endif
 }
 
 // ---- Many
