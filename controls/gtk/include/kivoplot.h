@@ -12,6 +12,9 @@
 
 #ifdef __cplusplus
 #include "KivoFunctionPlotter.h"
+
+#include <functional>
+#include <memory>
 #endif
 
 #if defined(KIVO_STATIC)
@@ -217,6 +220,12 @@ KIVO_GTK4_API void kivo_plot_refresh(KivoPlot* self);
 G_END_DECLS
 
 #ifdef __cplusplus
+/// Makes a plot with a plotter of a derived class, not bound to a window.
+/// @param plotter  null: as kivo_plot_new()
+/// @param layOut   as in SKivoPlotViewEvents of KivoPlotView.h; empty: the widget lays the plot out
+/// @return the widget; null where there was no memory for it
+KIVO_GTK4_API GtkWidget* kivo_plot_new(std::unique_ptr<KivoDrawingTools::CKivoFunctionPlotter> plotter,
+                                       std::function<void(int width, int height)> layOut = {});
 /// The plotter of a plot, for everything that is shown; kivo_plot_refresh() shows it. CKivoPlotView::Plotter
 /// of KivoPlotView.h says what of it is the widget's. It lives as long as the widget.
 /// @return null where there was no memory for it

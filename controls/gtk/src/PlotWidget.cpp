@@ -46,7 +46,7 @@ GdkRGBA ThemeColor(GtkWidget* widget, std::initializer_list<const char*> names, 
 } // namespace
 
 PlotWidget::PlotWidget(GtkWidget* widget, Events events)
-    : m_widget(widget), m_events(std::move(events)), m_view(ViewEvents()) {}
+    : m_widget(widget), m_events(std::move(events)), m_view(std::make_unique<CKivoPlotView>(ViewEvents())) {}
 
 PlotWidget::~PlotWidget() {
     if (m_waking != 0) g_source_remove(m_waking);
@@ -55,10 +55,16 @@ PlotWidget::~PlotWidget() {
     g_clear_object(&m_texture);
 }
 
+void PlotWidget::UsePlotter(std::unique_ptr<CKivoFunctionPlotter> plotter,
+                            std::function<void(int width, int height)> layOut) {
+    m_view = std::make_unique<CKivoPlotView>(ViewEvents(std::move(layOut)), std::move(plotter));
+}
+
 // ---- What the view asks for
 
-SKivoPlotViewEvents PlotWidget::ViewEvents() {
+SKivoPlotViewEvents PlotWidget::ViewEvents(std::function<void(int width, int height)> layOut) {
     SKivoPlotViewEvents events;
+    events.layOut = std::move(layOut);
     events.redraw = [this] {
         if (!m_isSnapshot) gtk_widget_queue_draw(m_widget);
     };
@@ -79,7 +85,7 @@ void PlotWidget::WakeIn(int milliseconds) {
     const auto wake = [](gpointer data) -> gboolean {
         auto& self = *static_cast<PlotWidget*>(data);
         self.m_waking = 0;
-        Guarded([&] { self.m_view.Wake(); });
+        Guarded([&] { self.m_view->Wake(); });
         return G_SOURCE_REMOVE;
     };
     m_waking = g_timeout_add(static_cast<guint>(milliseconds), wake, this);
@@ -133,9 +139,9 @@ void PlotWidget::Snapshot(GtkSnapshot* snapshot) {
     ShowAgainAtNewSize(area);
     m_isSnapshot = true;
     Guarded([&] {
-        m_view.SetSize(area.width, area.height, std::clamp(m_scale, 0.1, 8.0));
-        if (m_texture && !m_view.IsFrameDue()) return;
-        const SKivoPlotImage image = m_view.Draw();
+        m_view->SetSize(area.width, area.height, std::clamp(m_scale, 0.1, 8.0));
+        if (m_texture && !m_view->IsFrameDue()) return;
+        const SKivoPlotImage image = m_view->Draw();
         g_clear_object(&m_texture);
         if (image.pixels) m_texture = TextureOf(image.pixels, image.width, image.height, image.rowBytes);
     });
@@ -168,11 +174,11 @@ void PlotWidget::ShowAgainAtNewSize(const DeviceArea& area) {
 }
 
 void PlotWidget::SnapshotFailure(GtkSnapshot* snapshot) {
-    if (m_view.Failure().empty()) return;
+    if (m_view->Failure().empty()) return;
     constexpr int margin = 12;
     GdkRGBA color;
     gtk_style_context_get_color(gtk_widget_get_style_context(m_widget), &color);
-    PangoLayout* const words = gtk_widget_create_pango_layout(m_widget, m_view.Failure().c_str());
+    PangoLayout* const words = gtk_widget_create_pango_layout(m_widget, m_view->Failure().c_str());
     pango_layout_set_width(words, std::max(gtk_widget_get_width(m_widget) - 2 * margin, 1) * PANGO_SCALE);
     pango_layout_set_wrap(words, PANGO_WRAP_WORD_CHAR);
     const graphene_point_t place = {margin, margin};
@@ -198,8 +204,8 @@ void PlotWidget::SnapshotFocus(GtkSnapshot* snapshot) {
 }
 
 GdkTexture* PlotWidget::Picture() {
-    m_view.Update();
-    const SKivoPlotImage image = m_view.Draw();
+    m_view->Update();
+    const SKivoPlotImage image = m_view->Draw();
     if (!image.pixels) return nullptr;
     g_clear_object(&m_texture);
     m_texture = TextureOf(image.pixels, image.width, image.height, image.rowBytes);
@@ -215,7 +221,7 @@ void PlotWidget::FollowTheme(bool follow) {
     if (follow)
         TakeTheme();
     else
-        m_view.SetColors({}, {});
+        m_view->SetColors({}, {});
 }
 
 void PlotWidget::TakeTheme() {
@@ -223,5 +229,5 @@ void PlotWidget::TakeTheme() {
     GdkRGBA ink;
     gtk_style_context_get_color(gtk_widget_get_style_context(m_widget), &ink);
     const GdkRGBA ground = ThemeColor(m_widget, {"view_bg_color", "theme_base_color"}, {1, 1, 1, 1});
-    m_view.SetColors(ColorRef(ink), ColorRef(ground));
+    m_view->SetColors(ColorRef(ink), ColorRef(ground));
 }

@@ -8,6 +8,7 @@
 #include <gtk/gtk.h>
 
 #include <functional>
+#include <memory>
 #include <string>
 
 /// Ends with the widget, which outlives every call of its members.
@@ -25,7 +26,10 @@ public:
     PlotWidget(const PlotWidget&) = delete;
     PlotWidget& operator=(const PlotWidget&) = delete;
 
-    KivoDrawingTools::CKivoPlotView& View() { return m_view; }
+    KivoDrawingTools::CKivoPlotView& View() { return *m_view; }
+    /// Shows another plotter from now on, not bound to a window. @param layOut as in SKivoPlotViewEvents
+    void UsePlotter(std::unique_ptr<KivoDrawingTools::CKivoFunctionPlotter> plotter,
+                    std::function<void(int width, int height)> layOut);
     /// Draws a frame where one is due, and shows the last one.
     void Snapshot(GtkSnapshot* snapshot);
     /// A complete frame; null where there is none.
@@ -41,7 +45,7 @@ public:
 private:
     enum Told : unsigned int { nothing = 0, trace = 1, viewChange = 2, failure = 4 };
 
-    KivoDrawingTools::SKivoPlotViewEvents ViewEvents();
+    KivoDrawingTools::SKivoPlotViewEvents ViewEvents(std::function<void(int width, int height)> layOut = {});
     DeviceArea Area() const;
     void ShowAgainAtNewSize(const DeviceArea& area);
     void WakeIn(int milliseconds);
@@ -61,5 +65,5 @@ private:
     bool m_isTraced = false;
     float m_point[3] = {};
     double m_imageLeft = 0.0, m_imageTop = 0.0, m_scale = 1.0;
-    KivoDrawingTools::CKivoPlotView m_view; // last: it tells when it is made
+    std::unique_ptr<KivoDrawingTools::CKivoPlotView> m_view; // last: it tells when it is made
 };

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <new>
 #include <string>
+#include <utility>
 
 using namespace KivoDrawingTools;
 
@@ -402,6 +403,19 @@ GType kivo_plot_kind_get_type() {
 
 GtkWidget* kivo_plot_new() {
     return GTK_WIDGET(g_object_new(KIVO_TYPE_PLOT, nullptr));
+}
+
+GtkWidget* kivo_plot_new(std::unique_ptr<CKivoFunctionPlotter> plotter,
+                         std::function<void(int width, int height)> layOut) {
+    KivoPlot* const self = KIVO_PLOT(kivo_plot_new());
+    const bool isMade = Change(self, [&](PlotWidget& plot, CKivoFunctionPlotter&) {
+        plot.UsePlotter(std::move(plotter), std::move(layOut));
+        return true;
+    });
+    if (isMade) return GTK_WIDGET(self);
+    g_object_ref_sink(self);
+    g_object_unref(self);
+    return nullptr;
 }
 
 CKivoFunctionPlotter* kivo_plot_get_plotter(KivoPlot* self) {

@@ -19,6 +19,7 @@
 #include <cstdlib>
 #include <ctime>
 #include <limits>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -76,6 +77,11 @@ protected:
 
 private:
     bool isPlotGone = false;
+};
+
+class Derived : public CKivoFunctionPlotter {
+public:
+    int laidOut = 0;
 };
 
 // A view that is told the same as the control.
@@ -411,6 +417,32 @@ TEST_F(GtkControl, RefusesWhatIsNoGrid) {
     EXPECT_FALSE(kivo_plot_set_color_range(plot, 0, std::numeric_limits<float>::infinity()));
     kivo_plot_zoom(plot, std::nan(""));
     EXPECT_TRUE(ShowsBare(width, height, 1.0, "gtk-refused"));
+}
+
+TEST_F(GtkControl, ShowsAPlotterOfADerivedClass) {
+    CloseWindow();
+    g_object_unref(plot);
+    auto own = std::make_unique<Derived>();
+    Derived& derived = *own;
+    const auto layOut = [&](int w, int h) {
+        derived.OnSize(0, w, h);
+        ++derived.laidOut;
+    };
+    plot = KIVO_PLOT(g_object_ref_sink(kivo_plot_new(std::move(own), layOut)));
+    ASSERT_EQ(kivo_plot_get_plotter(plot), &derived);
+    g_object_set(plot, "title", "A derived one", nullptr);
+    SetHill(plot);
+    Show(GTK_WIDGET(plot), width, height + 20);
+    EXPECT_TRUE(ShowsBare(width, height + 20, 1.0, "gtk-derived"));
+    EXPECT_EQ(derived.laidOut, 1);
+    MovePointer(150, 120);
+    Click(wheelUp);
+    EXPECT_TRUE(Until([&] { return GetView(derived).zoom > 1.0; }));
+
+    GtkWidget* const usual = kivo_plot_new(nullptr);
+    g_object_ref_sink(usual);
+    EXPECT_NE(kivo_plot_get_plotter(KIVO_PLOT(usual)), nullptr);
+    g_object_unref(usual);
 }
 
 TEST_F(GtkControl, SaysWhatItIsToThoseWhoCannotSee) {
