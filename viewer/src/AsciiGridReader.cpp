@@ -24,6 +24,8 @@ struct Header {
     Entry x{"xllcorner"};
     Entry y{"yllcorner"};
     Entry cell{"cellsize"};
+    Entry cellX{"dx"};
+    Entry cellY{"dy"};
     Entry noData{"nodata_value", false, -9999.0};
 };
 
@@ -41,7 +43,8 @@ Entry* FindEntry(Header& header, const std::string& name) {
         entry->corner = name == axis + "corner";
         return entry;
     }
-    for (Entry* entry : {&header.columns, &header.rows, &header.cell, &header.noData})
+    for (Entry* entry :
+         {&header.columns, &header.rows, &header.cell, &header.cellX, &header.cellY, &header.noData})
         if (name == entry->name) return entry;
     return nullptr;
 }
@@ -58,7 +61,8 @@ void ReadEntry(const TextLines& lines, const std::vector<std::string_view>& fiel
     const bool isCount = entry == &header.columns || entry == &header.rows;
     if (isCount && ParseCount(fields[1]).value_or(0) < 2)
         lines.Fail(std::string(entry->name) + " must be a whole number of at least 2");
-    if (entry == &header.cell && !(*entry->value > 0.0)) lines.Fail("cellsize must be positive");
+    const bool isCell = entry == &header.cell || entry == &header.cellX || entry == &header.cellY;
+    if (isCell && !(*entry->value > 0.0)) lines.Fail(std::string(entry->name) + " must be positive");
 }
 
 // Leaves the first line of values as the current one.
@@ -70,7 +74,10 @@ Header ReadHeader(TextLines& lines, std::vector<std::string_view>& fields) {
         if (ParseNumber(fields[0])) break;
         ReadEntry(lines, fields, header);
     }
-    for (const Entry* entry : {&header.columns, &header.rows, &header.x, &header.y, &header.cell})
+    if (!header.cellX.value && !header.cellY.value) header.cellX = header.cellY = header.cell;
+    if (!header.cellX.value && !header.cellY.value) lines.Fail("the header lacks cellsize");
+    for (const Entry* entry :
+         {&header.columns, &header.rows, &header.x, &header.y, &header.cellX, &header.cellY})
         if (!entry->value) lines.Fail(std::string("the header lacks ") + entry->name);
     const double points = *header.columns.value * *header.rows.value;
     if (points > static_cast<double>(maxPointCount))
@@ -115,7 +122,9 @@ bool IsAsciiGridHeader(std::string_view line) {
     std::vector<std::string_view> fields;
     SplitFields(line, ' ', fields);
     Header header;
-    return !fields.empty() && FindEntry(header, LowerCase(fields[0])) != nullptr;
+    if (fields.empty()) return false;
+    const Entry* const entry = FindEntry(header, LowerCase(fields[0]));
+    return entry && entry != &header.cellX && entry != &header.cellY; // which name columns, too
 }
 
 GridData ReadAsciiGrid(TextLines& lines) {
@@ -123,8 +132,8 @@ GridData ReadAsciiGrid(TextLines& lines) {
     const Header header = ReadHeader(lines, fields);
     const auto columns = static_cast<std::size_t>(*header.columns.value);
     const auto rows = static_cast<std::size_t>(*header.rows.value);
-    const std::vector<double> x = Centers(lines, header.x, header.cell, columns);
-    std::vector<double> y = Centers(lines, header.y, header.cell, rows);
+    const std::vector<double> x = Centers(lines, header.x, header.cellX, columns);
+    std::vector<double> y = Centers(lines, header.y, header.cellY, rows);
     std::reverse(y.begin(), y.end()); // the northernmost row comes first
 
     std::vector<double> z;

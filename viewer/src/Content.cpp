@@ -11,9 +11,10 @@ Content LoadContent(const Options& options, GridData (*sample)()) {
     if (!options.function.empty())
         content.grid = MakeFormulaGrid(options.function, options.x, options.y);
     else
-        content.grid = options.files.empty() ? sample() : ReadGridFile(options.files.front());
+        content.grid =
+            options.files.empty() ? sample() : ReadGridFile(options.files.front(), {}, options.reading);
     for (std::size_t i = 1; i < options.files.size(); ++i)
-        content.surfaces.push_back(ReadGridFile(options.files[i]));
+        content.surfaces.push_back(ReadGridFile(options.files[i], {}, options.reading));
     for (const std::string& path : options.pointFiles)
         content.measureGroups.push_back(ReadPointFile(path));
     for (const std::string& path : options.curveFiles)

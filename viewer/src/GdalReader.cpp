@@ -6,12 +6,17 @@
 #include "GridFormats.h"
 #include "Numbers.h"
 
+#include <cpl_conv.h>
 #include <cpl_error.h>
+#include <cpl_string.h>
 #include <gdal.h>
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 #include <memory>
+#include <string_view>
 
 namespace KivoViewer {
 
@@ -34,26 +39,91 @@ struct CloseDataset {
 };
 using Dataset = std::unique_ptr<void, CloseDataset>;
 
+void SetUp() {
+    constexpr GIntBig blockCache = GIntBig{128}
+                                   << 20; // each block is read once: a larger one only costs memory
+    GDALAllRegister();
+    GDALSetCacheMax64(blockCache);
+    CPLSetThreadLocalConfigOption("GDAL_NUM_THREADS", "ALL_CPUS");
+}
+
 [[noreturn]] void Fail(const std::string& path) {
     throw Failure(path + ": " + OneLine(CPLGetLastErrorMsg()));
 }
 
-// Centres of the cells along an axis: the second to fourth of GDAL's coefficients say how a place follows
-// from column and row.
-struct Coordinates {
-    std::vector<double> x;
-    std::vector<double> y;
+// The part of a raster that is read, and the step from one row or column of it to the next: an odd number, so
+// that the middle of each block of cells is a cell.
+struct Window {
+    int column = 0;
+    int row = 0;
+    int columns = 0;
+    int rows = 0;
+    int step = 1;
+
+    int ReadColumns() const { return columns / step; }
+    int ReadRows() const { return rows / step; }
 };
 
-Coordinates CoordinatesOf(GDALDatasetH dataset, const std::string& path) {
-    const auto columns = static_cast<std::size_t>(GDALGetRasterXSize(dataset));
-    const auto rows = static_cast<std::size_t>(GDALGetRasterYSize(dataset));
-    double t[6];
-    if (GDALGetGeoTransform(dataset, t) != CE_None)
-        return {EvenCoordinates(path, 0.0, 1.0, columns), EvenCoordinates(path, 0.0, -1.0, rows)};
-    if (t[2] != 0.0 || t[4] != 0.0) throw Failure(path + ": the raster is rotated");
-    return {EvenCoordinates(path, t[0] + t[1] / 2.0, t[1], columns),
-            EvenCoordinates(path, t[3] + t[5] / 2.0, t[5], rows)};
+// As many points as a screen has pixels, with which the plot still keeps up.
+constexpr double reducedPointCount = 4e6;
+
+int StepFor(double columns, double rows) {
+    if (columns * rows <= static_cast<double>(maxPointCount)) return 1;
+    int step = 3;
+    while (std::floor(columns / step) * std::floor(rows / step) > reducedPointCount)
+        step += 2;
+    return step;
+}
+
+// GDAL's coefficients, of which the second to fourth would turn the raster, say how a place follows from
+// column and row. Rasters without a place count from 0.
+struct Placement {
+    double x = -0.5;
+    double columnStep = 1.0;
+    double y = 0.5;
+    double rowStep = -1.0;
+
+    Placement(GDALDatasetH dataset, const std::string& path) {
+        double t[6];
+        if (GDALGetGeoTransform(dataset, t) != CE_None) return;
+        if (t[2] != 0.0 || t[4] != 0.0) throw Failure(path + ": the raster is rotated");
+        x = t[0];
+        columnStep = t[1];
+        y = t[3];
+        rowStep = t[5];
+    }
+};
+
+// The cells along an axis whose centres lie in a range.
+// @param first, count  of the cells; changed
+void Narrow(double corner, double step, double from, double to, int& first, int& count) {
+    const double a = (from - corner) / step - 0.5;
+    const double b = (to - corner) / step - 0.5;
+    const double begin = std::clamp(std::ceil(std::min(a, b)), 0.0, static_cast<double>(count));
+    const double end = std::clamp(std::floor(std::max(a, b)) + 1.0, begin, static_cast<double>(count));
+    first = static_cast<int>(begin);
+    count = static_cast<int>(end - begin);
+}
+
+Window WindowOf(GDALDatasetH dataset, const Placement& place, const std::optional<Region>& region,
+                const std::string& path) {
+    Window window;
+    window.columns = GDALGetRasterXSize(dataset);
+    window.rows = GDALGetRasterYSize(dataset);
+    if (region) {
+        Narrow(place.x, place.columnStep, region->x0, region->x1, window.column, window.columns);
+        Narrow(place.y, place.rowStep, region->y0, region->y1, window.row, window.rows);
+        CheckRegion(path, static_cast<std::size_t>(window.columns), static_cast<std::size_t>(window.rows));
+    }
+    window.step = StepFor(window.columns, window.rows);
+    return window;
+}
+
+// Of the cells that are read.
+std::vector<double> Centers(const std::string& path, double corner, double step, int first, int every,
+                            int count) {
+    const double middle = first + every / 2 + 0.5;
+    return EvenCoordinates(path, corner + middle * step, every * step, static_cast<std::size_t>(count));
 }
 
 // How stored values become those of the surface.
@@ -87,21 +157,79 @@ private:
     }
 };
 
-std::vector<double> ReadValues(GDALRasterBandH band, const std::string& path, const Progress& progress) {
+std::vector<double> ReadValues(GDALRasterBandH band, const Window& window, const std::string& path,
+                               const Progress& progress) {
+    constexpr int rowsAtOnce = 32;
     const Meaning meaning(band);
-    const int columns = GDALGetRasterBandXSize(band);
-    const int rows = GDALGetRasterBandYSize(band);
-    std::vector<double> row(static_cast<std::size_t>(columns));
+    const int columns = window.ReadColumns();
+    const int rows = window.ReadRows();
+    std::vector<double> block(static_cast<std::size_t>(columns) * rowsAtOnce);
     std::vector<double> z;
-    for (int r = 0; r < rows; ++r) {
+    z.reserve(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows));
+    for (int r = 0; r < rows; r += rowsAtOnce) {
         Report(progress, static_cast<double>(r) / rows);
-        if (GDALRasterIO(band, GF_Read, 0, r, columns, 1, row.data(), columns, 1, GDT_Float64, 0, 0) !=
-            CE_None)
+        const int count = std::min(rowsAtOnce, rows - r);
+        if (GDALRasterIO(band, GF_Read, window.column, window.row + r * window.step, columns * window.step,
+                         count * window.step, block.data(), columns, count, GDT_Float64, 0, 0) != CE_None)
             Fail(path);
-        for (const double stored : row)
-            z.push_back(meaning.ValueOf(stored));
+        const auto end = block.begin() + static_cast<std::ptrdiff_t>(columns) * count;
+        std::transform(block.begin(), end, std::back_inserter(z),
+                       [&meaning](double stored) { return meaning.ValueOf(stored); });
     }
+    Report(progress, 1.0);
     return z;
+}
+
+// The parts of a file that GDAL opens one at a time, by the names that it gives them.
+std::vector<std::string> PartsOf(GDALDatasetH dataset) {
+    std::vector<std::string> parts;
+    char** const list = GDALGetMetadata(dataset, "SUBDATASETS");
+    for (int i = 1;; ++i) {
+        const char* const name =
+            CSLFetchNameValue(list, ("SUBDATASET_" + std::to_string(i) + "_NAME").c_str());
+        if (!name) return parts;
+        parts.emplace_back(name);
+    }
+}
+
+[[noreturn]] void FailWithoutBand(GDALDatasetH dataset, const std::string& path) {
+    const std::vector<std::string> parts = PartsOf(dataset);
+    if (parts.empty()) throw Failure(path + ": no raster band in it");
+    std::string list;
+    for (const std::string& part : parts)
+        list += (list.empty() ? "" : ", ") + part;
+    throw Failure(path + ": several variables; open one of them by its whole name: " + list);
+}
+
+int BandOf(GDALDatasetH dataset, int wanted, const std::string& path) {
+    const int count = GDALGetRasterCount(dataset);
+    if (count == 0) FailWithoutBand(dataset, path);
+    if (wanted > count)
+        throw Failure(path + ": there is no band " + std::to_string(wanted) + "; the last one is " +
+                      std::to_string(count));
+    return std::max(wanted, 1);
+}
+
+std::string Ordinal(int step) {
+    return std::to_string(step) + (step % 10 == 3 && step % 100 != 13   ? "rd"
+                                   : step % 10 == 1 && step % 100 != 11 ? "st"
+                                                                        : "th");
+}
+
+std::string NoteOn(GDALDatasetH dataset, int band, bool wasChosen, const Window& window) {
+    std::string note;
+    const int bands = GDALGetRasterCount(dataset);
+    if (bands > 1 && !wasChosen) note = "band " + std::to_string(band) + " of " + std::to_string(bands);
+    if (window.step == 1) return note;
+    return note + (note.empty() ? "" : ", ") + "every " + Ordinal(window.step) + " of " +
+           std::to_string(window.columns) + " x " + std::to_string(window.rows) + " points";
+}
+
+// A title says of GDAL's names for a part what is beyond the format.
+std::string TitleOf(const std::string& path) {
+    std::string title = path.substr(path.find_last_of('/') + 1);
+    title.erase(std::remove(title.begin(), title.end(), '"'), title.end());
+    return title;
 }
 
 } // namespace
@@ -110,18 +238,25 @@ bool HasGdal() {
     return true;
 }
 
-std::optional<GridData> ReadWithGdal(const std::string& path, const Progress& progress) {
+std::optional<GridData> ReadWithGdal(const std::string& path, const ReadOptions& options,
+                                     const Progress& progress) {
     const QuietErrors quiet;
-    GDALAllRegister();
-    if (!GDALIdentifyDriverEx(path.c_str(), GDAL_OF_RASTER, nullptr, nullptr)) return std::nullopt;
+    SetUp();
+    GDALDriverH const driver = GDALIdentifyDriverEx(path.c_str(), GDAL_OF_RASTER, nullptr, nullptr);
+    if (!driver || GDALGetDescription(driver) == std::string_view("XYZ")) return std::nullopt;
     const Dataset dataset(
         GDALOpenEx(path.c_str(), GDAL_OF_RASTER | GDAL_OF_READONLY, nullptr, nullptr, nullptr));
     if (!dataset) Fail(path);
-    if (GDALGetRasterCount(dataset.get()) == 0) throw Failure(path + ": no raster band in it");
-    CheckSize(path, GDALGetRasterXSize(dataset.get()), GDALGetRasterYSize(dataset.get()));
-    const Coordinates coordinates = CoordinatesOf(dataset.get(), path);
-    return MakeGrid(path, coordinates.x, coordinates.y,
-                    ReadValues(GDALGetRasterBand(dataset.get(), 1), path, progress));
+    const int band = BandOf(dataset.get(), options.band, path);
+    const Placement place(dataset.get(), path);
+    const Window window = WindowOf(dataset.get(), place, options.region, path);
+    GridData grid = MakeGrid(
+        path, Centers(path, place.x, place.columnStep, window.column, window.step, window.ReadColumns()),
+        Centers(path, place.y, place.rowStep, window.row, window.step, window.ReadRows()),
+        ReadValues(GDALGetRasterBand(dataset.get(), band), window, path, progress));
+    grid.title = TitleOf(path);
+    grid.note = NoteOn(dataset.get(), band, options.band > 0, window);
+    return grid;
 }
 
 } // namespace KivoViewer
@@ -134,7 +269,7 @@ bool HasGdal() {
     return false;
 }
 
-std::optional<GridData> ReadWithGdal(const std::string&, const Progress&) {
+std::optional<GridData> ReadWithGdal(const std::string&, const ReadOptions&, const Progress&) {
     return std::nullopt;
 }
 

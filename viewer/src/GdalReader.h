@@ -3,6 +3,7 @@
 
 #include "GridData.h"
 #include "Progress.h"
+#include "ReadOptions.h"
 
 #include <optional>
 #include <string>
@@ -12,8 +13,11 @@ namespace KivoViewer {
 /// Whether this program was built with GDAL.
 bool HasGdal();
 
-/// Reads the first band of a raster. Throws a Failure, or Cancelled.
+/// Reads a band of a raster: a file, or one of GDAL's names for a part of one, such as
+/// NETCDF:file.nc:variable. Of a raster with more points than can be shown every k-th row and column is read.
+/// Throws a Failure, or Cancelled.
 /// @return nothing where GDAL does not know the format, or is not there
-std::optional<GridData> ReadWithGdal(const std::string& path, const Progress& progress);
+std::optional<GridData> ReadWithGdal(const std::string& path, const ReadOptions& options,
+                                     const Progress& progress);
 
 } // namespace KivoViewer

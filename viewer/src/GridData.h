@@ -19,6 +19,7 @@ struct GridData {
     double origin[3] = {0.0, 0.0, 0.0}; ///< of x, y and z; 0 where single precision holds them as they are
     std::string title;                  ///< of the plot
     std::string axisTitles[3] = {"X", "Y", "Z"};
+    std::string note; ///< what of the file is not shown as it is, in one sentence, or empty
 
     std::size_t ColumnCount() const { return x.size(); }
     std::size_t RowCount() const { return y.size(); }

@@ -87,6 +87,12 @@ void CheckSize(const std::string& name, double columns, double rows) {
         throw Failure(name + ": too many points; at most " + std::to_string(maxPointCount) + " can be shown");
 }
 
+void CheckRegion(const std::string& name, std::size_t columns, std::size_t rows) {
+    if (columns < 2 || rows < 2)
+        throw Failure(name + ": a surface needs at least 2 x 2 points, and of these " +
+                      std::to_string(columns) + " x " + std::to_string(rows) + " lie in the region");
+}
+
 GridData MakeGrid(const std::string& name, const std::vector<double>& x, const std::vector<double>& y,
                   const std::vector<double>& z) {
     const std::size_t columns = x.size();

@@ -44,6 +44,10 @@ std::vector<double> EvenCoordinates(const std::string& name, double first, doubl
 /// Throws a Failure where a grid of this size cannot be shown.
 void CheckSize(const std::string& name, double columns, double rows);
 
+/// Throws a Failure where so few columns and rows lie in the region that is asked for that they make no
+/// surface.
+void CheckRegion(const std::string& name, std::size_t columns, std::size_t rows);
+
 /// Makes a grid of coordinates in order, turned so that x and y rise, as differences to what OriginOf tells.
 /// Fails for fewer than 2 x 2 points, where every value is a hole, and where single precision cannot tell
 /// neighbours apart even so.

@@ -3,15 +3,18 @@
 
 #include "GridData.h"
 #include "Progress.h"
+#include "ReadOptions.h"
 
 #include <string>
 #include <string_view>
 
 namespace KivoViewer {
 
-/// Reads a file of any of the formats below, or of one that GDAL knows where the program was built with it.
-/// Throws a Failure "file:line: reason", or Cancelled.
-GridData ReadGridFile(const std::string& path, const Progress& progress = {});
+/// Reads a file of any of the formats below, or of one that GDAL knows where the program was built with it:
+/// its names for parts of files, such as NETCDF:file.nc:variable, are understood, too. Throws a Failure
+/// "file:line: reason", or Cancelled.
+GridData ReadGridFile(const std::string& path, const Progress& progress = {},
+                      const ReadOptions& options = {});
 
 /// Reads the text of such a file. The format follows from the content:
 /// - Surfer grid: begins with DSAA, DSBB or DSRB.
@@ -22,6 +25,7 @@ GridData ReadGridFile(const std::string& path, const Progress& progress = {});
 ///   the y values, else both count from 0.
 /// Three columns whose first two points share neither x nor y are a matrix where the name ends in .csv.
 /// @param name  of the file, for messages and as the title
-GridData ReadGrid(std::string_view text, const std::string& name, const Progress& progress = {});
+GridData ReadGrid(std::string_view text, const std::string& name, const Progress& progress = {},
+                  const ReadOptions& options = {});
 
 } // namespace KivoViewer

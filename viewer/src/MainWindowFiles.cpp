@@ -1,5 +1,6 @@
 // MainWindow: opening files and giving the picture away.
 #include "Failure.h"
+#include "GdalReader.h"
 #include "GridReader.h"
 #include "MainWindow.h"
 #include "PictureFile.h"
@@ -134,15 +135,18 @@ QStringList LocalFilesIn(const QMimeData& data) {
     return paths;
 }
 
-const char* const gridFiles = "Grids of points (*.asc *.grd *.xyz *.csv *.txt *.dat *.tif *.tiff *.hgt *.dem "
-                              "*.nc *.vrt);;All files (*)";
+QString GridFiles() {
+    const QString ours = "*.asc *.grd *.xyz *.csv *.txt *.dat";
+    const QString others = HasGdal() ? " *.tif *.tiff *.hgt *.dem *.nc *.vrt" : "";
+    return "Grids of points (" + ours + others + ");;All files (*)";
+}
 
 } // namespace
 
 // ---- Files in -------------------------------------------------------------------------------------------
 
 void MainWindow::OpenFile() {
-    const QString path = QFileDialog::getOpenFileName(this, "Open a grid of points", QString(), gridFiles);
+    const QString path = QFileDialog::getOpenFileName(this, "Open a grid of points", QString(), GridFiles());
     if (!path.isEmpty()) OpenPath(path);
 }
 
@@ -160,6 +164,7 @@ bool MainWindow::OpenPath(const QString& path) {
         RememberFile(path);
         m_plot->Redraw();
         RefreshControls();
+        statusBar()->showMessage(QString::fromStdString(OneLine(grid.note)));
     });
 }
 
@@ -169,7 +174,7 @@ void MainWindow::OpenPaths(const QStringList& paths) {
 }
 
 void MainWindow::AddSurfaceFiles() {
-    AddSurfacePaths(QFileDialog::getOpenFileNames(this, "Add surfaces", QString(), gridFiles));
+    AddSurfacePaths(QFileDialog::getOpenFileNames(this, "Add surfaces", QString(), GridFiles()));
 }
 
 // What cannot be read is told, and leaves what is shown.

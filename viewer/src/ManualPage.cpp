@@ -30,7 +30,7 @@ Without data it shows a sample terrain.
 The format of a file follows from its content.
 .TP
 .B ESRI ASCII grid
-A header of ncols, nrows, xllcorner or xllcenter, yllcorner or yllcenter, cellsize and, where values are missing,
+A header of ncols, nrows, xllcorner or xllcenter, yllcorner or yllcenter, cellsize or dx and dy, and, where values are missing,
 NODATA_value; then the values, the northernmost row first.
 .TP
 .B Surfer grid
@@ -43,9 +43,10 @@ Three numbers in a line, in the order of a grid, separated by blanks, commas or 
 Rows of values. Where the first cell is empty, the first row has the values of x and the first column those of y.
 .TP
 .B Others
-What GDAL reads, where the program was built with it: the first band of a raster.
+What GDAL reads, where the program was built with it: GeoTIFF, netCDF and other rasters.
+Its names for parts of files, such as NETCDF:sea.nc:depth, are understood.
 .PP
-Missing values become holes in the surface. At most 16777216 points are shown.
+Missing values become holes in the surface. At most 16777216 points are shown; larger rasters are read reduced.
 .PP
 Files of measure points and curves have x, y and z in each line, like XYZ, in any order.
 .SH OPTIONS

@@ -47,6 +47,7 @@ struct Words {
     std::string azimuth;
     std::string elevation;
     std::string zoom;
+    std::string region;
     std::vector<std::string> opacities;
     std::vector<std::string> surfaceColors;
     bool wantsManualPage = false;
@@ -119,6 +120,15 @@ void DescribePicture(CLI::App& app, CLI::Option& picture, PictureFormat& format,
     app.add_flag("--transparent", format.isTransparent, "Leave the background out")->needs(&picture);
 }
 
+// How files are read.
+void DescribeReading(CLI::App& app, ReadOptions& reading, Words& words) {
+    app.add_option("--band", reading.band, "Band of a raster (1)")
+        ->type_name("NUMBER")
+        ->check(CLI::Range(1, 65535).description(""));
+    app.add_option("--region", words.region, "Part of the files that alone is read")
+        ->type_name("X0:X1:Y0:Y1");
+}
+
 // From where a plot is shown.
 void DescribeViewpoint(CLI::App& app, Words& words) {
     app.add_option("--azimuth", words.azimuth,
@@ -160,6 +170,7 @@ void Describe(CLI::App& app, Options& options, Words& words) {
                        "to the standard output; needs no display");
     file->type_name("...");
     function->type_name("FORMULA")->excludes(file);
+    DescribeReading(app, options.reading, words);
     app.add_option("--x", words.x, "Values of x, -3:3:61 without")
         ->type_name("FROM:TO:COUNT")
         ->needs(function);
@@ -273,6 +284,14 @@ Range RangeOf(const std::string& option, const std::string& text) {
     }
 }
 
+Region RegionOf(const std::string& text) {
+    try {
+        return ParseRegion(text);
+    } catch (const Failure& failure) {
+        throw Failure(std::string("--region: ") + failure.what());
+    }
+}
+
 } // namespace
 
 Options ParseOptions(int argc, const char* const* argv) {
@@ -304,6 +323,7 @@ Options ParseOptions(int argc, const char* const* argv) {
     if (options.hasSize) ParseSize(words.size, options);
     if (app.count("--trace-at") > 0) options.traceAt = ParsePosition(words.traceAt);
     if (app.count("--scale") > 0) ParseScale(words.scale, options.format);
+    if (app.count("--region") > 0) options.reading.region = RegionOf(words.region);
     ParseSettings(app, words, options);
     ParseViewpoint(app, words, options.settings, options.viewpoint);
     ParseSurfaces(words, options);

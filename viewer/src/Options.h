@@ -4,6 +4,7 @@
 #include "FormulaGrid.h"
 #include "Picture.h"
 #include "PlotSettings.h"
+#include "ReadOptions.h"
 
 #include <optional>
 #include <string>
@@ -22,6 +23,7 @@ struct Options {
     std::string information;               ///< text to print instead of all else: the help or the version
     std::vector<std::string> files;        ///< grid files, the second and so on over the first
     std::vector<SurfaceLooks> looks{1};    ///< of the surfaces: one at least, and one for each file
+    ReadOptions reading;                   ///< how the files are read
     std::string function;                  ///< formula, or empty
     Range x;                               ///< of the formula
     Range y;                               ///< of the formula

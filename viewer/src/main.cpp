@@ -76,6 +76,15 @@ int RunWindow(char* program, const Content& content, const Options& options) {
     return QApplication::exec();
 }
 
+void TellNotes(const Content& content) {
+    const auto tell = [](const GridData& grid) {
+        if (!grid.note.empty())
+            std::fprintf(stderr, "kivo-viewer: %s\n", OneLine(grid.title + ": " + grid.note).c_str());
+    };
+    tell(content.grid);
+    std::for_each(content.surfaces.begin(), content.surfaces.end(), tell);
+}
+
 int Run(int argc, char** argv) {
     const Options options = ParseOptions(argc, argv);
     if (!options.information.empty()) {
@@ -84,6 +93,7 @@ int Run(int argc, char** argv) {
     }
     if (!options.picture.empty()) CheckPictureName(options.picture, options.format.isTransparent);
     const Content content = LoadContent(options, ReadSample);
+    TellNotes(content);
     if (options.picture.empty()) return RunWindow(argv[0], content, options);
     WritePicture(content, options);
     return 0;

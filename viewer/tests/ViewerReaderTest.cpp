@@ -63,6 +63,18 @@ const std::vector<GoodCase>& GoodCases() {
          {0.5, 1.5},
          {0.5, 1.5},
          {2, 3, hole, 1}},
+        {"ASCII grid whose cells are not square",
+         "a.asc",
+         "ncols 3\nnrows 2\nxllcorner 10\nyllcorner 20\ndx 2\ndy 0.5\n4 5 6\n1 2 3\n",
+         {11, 13, 15},
+         {20.25, 20.75},
+         {1, 2, 3, 4, 5, 6}},
+        {"points whose columns are named like an entry of a header",
+         "a.xyz",
+         "dx dy z\n0 0 1\n1 0 2\n0 1 3\n1 1 4\n",
+         {0, 1},
+         {0, 1},
+         {1, 2, 3, 4}},
         {"points, x first",
          "p.xyz",
          "0 0 1\n1 0 2\n2 0 3\n0 5 4\n1 5 5\n2 5 6\n",
@@ -156,6 +168,12 @@ const std::vector<BadCase>& BadCases() {
         {"t.asc", "ncols 2.5\n", "t.asc:1: ncols must be a whole number of at least 2"},
         {"t.asc", "nrows -2\n", "t.asc:1: nrows must be a whole number of at least 2"},
         {"t.asc", "cellsize 0\n", "t.asc:1: cellsize must be positive"},
+        {"t.asc", "dy -1\n", "t.asc:1: not a number: \"dy\""},
+        {"t.asc", "ncols 2\ndy -1\n", "t.asc:2: dy must be positive"},
+        {"t.asc", "ncols 3\nnrows 2\nxllcorner 0\nyllcorner 0\ndx 1\n1 2 3\n",
+         "t.asc:6: the header lacks dy"},
+        {"t.asc", "ncols 3\nnrows 2\nxllcorner 0\nyllcorner 0\n1 2 3\n",
+         "t.asc:5: the header lacks cellsize"},
         {"t.asc", "nodata_value none\n", "t.asc:1: not a number: \"none\""},
         {"t.asc", "ncols 100000\nnrows 100000\nxllcorner 0\nyllcorner 0\ncellsize 1\n1\n",
          "t.asc:2: too many points; at most 16777216 can be shown"},
@@ -223,6 +241,25 @@ TEST(ViewerReaderTest, ReadsFilesAndNamesThoseThatCannotBeRead) {
     EXPECT_EQ(MessageOf([] { ReadGridFile("/nowhere/a.asc"); }),
               "/nowhere/a.asc: cannot open it: No such file or directory");
     EXPECT_EQ(MessageOf([] { ReadGridFile("/"); }), "/: cannot read it: Is a directory");
+}
+
+TEST(ViewerReaderTest, ReadsARegion) {
+    const std::string text = "ncols 4\nnrows 3\nxllcenter 5000000\nyllcenter 0\ncellsize 0.5\n"
+                             "9 10 11 12\n5 6 7 8\n1 2 3 4\n";
+    const auto read = [&](const Region& region) {
+        ReadOptions options;
+        options.region = region;
+        return ReadGrid(text, "r.asc", {}, options);
+    };
+    const GridData part = read({5000000.5, 5000001.2, 0.5, 9});
+    EXPECT_EQ(part.origin[0] + part.x[0], 5000000.5);
+    EXPECT_EQ(part.origin[0] + part.x[1], 5000001.0);
+    EXPECT_THAT(part.y, ElementsAre(0.5, 1));
+    EXPECT_THAT(part.z, ElementsAre(6, 7, 10, 11));
+    EXPECT_EQ(MessageOf([&] {
+                  read({5000001.2, 5000002, 0, 1});
+              }),
+              "r.asc: a surface needs at least 2 x 2 points, and of these 1 x 3 lie in the region");
 }
 
 TEST(ViewerPointsTest, ReadsPoints) {
@@ -468,6 +505,15 @@ TEST(ViewerOptionsTest, RefusesWhatCannotBeFollowed) {
         {{"--function", "x", "--y", "1:1:5"}, "--y: the range is empty: 1:1:5"},
         {{"--function", "x", "--y", "a:1:5"}, "--y: expected two numbers in a:1:5"},
         {{"--function", "x", "--y", "0:inf:5"}, "--y: expected two numbers in 0:inf:5"},
+        {{"--region", "0:1:2"},
+         "--region: expected four numbers x0:x1:y0:y1 that rise from x0 to x1 and from y0 to y1, found "
+         "0:1:2"},
+        {{"--region", "0:1:2:2"},
+         "--region: expected four numbers x0:x1:y0:y1 that rise from x0 to x1 and from y0 to y1, found "
+         "0:1:2:2"},
+        {{"--region", "0:inf:2:3"},
+         "--region: expected four numbers x0:x1:y0:y1 that rise from x0 to x1 and from y0 to y1, found "
+         "0:inf:2:3"},
         {{"--size", "10"}, "--size: expected WIDTHxHEIGHT of 1 to 16384 each, found 10"},
         {{"--size", "0x10"}, "--size: expected WIDTHxHEIGHT of 1 to 16384 each, found 0x10"},
         {{"--size", "10x16385"}, "--size: expected WIDTHxHEIGHT of 1 to 16384 each, found 10x16385"},
