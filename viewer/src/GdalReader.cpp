@@ -47,6 +47,11 @@ void SetUp() {
     CPLSetThreadLocalConfigOption("GDAL_NUM_THREADS", "ALL_CPUS");
 }
 
+// Tables of points are read by ourselves.
+bool IsWanted(GDALDriverH driver) {
+    return GDALGetDescription(driver) != std::string_view("XYZ");
+}
+
 [[noreturn]] void Fail(const std::string& path) {
     throw Failure(path + ": " + OneLine(CPLGetLastErrorMsg()));
 }
@@ -238,12 +243,25 @@ bool HasGdal() {
     return true;
 }
 
+std::vector<std::pair<std::string, std::string>> GdalFormats() {
+    const QuietErrors quiet;
+    SetUp();
+    std::vector<std::pair<std::string, std::string>> formats;
+    for (int i = 0; i < GDALGetDriverCount(); ++i) {
+        GDALDriverH const driver = GDALGetDriver(i);
+        const bool isRaster = GDALGetMetadataItem(driver, GDAL_DCAP_RASTER, nullptr) != nullptr;
+        const char* const name = GDALGetMetadataItem(driver, GDAL_DMD_LONGNAME, nullptr);
+        if (isRaster && IsWanted(driver)) formats.emplace_back(GDALGetDescription(driver), name ? name : "");
+    }
+    return formats;
+}
+
 std::optional<GridData> ReadWithGdal(const std::string& path, const ReadOptions& options,
                                      const Progress& progress) {
     const QuietErrors quiet;
     SetUp();
     GDALDriverH const driver = GDALIdentifyDriverEx(path.c_str(), GDAL_OF_RASTER, nullptr, nullptr);
-    if (!driver || GDALGetDescription(driver) == std::string_view("XYZ")) return std::nullopt;
+    if (!driver || !IsWanted(driver)) return std::nullopt;
     const Dataset dataset(
         GDALOpenEx(path.c_str(), GDAL_OF_RASTER | GDAL_OF_READONLY, nullptr, nullptr, nullptr));
     if (!dataset) Fail(path);
@@ -267,6 +285,10 @@ namespace KivoViewer {
 
 bool HasGdal() {
     return false;
+}
+
+std::vector<std::pair<std::string, std::string>> GdalFormats() {
+    return {};
 }
 
 std::optional<GridData> ReadWithGdal(const std::string&, const ReadOptions&, const Progress&) {

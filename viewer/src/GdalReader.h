@@ -7,11 +7,16 @@
 
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace KivoViewer {
 
 /// Whether this program was built with GDAL.
 bool HasGdal();
+
+/// The formats of rasters that GDAL reads here, each as its short name and its long one.
+std::vector<std::pair<std::string, std::string>> GdalFormats();
 
 /// Reads a band of a raster: a file, or one of GDAL's names for a part of one, such as
 /// NETCDF:file.nc:variable. Of a raster with more points than can be shown every k-th row and column is read.

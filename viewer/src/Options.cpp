@@ -121,8 +121,10 @@ void DescribePicture(CLI::App& app, CLI::Option& picture, PictureFormat& format,
 }
 
 // How files are read.
-void DescribeReading(CLI::App& app, ReadOptions& reading, Words& words) {
-    app.add_option("--band", reading.band, "Band of a raster (1)")
+void DescribeReading(CLI::App& app, Options& options, Words& words) {
+    app.add_flag("--list-formats", options.listsFormats,
+                 "List the formats of files that can be read and written");
+    app.add_option("--band", options.reading.band, "Band of a raster (1)")
         ->type_name("NUMBER")
         ->check(CLI::Range(1, 65535).description(""));
     app.add_option("--region", words.region, "Part of the files that alone is read")
@@ -170,7 +172,7 @@ void Describe(CLI::App& app, Options& options, Words& words) {
                        "to the standard output; needs no display");
     file->type_name("...");
     function->type_name("FORMULA")->excludes(file);
-    DescribeReading(app, options.reading, words);
+    DescribeReading(app, options, words);
     app.add_option("--x", words.x, "Values of x, -3:3:61 without")
         ->type_name("FROM:TO:COUNT")
         ->needs(function);

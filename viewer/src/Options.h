@@ -21,6 +21,7 @@ struct PixelPosition {
 /// What the command line asks for.
 struct Options {
     std::string information;               ///< text to print instead of all else: the help or the version
+    bool listsFormats = false;             ///< whether to print those of files, instead of all else
     std::vector<std::string> files;        ///< grid files, the second and so on over the first
     std::vector<SurfaceLooks> looks{1};    ///< of the surfaces: one at least, and one for each file
     ReadOptions reading;                   ///< how the files are read

@@ -2,6 +2,7 @@
 #include "Content.h"
 #include "Display.h"
 #include "Failure.h"
+#include "FormatList.h"
 #include "GridReader.h"
 #include "MainWindow.h"
 #include "Options.h"
@@ -89,6 +90,10 @@ int Run(int argc, char** argv) {
     const Options options = ParseOptions(argc, argv);
     if (!options.information.empty()) {
         std::printf("%s\n", options.information.c_str());
+        return 0;
+    }
+    if (options.listsFormats) {
+        std::fputs(FormatList().c_str(), stdout);
         return 0;
     }
     if (!options.picture.empty()) CheckPictureName(options.picture, options.format.isTransparent);

@@ -1,4 +1,5 @@
 // The viewer's command line: pictures, messages and exit codes, all without a display.
+#include "GdalReader.h"
 #include "PictureFile.h"
 #include "support/Image.h"
 #include "support/PngImage.h"
@@ -392,6 +393,17 @@ TEST_F(ViewerCommandTest, AnswersHelpAndVersion) {
     EXPECT_EQ(version.exitCode, 0);
     EXPECT_THAT(version.output, StartsWith("kivo-viewer "));
     EXPECT_EQ(version.errors, "");
+}
+
+TEST_F(ViewerCommandTest, ListsFormats) {
+    const ViewerResult result = Run({"--list-formats"});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.errors, "");
+    EXPECT_THAT(result.output, HasSubstr("ESRI ASCII grid\n"));
+    EXPECT_THAT(result.output, HasSubstr("Pictures written:\n  .png\n"));
+    for (const std::string& ending : KivoViewer::PictureEndings())
+        EXPECT_THAT(result.output, HasSubstr("\n  " + ending + '\n'));
+    EXPECT_EQ(result.output.find("\n  GTiff ") != std::string::npos, KivoViewer::HasGdal());
 }
 
 // Each option that the guide names is one that the help lists.
