@@ -3,22 +3,37 @@
 #include "FormulaGrid.h"
 #include "GridReader.h"
 #include "PlotScene.h"
+#include "PointBox.h"
 
 namespace KivoViewer {
 
+namespace {
+
+void LoadPoints(const Options& options, Content& content) {
+    for (const std::string& path : options.pointFiles)
+        content.measureGroups.push_back(ReadPointFile(path, options.reading));
+    for (const std::string& path : options.curveFiles)
+        content.curves.push_back(ReadPointFile(path, options.reading));
+}
+
+GridData LoadFirst(const Options& options, const Content& content, GridData (*sample)()) {
+    if (!options.function.empty()) return MakeFormulaGrid(options.function, options.x, options.y);
+    if (!options.files.empty()) return ReadGridFile(options.files.front(), {}, options.reading);
+    std::vector<PointFile> points = content.measureGroups;
+    points.insert(points.end(), content.curves.begin(), content.curves.end());
+    return points.empty() ? sample() : BoxAround(points);
+}
+
+} // namespace
+
 Content LoadContent(const Options& options, GridData (*sample)()) {
     Content content;
-    if (!options.function.empty())
-        content.grid = MakeFormulaGrid(options.function, options.x, options.y);
-    else
-        content.grid =
-            options.files.empty() ? sample() : ReadGridFile(options.files.front(), {}, options.reading);
+    if (!options.files.empty())
+        content.grid = LoadFirst(options, content, sample); // whatever is wrong there comes first
+    LoadPoints(options, content);
+    if (options.files.empty()) content.grid = LoadFirst(options, content, sample);
     for (std::size_t i = 1; i < options.files.size(); ++i)
         content.surfaces.push_back(ReadGridFile(options.files[i], {}, options.reading));
-    for (const std::string& path : options.pointFiles)
-        content.measureGroups.push_back(ReadPointFile(path));
-    for (const std::string& path : options.curveFiles)
-        content.curves.push_back(ReadPointFile(path));
     return content;
 }
 
@@ -30,8 +45,9 @@ void ShowContent(PlotScene& scene, const Content& content, const Options& option
     scene.ChangeSurface(first);
     for (std::size_t i = 0; i < content.surfaces.size(); ++i)
         scene.AddSurface(content.surfaces[i], options.looks[i + 1]);
-    for (const PointFile& group : content.measureGroups)
-        scene.AddPoints(PointSet::Kind::measureGroup, group);
+    for (const PointFile& file : content.measureGroups)
+        for (const PointFile& group : GroupsOf(file))
+            scene.AddPoints(PointSet::Kind::measureGroup, group);
     for (const PointFile& curve : content.curves)
         scene.AddPoints(PointSet::Kind::curve, curve);
     scene.ShowFrom(options.viewpoint);

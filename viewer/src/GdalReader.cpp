@@ -3,11 +3,11 @@
 #ifdef KIVO_HAS_GDAL
 
 #include "Failure.h"
+#include "GdalErrors.h"
 #include "GridFormats.h"
 #include "Numbers.h"
 
 #include <cpl_conv.h>
-#include <cpl_error.h>
 #include <cpl_string.h>
 #include <gdal.h>
 
@@ -21,18 +21,6 @@
 namespace KivoViewer {
 
 namespace {
-
-// What GDAL has to say goes into our messages, not to the terminal.
-class QuietErrors {
-public:
-    QuietErrors() {
-        CPLPushErrorHandler(CPLQuietErrorHandler);
-        CPLErrorReset();
-    }
-    ~QuietErrors() { CPLPopErrorHandler(); }
-    QuietErrors(const QuietErrors&) = delete;
-    QuietErrors& operator=(const QuietErrors&) = delete;
-};
 
 struct CloseDataset {
     void operator()(void* dataset) const { GDALClose(dataset); }

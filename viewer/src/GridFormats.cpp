@@ -33,11 +33,9 @@ std::vector<float> Coordinates(const std::string& name, char axis, const std::ve
     return coordinates;
 }
 
-double AnyNumberIn(const TextLines& lines, std::string_view field) {
+double ParsedIn(const TextLines& lines, std::string_view field) {
     const std::optional<double> number = ParseNumber(field);
     if (!number) lines.Fail("not a number: " + Quoted(field));
-    if (std::isfinite(*number) && !FitsSinglePrecision(*number))
-        lines.Fail("number beyond single precision: " + Quoted(field));
     return *number;
 }
 
@@ -50,16 +48,20 @@ std::string Quoted(std::string_view field) {
 }
 
 double NumberIn(const TextLines& lines, std::string_view field) {
-    const double number = AnyNumberIn(lines, field);
+    return CheckedNumber(lines, field, ParsedIn(lines, field));
+}
+
+double CheckedNumber(const TextLines& lines, std::string_view field, double number) {
     if (!std::isfinite(number)) lines.Fail("a finite number is needed here: " + Quoted(field));
+    if (!FitsSinglePrecision(number)) lines.Fail("number beyond single precision: " + Quoted(field));
     return number;
 }
 
 double ValueIn(const TextLines& lines, std::string_view field) {
     constexpr double hole = std::numeric_limits<double>::quiet_NaN();
     if (field.empty()) return hole;
-    const double number = AnyNumberIn(lines, field);
-    return std::isfinite(number) ? number : hole;
+    const double number = ParsedIn(lines, field);
+    return std::isfinite(number) ? CheckedNumber(lines, field, number) : hole;
 }
 
 bool IsLastInOrder(const std::vector<double>& coordinates) {

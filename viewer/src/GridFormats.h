@@ -3,6 +3,7 @@
 
 #include "GridData.h"
 #include "Progress.h"
+#include "Table.h"
 #include "TextLines.h"
 
 #include <string>
@@ -15,18 +16,14 @@ namespace KivoViewer {
 bool IsAsciiGridHeader(std::string_view line);
 GridData ReadAsciiGrid(TextLines& lines);
 
-/// The fields of a line of points.
-void SplitPoint(std::string_view line, std::vector<std::string_view>& fields);
-/// Whether these are three column names.
-bool AreColumnNames(const std::vector<std::string_view>& fields);
-GridData ReadXyz(TextLines& lines);
-
-GridData ReadMatrix(TextLines& lines);
+GridData ReadMatrix(TextLines& lines, const TableLayout& layout);
 
 /// A field in quotation marks, shortened to what a message can hold.
 std::string Quoted(std::string_view field);
 /// A field's number; fails for anything else, infinities and numbers beyond single precision included.
 double NumberIn(const TextLines& lines, std::string_view field);
+/// A number that was read from a field; fails where it is not finite, or beyond single precision.
+double CheckedNumber(const TextLines& lines, std::string_view field, double number);
 /// The same for a value of the surface: an empty field, "nan" and infinities are holes.
 double ValueIn(const TextLines& lines, std::string_view field);
 

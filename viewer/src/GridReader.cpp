@@ -5,10 +5,14 @@
 #include "GdalReader.h"
 #include "GridFormats.h"
 #include "Numbers.h"
+#include "PointGrid.h"
+#include "PointTable.h"
+#include "Table.h"
 
 #include <algorithm>
 #include <filesystem>
 #include <iterator>
+#include <optional>
 #include <system_error>
 #include <utility>
 #include <vector>
@@ -19,42 +23,64 @@ namespace {
 
 constexpr std::size_t startSize = 4096; // what tells the formats apart
 
-enum class Format { asciiGrid, xyz, matrix };
-
 bool EndsInCsv(const std::string& name) {
     if (name.size() < 4) return false;
     const std::string ending = name.substr(name.size() - 4);
     return ending == ".csv" || ending == ".CSV";
 }
 
-// Whether two points can be neighbours of a grid in grid order: one of x and y stays.
-bool AreNeighbours(const std::vector<std::string_view>& a, const std::vector<std::string_view>& b) {
-    return b.size() == 3 &&
-           (ParseNumber(a[0]) == ParseNumber(b[0])) != (ParseNumber(a[1]) == ParseNumber(b[1]));
-}
-
-// Whether a file begins like none of our formats: binary, or with a word that is no header of a grid.
+// Whether a file begins like none of our formats: binary, or without a line of numbers.
 bool IsForeign(std::string_view start) {
     if (IsSurferGrid(start)) return false;
     if (start.find('\0') != std::string_view::npos) return true;
+    if (start.size() == startSize) start = start.substr(0, start.find_last_of('\n')); // whole lines
     TextLines lines(start, "");
-    if (!lines.Next() || IsAsciiGridHeader(lines.Line())) return false;
+    const TableLayout layout = LayoutOf(lines, {});
+    if (!lines.Next() || IsAsciiGridHeader(lines.Line()) || layout.fits || layout.hasCorner) return false;
     std::vector<std::string_view> fields;
-    SplitPoint(lines.Line(), fields);
-    if (AreColumnNames(fields) && lines.Next()) SplitPoint(lines.Line(), fields);
-    return !fields[0].empty() && !ParseNumber(fields[0]);
+    SplitRow(lines.Line(), layout, fields);
+    if (!layout.names.empty() && lines.Next()) SplitRow(lines.Line(), layout, fields);
+    return !fields[0].empty() && !TableNumber(fields[0], layout);
 }
 
-Format DetectFormat(TextLines lines) {
-    if (!lines.Next()) throw Failure(lines.Name() + ": no data");
-    if (IsAsciiGridHeader(lines.Line())) return Format::asciiGrid;
-    std::vector<std::string_view> first;
-    SplitPoint(lines.Line(), first);
-    if (first.size() != 3 || first[0].empty()) return Format::matrix;
-    if (AreColumnNames(first) || !EndsInCsv(lines.Name()) || !lines.Next()) return Format::xyz;
-    std::vector<std::string_view> second;
-    SplitPoint(lines.Line(), second);
-    return AreNeighbours(first, second) ? Format::xyz : Format::matrix;
+// Whether two points can be neighbours of a grid in grid order: one of x and y stays.
+bool AreNeighbours(const std::vector<double>& a, const std::vector<double>& b) {
+    return a.size() >= 3 && b.size() >= 3 && (a[0] == b[0]) != (a[1] == b[1]);
+}
+
+// Whether the first lines begin with a row of a grid's points: one coordinate stays, the other rises or
+// falls.
+bool BeginsWithRow(const std::vector<std::vector<double>>& rows) {
+    constexpr std::size_t fewest = 3;
+    for (const std::size_t fast : {0U, 1U}) {
+        std::size_t length = 1;
+        while (length < rows.size() && rows[length][1 - fast] == rows[0][1 - fast] &&
+               (rows[length][fast] > rows[length - 1][fast]) == (rows[1][fast] > rows[0][fast]) &&
+               rows[length][fast] != rows[length - 1][fast])
+            ++length;
+        if (length >= fewest) return true;
+    }
+    return false;
+}
+
+// Whether a table holds points, not a matrix of values. Without names both look alike: few columns of many
+// lines, or of a row of a grid, are not taken for either.
+bool HasPoints(const std::string& name, const TableLayout& layout, const ReadOptions& options) {
+    constexpr std::size_t mostColumns = 6, fewLines = 10, manyLines = 20;
+    if (options.IsMatrix()) return false;
+    if (!options.columns.empty() || options.method) return true;
+    if (layout.hasCorner || layout.columnCount < 3) return false;
+    if (!layout.names.empty() || (layout.fits && layout.label)) return true;
+    const auto& rows = layout.firstLines;
+    if (layout.columnCount == 3)
+        return !EndsInCsv(name) || rows.size() >= fewLines || rows.size() < 2 ||
+               AreNeighbours(rows[0], rows[1]);
+    if (layout.columnCount <= mostColumns && layout.fits && (rows.size() >= manyLines || BeginsWithRow(rows)))
+        throw Failure(
+            name + ": " + std::to_string(layout.columnCount) +
+            " numbers in each line are points, or a matrix of values; --columns 1,2,3 or --columns all "
+            "says it");
+    return false;
 }
 
 // Of a pipe the start is not there a second time. What is no file may be a name that GDAL gives to a part of
@@ -66,17 +92,25 @@ bool IsForGdal(const std::string& path) {
     return std::filesystem::is_regular_file(status) && IsForeign(ReadFileStart(path, startSize));
 }
 
-GridData ReadWhole(std::string_view text, const std::string& name, const Progress& progress) {
+GridData ReadPointGrid(TextLines& lines, const ReadOptions& options, const Progress& progress) {
+    const PointTable table = ReadPointTable(lines, options, true, maxPointCount);
+    std::optional<GridData> grid = options.method ? std::nullopt : FindGrid(table);
+    if (!grid) grid = GridScattered(table, options, progress);
+    if (!table.titles[0].empty()) std::copy(table.titles.begin(), table.titles.end(), grid->axisTitles);
+    if (!table.note.empty()) grid->note = table.note + (grid->note.empty() ? "" : "; ") + grid->note;
+    return std::move(*grid);
+}
+
+GridData ReadWhole(std::string_view text, const std::string& name, const Progress& progress,
+                   const ReadOptions& options) {
     if (IsSurferGrid(text)) return ReadSurferGrid(text, name, progress);
     TextLines lines(text, name, progress);
-    switch (DetectFormat(TextLines(text, name))) {
-    case Format::asciiGrid:
-        return ReadAsciiGrid(lines);
-    case Format::xyz:
-        return ReadXyz(lines);
-    default:
-        return ReadMatrix(lines);
-    }
+    TextLines first(text, name);
+    if (!first.Next()) throw Failure(name + ": no data");
+    if (IsAsciiGridHeader(first.Line())) return ReadAsciiGrid(lines);
+    const TableLayout layout = LayoutOf(TextLines(text, name), options);
+    return HasPoints(name, layout, options) ? ReadPointGrid(lines, options, progress)
+                                            : ReadMatrix(lines, layout);
 }
 
 // The indices of the coordinates in a range, as first and behind the last.
@@ -118,7 +152,7 @@ GridData PartOf(const GridData& grid, const Region& region, const std::string& n
 
 GridData ReadGrid(std::string_view text, const std::string& name, const Progress& progress,
                   const ReadOptions& options) {
-    GridData grid = ReadWhole(text, name, progress);
+    GridData grid = ReadWhole(text, name, progress, options);
     return options.region ? PartOf(grid, *options.region, name) : grid;
 }
 

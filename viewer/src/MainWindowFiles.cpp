@@ -236,7 +236,12 @@ void MainWindow::AddPointFiles(PointSet::Kind kind) {
         this, kind == PointSet::Kind::curve ? "Add curves" : "Add measure points", QString(),
         "Points x, y, z (*.csv *.xyz *.txt *.dat);;All files (*)");
     for (const QString& path : paths)
-        Try(this, [&] { Scene().AddPoints(kind, ReadPointFile(NameOf(path))); });
+        Try(this, [&] {
+            const PointFile file = ReadPointFile(NameOf(path));
+            const bool isCurve = kind == PointSet::Kind::curve;
+            for (const PointFile& set : isCurve ? std::vector<PointFile>{file} : GroupsOf(file))
+                Scene().AddPoints(kind, set);
+        });
     if (paths.isEmpty()) return;
     m_points->Refresh();
     m_pointsDock->show();

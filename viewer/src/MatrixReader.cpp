@@ -6,10 +6,10 @@ namespace KivoViewer {
 namespace {
 
 std::vector<double> NumbersIn(const TextLines& lines, const std::vector<std::string_view>& fields,
-                              std::size_t first) {
+                              std::size_t first, const TableLayout& layout) {
     std::vector<double> numbers;
     for (std::size_t i = first; i < fields.size(); ++i) {
-        numbers.push_back(NumberIn(lines, fields[i]));
+        numbers.push_back(TableNumberIn(lines, fields[i], layout));
         if (!IsLastInOrder(numbers)) lines.Fail("the x values must rise or fall from column to column");
     }
     return numbers;
@@ -24,27 +24,27 @@ std::vector<double> CountingFrom0(std::size_t count) {
 
 } // namespace
 
-GridData ReadMatrix(TextLines& lines) {
+GridData ReadMatrix(TextLines& lines, const TableLayout& layout) {
     lines.Next();
-    const char separator = FieldSeparator(lines.Line());
+    CheckDecimalMark(lines, layout);
     std::vector<std::string_view> fields;
-    SplitFields(lines.Line(), separator, fields);
+    SplitRow(lines.Line(), layout, fields);
     const std::size_t width = fields.size();
-    const bool hasCoordinates = separator != ' ' && fields[0].empty();
+    const bool hasCoordinates = layout.hasCorner;
     const std::size_t first = hasCoordinates ? 1 : 0; // field of the first value
-    const std::vector<double> x = hasCoordinates ? NumbersIn(lines, fields, 1) : CountingFrom0(width);
+    const std::vector<double> x = hasCoordinates ? NumbersIn(lines, fields, 1, layout) : CountingFrom0(width);
     std::vector<double> y;
     std::vector<double> z;
     if (hasCoordinates && !lines.Next()) lines.Fail("no values after the x values");
     do {
-        SplitFields(lines.Line(), separator, fields);
+        SplitRow(lines.Line(), layout, fields);
         if (fields.size() != width)
             lines.Fail("expected " + std::to_string(width - first) + " values, found " +
                        std::to_string(fields.size() - first));
-        y.push_back(hasCoordinates ? NumberIn(lines, fields[0]) : static_cast<double>(y.size()));
+        y.push_back(hasCoordinates ? TableNumberIn(lines, fields[0], layout) : static_cast<double>(y.size()));
         if (!IsLastInOrder(y)) lines.Fail("the y values must rise or fall from row to row");
         for (std::size_t i = first; i < width; ++i)
-            z.push_back(ValueIn(lines, fields[i]));
+            z.push_back(TableValueIn(lines, fields[i], layout));
         if (z.size() > maxPointCount)
             lines.Fail("too many points; at most " + std::to_string(maxPointCount) + " can be shown");
     } while (lines.Next());

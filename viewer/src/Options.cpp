@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cmath>
 #include <map>
 #include <utility>
 
@@ -48,6 +49,11 @@ struct Words {
     std::string elevation;
     std::string zoom;
     std::string region;
+    std::string columns;
+    std::string decimalMark;
+    std::string method;
+    std::string cell;
+    std::string radius;
     std::vector<std::string> opacities;
     std::vector<std::string> surfaceColors;
     bool wantsManualPage = false;
@@ -129,6 +135,20 @@ void DescribeReading(CLI::App& app, Options& options, Words& words) {
         ->check(CLI::Range(1, 65535).description(""));
     app.add_option("--region", words.region, "Part of the files that alone is read")
         ->type_name("X0:X1:Y0:Y1");
+    app.add_option("--columns", words.columns,
+                   "Columns of x, y and z in tables, by numbers or names; all: a matrix of values")
+        ->type_name("X,Y,Z");
+    app.add_option("--decimal", words.decimalMark, "Decimal mark of tables: point or comma")
+        ->type_name("MARK");
+    app.add_option("--grid", words.method,
+                   "How a grid is made of scattered points: linear, nearest or inverse (linear)")
+        ->type_name("METHOD");
+    app.add_option("--cell", words.cell, "Cell size of such a grid (from the density of the points)")
+        ->type_name("NUMBER");
+    app.add_option(
+           "--radius", words.radius,
+           "How far a point reaches in such a grid; the longest edge of a triangle where it is linear")
+        ->type_name("NUMBER");
 }
 
 // From where a plot is shown.
@@ -286,12 +306,32 @@ Range RangeOf(const std::string& option, const std::string& text) {
     }
 }
 
-Region RegionOf(const std::string& text) {
-    try {
-        return ParseRegion(text);
-    } catch (const Failure& failure) {
-        throw Failure(std::string("--region: ") + failure.what());
-    }
+double PositiveNumber(const std::string& text) {
+    const double number = ParseNumber(text).value_or(0.0);
+    if (!(number > 0.0) || !std::isfinite(number)) throw Failure("expected a number above 0, found " + text);
+    return number;
+}
+
+char ParseDecimalMark(const std::string& text) {
+    if (text != "point" && text != "comma") throw Failure("expected point or comma, found " + text);
+    return text == "point" ? '.' : ',';
+}
+
+void ParseReading(const CLI::App& app, const Words& words, ReadOptions& reading) {
+    const auto parse = [&app](const char* option, const std::string& text, const auto& parseText) {
+        try {
+            if (app.count(option) > 0) parseText(text);
+        } catch (const Failure& failure) {
+            throw Failure(std::string(option) + ": " + failure.what());
+        }
+    };
+    parse("--region", words.region, [&](const std::string& text) { reading.region = ParseRegion(text); });
+    parse("--columns", words.columns, [&](const std::string& text) { reading.columns = ParseColumns(text); });
+    parse("--decimal", words.decimalMark,
+          [&](const std::string& text) { reading.decimalMark = ParseDecimalMark(text); });
+    parse("--grid", words.method, [&](const std::string& text) { reading.method = ParseGridMethod(text); });
+    parse("--cell", words.cell, [&](const std::string& text) { reading.cell = PositiveNumber(text); });
+    parse("--radius", words.radius, [&](const std::string& text) { reading.radius = PositiveNumber(text); });
 }
 
 } // namespace
@@ -325,7 +365,7 @@ Options ParseOptions(int argc, const char* const* argv) {
     if (options.hasSize) ParseSize(words.size, options);
     if (app.count("--trace-at") > 0) options.traceAt = ParsePosition(words.traceAt);
     if (app.count("--scale") > 0) ParseScale(words.scale, options.format);
-    if (app.count("--region") > 0) options.reading.region = RegionOf(words.region);
+    ParseReading(app, words, options.reading);
     ParseSettings(app, words, options);
     ParseViewpoint(app, words, options.settings, options.viewpoint);
     ParseSurfaces(words, options);

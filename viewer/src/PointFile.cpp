@@ -1,8 +1,10 @@
 #include "PointFile.h"
 
-#include "Failure.h"
 #include "FileText.h"
-#include "GridFormats.h"
+#include "PointTable.h"
+
+#include <algorithm>
+#include <utility>
 
 namespace KivoViewer {
 
@@ -10,31 +12,40 @@ namespace {
 
 constexpr std::size_t maxPoints = 100000; // each is a ball of its own in every frame
 
+constexpr std::size_t maxGroups = 24; // that a list still shows
+
 } // namespace
 
-PointFile ReadPoints(std::string_view text, const std::string& name) {
+std::vector<PointFile> GroupsOf(const PointFile& file) {
+    std::vector<PointFile> groups;
+    for (std::size_t i = 0; i < file.labels.size(); ++i) {
+        const std::string& label = file.labels[i];
+        auto group = std::find_if(groups.begin(), groups.end(),
+                                  [&label](const PointFile& other) { return other.name == label; });
+        if (group == groups.end() && groups.size() == maxGroups) return {file};
+        if (group == groups.end()) group = groups.insert(groups.end(), {label, {}});
+        const auto first = file.points.begin() + static_cast<std::ptrdiff_t>(3 * i);
+        group->points.insert(group->points.end(), first, first + 3);
+    }
+    if (groups.empty()) return {file};
+    for (PointFile& group : groups)
+        if (group.name.empty()) group.name = file.name;
+    return groups;
+}
+
+PointFile ReadPoints(std::string_view text, const std::string& name, const ReadOptions& options) {
+    TextLines lines(text, name);
+    PointTable table = ReadPointTable(lines, options, false, maxPoints);
     PointFile file;
     file.name = name.substr(name.find_last_of('/') + 1);
-    TextLines lines(text, name);
-    if (!lines.Next()) throw Failure(name + ": no points");
-    std::vector<std::string_view> fields;
-    SplitPoint(lines.Line(), fields);
-    if (AreColumnNames(fields) && !lines.Next()) lines.Fail("no points after the column names");
-    do {
-        SplitPoint(lines.Line(), fields);
-        if (fields.size() != 3)
-            lines.Fail("expected x, y and z, found " + std::to_string(fields.size()) +
-                       (fields.size() == 1 ? " value" : " values"));
-        for (const std::string_view field : fields)
-            file.points.push_back(NumberIn(lines, field));
-        if (file.Count() > maxPoints)
-            lines.Fail("too many points; at most " + std::to_string(maxPoints) + " can be shown");
-    } while (lines.Next());
+    file.labels = std::move(table.labels);
+    for (std::size_t i = 0; i < table.Count(); ++i)
+        file.points.insert(file.points.end(), {table.x[i], table.y[i], table.z[i]});
     return file;
 }
 
-PointFile ReadPointFile(const std::string& path) {
-    return ReadPoints(ReadFileText(path), path);
+PointFile ReadPointFile(const std::string& path, const ReadOptions& options) {
+    return ReadPoints(ReadFileText(path), path, options);
 }
 
 } // namespace KivoViewer

@@ -4,9 +4,17 @@
 #include "Numbers.h"
 #include "TextLines.h"
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace KivoViewer {
+
+namespace {
+
+constexpr const char* methodNames[] = {"linear", "nearest", "inverse"}; // as the methods follow each other
+
+} // namespace
 
 Region ParseRegion(const std::string& text) {
     std::vector<std::string_view> fields;
@@ -22,6 +30,27 @@ Region ParseRegion(const std::string& text) {
         throw Failure("expected four numbers x0:x1:y0:y1 that rise from x0 to x1 and from y0 to y1, found " +
                       text);
     return region;
+}
+
+GridMethod ParseGridMethod(const std::string& text) {
+    const auto name = std::find(std::begin(methodNames), std::end(methodNames), text);
+    if (name == std::end(methodNames)) throw Failure("expected linear, nearest or inverse, found " + text);
+    return static_cast<GridMethod>(name - std::begin(methodNames));
+}
+
+std::string NameOf(GridMethod method) {
+    return methodNames[static_cast<int>(method)];
+}
+
+std::vector<std::string> ParseColumns(const std::string& text) {
+    std::vector<std::string_view> fields;
+    SplitFields(text, ',', fields);
+    const bool areNamed =
+        std::none_of(fields.begin(), fields.end(), [](std::string_view field) { return field.empty(); });
+    if (!areNamed || (fields.size() != 3 && text != "all"))
+        throw Failure("expected the columns of x, y and z, such as 1,2,4, or all for a matrix, found " +
+                      text);
+    return {fields.begin(), fields.end()};
 }
 
 } // namespace KivoViewer

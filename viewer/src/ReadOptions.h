@@ -18,10 +18,32 @@ struct Region {
 /// The region that "x0:x1:y0:y1" stands for. Throws a Failure that says what is wrong with the text.
 Region ParseRegion(const std::string& text);
 
+/// How values between scattered points follow from these.
+enum class GridMethod { linear, nearest, inverseDistance };
+
+/// The method of this name: linear, nearest or inverse. Throws a Failure for any other text.
+GridMethod ParseGridMethod(const std::string& text);
+/// Its name.
+std::string NameOf(GridMethod method);
+
+/// The columns that "x,y,z" stands for, names or numbers; "all" alone is a matrix of values. Throws a Failure
+/// for any other text.
+std::vector<std::string> ParseColumns(const std::string& text);
+
 /// How files are read.
 struct ReadOptions {
     int band = 0;                 ///< of a raster, from 1; 0 for the first
     std::optional<Region> region; ///< of which alone the points are read
+    std::vector<std::string>
+        columns;          ///< of x, y and z in a table; "all" alone: a matrix; none: as it says itself
+    char decimalMark = 0; ///< of a table, point or comma; 0: as it shows itself
+    std::optional<GridMethod>
+        method;          ///< points are scattered, and a grid is made of them so; none: as they lie
+    double cell = 0.0;   ///< of a grid that is made; 0: from the density of the points
+    double radius = 0.0; ///< of such a grid: the longest edge of a triangle, or how far a point reaches; 0:
+                         ///< any, or three distances
+
+    bool IsMatrix() const { return columns.size() == 1; }
 };
 
 } // namespace KivoViewer

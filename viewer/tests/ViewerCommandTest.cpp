@@ -361,9 +361,30 @@ TEST_F(ViewerCommandTest, DrawsPointsCurvesAndTheTracedPoint) {
     });
 }
 
+// Without a surface, and with axes of their own.
+TEST_F(ViewerCommandTest, DrawsPointsAlone) {
+    const auto draw = [this](const std::string& text) {
+        std::ofstream(Path("wells.csv")) << text;
+        return Draw({"--points", Path("wells.csv"), "--size", "400x300", "--no-legend", "--title", ""});
+    };
+    const Image few = draw("Jasmund,0,0,0\nArkona,10,10,1\n");
+    const auto isRed = [](const unsigned char* rgb) { return rgb[0] > 100 && rgb[1] < 90 && rgb[2] < 90; };
+    const auto count = [](const Image& image, const auto& is) {
+        int pixels = 0;
+        for (std::size_t i = 0; i + 3 < image.rgba.size(); i += 4)
+            pixels += is(&image.rgba[i]);
+        return pixels;
+    };
+    EXPECT_LT(ColorCount(few), 2000U);
+    EXPECT_GT(count(few, isRed), 20) << "a point";
+    EXPECT_GT(Compare(few, draw("Jasmund,0,0,0\nArkona,10,10,1\nHiddensee,5,5,0.5\n")).max, 50);
+    EXPECT_GT(Compare(few, draw("Jasmund,0,0,0\nArkona,10,10,1000\n")).max, 50) << "the axes follow";
+}
+
 TEST_F(ViewerCommandTest, NamesWhatIsWrongWithPoints) {
     const std::string hill = dataFolder + "hill.csv";
-    ExpectFailure({"--points", hill}, hill + ":2: expected x, y and z, found 6 values");
+    ExpectFailure({"--points", hill},
+                  hill + ":2: expected x, y and z, found 6 values; --columns says which of them these are");
     ExpectFailure({"--curve", "/nowhere.csv", "--picture", Path("a.png")},
                   "/nowhere.csv: cannot open it: No such file or directory");
     EXPECT_EQ(FileCount(), 0U);
