@@ -52,7 +52,7 @@ for package in "${packages[@]}"; do
 done
 same_files libkivofunctionplotter0.1 "$libraries/libKivoFunctionPlotter.so.0.1" \
     "$libraries/libKivoFunctionPlotter.so.$version"
-same_files libkivofunctionplotter-dev usr/include/Kivo{Axis,Build,ColorMap,FunctionPlotter,Host,Legend,Motion,Picture,Platform,PlotView,Style,Surfaces,Types,Version,View,Window}.h \
+same_files libkivofunctionplotter-dev usr/include/Kivo{Axis,Build,ColorMap,Contours,FunctionPlotter,Host,Legend,Motion,Picture,Platform,PlotView,Points,Style,Surfaces,Types,Version,View,Window}.h \
     "$libraries/libKivoFunctionPlotter.so" "$libraries/pkgconfig/KivoFunctionPlotter.pc" \
     "$libraries"/cmake/KivoFunctionPlotter/KivoFunctionPlotter{Config,ConfigVersion,Targets,Targets-release}.cmake
 same_files kivo-viewer usr/bin/kivo-viewer usr/share/applications/kivo-viewer.desktop \

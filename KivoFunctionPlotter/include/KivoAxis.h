@@ -56,4 +56,11 @@ KIVO_API double GetAxisOrigin(const CKivoFunctionPlotter& plotter, int axis);
 KIVO_API int SetAxisLabelFormat(CKivoFunctionPlotter& plotter, int axis,
                                 std::function<std::string(double value, double step)> format);
 
+/// How the read-out of a traced point would write a coordinate, for hosts that show it elsewhere, too: in the
+/// host's words where SetAxisLabelFormat has set any, else in the plot's, with the digits that it has there.
+/// @param axis    0 for X, 1 for Y, 2 for Z; the text of another one is empty
+/// @param number  of the data
+/// @throws std::bad_alloc  without memory for the text
+KIVO_API std::string ReadOutNumber(const CKivoFunctionPlotter& plotter, int axis, float number);
+
 } // namespace KivoDrawingTools

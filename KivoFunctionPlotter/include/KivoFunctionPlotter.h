@@ -920,6 +920,9 @@ private:
     friend class TextSet;        // the style, and the fonts and images that are made for it
     friend struct ViewAccess;    // saves and restores what a view consists of
 
+    friend struct ContourAccess; // levels, and what fills between them, for KivoContours.h
+    friend struct PointAccess;   // curves and groups, for KivoPoints.h
+
     friend struct ColorMapAccess; // the gradients and what shows them, for KivoColorMap.h
     friend struct LegendAccess;   // the legends, and the fields of KivoLegend.h
 
@@ -975,6 +978,7 @@ private:
     };
     SOwnSurfaceLayers m_surfaces;
     bool m_areLayersReduced = false; // in the frame drawn last
+    bool m_isCutToAxis[3] = {};      // what lies beyond the range of an axis is left out
 
     // Of KivoAxis.h; what numbers stand for is with box and legends
     std::shared_ptr<const struct STraceWords> m_traceWords; // the read-out in the host's words; null without
@@ -985,6 +989,14 @@ private:
     // Of KivoView.h: what waits for a window and data
     double m_awaitedPan[2] = {};
     double m_awaitedZoom = 0.0; // 0: nothing does
+
+    // Of KivoContours.h
+    double m_contourInterval[3] = {}; // between levels; 0: as many levels as are set
+    double m_contourBase[3] = {};     // one of the levels
+    bool m_areContoursFilled = false; // in the XY plot
+
+    // Of KivoPoints.h
+    bool m_arePointsFlat = false; // they are shown in flat plots
 
     void InitTexts(int fontSize);
     static void DeleteFontLists(unsigned int base);
@@ -1021,9 +1033,15 @@ private:
     void DrawContourPicture(SContourPicture& picture);
     std::vector<float> FlatContourLevels(int axis, unsigned int count) const;
     void AssignFlatContours(std::vector<SKivoIsoContour>& contours, int axis, unsigned int count);
+    void RenderFlatPoints();
+    void RenderCurveLines();
+    void RenderCurveMarkers();
     void RenderFlatContours(const std::vector<SKivoIsoContour>& contours, const CKivoGradientColor* gradient,
                             int axis);
     GridView Grid() const;
+    struct PointBox CutBox() const;
+    class ClipScope CutScope(unsigned int axes) const;
+    bool IsCutAway(const float* point) const;
     int ContouredAxis() const;
     std::vector<float> EvenHeights(unsigned int count) const;
     void SetAxisTitle(int axis, const char* title, std::string& stored);

@@ -66,6 +66,16 @@ KIVO_API int FitAxesToSurfaces(CKivoFunctionPlotter& plotter, bool all);
 ///         told last
 KIVO_API bool AxesFitSurfaces(const CKivoFunctionPlotter& plotter);
 
+/// Shows of surfaces, frame lines, contours and curves what lies within the range of an axis, cut exactly
+/// along it, and no markers of points beyond; nothing of that is traced. A range that is set anew counts from
+/// the next frame on. It stays through new data, OnDestroy and OnCreate.
+/// @param axis  0 for X, 1 for Y, 2 for Z
+/// @param cut   false, at first: what leaves the box is shown, too
+/// @return 0; -3 for another axis
+KIVO_API int CutToAxis(CKivoFunctionPlotter& plotter, int axis, bool cut);
+/// @return whether it is cut; false for a number that is no axis
+KIVO_API bool IsCutToAxis(const CKivoFunctionPlotter& plotter, int axis);
+
 /// @return the number of the surface on which the traced point lies, 0 for the first; -1 without a traced
 ///         point. The nearest of all visible surfaces is traced
 KIVO_API int TracedSurface(const CKivoFunctionPlotter& plotter);

@@ -228,6 +228,34 @@ std::vector<float> ContourLevelsOfHeight(float min, float max, unsigned int coun
     return LevelsFrom(low, step, 0, count);
 }
 
+LevelSteps LevelStepsOf(float min, float max, unsigned int count) {
+    const double spacing = (static_cast<double>(max) - static_cast<double>(min)) / (count - 1.0);
+    LevelSteps steps = {static_cast<double>(min) + 0.2 * spacing,
+                        (spacing * (count - 1.0) - 0.4 * spacing) / (count - 1.0), count};
+    return steps.step > 0.0 && std::isfinite(steps.step) ? steps : LevelSteps();
+}
+
+LevelSteps LevelStepsOf(float min, float max, double interval, double base) {
+    constexpr double most = 1000.0;
+    // Where the interval is less than what double precision tells apart there, this is no number.
+    const double low = (static_cast<double>(min) - base) / interval;
+    const double high = (static_cast<double>(max) - base) / interval;
+    const double every = std::ceil((high - low) / most);
+    if (!(interval > 0.0) || !(low < high) || !std::isfinite(every)) return {};
+    const double first = std::floor(low / every) + 1.0;
+    const double last = std::ceil(high / every) - 1.0;
+    if (!(last >= first)) return {};
+    return {base + first * every * interval, every * interval, static_cast<unsigned int>(last - first) + 1};
+}
+
+std::vector<float> LevelsAt(const LevelSteps& steps) {
+    std::vector<float> levels;
+    levels.reserve(steps.count);
+    for (unsigned int i = 0; i < steps.count; ++i)
+        levels.push_back(static_cast<float>(steps.first + i * steps.step));
+    return levels;
+}
+
 std::vector<float> ContourLevelsInside(float min, float max, unsigned int count) {
     const float intervals = static_cast<float>(count) + 1.0f;
     const float margin = 0.2f * ((max - min) / intervals);

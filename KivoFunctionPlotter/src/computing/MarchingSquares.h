@@ -31,6 +31,20 @@ std::vector<float> ContourLevelsOfHeight(float min, float max, unsigned int coun
 /// Level values for contours of x and y: count levels strictly inside the range.
 std::vector<float> ContourLevelsInside(float min, float max, unsigned int count);
 
+/// Levels at equal distances.
+struct LevelSteps {
+    double first = 0.0;
+    double step = 0.0; ///< above 0, unless there are none
+    unsigned int count = 0;
+};
+
+/// The levels that ContourLevelsOfHeight has; none without two at numbers.
+LevelSteps LevelStepsOf(float min, float max, unsigned int count);
+/// The sums of a base and multiples of an interval that lie between the extremes, not at them. Of more than a
+/// thousand every second, third and so on is left, counted from the base.
+LevelSteps LevelStepsOf(float min, float max, double interval, double base);
+std::vector<float> LevelsAt(const LevelSteps& steps);
+
 /// Level values without a margin: min + k * (max - min) / (count + 1) for k from 1 to count.
 std::vector<float> ContourLevelsEven(float min, float max, unsigned int count);
 

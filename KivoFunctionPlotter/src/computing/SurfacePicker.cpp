@@ -37,13 +37,14 @@ struct Nearest {
     const float* dir;
     float distance;
     float* point;
+    const PointBox* within;
     PickResult result = PickResult::nothing;
 
     void Try(const float* p0, const float* p1, const float* p2) {
         float hit[3];
         bool inside = false;
         const float t = MeetTriangle(origin, dir, p0, p1, p2, hit, &inside);
-        if (!inside) return;
+        if (!inside || (within && !within->Holds(hit))) return;
         if (result == PickResult::nothing) result = PickResult::beyond;
         if (!(t < distance)) return;
         distance = t;
@@ -167,10 +168,11 @@ bool MeetsBox(const float* origin, const float* dir, const float* boxMin, const 
 }
 
 PickResult PickSurface(const GridView& grid, const float* boxMin, const float* boxMax, const float* origin,
-                       const float* dir, float limit, float* hit, std::size_t* triedCells) {
+                       const float* dir, float limit, float* hit, std::size_t* triedCells,
+                       const PointBox* within) {
     const SightView view = LookAlong(origin, dir, boxMin, boxMax);
     std::size_t tried = 0;
-    Nearest nearest = {origin, dir, limit, hit};
+    Nearest nearest = {origin, dir, limit, hit, within};
     for (std::size_t r = 0; r + 1 < grid.rows; ++r)
         for (std::size_t first = 0; first + 1 < grid.columns; first += stretch) {
             const std::size_t cells = std::min(stretch, grid.columns - 1 - first);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "GridView.h"
+#include "PointBox.h"
 
 #include <cstddef>
 
@@ -26,7 +27,9 @@ enum class PickResult {
 /// @param hit             receives x, y, z with PickResult::triangle, else it is left alone
 /// @param triedCells      if given, receives the number of cells whose triangles were computed; the others
 ///                        were passed over
+/// @param within          if given, hits outside of it are none
 PickResult PickSurface(const GridView& grid, const float* boxMin, const float* boxMax, const float* origin,
-                       const float* dir, float limit, float* hit, std::size_t* triedCells = nullptr);
+                       const float* dir, float limit, float* hit, std::size_t* triedCells = nullptr,
+                       const PointBox* within = nullptr);
 
 } // namespace KivoDrawingTools

@@ -163,6 +163,9 @@ std::string CKivoFunctionPlotter::TraceText() const {
 struct AxisAccess {
     static const AxisNumbers* NumbersOf(const CKivoFunctionPlotter& plotter, int axis);
     static int Change(CKivoFunctionPlotter& plotter, int axis, const AxisNumbers& wanted);
+    static std::string ReadOut(const CKivoFunctionPlotter& plotter, int axis, float number) {
+        return plotter.ReadOut(axis, number, true);
+    }
 
 private:
     static CKivoGradientColorRuler* RulerOf(const CKivoFunctionPlotter& plotter, int axis);
@@ -260,6 +263,10 @@ int SetAxisLabelFormat(CKivoFunctionPlotter& plotter, int axis,
     AxisNumbers wanted = {present ? present->origin : 0.0, nullptr};
     if (format) wanted.format = std::make_shared<const AxisNumbers::Format>(std::move(format));
     return AxisAccess::Change(plotter, axis, wanted);
+}
+
+std::string ReadOutNumber(const CKivoFunctionPlotter& plotter, int axis, float number) {
+    return IsAxis(axis) ? AxisAccess::ReadOut(plotter, axis, number) : std::string();
 }
 
 } // namespace KivoDrawingTools

@@ -124,10 +124,11 @@ int SurfaceAccess::Trace(CKivoFunctionPlotter& plotter, const float* nearPt, con
     float dir[3];
     plotter.NormalVector(nearPt, farPt, dir);
     float nearest = std::numeric_limits<float>::infinity();
+    const PointBox range = plotter.CutBox();
     const auto pick = [&](const GridView& grid, const float* min, const float* max, int number) {
         float hit[3];
         if (!MeetsBox(nearPt, dir, min, max)) return;
-        const PickResult result = PickSurface(grid, min, max, nearPt, dir, length, hit);
+        const PickResult result = PickSurface(grid, min, max, nearPt, dir, length, hit, nullptr, &range);
         if (result == PickResult::nothing) return;
         plotter.m_hasTracePoint = 1;
         if (result == PickResult::beyond) return;
@@ -250,6 +251,15 @@ bool SurfaceAccess::AreAxesFitted(const CKivoFunctionPlotter& plotter) {
     return plotter.m_surfaces.layers && plotter.m_surfaces.layers->areAxesFitted;
 }
 
+void SurfaceAccess::Cut(CKivoFunctionPlotter& plotter, int axis, bool cut) {
+    plotter.m_isCutToAxis[axis] = cut;
+    if (!plotter.CutBox().Holds(plotter.m_tracePoint)) plotter.m_hasTracePoint = 0;
+}
+
+bool SurfaceAccess::IsCut(const CKivoFunctionPlotter& plotter, int axis) {
+    return plotter.m_isCutToAxis[axis];
+}
+
 int AddSurface(CKivoFunctionPlotter& plotter, const float* points, unsigned int columns, unsigned int rows,
                unsigned int columnStride, unsigned int rowStride, unsigned int components,
                const SKivoSurface& surface) {
@@ -289,6 +299,16 @@ int FitAxesToSurfaces(CKivoFunctionPlotter& plotter, bool all) {
 
 bool AxesFitSurfaces(const CKivoFunctionPlotter& plotter) {
     return SurfaceAccess::AreAxesFitted(plotter);
+}
+
+int CutToAxis(CKivoFunctionPlotter& plotter, int axis, bool cut) {
+    if (!IsAxis(axis)) return refusedArgument;
+    SurfaceAccess::Cut(plotter, axis, cut);
+    return 0;
+}
+
+bool IsCutToAxis(const CKivoFunctionPlotter& plotter, int axis) {
+    return IsAxis(axis) && SurfaceAccess::IsCut(plotter, axis);
 }
 
 int TracedSurface(const CKivoFunctionPlotter& plotter) {

@@ -2,6 +2,8 @@
 #include "KivoFunctionPlotter.h"
 
 #include "computing/ColorSpace.h"
+#include "ContourAccess.h"
+#include "drawing/ClipScope.h"
 #include "drawing/GLScopes.h"
 #include "parts/FontDescription.h"
 #include "parts/KivoGradientColor.h"
@@ -622,10 +624,16 @@ void CKivoFunctionPlotter::DrawNormalPlot() {
 
     glEnable(GL_LIGHTING);
     RenderCurves();
-    RenderSurface();
-    SurfaceAccess::DrawOpaque(*this);
+    {
+        const ClipScope cut = CutScope(allAxes);
+        RenderSurface();
+        SurfaceAccess::DrawOpaque(*this);
+    }
     RenderMeasurePoints();
-    SurfaceAccess::DrawSeeThrough(*this);
+    {
+        const ClipScope cut = CutScope(allAxes);
+        SurfaceAccess::DrawSeeThrough(*this);
+    }
 
     glDisable(GL_LIGHTING);
     glDisable(GL_DEPTH_TEST);
@@ -662,18 +670,24 @@ void CKivoFunctionPlotter::DrawProjectionPlot() {
     ApplyModelViewMatrix();
 
     glDisable(GL_LIGHTING);
+    const bool listsNames = m_arePointsFlat && m_hasGroupNames;
+    if (m_areContoursFilled && m_plotType == xyPlot) ContourAccess::Fill(*this);
     if (m_gridBox) {
         StyleGridBox();
         CollectOtherTexts(ruler, m_legendViewport, m_legendViewVolume, m_plotTitleImage, m_plotViewport,
                           *m_gridBox);
+        if (listsNames) AddGroupNamesPlace(&m_gridBox->m_screenBox.others);
         ScaleOtherTexts(*m_gridBox);
         (m_gridBox->*renderFrame)(PixelToWorld(1.0), m_axisScale);
     }
     (this->*renderContours)();
+    if (m_arePointsFlat) RenderFlatPoints();
 
     glDisable(GL_DEPTH_TEST);
     RenderPlotName();
     glDisable(GL_LIGHTING); // as in the 3-D plot
+    if (m_arePointsFlat) RenderTraceLegend();
+    if (listsNames) RenderGroupNames(false);
     if (ruler) ruler->Render(m_legendViewport, m_legendViewVolume);
 
     glEnable(GL_DEPTH_TEST);

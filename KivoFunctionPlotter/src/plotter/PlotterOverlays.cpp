@@ -4,6 +4,7 @@
 #include "Arguments.h"
 #include "computing/AxisLabelLayout.h"
 #include "computing/ColorSpace.h"
+#include "drawing/ClipScope.h"
 #include "drawing/GLScopes.h"
 #include "drawing/PointMarker.h"
 #include "parts/KivoMeasurePointGroupManager.h"
@@ -90,6 +91,13 @@ int CKivoFunctionPlotter::SetCurveWidth(int index, float width) {
 
 void CKivoFunctionPlotter::RenderCurves() {
     glDisable(GL_LIGHTING);
+    RenderCurveLines();
+    glEnable(GL_LIGHTING);
+    RenderCurveMarkers();
+}
+
+void CKivoFunctionPlotter::RenderCurveLines() {
+    const ClipScope cut = CutScope(allAxes);
     ForEachVisibleCurve([this](const std::vector<float>& data, std::size_t index) {
         const std::size_t count = m_curvePointCounts[index];
         const std::size_t stride = data.size() / count;
@@ -105,8 +113,9 @@ void CKivoFunctionPlotter::RenderCurves() {
         glEnd();
     });
     glLineWidth(1.0f);
-    glEnable(GL_LIGHTING);
+}
 
+void CKivoFunctionPlotter::RenderCurveMarkers() {
     const float size = MarkerSize(0.7);
     ForEachVisibleCurve([this, size](const std::vector<float>& data, std::size_t index) {
         const std::size_t count = m_curvePointCounts[index];
@@ -114,6 +123,7 @@ void CKivoFunctionPlotter::RenderCurves() {
         float point[3];
         for (std::size_t k = 0; k < count; ++k) {
             CopyCurvePoint(data, stride, k, point);
+            if (IsCutAway(point)) continue;
             DrawPointMarker(point[0], point[1], point[2], size, m_axisScale);
         }
     });
@@ -130,6 +140,19 @@ void CKivoFunctionPlotter::ForEachVisibleCurve(Draw draw) {
         }
         ++index;
     }
+}
+
+// ---- In flat plots --------------------------------------------------------------------------------------
+
+// Over the contours, whichever is nearer, and before and behind each other.
+void CKivoFunctionPlotter::RenderFlatPoints() {
+    glClear(GL_DEPTH_BUFFER_BIT);
+    if (m_hasTracePoint != 0) RenderTraceGuideLines();
+    glEnable(GL_LIGHTING);
+    RenderTracePoints();
+    RenderCurves();
+    RenderMeasurePoints();
+    glDisable(GL_LIGHTING);
 }
 
 // ---- Point size -----------------------------------------------------------------------------------------
@@ -243,7 +266,8 @@ void CKivoFunctionPlotter::RenderMeasurePoints() {
         const std::size_t stride = group.m_floatsPerPoint;
         for (std::size_t k = 0; k < group.m_pointCount; ++k) {
             const float* p = group.m_points + k * stride;
-            DrawPointMarker(p[0], stride > 1 ? p[1] : 0.0f, stride > 2 ? p[2] : 0.0f, size, m_axisScale);
+            const float point[] = {p[0], stride > 1 ? p[1] : 0.0f, stride > 2 ? p[2] : 0.0f};
+            if (!IsCutAway(point)) DrawPointMarker(point[0], point[1], point[2], size, m_axisScale);
         }
     }
 }

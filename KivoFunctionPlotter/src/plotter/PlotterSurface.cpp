@@ -5,10 +5,13 @@
 #include "computing/MarchingSquares.h"
 #include "computing/MeshArrays.h"
 #include "drawing/Camera.h"
+#include "drawing/ClipScope.h"
 #include "drawing/GLScopes.h"
 #include "drawing/LongDraws.h"
+#include "NewContours.h"
 #include "parts/KivoGradientColor.h"
 #include "parts/KivoGridBox.h"
+#include "PlotType.h"
 #include "ReducedSurface.h"
 #include "SurfaceLayers.h"
 #include "ViewState.h"
@@ -38,19 +41,6 @@ void ReplaceArray(T*& array, std::size_t count) {
     array = fresh;
 }
 
-// Contours that no plotter has taken yet.
-struct NewContours {
-    NewContours() = default;
-    ~NewContours() {
-        for (const SKivoIsoContour& contour : records)
-            delete[] contour.points;
-    }
-    NewContours(const NewContours&) = delete;
-    NewContours& operator=(const NewContours&) = delete;
-
-    std::vector<SKivoIsoContour> records;
-};
-
 // Points are numbered, and strides kept as floats, in 32 bits; what is made of a point must be addressable
 // too. A stride counts where there is a second point in its direction.
 void RefuseUncountable(const unsigned int* counts, const unsigned int* strides, unsigned int components) {
@@ -78,12 +68,6 @@ unsigned int CellCount(unsigned int points) {
 }
 
 // OpenGL takes two to four floats of a point; of longer points it gets the first three, with their stride.
-void SetVertexPointer(const SurfaceArrays& surface) {
-    const bool isShort = surface.components <= 4;
-    glVertexPointer(isShort ? static_cast<GLint>(surface.components) : 3, GL_FLOAT,
-                    isShort ? 0 : static_cast<GLsizei>(surface.components * sizeof(float)), surface.points);
-}
-
 void DrawFramelineTexture() {
     constexpr float size = framelineTexSize;
     glColor4f(0.2f, 0.2f, 0.2f, 1.0f);
@@ -372,7 +356,7 @@ void CKivoFunctionPlotter::RenderSurface() {
 }
 
 void CKivoFunctionPlotter::DrawSurface(const SurfaceArrays& surface) {
-    SetVertexPointer(surface);
+    surface.SetVertexPointer();
     glEnableClientState(GL_VERTEX_ARRAY);
     glColorPointer(4, GL_FLOAT, 0, surface.colors);
     glEnableClientState(GL_COLOR_ARRAY);
@@ -498,6 +482,8 @@ void CKivoFunctionPlotter::AssignFlatYIsoContourData() {
 std::vector<float> CKivoFunctionPlotter::FlatContourLevels(int axis, unsigned int count) const {
     const float min = m_boundingBoxMin[axis];
     const float max = m_boundingBoxMax[axis];
+    if (m_contourInterval[axis] > 0.0)
+        return LevelsAt(LevelStepsOf(min, max, m_contourInterval[axis], m_contourBase[axis]));
     return axis == 2 ? ContourLevelsOfHeight(min, max, count) : ContourLevelsInside(min, max, count);
 }
 
@@ -539,14 +525,21 @@ void CKivoFunctionPlotter::RenderFlatContours(const std::vector<SKivoIsoContour>
     const std::vector<LevelLines>* const reduced =
         m_isFrameReduced && m_reducedSurface ? m_reducedSurface->Contours(axis, contours) : nullptr;
 
+    const bool isOnBands = m_areContoursFilled && m_plotType == xyPlot;
+    const PointBox range = CutBox();
+    const ClipScope cut = CutScope(allAxes & ~(1U << static_cast<unsigned int>(axis)));
     const MatrixModeScope modelView(GL_MODELVIEW);
     glPushMatrix();
     glTranslatef(wall[0], wall[1], wall[2]);
     const LineWidthScope lines(m_pixelScale);
     glEnableClientState(GL_VERTEX_ARRAY);
     for (std::size_t k = 0; k < contours.size(); ++k) {
+        if (contours[k].level < range.min[axis] || contours[k].level > range.max[axis]) continue;
         float color[4] = {0, 0, 0, 1};
-        gradient->Evaluate(contours[k].level, color);
+        if (isOnBands)
+            ColorToRgba(m_inkColor, color);
+        else
+            gradient->Evaluate(contours[k].level, color);
         glColor4fv(color);
         const float* const points = reduced ? (*reduced)[k].points.get() : contours[k].points;
         const std::uint64_t count = reduced ? (*reduced)[k].pointCount : contours[k].pointCount;

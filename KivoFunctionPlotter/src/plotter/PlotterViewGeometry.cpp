@@ -5,6 +5,7 @@
 #include "computing/SurfacePicker.h"
 #include "computing/VectorMath.h"
 #include "drawing/Camera.h"
+#include "drawing/ClipScope.h"
 #include "drawing/GLScopes.h"
 #include "drawing/PointMarker.h"
 #include "drawing/TexturedQuad.h"
@@ -567,6 +568,29 @@ bool CKivoFunctionPlotter::IsClientPointInViewport(POINT pt) {
     return IsWithin(pt.x, 0, m_plotViewport[2]) && IsWithin(pt.y, 0, m_plotViewport[3]);
 }
 
+// ---- Ranges of the axes ---------------------------------------------------------------------------------
+
+// What is shown of the data: without end along axes that cut nothing.
+PointBox CKivoFunctionPlotter::CutBox() const {
+    constexpr float endless = std::numeric_limits<float>::infinity();
+    PointBox box = {{-endless, -endless, -endless}, {endless, endless, endless}};
+    for (int axis = 0; axis < 3 && m_gridBox; ++axis) {
+        if (!m_isCutToAxis[axis]) continue;
+        box.min[axis] = std::min(m_gridBox->m_boxMin[axis], m_gridBox->m_boxMax[axis]);
+        box.max[axis] = std::max(m_gridBox->m_boxMin[axis], m_gridBox->m_boxMax[axis]);
+    }
+    return box;
+}
+
+// With the data's model-view matrix loaded.
+ClipScope CKivoFunctionPlotter::CutScope(unsigned int axes) const {
+    return {CutBox(), axes};
+}
+
+bool CKivoFunctionPlotter::IsCutAway(const float* point) const {
+    return !CutBox().Holds(point);
+}
+
 // ---- Trace ----------------------------------------------------------------------------------------------
 
 int CKivoFunctionPlotter::Trace(bool enable) {
@@ -601,8 +625,9 @@ int CKivoFunctionPlotter::Trace(POINT pt) {
     float dir[3];
     NormalVector(nearPt, farPt, dir);
     // With hits beyond the limit alone there is a trace point, and it is the one from before.
-    if (PickSurface(Grid(), m_boundingBoxMin, m_boundingBoxMax, nearPt, dir, length, m_tracePoint) ==
-        PickResult::nothing)
+    const PointBox range = CutBox();
+    if (PickSurface(Grid(), m_boundingBoxMin, m_boundingBoxMax, nearPt, dir, length, m_tracePoint, nullptr,
+                    &range) == PickResult::nothing)
         return 1;
     m_hasTracePoint = 1;
     AskForTraceWords();

@@ -1,11 +1,19 @@
 #include "ReducedSurface.h"
 
+#include "window_system/WindowSystem.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <limits>
 #include <new>
 
 namespace KivoDrawingTools {
+
+void SurfaceArrays::SetVertexPointer() const {
+    const bool isShort = components <= 4;
+    glVertexPointer(isShort ? static_cast<GLint>(components) : 3, GL_FLOAT,
+                    isShort ? 0 : static_cast<GLsizei>(components * sizeof(float)), points);
+}
 
 namespace {
 

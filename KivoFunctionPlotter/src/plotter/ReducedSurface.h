@@ -21,6 +21,8 @@ struct SurfaceArrays {
     std::size_t triangleIndexCount;
     const unsigned int* lines; ///< null without frame lines
     std::size_t lineIndexCount;
+
+    void SetVertexPointer() const;
 };
 
 /// What such a copy is made for.

@@ -112,6 +112,8 @@ struct SurfaceAccess {
     static int Set(CKivoFunctionPlotter& plotter, int number, const SKivoSurface& looks);
     static void FitAxes(CKivoFunctionPlotter& plotter, bool all);
     static bool AreAxesFitted(const CKivoFunctionPlotter& plotter);
+    static void Cut(CKivoFunctionPlotter& plotter, int axis, bool cut);
+    static bool IsCut(const CKivoFunctionPlotter& plotter, int axis);
     static int Traced(const CKivoFunctionPlotter& plotter);
     static bool HasData(const CKivoFunctionPlotter& plotter);
     static unsigned int Count(const CKivoFunctionPlotter& plotter);

@@ -43,6 +43,8 @@ std::map<std::string, int> DeclaredFunctions() {
     CountFunctions(Header("KivoSurfaces.h"), counts);
     CountFunctions(Header("KivoAxis.h"), counts);
     CountFunctions(Header("KivoColorMap.h"), counts);
+    CountFunctions(Header("KivoContours.h"), counts);
+    CountFunctions(Header("KivoPoints.h"), counts);
     CountFunctions(Header("KivoLegend.h"), counts);
     CountFunctions(Header("KivoView.h"), counts);
     return counts;

@@ -2,9 +2,11 @@
 
 #include "KivoAxis.h"
 #include "KivoColorMap.h"
+#include "KivoContours.h"
 #include "KivoLegend.h"
 #include "KivoMotion.h"
 #include "KivoPicture.h"
+#include "KivoPoints.h"
 #include "KivoStyle.h"
 #include "KivoSurfaces.h"
 #include "KivoView.h"
@@ -568,6 +570,13 @@ const std::vector<PublicMember> surfaceFunctions = {
                return FitAxesToSurfaces(p, all);
            }),
     Member("AxesFitSurfaces()", none, [](P& p, A&) { AxesFitSurfaces(p); }),
+    Member("CutToAxis(int, flag)", none,
+           [](P& p, A& a) {
+               const int axis = a.Int(2);
+               return CutToAxis(p, axis, a.Flag(true));
+           })
+        .Refuses(-3),
+    Member("IsCutToAxis(int)", none, [](P& p, A& a) { IsCutToAxis(p, a.Int(2)); }),
     Member("TracedSurface()", none, [](P& p, A&) { TracedSurface(p); }),
     Member("RemoveSurface(grid, looks, int)", none, AddAndRemove).Refuses(-2).Refuses(-3),
 };
@@ -604,6 +613,11 @@ const std::vector<PublicMember> axisFunctions = {
     Member("SetAxisOrigin(int, float, float)", bracketed, SetOriginAnew).Refuses(-1).Refuses(-3),
     Member("GetAxisOrigin(int)", none, [](P& p, A& a) { GetAxisOrigin(p, a.Int(2)); }),
     Member("SetAxisLabelFormat(int, flag, text)", bracketed, SetFormat).Refuses(-1).Refuses(-3),
+    Member("ReadOutNumber(int, float)", none,
+           [](P& p, A& a) {
+               const int axis = a.Int(2);
+               ReadOutNumber(p, axis, a.Float(0.5f));
+           }),
 };
 
 // ---- KivoColorMap.h
@@ -636,6 +650,36 @@ const std::vector<PublicMember> colorMapFunctions = {
         .Refuses(-3),
     Member("ColorMapNames()", none, [](P&, A&) { return ColorMapNames().empty() ? contradiction : 0; }),
     Member("SetColorRange(int, float, float)", bracketed, HoldColorRange).Refuses(-1).Refuses(-3),
+};
+
+// ---- KivoContours.h
+
+const std::vector<PublicMember> contourFunctions = {
+    Member("SetContourInterval(int, float, float)", none,
+           [](P& p, A& a) {
+               const int axis = a.Int(2);
+               const auto interval = static_cast<double>(a.Float(0.125f));
+               const auto base = static_cast<double>(a.Float(0.5f));
+               const int result = SetContourInterval(p, axis, interval, base);
+               const int back = SetContourInterval(p, axis, 0.0);
+               return result != 0 ? result : back;
+           })
+        .Refuses(-3),
+    Member("FillContours(flag)", none, [](P& p, A& a) { return FillContours(p, a.Flag(true)); }),
+    Member("AreContoursFilled()", none, [](P& p, A&) { AreContoursFilled(p); }),
+};
+
+// ---- KivoPoints.h
+
+const std::vector<PublicMember> pointFunctions = {
+    Member("RemoveCurve(int)", none, [](P& p, A& a) { return RemoveCurve(p, a.Int(0)); }).Refuses(-2),
+    Member("RemoveMeasureGroup(group)", bracketed,
+           [](P& p, A& a) { return RemoveMeasureGroup(p, a.GroupIndex()); })
+        .Refuses(-1)
+        .Refuses(-2),
+    Member("ShowPointsInFlatPlots(flag)", none,
+           [](P& p, A& a) { return ShowPointsInFlatPlots(p, a.Flag(true)); }),
+    Member("ArePointsInFlatPlots()", none, [](P& p, A&) { ArePointsInFlatPlots(p); }),
 };
 
 // ---- KivoLegend.h
@@ -750,7 +794,8 @@ std::vector<PublicMember> AllMembers() {
     for (const auto* const part :
          {&coreMembers, &viewMembers, &surfaceMembers, &colorMembers, &annotationMembers, &overlayMembers,
           &pictureFunctions, &styleFunctions, &motionFunctions, &surfaceFunctions, &axisFunctions,
-          &colorMapFunctions, &legendFunctions, &viewFunctions, &stepFunctions})
+          &colorMapFunctions, &contourFunctions, &pointFunctions, &legendFunctions, &viewFunctions,
+          &stepFunctions})
         all.insert(all.end(), part->begin(), part->end());
     return all;
 }

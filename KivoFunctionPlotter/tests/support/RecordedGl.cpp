@@ -116,6 +116,8 @@ RECORD(void, glOrtho, (GLdouble l, GLdouble r, GLdouble b, GLdouble t, GLdouble 
        (l, r, b, t, n, f), Num(l), Num(r), Num(b), Num(t), Num(n), Num(f))
 RECORD(void, glViewport, (GLint x, GLint y, GLsizei width, GLsizei height), (x, y, width, height), Num(x),
        Num(y), Num(width), Num(height))
+RECORD(void, glClipPlane, (GLenum plane, const GLdouble* equation), (plane, equation), Enum(plane),
+       Array(equation, 4))
 RECORD(void, glDepthRange, (GLdouble nearest, GLdouble farthest), (nearest, farthest), Num(nearest),
        Num(farthest))
 
@@ -170,6 +172,10 @@ RECORD(void, glReadPixels,
 RECORD(void, glBindTexture, (GLenum target, GLuint texture), (target, texture), Enum(target), Num(texture))
 RECORD(void, glTexParameteri, (GLenum target, GLenum name, GLint value), (target, name, value), Enum(target),
        Enum(name), Enum(static_cast<GLenum>(value)))
+RECORD(void, glTexGeni, (GLenum coordinate, GLenum name, GLint value), (coordinate, name, value),
+       Enum(coordinate), Enum(name), Enum(static_cast<GLenum>(value)))
+RECORD(void, glTexGenfv, (GLenum coordinate, GLenum name, const GLfloat* values), (coordinate, name, values),
+       Enum(coordinate), Enum(name), Array(values, 4))
 RECORD(void, glTexImage2D,
        (GLenum target, GLint level, GLint stored, GLsizei width, GLsizei height, GLint border, GLenum format,
         GLenum type, const GLvoid* pixels),
