@@ -158,6 +158,7 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
+    void followSize();
     void takeInput(QEvent* event);
     void openMenu(const QPoint& position);
     void applyPalette();

@@ -10,6 +10,7 @@
 #include <QPalette>
 #include <QPointer>
 #include <QQuickWindow>
+#include <QScreen>
 #include <QSGImageNode>
 #include <QTouchEvent>
 #include <QWheelEvent>
@@ -204,7 +205,10 @@ double KivoPlotItem::density() const {
 }
 
 void KivoPlotItem::followSize() {
-    m_control->SetSize(width(), height(), density());
+    constexpr double usualResolution = 96.0;
+    const QScreen* const screen = window() ? window()->screen() : nullptr;
+    m_control->SetSize(width(), height(), density(),
+                       screen ? screen->logicalDotsPerInchY() : usualResolution);
 }
 
 void KivoPlotItem::geometryChange(const QRectF& now, const QRectF& before) {

@@ -154,7 +154,7 @@ QString KivoPlotWidget::errorString() const {
 }
 
 QImage KivoPlotWidget::picture() {
-    m_control->SetSize(width(), height(), devicePixelRatioF());
+    followSize();
     return m_control->Picture();
 }
 
@@ -189,7 +189,7 @@ void KivoPlotWidget::savePictureAs() {
 // A pixel of the frame is one of the device, whatever the scale: Qt's own is taken back.
 void KivoPlotWidget::paintEvent(QPaintEvent*) {
     const double density = devicePixelRatioF();
-    m_control->SetSize(width(), height(), density);
+    followSize();
     const QImage frame = m_control->Frame();
     QPainter painter(this);
     if (frame.isNull()) {
@@ -211,7 +211,11 @@ void KivoPlotWidget::paintEvent(QPaintEvent*) {
 }
 
 void KivoPlotWidget::resizeEvent(QResizeEvent*) {
-    m_control->SetSize(width(), height(), devicePixelRatioF());
+    followSize();
+}
+
+void KivoPlotWidget::followSize() {
+    m_control->SetSize(width(), height(), devicePixelRatioF(), logicalDpiY());
 }
 
 // ---- Input

@@ -11,6 +11,7 @@
 #include <QTouchEvent>
 #include <QWheelEvent>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <utility>
@@ -20,6 +21,8 @@ using namespace KivoDrawingTools;
 namespace {
 
 constexpr double wheelStep = 120.0, zoomOfStep = 1.04; // as the view zooms for one
+constexpr double usualResolution = 96.0;               // in dots per inch
+constexpr double leastScale = 0.25, largestScale = 8.0;
 
 std::optional<KivoMouseButton> ButtonOf(Qt::MouseButton button) {
     switch (button) {
@@ -201,8 +204,9 @@ void KivoQtControl::ResetView() {
 
 // ---- Frames
 
-void KivoQtControl::SetSize(double width, double height, double density) {
-    if (m_view.SetSize(::ToPixels(width, density), ::ToPixels(height, density), density) == 0)
+void KivoQtControl::SetSize(double width, double height, double density, double dotsPerInch) {
+    const double scale = std::clamp(density * dotsPerInch / usualResolution, leastScale, largestScale);
+    if (m_view.SetSize(::ToPixels(width, density), ::ToPixels(height, density), scale) == 0)
         m_density = density;
 }
 

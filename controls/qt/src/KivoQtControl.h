@@ -66,7 +66,8 @@ public:
     QString Failure() const { return QString::fromStdString(m_view.Failure()); }
 
     /// In the toolkit's units.
-    void SetSize(double width, double height, double density);
+    /// @param dotsPerInch  that the toolkit's texts are sized for, in its units: the plot's grow as they do
+    void SetSize(double width, double height, double density, double dotsPerInch);
     /// Does what may lack memory within an event of Qt's, whose loop nothing may pass: what fails has not
     /// happened.
     template <typename Action>
