@@ -150,6 +150,7 @@ void PlotViewCore::Press(KivoMouseButton button, POINT place) {
     Follow();
     m_drag = Drag{button, place, place, false};
     if (m_awaited == Awaited::measure) Await(Awaited::nothing, -1); // a movement may follow
+    if (m_awaited == Awaited::rest && IsCompleteSlow()) AwaitRest();
 }
 
 void PlotViewCore::Move(unsigned int flags, POINT place) {

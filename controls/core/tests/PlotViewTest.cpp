@@ -285,6 +285,26 @@ TEST_F(PlotView, DrawsACompleteFrameAtTheRelease) {
     EXPECT_FALSE(view.IsFrameDue());
 }
 
+// A plot whose complete frames are slow: one must not come when the hand has just grabbed the plot again.
+TEST_F(PlotView, WaitsAnewForTheHandThatGrabsItAgain) {
+    view.SetSize(800, 600);
+    view.SetSmoothing(3);
+    ShowHill(600, 600);
+    view.Draw();
+    const auto grab = [this] {
+        view.Press(KivoMouseButton::left, 0, middle);
+        view.Move(0, {middle.x + 40, middle.y});
+        view.Draw();
+        view.Release(KivoMouseButton::left);
+    };
+    grab();
+    if (heard.wake != 400) GTEST_SKIP() << "nothing is slow here";
+    heard.wake = 0;
+    view.Press(KivoMouseButton::left, 0, middle);
+    EXPECT_EQ(heard.wake, 400);
+    EXPECT_FALSE(view.IsFrameDue());
+}
+
 TEST_F(PlotView, HostsMayCallTheMouseMembersThemselves) {
     ShowHill();
     view.Draw();
