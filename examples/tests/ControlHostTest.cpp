@@ -6,7 +6,7 @@
 #include "support/Image.h"
 #include "support/PngImage.h"
 #include "support/X11TestWindow.h"
-#include "WestonSession.h"
+#include "support/WestonSession.h"
 
 #include <gtest/gtest.h>
 
