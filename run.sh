@@ -9,7 +9,7 @@ install_packages "${kivo_run_packages[@]}"
 build="$root/build-run"
 log="$root/build-run.log"
 if ! { cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release \
-        -DKIVO_BUILD_TESTS=OFF -DKIVO_BUILD_EXAMPLES=OFF && cmake --build "$build"; } >"$log" 2>&1; then
+        -DKIVO_BUILD_TESTS=OFF -DKIVO_BUILD_EXAMPLES=OFF -DKIVO_BUILD_CONTROLS=OFF && cmake --build "$build"; } >"$log" 2>&1; then
     cat "$log" >&2
     exit 1
 fi
@@ -19,7 +19,7 @@ draws_picture=no
 for argument in "$@"; do
     case $argument in --picture | --picture=* | --help | -h | --version) draws_picture=yes ;; esac
 done
-if [ -n "${DISPLAY:-}" ] || [ "$draws_picture" = yes ]; then
+if [ -n "${WAYLAND_DISPLAY:-}${DISPLAY:-}" ] || [ "$draws_picture" = yes ]; then
     exec "$viewer" "$@"
 fi
 "$viewer" "$@" --picture "$PWD/plot.png" --size 1200x800

@@ -28,6 +28,9 @@ A C++ class that plots a surface z = f(x, y) in a window of the host program.
 This package has the headers and the files for CMake and pkg-config.")
 
 if(BUILD_SHARED_LIBS)
+    # Where packages find the libraries of the others.
+    set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS
+        "${PROJECT_BINARY_DIR}/KivoFunctionPlotter" "${PROJECT_BINARY_DIR}/controls/qt")
     set(version ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
     list(APPEND CPACK_COMPONENTS_ALL runtime)
     set(CPACK_COMPONENT_DEVELOPMENT_DEPENDS runtime)
@@ -52,12 +55,12 @@ if(KIVO_BUILD_VIEWER)
     set(CPACK_DEBIAN_VIEWER_PACKAGE_NAME kivo-viewer)
     set(CPACK_DEBIAN_VIEWER_PACKAGE_SECTION science)
     set(CPACK_DEBIAN_VIEWER_PACKAGE_SHLIBDEPS ON)
+    set(CPACK_DEBIAN_VIEWER_PACKAGE_RECOMMENDS qt6-wayland)
     set(CPACK_DEBIAN_VIEWER_DESCRIPTION "viewer of surfaces z = f(x, y)
 Shows grids from files or formulas as lit 3-D surfaces with axes, contours,
 curves and measure points, and draws pictures of them without a display.")
     if(BUILD_SHARED_LIBS)
-        set(CPACK_COMPONENT_VIEWER_DEPENDS runtime)
-        set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/KivoFunctionPlotter")
+        set(CPACK_COMPONENT_VIEWER_DEPENDS runtime qt6widgets)
     endif()
 endif()
 
@@ -77,7 +80,6 @@ Surfaces z = f(x, y) from NumPy arrays, as pictures and in windows of PyQt6
 and tkinter.")
     if(BUILD_SHARED_LIBS)
         set(CPACK_COMPONENT_PYTHON_DEPENDS runtime)
-        set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/KivoFunctionPlotter")
     endif()
 endif()
 
@@ -103,7 +105,6 @@ This package has the headers and the files for CMake.")
         set(CPACK_DEBIAN_${upper}_PACKAGE_NAME libkivofunctionplotter-${name}${version})
         set(CPACK_DEBIAN_${upper}_PACKAGE_SECTION libs)
         set(CPACK_DEBIAN_${upper}_PACKAGE_SHLIBDEPS ON)
-        set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/KivoFunctionPlotter")
         set(CPACK_DEBIAN_${upper}_PACKAGE_CONTROL_EXTRA "${PROJECT_SOURCE_DIR}/packaging/debian/triggers")
         set(CPACK_DEBIAN_${upper}_DESCRIPTION "interactive 3-D plot, control for ${kivo_control_${component}_toolkit}
 A ready-made control that shows a surface z = f(x, y) in a program.")

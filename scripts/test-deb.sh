@@ -95,7 +95,8 @@ for library in libc6 libegl1 libopengl0 libglu1-mesa libpangocairo-1.0-0 libstdc
     has_field libkivofunctionplotter0.1 Depends "(^|, )$library( |,|\$)"
 done
 has_field libkivofunctionplotter-dev Depends "^libkivofunctionplotter0.1 \(= $version-1\)\$"
-for library in "libkivofunctionplotter0.1 \(= $version-1\)" libmuparser libqt6gui6 libqt6widgets6 libqt6printsupport6; do
+for library in "libkivofunctionplotter0.1 \(= $version-1\)" "libkivofunctionplotter-qt6widgets0.1 \(= $version-1\)" \
+    libmuparser libqt6gui6 libqt6widgets6 libqt6printsupport6; do
     has_field kivo-viewer Depends "(^|, )$library"
 done
 for library in "libkivofunctionplotter0.1 \(= $version-1\)" "python3 \(>= 3" "python3 \(<< 3" python3-numpy; do

@@ -124,6 +124,9 @@ std::vector<InputUse> KeyUses() {
     std::vector<InputUse> uses;
     for (const MenuEntry& entry : AllMenuEntries())
         if (!entry.key.empty()) uses.push_back({entry.key, entry.help});
+    uses.push_back({"Arrows", "Turn the 3-D plot by five degrees, or move a flat one"});
+    uses.push_back({"Shift+arrows", "Move the plot"});
+    uses.push_back({"Plus, minus", "Zoom"});
     return uses;
 }
 
@@ -131,7 +134,7 @@ std::vector<InputUse> MouseUses() {
     return {{"Right button", "Turn the 3-D plot"},
             {"Shift + right button", "Move the plot"},
             {"Ctrl + right button", "Zoom: down enlarges, up shrinks"},
-            {"Wheel", "Zoom"},
+            {"Wheel", "Zoom at the pointer"},
             {"Move, while tracing", "Show the point of the surface under the pointer"},
             {"Drop a file", "Open a grid of points; of several the others lie over the first"},
             {"Shift + drop a file", "Lay a grid of points over the one that is shown"}};

@@ -59,13 +59,19 @@ MainWindow::MainWindow(const Content& content, const Options& options) : m_plot(
     m_surfacesDock->setVisible(!content.surfaces.empty());
     m_pointsDock->setVisible(!content.measureGroups.empty() || !content.curves.empty());
     Place(options);
-    m_plot->Attach();
+    if (!m_plot->errorString().isEmpty())
+        throw Failure("cannot draw: " + m_plot->errorString().toStdString());
     Scene().SetDark(IsDark(palette()));
     ShowContent(Scene(), content, options);
-    m_plot->onTrace = [this](const float* point) { ShowTrace(point); };
+    connect(m_plot, &KivoPlotWidget::pointTraced, this, [this](const QVector3D& point) {
+        const float coordinates[] = {point.x(), point.y(), point.z()};
+        ShowTrace(coordinates);
+    });
+    connect(m_plot, &KivoPlotWidget::traceLost, this, [this] { ShowTrace(nullptr); });
     m_plot->setFocus();
     ShowTitle(content.grid);
     if (!options.files.empty()) m_path = QFile::decodeName(options.files.front().c_str());
+    m_plot->Redraw();
     RefreshControls();
     m_isComplete = true;
 }
@@ -214,9 +220,11 @@ void MainWindow::Change(const Setting& setting, const PlotSettings& wanted) {
     RefreshControls();
 }
 
+// As at first, also where zooming at the pointer has shifted the plot.
 void MainWindow::ChangeMode(int mode) {
     Scene().Settings().mode = mode;
     Scene().ApplyView();
+    Scene().ResetView();
     m_plot->Redraw();
 }
 
@@ -268,16 +276,26 @@ void MainWindow::ShowWarning(const QString& text) {
 
 // ---- The window -------------------------------------------------------------------------------------------
 
-// As last time, unless the command line says what size the plot should have.
+// As last time, unless the command line says what size the plot should have. A size that is of no use here is
+// not taken: Qt refuses that of a screen much larger or smaller, in pixels of its own.
 void MainWindow::Place(const Options& options) {
+    if (options.hasSize) return FitTo(options.width, options.height);
     const WindowState last = RememberedWindow();
-    if (options.hasSize || last.geometry.isEmpty()) return FitTo(options.width, options.height);
-    restoreGeometry(last.geometry);
+    const bool isRestored = restoreGeometry(last.geometry);
     const bool hasSurfaces = !m_surfacesDock->isHidden();
     const bool hasPoints = !m_pointsDock->isHidden();
     restoreState(last.panels);
     m_surfacesDock->setVisible(hasSurfaces);
     m_pointsDock->setVisible(hasPoints);
+    if (isRestored && IsUsable()) return;
+    FitTo(options.width, options.height);
+    if (isRestored) move(screen()->availableGeometry().topLeft());
+}
+
+bool MainWindow::IsUsable() const {
+    constexpr int leastWidth = 400, leastHeight = 300;
+    const QRect seen = geometry().intersected(screen()->availableVirtualGeometry());
+    return seen.width() >= leastWidth && seen.height() >= leastHeight;
 }
 
 // The plot gets the size asked for in pixels of the device, as far as the screen has them. The panel stands

@@ -44,6 +44,8 @@ private:
     void ListRecentFiles(QMenu* menu);
     void FitTo(int plotWidth, int plotHeight);
     void Place(const Options& options);
+    /// Whether there is room for a plot, and on a screen.
+    bool IsUsable() const;
 
     void Do(const MenuEntry& entry);
     void Change(const Setting& setting, const PlotSettings& wanted);

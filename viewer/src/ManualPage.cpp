@@ -63,8 +63,11 @@ Success.
 Failure. One line on standard error says what is wrong, for a text file with the number of the line.
 .SH ENVIRONMENT
 .TP
-.B DISPLAY
-The X11 display of the window. On Wayland the window needs Xwayland.
+.BR WAYLAND_DISPLAY ", " DISPLAY
+The display of the window: Wayland or X11, by the plugins that Qt has for them.
+.TP
+.B QT_QPA_PLATFORM
+The plugin to take, such as wayland or xcb.
 .SH FILES
 .TP
 .I ~/.config/KivoFunctionPlotter/kivo\-viewer.conf

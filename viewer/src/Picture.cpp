@@ -57,8 +57,9 @@ std::vector<unsigned char> DrawPicture(const PictureFormat& format,
     const std::unique_ptr<std::remove_pointer_t<HWND>, decltype(release)> window(
         KivoDrawingTools::CreateOffscreenWindow(side, side, usualResolution), release);
     if (!window) FailToDraw();
-    PlotScene scene; // gone before its window
-    if (scene.Plotter().OnCreate(window.get(), format.width, format.height, true) != 0) FailToDraw();
+    ViewerPlotter plotter; // gone before its window
+    if (plotter.OnCreate(window.get(), format.width, format.height, true) != 0) FailToDraw();
+    PlotScene scene(plotter);
     show(scene);
     return CaptureScene(scene, format);
 }

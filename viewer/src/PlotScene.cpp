@@ -6,7 +6,6 @@
 
 #include <KivoColorMap.h>
 #include <KivoLegend.h>
-#include <KivoMotion.h>
 #include <KivoStyle.h>
 #include <KivoSurfaces.h>
 #include <KivoWindow.h>
@@ -27,8 +26,6 @@ namespace {
 constexpr Color curveColors[] = {{255, 0, 0}, {0, 0, 0},     {255, 0, 255},
                                  {0, 96, 0},  {255, 128, 0}, {0, 0, 160}};
 constexpr float curveWidth = 2.0f;
-constexpr unsigned int usualMotionDetail = 150; // points a side while the plot moves
-constexpr unsigned int leastMotionDetail = 120; // with fewer, other things take the time
 constexpr Color lightGround = {255, 253, 233}, darkInk = {0, 0, 0};
 constexpr Color darkGround = {30, 32, 36}, lightInk = {222, 222, 222};
 
@@ -165,24 +162,6 @@ void ViewerPlotter::ForgetScale() {
     m_viewVolumeFactor[2] = KivoDrawingTools::viewDepthFactor;
 }
 
-void ViewerPlotter::FollowMove(unsigned int keys, KivoDrawingTools::POINT place) {
-    if (!IsClientPointInViewport(place)) return;
-    const KivoDrawingTools::POINT last = {m_lastMouseX, m_lastMouseY};
-    m_lastMouseX = place.x;
-    m_lastMouseY = place.y;
-    if (!m_mouseButtonDown || (keys & KivoDrawingTools::MK_RBUTTON) == 0) return;
-    if (keys & KivoDrawingTools::MK_CONTROL)
-        Zoom(last, place);
-    else if (keys & KivoDrawingTools::MK_SHIFT)
-        Translate(last, place);
-    else if (m_plotType == 0)
-        Rotate(last, place);
-}
-
-void ViewerPlotter::FollowWheel(int delta, KivoDrawingTools::POINT screen) {
-    if (IsScreenPointInViewport(screen)) Zoom(delta < 0 ? 1.04f : 0.96f);
-}
-
 void PlotScene::ShowGrid(const GridData& grid) {
     FitAxesToSurfaces(m_plotter, m_settings.fitsSurfaces);
     HandOver(m_plotter, grid);
@@ -191,8 +170,6 @@ void PlotScene::ShowGrid(const GridData& grid) {
     KivoDrawingTools::ResetView(m_plotter); // the same grid is lit alike, whatever was shown before
 
     m_curves.clear();
-    m_motionDetail = usualMotionDetail;
-    m_isMotionMeasured = false;
     ReadAutomaticSettings(grid);
     ApplyAll();
 }
@@ -262,7 +239,6 @@ void PlotScene::ApplyAll() {
     ApplyLegend();
     ApplyLabels();
     ApplyTrace();
-    ApplyMotion();
     ApplyFit();
     ApplyAspect();
     ApplyView();
@@ -342,7 +318,6 @@ void PlotScene::ShowView(const KivoDrawingTools::SKivoView& view) {
 }
 
 void PlotScene::Resize(int width, int height) {
-    m_isMotionMeasured = false;
     const KivoDrawingTools::SKivoView view = View();
     m_plotter.OnSize(0, width, height);
     KeepScale();
@@ -379,12 +354,6 @@ void PlotScene::ApplySwitches() {
     m_plotter.SetPointRadiusPixelSize(*settings.pointSize);
     ShowMeasureGroupNames(m_plotter, settings.listsGroups);
     FitReadOutDigits(m_plotter, settings.fitsReadOut);
-}
-
-void PlotScene::SetPixelScale(double scale) {
-    KivoDrawingTools::SKivoStyle style = GetStyle(m_plotter);
-    style.pixelScale = static_cast<float>(scale);
-    SetPlotterStyle(m_plotter, style);
 }
 
 void PlotScene::ApplyLineSteps() {
@@ -434,23 +403,6 @@ void PlotScene::ApplyLegend() {
 
 void PlotScene::ApplyTrace() {
     m_plotter.Trace(m_settings.traces);
-}
-
-void PlotScene::ApplyMotion() {
-    SetMotionDetail(m_plotter, m_settings.reducesMotion ? m_motionDetail : 0);
-}
-
-bool PlotScene::NeedsMotionMeasured() const {
-    const bool canReduce = m_settings.mode == 0 && LongestSide() > leastMotionDetail;
-    return !m_isMotionMeasured && m_settings.reducesMotion && canReduce;
-}
-
-void PlotScene::MeasureMotion() {
-    constexpr double milliseconds = 22.0; // to draw: from the event to the screen it is about 33
-    const unsigned int detail = MotionDetailFor(m_plotter, milliseconds);
-    m_motionDetail = detail == 0 ? 0 : std::max(detail, leastMotionDetail);
-    m_isMotionMeasured = true;
-    ApplyMotion();
 }
 
 // ---- Curves and measure points --------------------------------------------------------------------------

@@ -51,29 +51,23 @@ class ViewerPlotter : public KivoDrawingTools::CKivoFunctionPlotter {
 public:
     using AxisScale = std::array<double, 3>; ///< lengths of the units of X, Y and Z
 
-    using CKivoFunctionPlotter::IsClientPointInViewport;
-    using CKivoFunctionPlotter::IsScreenPointInViewport;
-
     AxisScale Scale() const;
     /// Gives the axes' units these lengths, and fits the view to the grid box as the plotter has fitted it to
     /// its own. To be called after whatever fits the view: the plotter then scales the axes anew.
     void FitWithScale(const AxisScale& scale);
     /// Takes back what that has done for later fits.
     void ForgetScale();
-    /// Does what OnMouseMove and OnMouseWheel do to the view, without a frame: for movements that others
-    /// follow before anybody could see it.
-    void FollowMove(unsigned int keys, KivoDrawingTools::POINT place);
-    void FollowWheel(int delta, KivoDrawingTools::POINT screen);
 
 private:
     double BoxDiagonal() const;
 };
 
-/// A plotter with the viewer's data and settings. To be used after the plotter's OnCreate, but for
-/// SetPixelScale. Nothing here draws a frame.
+/// What a plotter shows, with the viewer's data and settings. To be used after the plotter's OnCreate.
+/// Nothing here draws a frame.
 class PlotScene {
 public:
-    PlotScene() = default;
+    /// @param plotter  draws nothing any more once the scene is gone, whose points it reads
+    explicit PlotScene(ViewerPlotter& plotter) : m_plotter(plotter) {}
     PlotScene(const PlotScene&) = delete;
     PlotScene& operator=(const PlotScene&) = delete;
 
@@ -93,9 +87,6 @@ public:
     void ChangeSurface(const SurfaceEntry& surface);
     /// Takes a surface away. The first one stays: the axes are made for it.
     void RemoveSurface(int number);
-
-    /// Has everything that is given in pixels so many times as large. Throws a Failure.
-    void SetPixelScale(double scale);
 
     /// Which of light and dark the colours of ink and background are where the settings have neither. Throws
     /// a Failure.
@@ -126,8 +117,10 @@ public:
     void ShowView(const KivoDrawingTools::SKivoView& view);
     /// Lays the plot out for a window of another size, in the same view.
     void Resize(int width, int height);
-    void ApplyColors();   ///< ink and background; throws a Failure
-    void ApplySwitches(); ///< what takes effect with the next frame: visibility, plain colours, point size
+    void ApplyColors(); ///< ink and background; throws a Failure
+    /// What takes effect with the next frame: visibility, plain colours, point size. How much is drawn while
+    /// the plot moves is its window's.
+    void ApplySwitches();
     void ApplyLineSteps();
     void ApplyContourCount();
     void ApplyGradients();
@@ -136,14 +129,6 @@ public:
     void ApplyLabels(); ///< how numbers are written; throws a Failure
     void ApplyFit();    ///< the surfaces that the axes are made for; throws as ApplyAxes
     void ApplyTrace();
-    void ApplyMotion(); ///< how much is drawn while the plot moves
-
-    /// Whether MeasureMotion has anything to find out: other data or another size came since the last time,
-    /// and the plot is one of which less can be shown.
-    bool NeedsMotionMeasured() const;
-    /// Finds out how many points can be shown while the plot moves and keeps up with the hand, which takes
-    /// up to half a second. Before, a number is taken with which most machines keep up.
-    void MeasureMotion();
 
     /// Adds the points of a file, named by it: as a line in the next of a few colours, or as a measure group.
     void AddPoints(PointSet::Kind kind, const PointFile& file);
@@ -184,7 +169,6 @@ private:
     void FollowRanges(const KivoDrawingTools::SKivoView& view);
     void ReadAutomaticRanges();
     ValueRange ValuesOfSurfaces() const;
-    std::size_t LongestSide() const;
     float Difference(int axis, double number) const;
     double ReadOutStep(int axis) const;
     std::string Coordinate(int axis, float number) const;
@@ -197,19 +181,17 @@ private:
     void KeepScale();
     void ReadAutomaticSettings(const GridData& grid);
 
+    ViewerPlotter& m_plotter;
     PlotSettings m_settings;
     bool m_isDark = false;
-    unsigned int m_motionDetail = 0;                     ///< points a side while the plot moves, 0: all
-    bool m_isMotionMeasured = false;                     ///< for the present data and size
-    PlotSettings m_automatic;                            ///< what holds where nothing is set
-    std::optional<ViewerPlotter::AxisScale> m_dataScale; ///< as the data gave it
-    std::vector<PointSet> m_curves;                      ///< the plotter does not tell what it has
-    std::list<MeasurePoints> m_groups;                   ///< as they were added
-    std::vector<ShownSurface> m_surfaces;                ///< the first, and those over it
-    double m_origin[3] = {0.0, 0.0, 0.0};                ///< of all points of the plotter
-    float m_dataRange[3][2] = {};                        ///< of the axes, as the data gave it
+    PlotSettings m_automatic;                                    ///< what holds where nothing is set
+    std::optional<ViewerPlotter::AxisScale> m_dataScale;         ///< as the data gave it
+    std::vector<PointSet> m_curves;                              ///< the plotter does not tell what it has
+    std::list<MeasurePoints> m_groups;                           ///< as they were added
+    std::vector<ShownSurface> m_surfaces;                        ///< the first, and those over it
+    double m_origin[3] = {0.0, 0.0, 0.0};                        ///< of all points of the plotter
+    float m_dataRange[3][2] = {};                                ///< of the axes, as the data gave it
     std::string m_labelFormats[3] = {"plain", "plain", "plain"}; ///< that the plotter has
-    ViewerPlotter m_plotter;                                     ///< gone before the points
 };
 
 } // namespace KivoViewer

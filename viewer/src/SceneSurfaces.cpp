@@ -155,7 +155,6 @@ void PlotScene::RemoveSurface(int number) {
 
 // After a surface has come or gone. Axes that are made for all of them have forgotten what is set.
 void PlotScene::FollowSurfaces(const KivoDrawingTools::SKivoView& view) {
-    m_isMotionMeasured = false;
     if (m_settings.fitsSurfaces) FollowRanges(view);
 }
 
@@ -183,13 +182,6 @@ ValueRange PlotScene::ValuesOfSurfaces() const {
         values.to = std::max(values.to, surface.max);
     }
     return values;
-}
-
-std::size_t PlotScene::LongestSide() const {
-    std::size_t longest = 0;
-    for (const ShownSurface& surface : m_surfaces)
-        longest = std::max({longest, surface.columns, surface.rows});
-    return longest;
 }
 
 } // namespace KivoViewer

@@ -214,7 +214,7 @@ void AddView(Table& table) {
                       "Reduce while moving",
                       "Fewer points of large grids while the plot moves",
                       SettingField(&Plot::reducesMotion),
-                      &PlotScene::ApplyMotion};
+                      &PlotScene::ApplySwitches};
     reduce.key = "R";
     table.push_back(reduce);
     Setting fit = {"View",

@@ -1,6 +1,5 @@
 // kivo-viewer: shows a surface z = f(x, y) in a window, or draws it into a file.
 #include "Content.h"
-#include "Display.h"
 #include "Failure.h"
 #include "FormatList.h"
 #include "GridReader.h"
@@ -10,6 +9,7 @@
 #include "PictureMode.h"
 #include "Preferences.h"
 #include "SettingTable.h"
+#include "StartOfQt.h"
 
 #include <QApplication>
 #include <QFile>
@@ -20,6 +20,7 @@
 #include <exception>
 #include <iterator>
 #include <new>
+#include <optional>
 
 #if defined(__GLIBC__)
 #include <malloc.h>
@@ -60,12 +61,11 @@ Options WithRememberedSettings(Options options) {
 }
 
 int RunWindow(char* program, const Content& content, const Options& options) {
-    ChooseDisplay();
-    // The plot is the only window of its own inside the main window.
-    QApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
+    std::optional<StartOfQt> start(std::in_place);
     int count = 1;
     char* arguments[] = {program, nullptr}; // the command line is not Qt's
     QApplication application(count, arguments);
+    start.reset();
     // What Qt for X11 has set: of moves that wait it leaves out all but the last, whatever keys go down
     // between them. The plot joins them by itself, and gets the whole way.
     QApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);

@@ -447,6 +447,12 @@ TEST_F(ViewerCommandTest, SaysWhatToDoWithoutADisplay) {
     EXPECT_EQ(result.exitCode, 2);
     EXPECT_EQ(result.errors,
               "kivo-viewer: cannot open display :4095; set DISPLAY or use --picture FILE.png\n");
+    unreachable["WAYLAND_DISPLAY"] = "nowhere";
+    unreachable["DISPLAY"] = std::nullopt;
+    EXPECT_NE(RunViewer({}, unreachable).errors.find("cannot open display nowhere"), std::string::npos);
+    unreachable["QT_QPA_PLATFORM"] = "unknown";
+    EXPECT_EQ(RunViewer({}, unreachable).errors,
+              "kivo-viewer: Qt has no plugin for QT_QPA_PLATFORM=unknown; unset it\n");
 }
 
 } // namespace

@@ -9,19 +9,23 @@
 #include "ViewerWindow.h"
 
 #include <KivoHost.h>
-#include <KivoWindow.h>
+#include <KivoPlotView.h>
 
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <memory>
 #include <string>
 #include <thread>
 #include <vector>
 
 using namespace KivoTest;
+using KivoDrawingTools::CKivoPlotView;
 using KivoDrawingTools::Compare;
+using KivoDrawingTools::KivoMouseButton;
 using KivoDrawingTools::MK_RBUTTON;
 using KivoDrawingTools::POINT;
+using KivoDrawingTools::SKivoPlotViewEvents;
 
 namespace {
 
@@ -108,23 +112,28 @@ TEST_F(ViewerWindowMotionTest, DrawsAllPointsWhereWanted) {
 
 // ---- What waits -----------------------------------------------------------------------------------------
 
-// What the viewer shows of the sample terrain, drawn off-screen.
+// What the viewer shows of the sample terrain, with a frame for each movement.
 class ExpectedScene {
 public:
-    ExpectedScene() : m_window(KivoDrawingTools::CreateOffscreenWindow(plotWidth, plotHeight)) {
-        EXPECT_EQ(m_scene.Plotter().OnCreate(m_window, plotWidth, plotHeight, true), 0);
+    ExpectedScene() {
+        m_view.SetSize(plotWidth, plotHeight);
+        EXPECT_EQ(m_view.Failure(), "");
         KivoViewer::Options options;
         options.files = {KIVO_SAMPLE_TERRAIN};
+        m_view.Plotter(); // which has the size then
         ShowContent(m_scene, LoadContent(options, nullptr), options);
     }
-    ~ExpectedScene() {
-        m_scene.Plotter().OnDestroy();
-        KivoDrawingTools::ReleaseWindow(m_window);
-    }
-    ExpectedScene(const ExpectedScene&) = delete;
-    ExpectedScene& operator=(const ExpectedScene&) = delete;
 
-    KivoViewer::ViewerPlotter& Plotter() { return m_scene.Plotter(); }
+    void Press(const POINT& place) { m_view.Press(KivoMouseButton::right, 0, place); }
+    void Release() { m_view.Release(KivoMouseButton::right); }
+    void Move(const POINT& place, unsigned int keys) {
+        m_view.Move(keys, place);
+        m_view.Draw();
+    }
+    void Wheel(int delta, const POINT& place) {
+        m_view.Wheel(delta, place);
+        m_view.Draw();
+    }
 
     Image Picture() {
         KivoViewer::PictureFormat format;
@@ -136,8 +145,14 @@ public:
     }
 
 private:
-    KivoDrawingTools::HWND m_window;
-    KivoViewer::PlotScene m_scene;
+    SKivoPlotViewEvents Events() {
+        SKivoPlotViewEvents events;
+        events.layOut = [this](int width, int height) { m_scene.Resize(width, height); };
+        return events;
+    }
+
+    CKivoPlotView m_view{Events(), std::make_unique<KivoViewer::ViewerPlotter>()};
+    KivoViewer::PlotScene m_scene{static_cast<KivoViewer::ViewerPlotter&>(m_view.Plotter())};
 };
 
 class ViewerWindowWaitingInputTest : public ViewerWindowMotionTest {
@@ -162,15 +177,15 @@ protected:
 
     void Move(const POINT& place, unsigned int keys) {
         MoveTo(place);
-        m_expected.Plotter().OnMouseMove(keys, place);
+        m_expected.Move(place, keys);
     }
     void Press(const POINT& place) {
         desktop->Button(rightButton, true);
-        m_expected.Plotter().OnRButtonDown(MK_RBUTTON, place);
+        m_expected.Press(place);
     }
-    void Release(const POINT& place) {
+    void Release() {
         desktop->Button(rightButton, false);
-        m_expected.Plotter().OnRButtonUp(0, place);
+        m_expected.Release();
     }
 
     FrameCount m_count;
@@ -193,28 +208,26 @@ TEST_F(ViewerWindowWaitingInputTest, ShowsMovesByOneFrame) {
     const int frames = m_count.Frames() - before;
     EXPECT_GE(frames, 1);
     EXPECT_LE(frames, moves / 6) << "one is due, and one at rest; they need not all come at once";
-    Release({300 + 3 * moves, 200 + moves});
+    Release();
     ExpectShown("released");
 }
 
 TEST_F(ViewerWindowWaitingInputTest, ShowsStepsOfTheWheelByOneFrame) {
-    constexpr int steps = 24; // each way
+    constexpr int in = 24, out = 16; // not what none at all comes to
     Move({300, 200}, 0);
     Settle();
     const int before = m_count.Frames();
     {
         const Pause pause(*m_viewer, *desktop);
-        for (int i = 0; i < 2 * steps; ++i)
-            desktop->Click(i < steps ? wheelUp : wheelDown); // not what none at all comes to
+        for (int i = 0; i < in + out; ++i)
+            desktop->Click(i < in ? wheelUp : wheelDown);
     }
-    for (int i = 0; i < 2 * steps; ++i) {
-        const POINT screen = {300, 200}; // an off-screen window is its own
-        m_expected.Plotter().OnMouseWheel(0, i < steps ? 120 : -120, screen);
-    }
+    for (int i = 0; i < in + out; ++i)
+        m_expected.Wheel(i < in ? 120 : -120, {300, 200});
     ExpectShown("zoomed");
     const int frames = m_count.Frames() - before;
     EXPECT_GE(frames, 1);
-    EXPECT_LE(frames, steps / 2) << "one is due, and one at rest; they need not all come at once";
+    EXPECT_LE(frames, in / 2) << "one is due, and one at rest; they need not all come at once";
 }
 
 // Each drag ends where the button went up, and begins where it went down; Shift counts from when it is down.
@@ -230,7 +243,7 @@ TEST_F(ViewerWindowWaitingInputTest, KeepsItsOrder) {
             if (key) desktop->Key(shiftKey, true);
             for (int i = 4; i >= 3; --i)
                 Move({300 + 20 * i, 200 + 6 * i}, MK_RBUTTON | key);
-            Release({360, 218});
+            Release();
             if (key) desktop->Key(shiftKey, false);
             for (int i = 2; i >= 0; --i)
                 Move({300 + 20 * i, 200 + 6 * i}, 0);
@@ -274,15 +287,16 @@ TEST_F(ViewerWindowMotionTest, PutsSlowFramesOffUntilTheHandRests) {
     EXPECT_TRUE(WaitForLastFrame(count)) << "finds out how many points it can show";
     constexpr int grabs = 6;
     const int before = count.Frames();
-    {
-        const Pause pause(*m_viewer, *desktop);
-        for (int i = 1; i <= grabs; ++i) {
+    for (int i = 1; i <= grabs; ++i) {
+        {
+            const Pause pause(*m_viewer, *desktop);
             desktop->Button(rightButton, true);
             desktop->MovePointer(MiddleX() + 10 * (i % 2), MiddleY());
             desktop->Button(rightButton, false);
         }
+        EXPECT_TRUE(WaitFor([&] { return count.Frames() >= before + i; })) << "grab " << i << " is not shown";
     }
-    EXPECT_TRUE(WaitFor([&] { return count.Frames() >= before + grabs && ShowsAll(); }));
+    EXPECT_TRUE(WaitFor([&] { return ShowsAll(); }));
     EXPECT_TRUE(WaitForLastFrame(count));
     EXPECT_LT(count.Frames() - before, 2 * grabs) << "a complete frame after each grab";
 }

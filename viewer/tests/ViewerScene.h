@@ -40,11 +40,11 @@ inline KivoViewer::GridData Shifted(KivoViewer::GridData grid, float height) {
 class ViewerScene : public testing::Test {
 protected:
     ViewerScene() : m_window(KivoDrawingTools::CreateOffscreenWindow(480, 360)) {
-        EXPECT_EQ(m_scene.Plotter().OnCreate(m_window, 480, 360, true), 0);
+        EXPECT_EQ(m_plotter.OnCreate(m_window, 480, 360, true), 0);
         m_scene.ShowGrid(Hill());
     }
     ~ViewerScene() override {
-        m_scene.Plotter().OnDestroy();
+        m_plotter.OnDestroy();
         KivoDrawingTools::ReleaseWindow(m_window);
     }
 
@@ -63,7 +63,8 @@ protected:
     }
 
     KivoDrawingTools::HWND m_window;
-    KivoViewer::PlotScene m_scene;
+    KivoViewer::ViewerPlotter m_plotter;
+    KivoViewer::PlotScene m_scene{m_plotter};
 };
 
 } // namespace KivoTest

@@ -244,7 +244,7 @@ TEST_F(ViewerSceneTest, ShowsEverySetting) {
     }
 }
 
-TEST_F(ViewerSceneTest, ShowsLessWhileALargePlotMoves) {
+TEST_F(ViewerSceneTest, PicturesShowAllWhileALargePlotMoves) {
     GridData large;
     for (int i = 0; i < 400; ++i) {
         large.x.push_back(static_cast<float>(i));
@@ -253,93 +253,16 @@ TEST_F(ViewerSceneTest, ShowsLessWhileALargePlotMoves) {
     for (const float y : large.y)
         for (const float x : large.x)
             large.z.push_back(x * y);
-    const auto isReducedByAMove = [this] {
-        m_scene.Plotter().OnRButtonDown(KivoDrawingTools::MK_RBUTTON, {100, 100});
-        m_scene.Plotter().OnMouseMove(KivoDrawingTools::MK_RBUTTON, {101, 100});
-        const bool isReduced = IsDetailReduced(m_scene.Plotter());
-        const Image moving = Draw();
-        m_scene.Plotter().OnRButtonUp(0, {101, 100});
-        m_scene.Plotter().OnDraw();
-        EXPECT_FALSE(IsDetailReduced(m_scene.Plotter()));
-        EXPECT_EQ(Compare(moving, Draw()).max, 0) << "a picture while the plot moves";
-        return isReduced;
-    };
-    EXPECT_FALSE(isReducedByAMove()) << "the hill is small";
-    EXPECT_FALSE(m_scene.NeedsMotionMeasured());
     m_scene.ShowGrid(large);
-    EXPECT_TRUE(isReducedByAMove());
-    Set("reduce-while-moving", "off");
-    EXPECT_FALSE(isReducedByAMove());
-    EXPECT_FALSE(m_scene.NeedsMotionMeasured());
-    Set("reduce-while-moving", "on");
-    EXPECT_TRUE(isReducedByAMove());
-}
-
-// For each data set and each size, and where there is a surface.
-TEST_F(ViewerSceneTest, MeasuresHowMuchToShowOfAMovingPlot) {
-    GridData wide = Hill();
-    wide.x.clear();
-    wide.z.clear();
-    for (int i = 0; i < 300; ++i)
-        wide.x.push_back(static_cast<float>(i));
-    wide.z.resize(wide.x.size() * wide.y.size(), 1.0f);
-    wide.z.back() = 2.0f;
-    m_scene.ShowGrid(wide);
-    EXPECT_TRUE(m_scene.NeedsMotionMeasured());
-    m_scene.Settings().mode = 1;
-    EXPECT_FALSE(m_scene.NeedsMotionMeasured());
-    m_scene.Settings().mode = 0;
-    const Image before = Draw();
-    m_scene.MeasureMotion();
-    EXPECT_EQ(Compare(before, Draw()).max, 0);
-    EXPECT_FALSE(m_scene.NeedsMotionMeasured());
-    m_scene.Resize(400, 360);
-    EXPECT_TRUE(m_scene.NeedsMotionMeasured());
-    m_scene.MeasureMotion();
-    m_scene.ShowGrid(wide);
-    EXPECT_TRUE(m_scene.NeedsMotionMeasured());
-}
-
-// Movements without frames of their own lead where those with frames lead, exactly.
-TEST_F(ViewerSceneTest, FollowsTheMouseWithoutFrames) {
-    using KivoDrawingTools::POINT;
-    constexpr unsigned int button = KivoDrawingTools::MK_RBUTTON;
-    constexpr unsigned int keys[] = {button,
-                                     button | KivoDrawingTools::MK_SHIFT,
-                                     button | KivoDrawingTools::MK_CONTROL,
-                                     button | KivoDrawingTools::MK_SHIFT | KivoDrawingTools::MK_CONTROL,
-                                     0,
-                                     button};
-    constexpr POINT outside = {470, 150}; // in the legend
-    for (const int mode : {0, 1}) {
-        Image pictures[2];
-        for (const bool isFollowing : {false, true}) {
-            m_scene.Settings().mode = mode;
-            m_scene.ResetView();
-            ViewerPlotter& plotter = m_scene.Plotter();
-            const auto move = [&](unsigned int state, POINT place) {
-                isFollowing ? plotter.FollowMove(state, place) : plotter.OnMouseMove(state, place);
-            };
-            const auto turn = [&](int delta, POINT place) {
-                isFollowing ? plotter.FollowWheel(delta, place)
-                            : plotter.OnMouseWheel(0, static_cast<short>(delta), place);
-            };
-            move(button, {90, 90}); // no drag yet
-            plotter.OnRButtonDown(button, {100, 100});
-            POINT place = {100, 100};
-            for (const unsigned int state : keys)
-                for (int i = 0; i < 4; ++i) {
-                    place = {place.x + 5 + i, place.y + 3};
-                    move(state, i == 2 ? outside : place);
-                }
-            plotter.OnRButtonUp(0, place);
-            for (const int delta : {120, 120, 120, -120})
-                turn(delta, place);
-            turn(120, outside);
-            pictures[isFollowing] = Draw();
-        }
-        EXPECT_EQ(Compare(pictures[0], pictures[1]).max, 0) << "mode " << mode;
-    }
+    SetMotionDetail(m_plotter, 150);
+    m_plotter.OnRButtonDown(KivoDrawingTools::MK_RBUTTON, {100, 100});
+    m_plotter.OnMouseMove(KivoDrawingTools::MK_RBUTTON, {101, 100});
+    EXPECT_TRUE(IsDetailReduced(m_plotter));
+    const Image moving = Draw();
+    m_plotter.OnRButtonUp(0, {101, 100});
+    m_plotter.OnDraw();
+    EXPECT_FALSE(IsDetailReduced(m_plotter));
+    EXPECT_EQ(Compare(moving, Draw()).max, 0);
 }
 
 // The grid's picture does not depend on what was there before.
@@ -517,7 +440,9 @@ TEST_F(ViewerScenePictureTest, IsWhatTheWindowShows) {
     m_scene.Plotter().Translate({100, 100}, {125, 80});
     m_scene.Plotter().Zoom(0.8f);
     EXPECT_EQ(Compare(Draw(), Capture(Plain(480, 360, 96))).max, 0);
-    m_scene.SetPixelScale(1.5); // as on a screen of 144 dots per inch
+    KivoDrawingTools::SKivoStyle style = GetStyle(m_plotter);
+    style.pixelScale = 1.5f; // as on a screen of 144 dots per inch
+    SetStyle(m_plotter, style);
     EXPECT_EQ(Compare(Draw(), Capture(Plain(480, 360, 144))).max, 0);
 }
 

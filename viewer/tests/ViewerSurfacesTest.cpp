@@ -199,20 +199,4 @@ TEST_F(ViewerSurfacesTest, AreNamedByTheTrace) {
     EXPECT_NE(traced().find("   Hill"), std::string::npos);
 }
 
-TEST_F(ViewerSurfacesTest, CountWhereThePlotMoves) {
-    GridData large = Hill();
-    large.x.clear();
-    large.z.clear();
-    for (int i = 0; i < 300; ++i)
-        large.x.push_back(static_cast<float>(i) * 0.01f);
-    large.z.resize(large.x.size() * large.y.size(), 1.0f);
-    EXPECT_FALSE(m_scene.NeedsMotionMeasured());
-    m_scene.AddSurface(large, InCyan());
-    EXPECT_TRUE(m_scene.NeedsMotionMeasured());
-    m_scene.MeasureMotion();
-    EXPECT_FALSE(m_scene.NeedsMotionMeasured());
-    m_scene.RemoveSurface(m_scene.Surfaces()[1].number);
-    EXPECT_FALSE(m_scene.NeedsMotionMeasured());
-}
-
 } // namespace

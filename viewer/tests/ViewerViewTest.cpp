@@ -39,11 +39,11 @@ GridData Wave(int points, float height) {
 class ViewerViewTest : public testing::Test {
 protected:
     ViewerViewTest() : m_window(KivoDrawingTools::CreateOffscreenWindow(480, 360)) {
-        EXPECT_EQ(m_scene.Plotter().OnCreate(m_window, 480, 360, true), 0);
+        EXPECT_EQ(m_plotter.OnCreate(m_window, 480, 360, true), 0);
         m_scene.ShowGrid(Wave(20, 1.0f));
     }
     ~ViewerViewTest() override {
-        m_scene.Plotter().OnDestroy();
+        m_plotter.OnDestroy();
         KivoDrawingTools::ReleaseWindow(m_window);
     }
 
@@ -79,7 +79,8 @@ protected:
     }
 
     KivoDrawingTools::HWND m_window;
-    PlotScene m_scene;
+    ViewerPlotter m_plotter;
+    PlotScene m_scene{m_plotter};
 };
 
 TEST_F(ViewerViewTest, IsFromWhereItIsTold) {

@@ -5,11 +5,39 @@
 #include "support/X11TestWindow.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstring>
+#include <thread>
 
 namespace KivoTest {
 
 using KivoDrawingTools::Compare;
+
+ScreenArea PlotIn(const Image& window) {
+    constexpr int inset = 2; // from edges that may end within a pixel
+    if (window.width < 100 || window.height < 100) return {};
+    const auto areAlike = [&](int x, int y, const unsigned char* color) {
+        return std::memcmp(window.Pixel(x, y), color, 3) == 0;
+    };
+    const unsigned char* const ground = window.Pixel(inset, window.height / 2);
+    int top = window.height / 2, bottom = top;
+    while (top > 0 && areAlike(inset, top - 1, ground))
+        --top;
+    while (bottom < window.height && areAlike(inset, bottom, ground))
+        ++bottom;
+    if (top == 0 || bottom == window.height) return {};
+    const unsigned char* const bar = window.Pixel(inset, window.height - inset);
+    const auto isBeside = [&](int x) {
+        int y = top;
+        while (y < bottom && areAlike(x, y, bar))
+            ++y;
+        return y == bottom;
+    };
+    int right = 0;
+    while (right < window.width && !isBeside(right))
+        ++right;
+    return {0, top, right, bottom - top};
+}
 
 void ViewerWindow::SetUpTestSuite() {
     desktop = std::make_unique<Desktop>();
@@ -43,7 +71,8 @@ void ViewerWindow::Start(const std::vector<std::string>& arguments, Environment 
     desktop->MovePointer(m_plotArea.x + plotWidth / 2, m_plotArea.y + plotHeight / 2);
     desktop->Focus(m_window);
     WaitFor([this] {
-        m_start = Settled();
+        Settle();
+        m_start = FindWindows() ? Grab() : Image();
         return CountOf(m_start, IsColorful) > 5000;
     });
     Keep(m_start, "start");
@@ -67,12 +96,10 @@ bool ViewerWindow::FindWindows() {
     m_window = windows.empty() ? XCB_NONE : windows.back();
     m_plotArea = {};
     if (m_window == XCB_NONE) return false;
-    for (const xcb_window_t child : desktop->ChildrenOf(m_window)) {
-        const ScreenArea area = AreaOf(child);
-        if (desktop->IsShown(child) && area.width * area.height > m_plotArea.width * m_plotArea.height)
-            m_plotArea = area;
-    }
-    return m_plotArea.width > 1;
+    const ScreenArea window = AreaOf(m_window);
+    const ScreenArea plot = PlotIn(desktop->Grab(window));
+    m_plotArea = {window.x + plot.x, window.y + plot.y, plot.width, plot.height};
+    return plot.width > 0;
 }
 
 Image ViewerWindow::Grab(const ScreenArea& area) {
@@ -97,7 +124,7 @@ void ViewerWindow::Keep(const Image& image, const std::string& step) {
                        "-" + step);
 }
 
-bool ViewerWindow::IsColorful(const unsigned char* rgb) {
+bool IsColorful(const unsigned char* rgb) {
     return std::max({rgb[0], rgb[1], rgb[2]}) - std::min({rgb[0], rgb[1], rgb[2]}) > 60;
 }
 
@@ -157,6 +184,14 @@ void ViewerWindow::Drag(PointerButton button, int dx, int dy, xcb_keysym_t modif
     MoveBy(dx, dy);
     desktop->Button(button, false);
     if (modifier != 0) desktop->Key(modifier, false);
+    Rest();
+}
+
+void ViewerWindow::Rest() const {
+    constexpr std::chrono::milliseconds longestPause{450};
+    Settle();
+    std::this_thread::sleep_for(longestPause);
+    Settle();
 }
 
 bool ViewerWindow::WaitForPlotSize(int width, int height) {

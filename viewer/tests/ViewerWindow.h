@@ -25,6 +25,13 @@ using KivoDrawingTools::Image;
 constexpr int plotWidth = 800;
 constexpr int plotHeight = 600;
 
+/// The plot in what a window of the viewer shows: on the left, between menus, panels and status bar. Its left
+/// edge shows the ground. All 0 where there is none.
+ScreenArea PlotIn(const Image& window);
+
+/// Of a pixel, whether it can only be the surface's or the legend's.
+bool IsColorful(const unsigned char* rgb);
+
 /// Starts the viewer for each test, with a home of its own: nothing is remembered from before. Skips where
 /// there is no display.
 class ViewerWindow : public testing::Test {
@@ -47,7 +54,7 @@ protected:
 
     static ScreenArea AreaOf(xcb_window_t window) { return desktop->AreaOf(window); }
 
-    /// The viewer's shown window and, inside it, the plot's: the largest.
+    /// The viewer's shown window and, where that has been drawn, the plot in it.
     bool FindWindows();
 
     // ---- Pictures
@@ -65,8 +72,6 @@ protected:
 
     /// Keeps a picture, where there is one, for a person to look at.
     static void Keep(const Image& image, const std::string& step);
-
-    static bool IsColorful(const unsigned char* rgb);
 
     /// Pixels of the rows from first to last that differ.
     static int DifferingPixels(const Image& a, const Image& b, int first, int last);
@@ -92,11 +97,14 @@ protected:
     /// A drag from the middle of the plot.
     void Drag(PointerButton button, int dx, int dy, xcb_keysym_t modifier = 0);
 
-    /// A step of the wheel, and a click, after which the plot is at rest at once.
-    static void Wheel(PointerButton direction) {
+    /// A step of the wheel.
+    void Wheel(PointerButton direction) const {
         desktop->Click(direction);
-        desktop->Click(rightButton);
+        Rest();
     }
+
+    /// Keeps the hand still until the plot is complete and smooth again, however slowly it is drawn here.
+    void Rest() const;
 
     void Resize(int width, int height) { desktop->ResizeWindow(m_window, width, height); }
 

@@ -385,6 +385,36 @@ TEST_F(ViewerWindowFilesTest, RemembersSettingsAndWindow) {
     EXPECT_LT(Compare(ReadPng(Path("a.png")), m_start).mean, 0.5);
 }
 
+// Qt takes the size of a screen that was much larger or smaller for useless.
+TEST_F(ViewerWindowFilesTest, OpensUsableAfterAnotherScaleOfTheScreen) {
+    const ScreenArea screen = AreaOf(desktop->Root());
+    for (const char* const scale : {"2", "1", "2"}) {
+        EXPECT_EQ(Close(), 0);
+        Start({}, {{"QT_SCALE_FACTOR", scale}});
+        EXPECT_GT(m_plotArea.width, screen.width / 2) << scale;
+        EXPECT_GT(m_plotArea.height, screen.height / 2) << scale;
+        const ScreenArea window = AreaOf(m_window);
+        EXPECT_LE(window.x + window.width, screen.width) << scale;
+        EXPECT_LE(window.y + window.height, screen.height) << scale;
+    }
+}
+
+TEST_F(ViewerWindowFilesTest, OpensUsableAfterItWasTinyOrBeyondTheScreen) {
+    Resize(210, 170);
+    EXPECT_TRUE(WaitFor([this] { return AreaOf(m_window).width == 210; }));
+    EXPECT_EQ(Close(), 0);
+    Start({});
+    EXPECT_GT(m_plotArea.width, 600);
+    const ScreenArea screen = AreaOf(desktop->Root());
+    desktop->MoveWindow(m_window, screen.width - 50, screen.height - 50);
+    EXPECT_TRUE(WaitFor([&] { return AreaOf(m_window).x == screen.width - 50; }));
+    EXPECT_EQ(Close(), 0);
+    Start({});
+    EXPECT_GT(m_plotArea.width, 600);
+    EXPECT_LE(m_plotArea.x + m_plotArea.width, screen.width);
+    EXPECT_LE(m_plotArea.y + m_plotArea.height, screen.height);
+}
+
 TEST_F(ViewerWindowFilesTest, RemembersWhetherThePanelIsShown) {
     Press(f9Key);
     const int width = AreaOf(m_window).width;
