@@ -8,7 +8,7 @@
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     const bool hasSession = KivoTest::HasDisplay() || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
-    if (!hasSession) qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!hasSession && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     return RUN_ALL_TESTS();
 }
