@@ -8,8 +8,8 @@
 //     }
 //
 // It is drawn in the thread of the program and becomes a texture in that which renders. Input is as in
-// KivoPlotWidget.h, but that it has no menu of its own: a click with the right button is told by
-// menuRequested().
+// KivoPlotWidget.h, but that it has no menu of its own: a click with the right button, and a
+// finger that stays where it is, are told by menuRequested().
 #pragma once
 
 #include <KivoPlotView.h>
@@ -134,7 +134,7 @@ signals:
     void viewChanged();
     /// Nothing can be drawn any more, or from the start.
     void failed(const QString& reason);
-    /// A click with the right button, in the item's coordinates; not after a drag.
+    /// A click with the right button, or a finger that stays, in the item's coordinates; not after a drag.
     void menuRequested(const QPointF& position);
 
 protected:

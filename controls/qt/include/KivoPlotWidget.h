@@ -7,9 +7,9 @@
 //     plot->setTitle("Temperature");
 //
 // The left and the right button turn the plot, with Shift they shift it, with Ctrl they zoom; the middle
-// button shifts it; wheel, scrolling and pinches zoom; a finger turns it, two shift and zoom. The arrow keys
-// turn, plus and minus zoom, Home shows the start view, 0 to 3 choose the plot, Ctrl+C copies it. What the
-// widget does not use, it leaves to its parent, as widgets do.
+// button shifts it; wheel, scrolling and pinches zoom; a finger turns it, two shift and zoom, and one that
+// stays where it is opens the menu. The arrow keys turn, plus and minus zoom, Home shows the start view, 0 to
+// 3 choose the plot, Ctrl+C copies it. What the widget does not use, it leaves to its parent, as widgets do.
 #pragma once
 
 #include <KivoPlotView.h>

@@ -3,10 +3,12 @@
 #include <KivoHost.h>
 #include <KivoView.h>
 
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLineF>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QStyleHints>
 #include <QTimerEvent>
 #include <QTouchEvent>
 #include <QWheelEvent>
@@ -136,9 +138,12 @@ void KivoQtControl::Send() {
 }
 
 void KivoQtControl::timerEvent(QTimerEvent* event) {
-    if (event->timerId() != m_wake.timerId()) return;
-    m_wake.stop(); // it is to come once
-    m_view.Wake();
+    if (event->timerId() == m_wake.timerId()) {
+        m_wake.stop(); // it is to come once
+        m_view.Wake();
+    } else if (event->timerId() == m_hold.timerId()) {
+        EndHold();
+    }
 }
 
 // ---- What is shown
@@ -267,6 +272,7 @@ bool KivoQtControl::Take(QEvent* event) {
 void KivoQtControl::CancelInput() {
     m_pressed = Qt::NoButton;
     m_fingers = 0;
+    m_hold.stop();
     m_view.Cancel();
 }
 
@@ -313,6 +319,19 @@ bool KivoQtControl::TakeKey(const QKeyEvent& event) {
     return key && !(event.modifiers() & others) && m_view.PressKey(*key, FlagsOf(event.modifiers()));
 }
 
+void KivoQtControl::AwaitHold(const QPointF& place) {
+    m_touched = place;
+    m_hold.start(QGuiApplication::styleHints()->mousePressAndHoldInterval(), this);
+}
+
+// The finger drags no more, until it is lifted.
+void KivoQtControl::EndHold() {
+    m_hold.stop();
+    m_view.Cancel();
+    const auto requested = m_handlers.menuRequested; // a menu may delete the control
+    requested(m_touched);
+}
+
 // One finger turns; two shift by what is between them, and zoom by how far they are apart.
 void KivoQtControl::TakeTouch(const QTouchEvent& event) {
     QList<QPointF> places;
@@ -324,9 +343,12 @@ void KivoQtControl::TakeTouch(const QTouchEvent& event) {
     if (places.size() != m_fingers) {
         CancelInput();
         m_fingers = places.size();
+        if (event.type() == QEvent::TouchBegin && m_fingers == 1) AwaitHold(center);
         if (m_fingers > 0)
             m_view.Press(arePinching ? KivoMouseButton::middle : KivoMouseButton::left, 0, ToPixels(center));
     } else {
+        const qreal moved = (center - m_touched).manhattanLength();
+        if (moved >= QGuiApplication::styleHints()->startDragDistance()) m_hold.stop();
         m_view.Move(0, ToPixels(center));
         if (arePinching && m_span > 0.0) m_view.Pinch(span / m_span, ToPixels(center));
     }

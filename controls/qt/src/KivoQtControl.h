@@ -28,7 +28,7 @@ class QWheelEvent;
 struct KivoQtHandlers {
     std::function<void()> redraw;                      ///< as the view's, within its members
     std::function<void(int width, int height)> layOut; ///< as the view's; may be empty
-    std::function<void(const QPointF&)> menuRequested; ///< a click with the right button; within the event
+    std::function<void(const QPointF&)> menuRequested; ///< a right click, or a finger that stays; at once
     std::function<void(const QVector3D&)> pointTraced; ///< from the event loop, as those that follow
     std::function<void()> traceLost;
     std::function<void()> viewChanged;
@@ -103,6 +103,8 @@ private:
     bool TakeWheel(const QWheelEvent& event);
     bool TakeKey(const QKeyEvent& event);
     void TakeTouch(const QTouchEvent& event);
+    void AwaitHold(const QPointF& place);
+    void EndHold();
     bool TakeGesture(const QNativeGestureEvent& event);
     /// Sends what has been noted since, once the present event is over.
     void SendLater();
@@ -116,6 +118,8 @@ private:
     Qt::MouseButton m_pressed = Qt::NoButton; // that drags
     qsizetype m_fingers = 0;
     double m_span = 0.0; // between two fingers
+    QPointF m_touched;   // where the finger is that may stay
+    QBasicTimer m_hold;  // until it has
     QBasicTimer m_wake;
 
     bool m_isSending = false; // waits in the event loop

@@ -164,6 +164,16 @@ TEST_F(PlotItem, FingersTurnAndPinch) {
     QTest::touchEvent(window, screen).release(0, {200, 120}, window).release(1, {280, 120}, window);
 }
 
+TEST_F(PlotItem, AFingerThatStaysAsksForAMenu) {
+    ShowHill();
+    QPointingDevice* const screen = QTest::createTouchDevice();
+    QSignalSpy asked(plot, &KivoPlotItem::menuRequested);
+    QTest::touchEvent(window, screen).press(0, {180, 120}, window);
+    ASSERT_TRUE(Comes([&] { return asked.count() == 1; }));
+    EXPECT_EQ(asked.at(0).at(0).toPointF(), QPointF(180, 120));
+    QTest::touchEvent(window, screen).release(0, {180, 120}, window);
+}
+
 TEST_F(PlotItem, TracesUnderThePointer) {
     ShowHill();
     plot->setTracing(true);

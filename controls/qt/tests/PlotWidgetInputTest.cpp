@@ -6,6 +6,7 @@
 #include <QNativeGestureEvent>
 #include <QPointingDevice>
 #include <QSignalSpy>
+#include <QStyleHints>
 #include <QWheelEvent>
 
 #include <cmath>
@@ -163,6 +164,34 @@ TEST_F(PlotWidgetInput, FingersTurnShiftAndPinch) {
     const SKivoView last = View();
     Move(Qt::NoButton, start + QPoint(80, 0));
     EXPECT_TRUE(AreNear(View(), last));
+}
+
+TEST_F(PlotWidgetInput, AFingerThatStaysOpensTheMenu) {
+    QPointingDevice* const screen = QTest::createTouchDevice();
+    const auto menu = [&] { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); };
+    const int interval = QGuiApplication::styleHints()->mousePressAndHoldInterval();
+    QTest::touchEvent(&plot, screen).press(0, start, &plot);
+    QTest::touchEvent(&plot, screen).move(0, start + QPoint(40, 0), &plot);
+    QTest::qWait(interval + 100);
+    EXPECT_EQ(menu(), nullptr) << "it drags";
+    QTest::touchEvent(&plot, screen).release(0, start, &plot);
+    QTest::touchEvent(&plot, screen).press(0, start, &plot);
+    QTest::touchEvent(&plot, screen).release(0, start, &plot);
+    QTest::qWait(interval + 100);
+    EXPECT_EQ(menu(), nullptr) << "it is gone";
+
+    const SKivoView before = View();
+    QTest::touchEvent(&plot, screen).press(0, start, &plot);
+    ASSERT_TRUE(Comes([&] { return menu() != nullptr; }));
+    EXPECT_EQ(menu()->pos(), plot.mapToGlobal(start));
+    menu()->close();
+    QTest::touchEvent(&plot, screen).move(0, start + QPoint(60, 0), &plot);
+    QTest::touchEvent(&plot, screen).release(0, start + QPoint(60, 0), &plot);
+    EXPECT_TRUE(AreNear(View(), before)) << "it was no drag";
+    QTest::touchEvent(&plot, screen).press(0, start, &plot);
+    QTest::touchEvent(&plot, screen).move(0, start + QPoint(60, 0), &plot);
+    EXPECT_FALSE(AreNear(View(), before)) << "the next is one";
+    QTest::touchEvent(&plot, screen).release(0, start + QPoint(60, 0), &plot);
 }
 
 TEST_F(PlotWidgetInput, TouchpadsPinch) {
