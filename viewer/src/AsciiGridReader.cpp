@@ -1,6 +1,7 @@
 // ESRI ASCII grids.
 #include "GridFormats.h"
 #include "Numbers.h"
+#include "ValueBlock.h"
 
 #include <algorithm>
 #include <limits>
@@ -116,6 +117,24 @@ std::vector<double> Centers(const TextLines& lines, const Entry& start, const En
     return centers;
 }
 
+// Line by line, for what is not as it should be.
+std::vector<double> ReadRows(TextLines& lines, std::size_t columns, std::size_t rows, double noData) {
+    std::vector<std::string_view> fields;
+    std::vector<double> z;
+    std::size_t row = 0;
+    do {
+        if (row == rows) lines.Fail("more than " + std::to_string(rows) + " rows");
+        SplitFields(lines.Line(), ' ', fields);
+        if (fields.size() != columns)
+            lines.Fail("expected " + std::to_string(columns) + " values, found " +
+                       std::to_string(fields.size()));
+        ReadRow(lines, fields, noData, z);
+        ++row;
+    } while (lines.Next());
+    if (row != rows) lines.Fail("expected " + std::to_string(rows) + " rows, found " + std::to_string(row));
+    return z;
+}
+
 } // namespace
 
 bool IsAsciiGridHeader(std::string_view line) {
@@ -136,19 +155,10 @@ GridData ReadAsciiGrid(TextLines& lines) {
     std::vector<double> y = Centers(lines, header.y, header.cellY, rows);
     std::reverse(y.begin(), y.end()); // the northernmost row comes first
 
-    std::vector<double> z;
-    std::size_t row = 0;
-    do {
-        if (row == rows) lines.Fail("more than " + std::to_string(rows) + " rows");
-        SplitFields(lines.Line(), ' ', fields);
-        if (fields.size() != columns)
-            lines.Fail("expected " + std::to_string(columns) + " values, found " +
-                       std::to_string(fields.size()));
-        ReadRow(lines, fields, *header.noData.value, z);
-        ++row;
-    } while (lines.Next());
-    if (row != rows) lines.Fail("expected " + std::to_string(rows) + " rows, found " + std::to_string(row));
-    return MakeGrid(lines.Name(), x, y, z);
+    if (const auto z =
+            ReadValueBlock(lines.FromHere(), columns, rows, *header.noData.value, lines.Reporting()))
+        return MakeGrid(lines.Name(), x, y, *z);
+    return MakeGrid(lines.Name(), x, y, ReadRows(lines, columns, rows, *header.noData.value));
 }
 
 } // namespace KivoViewer

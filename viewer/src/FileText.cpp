@@ -19,12 +19,17 @@ constexpr std::size_t blockSize = std::size_t{1} << 20;
 
 // Reads up to count bytes.
 std::string ReadBytes(const std::string& path, std::size_t count, const Progress& progress) {
-    const auto close = [](std::FILE* file) { std::fclose(file); };
-    const std::unique_ptr<std::FILE, decltype(close)> file(std::fopen(path.c_str(), "rb"), close);
+    const auto close = [](std::FILE* file) {
+        if (file != stdin) std::fclose(file);
+    };
+    const std::unique_ptr<std::FILE, decltype(close)> file(
+        path == standardInput ? stdin : std::fopen(path.c_str(), "rb"), close);
     if (!file) throw Failure(path + ": cannot open it: " + std::strerror(errno));
     std::error_code unknown; // of pipes, for example
     const auto size = static_cast<double>(std::filesystem::file_size(path, unknown));
     std::string text;
+    if (!unknown && size < static_cast<double>(count))
+        text.reserve(static_cast<std::size_t>(size) + blockSize);
     while (text.size() < count) {
         const std::size_t before = text.size();
         text.resize(std::min(count, before + blockSize));

@@ -8,7 +8,11 @@
 
 namespace KivoViewer {
 
-/// The bytes of a file of at most 1 GiB. Throws a Failure that names the file, or Cancelled.
+/// What stands for the standard input in place of a file's name.
+constexpr const char* standardInput = "-";
+
+/// The bytes of a file of at most 1 GiB, or of the standard input. Throws a Failure that names the file, or
+/// Cancelled.
 std::string ReadFileText(const std::string& path, const Progress& progress = {});
 
 /// The first bytes of a file, at most this many. Throws a Failure that names the file.

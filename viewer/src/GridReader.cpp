@@ -162,7 +162,8 @@ GridData ReadGridFile(const std::string& path, const Progress& progress, const R
     const auto half = [&](double from) -> Progress {
         return [&progress, from](double share) { return !progress || progress(from + share / 2.0); };
     };
-    return ReadGrid(ReadFileText(path, half(0.0)), path, half(0.5), options);
+    const std::string name = path == standardInput ? "standard input" : path;
+    return ReadGrid(ReadFileText(path, half(0.0)), name, half(0.5), options);
 }
 
 } // namespace KivoViewer

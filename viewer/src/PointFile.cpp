@@ -45,7 +45,7 @@ PointFile ReadPoints(std::string_view text, const std::string& name, const ReadO
 }
 
 PointFile ReadPointFile(const std::string& path, const ReadOptions& options) {
-    return ReadPoints(ReadFileText(path), path, options);
+    return ReadPoints(ReadFileText(path), path == standardInput ? "standard input" : path, options);
 }
 
 } // namespace KivoViewer

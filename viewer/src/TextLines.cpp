@@ -38,6 +38,13 @@ bool TextLines::Next() {
     return false;
 }
 
+Progress TextLines::Reporting() const {
+    const double passed = 1.0 - static_cast<double>(FromHere().size()) / static_cast<double>(m_text.size());
+    return [progress = m_progress, passed](double share) {
+        return !progress || progress(passed + (1.0 - passed) * share);
+    };
+}
+
 void TextLines::Fail(const std::string& reason) const {
     FailAt(m_number, reason);
 }

@@ -26,6 +26,13 @@ public:
     std::size_t Number() const { return m_number; } ///< of the current line, from 1
     const std::string& Name() const { return m_name; }
 
+    /// The text from the current line on, all of it.
+    std::string_view FromHere() const {
+        return m_text.substr(static_cast<std::size_t>(m_line.data() - m_text.data()));
+    }
+    /// Tells how much has been read of a text from the current line on.
+    Progress Reporting() const;
+
     /// Throws a Failure that names the file and the current line.
     [[noreturn]] void Fail(const std::string& reason) const;
     /// Throws a Failure that names the file and a line.

@@ -1,6 +1,7 @@
 // kivo-viewer: shows a surface z = f(x, y) in a window, or draws it into a file.
 #include "Content.h"
 #include "Failure.h"
+#include "FileText.h"
 #include "FormatList.h"
 #include "GridReader.h"
 #include "MainWindow.h"
@@ -71,7 +72,7 @@ int RunWindow(char* program, const Content& content, const Options& options) {
     QApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
     std::setlocale(LC_NUMERIC, "C"); // the plot's numbers are the same everywhere
     for (const std::string& file : options.files)
-        RememberFile(QFile::decodeName(file.c_str()));
+        if (file != standardInput) RememberFile(QFile::decodeName(file.c_str()));
     MainWindow window(content, WithRememberedSettings(options));
     window.show();
     return QApplication::exec();

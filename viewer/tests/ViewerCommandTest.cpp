@@ -361,6 +361,26 @@ TEST_F(ViewerCommandTest, DrawsPointsCurvesAndTheTracedPoint) {
     });
 }
 
+TEST_F(ViewerCommandTest, ReadsTheStandardInput) {
+    const auto run = [](const std::string& input, const std::string& arguments) {
+        ChildProcess shell("sh",
+                           {"-c", std::string("exec ") + KIVO_VIEWER_PATH + ' ' + arguments + " <" + input},
+                           WithoutDisplay());
+        const int exitCode = shell.WaitForExit().value_or(-1);
+        EXPECT_EQ(exitCode, shell.Errors().empty() ? 0 : 2);
+        return shell.Errors();
+    };
+    const std::string size = " --title t --size 400x300 --picture " + Path("input.png");
+    EXPECT_EQ(run(dataFolder + "hill.csv", "-" + size), "");
+    EXPECT_EQ(Compare(ReadPng(Path("input.png")),
+                      Draw({dataFolder + "hill.csv", "--title", "t", "--size", "400x300"}))
+                  .max,
+              0);
+    EXPECT_EQ(run(dataFolder + "wells.csv", dataFolder + "hill.csv --points -" + size), "");
+    EXPECT_EQ(run(dataFolder + "short-row.asc", "-" + size),
+              "kivo-viewer: standard input:7: expected 4 values, found 3\n");
+}
+
 // Without a surface, and with axes of their own.
 TEST_F(ViewerCommandTest, DrawsPointsAlone) {
     const auto draw = [this](const std::string& text) {

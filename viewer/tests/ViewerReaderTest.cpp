@@ -230,6 +230,30 @@ TEST(ViewerReaderTest, ReadsFilesAndNamesThoseThatCannotBeRead) {
     EXPECT_EQ(MessageOf([] { ReadGridFile("/"); }), "/: cannot read it: Is a directory");
 }
 
+// Large ones are read in pieces, and those with anything unusual line by line, with the same values.
+TEST(ViewerReaderTest, ReadsLargeGridsInPieces) {
+    constexpr int columns = 300, rows = 1000;
+    std::string values;
+    std::vector<float> expected(std::size_t{columns} * rows);
+    for (int r = 0; r < rows; ++r)
+        for (int c = 0; c < columns; ++c) {
+            const bool isHole = (r * columns + c) % 1009 == 0;
+            const auto value = static_cast<float>(r * 7 + c) / 8.0f;
+            values += (isHole ? "-9999" : FormatNumber(value)) + (c + 1 < columns ? " " : " \r\n");
+            expected[static_cast<std::size_t>((rows - 1 - r) * columns + c)] = isHole ? hole : value;
+        }
+    const std::string head = "ncols 300\nnrows 1000\nxllcorner 0\nyllcorner 0\ncellsize 1\n";
+    ASSERT_GT(values.size(), std::size_t{3} << 19);
+    EXPECT_TRUE(AreSame(ReadGrid(head + values, "a.asc").z, expected));
+    EXPECT_TRUE(AreSame(ReadGrid(head + values + "# end\n", "a.asc").z, expected));
+    const std::size_t place = values.find(' ', values.size() - 5000);
+    std::string broken = values;
+    broken[place + 1] = 'x';
+    EXPECT_THAT(MessageOf([&] { ReadGrid(head + broken, "a.asc"); }), testing::StartsWith("a.asc:100"));
+    EXPECT_EQ(MessageOf([&] { ReadGrid(head + values + "1\n", "a.asc"); }),
+              "a.asc:1006: more than 1000 rows");
+}
+
 TEST(ViewerReaderTest, ReadsARegion) {
     const std::string text = "ncols 4\nnrows 3\nxllcenter 5000000\nyllcenter 0\ncellsize 0.5\n"
                              "9 10 11 12\n5 6 7 8\n1 2 3 4\n";
