@@ -64,11 +64,11 @@ void AddViewMenu(MenuTable& table) {
     AddLine(table);
     AddToggles(table, menu, {"frame-lines", "grid-lines", "switch-planes", "auto-aspect", "fit-surfaces"});
     AddLine(table);
-    AddToggles(table, menu, {"x-contours", "y-contours", "z-contours"});
+    AddToggles(table, menu, {"x-contours", "y-contours", "z-contours", "fill-contours"});
     AddLine(table);
     AddToggles(table, menu, {"trace", "fit-digits", "reduce-while-moving"});
     AddLine(table);
-    AddToggles(table, menu, {"legend", "group-names"});
+    AddToggles(table, menu, {"legend", "colors-follow-range", "group-names"});
     AddLine(table);
     table.push_back(
         {menu, "Sur&faces", "F8", "Show or hide the list of surfaces", Command::surfacesPanel, {}});

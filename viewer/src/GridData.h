@@ -18,6 +18,7 @@ struct GridData {
     std::vector<float> z;               ///< row by row, x.size() values each
     double origin[3] = {0.0, 0.0, 0.0}; ///< of x, y and z; 0 where single precision holds them as they are
     std::string title;                  ///< of the plot
+    std::string path;                   ///< of the file; empty for others
     std::string axisTitles[3] = {"X", "Y", "Z"};
     std::string note; ///< what of the file is not shown as it is, in one sentence, or empty
 

@@ -5,7 +5,9 @@
 #include "SettingTable.h"
 
 #include <KivoColorMap.h>
+#include <KivoContours.h>
 #include <KivoLegend.h>
+#include <KivoPoints.h>
 #include <KivoStyle.h>
 #include <KivoSurfaces.h>
 #include <KivoWindow.h>
@@ -23,9 +25,6 @@ using Plotter = KivoDrawingTools::CKivoFunctionPlotter;
 
 namespace {
 
-constexpr Color curveColors[] = {{255, 0, 0}, {0, 0, 0},     {255, 0, 255},
-                                 {0, 96, 0},  {255, 128, 0}, {0, 0, 160}};
-constexpr float curveWidth = 2.0f;
 constexpr Color lightGround = {255, 253, 233}, darkInk = {0, 0, 0};
 constexpr Color darkGround = {30, 32, 36}, lightInk = {222, 222, 222};
 
@@ -164,6 +163,7 @@ void ViewerPlotter::ForgetScale() {
 
 void PlotScene::ShowGrid(const GridData& grid) {
     FitAxesToSurfaces(m_plotter, m_settings.fitsSurfaces);
+    ShowPointsInFlatPlots(m_plotter, true);
     HandOver(m_plotter, grid);
     ShowOrigin(grid.origin);
     KeepFirstSurface(grid);
@@ -181,6 +181,8 @@ PlotSettings PlotScene::Effective() const {
         if (!axis.gradientStart) axis.gradientStart = effective.gradientStart;
         if (!axis.gradientEnd) axis.gradientEnd = effective.gradientEnd;
     }
+    if (m_settings.colorsFollowRange && !m_settings.colorRange)
+        effective.colorRange = ValueRange{*effective.axes[2].min, *effective.axes[2].max};
     return effective;
 }
 
@@ -218,6 +220,9 @@ void PlotScene::ReadAutomaticSettings(const GridData& grid) {
     m_automatic.axes[0].lineStep = FrameLineStep(grid.ColumnCount());
     m_automatic.axes[1].lineStep = FrameLineStep(grid.RowCount());
     m_automatic.contourCount = 20;
+    m_automatic.contourInterval = 0.0;
+    m_automatic.contourBase = 0.0;
+    m_automatic.exaggeration = 0.0;
     m_automatic.frameLineColor = Color{0, 0, 0};
     m_automatic.gradientStart = Color{0, 0, 255};
     m_automatic.gradientEnd = Color{255, 0, 0};
@@ -234,6 +239,7 @@ void PlotScene::ApplyAll() {
     ApplySwitches();
     ApplyLineSteps();
     ApplyContourCount();
+    ApplyContourLevels();
     ApplyGradients();
     ApplyColorRange();
     ApplyLegend();
@@ -245,6 +251,18 @@ void PlotScene::ApplyAll() {
     ApplyAxes();
 }
 
+void PlotScene::TakeSettings(const PlotSettings& wanted) {
+    const PlotSettings before = std::exchange(m_settings, wanted);
+    std::vector<void (PlotScene::*)()> applied; // once each, in the table's order
+    for (const Setting& setting : AllSettings())
+        if (TextOf(setting, before) != TextOf(setting, wanted) &&
+            std::find(applied.begin(), applied.end(), setting.apply) == applied.end())
+            applied.push_back(setting.apply);
+    for (void (PlotScene::*const apply)() : applied)
+        (this->*apply)();
+    if (before.mode != wanted.mode) ApplyView();
+}
+
 void PlotScene::ApplyTitles() {
     const PlotSettings settings = Effective();
     m_plotter.SetPlotTitle(settings.title->c_str());
@@ -252,13 +270,22 @@ void PlotScene::ApplyTitles() {
         (m_plotter.*axisMembers[i].setTitle)(settings.axes[i].title->c_str());
 }
 
+void PlotScene::FindRange(int axis, const AxisSettings& ends, float* range) const {
+    range[0] = ends.min ? Difference(axis, *ends.min) : m_dataRange[axis][0];
+    range[1] = ends.max ? Difference(axis, *ends.max) : m_dataRange[axis][1];
+}
+
+bool PlotScene::Rises(int axis, const AxisSettings& ends) const {
+    float range[2];
+    FindRange(axis, ends, range);
+    return range[0] < range[1];
+}
+
 void PlotScene::ApplyAxes() {
     const PlotSettings settings = Effective();
     float ranges[3][2];
     for (int i = 0; i < 3; ++i) {
-        const AxisSettings& own = m_settings.axes[i];
-        ranges[i][0] = own.min ? Difference(i, *own.min) : m_dataRange[i][0];
-        ranges[i][1] = own.max ? Difference(i, *own.max) : m_dataRange[i][1];
+        FindRange(i, m_settings.axes[i], ranges[i]);
         if (!(ranges[i][0] < ranges[i][1]))
             throw Failure(std::string("the ") + "XYZ"[i] + " axis must rise, not go from " +
                           TextOf(FindSetting(std::string(1, "xyz"[i]) + "-min"), settings) + " to " +
@@ -267,6 +294,7 @@ void PlotScene::ApplyAxes() {
     bool isNewRange = false;
     for (int i = 0; i < 3; ++i) {
         const AxisSettings& axis = settings.axes[i];
+        CutToAxis(m_plotter, i, m_settings.axes[i].min || m_settings.axes[i].max);
         const AxisMembers& members = axisMembers[i];
         isNewRange |= Change(m_plotter, members.min, members.setMin, ranges[i][0]);
         isNewRange |= Change(m_plotter, members.max, members.setMax, ranges[i][1]);
@@ -274,6 +302,7 @@ void PlotScene::ApplyAxes() {
         Change(m_plotter, members.precision, members.setPrecision, *axis.precision);
     }
     if (isNewRange) ApplyAspect();
+    if (isNewRange && m_settings.colorsFollowRange) ApplyColorRange();
 }
 
 void PlotScene::ApplyAspect() {
@@ -284,7 +313,18 @@ void PlotScene::ApplyAspect() {
 }
 
 void PlotScene::KeepScale() {
-    if (!m_settings.fitsAspect && m_dataScale) m_plotter.FitWithScale(*m_dataScale);
+    const double exaggeration = m_settings.exaggeration.value_or(0.0);
+    if (exaggeration > 0.0)
+        m_plotter.FitWithScale({1.0 / exaggeration, 1.0 / exaggeration, 1.0}); // Z keeps its length
+    else if (!m_settings.fitsAspect && m_dataScale)
+        m_plotter.FitWithScale(*m_dataScale);
+}
+
+std::optional<double> PlotScene::Exaggeration() const {
+    const ViewerPlotter::AxisScale scale = m_plotter.Scale();
+    constexpr double rounding = 1e-6;
+    if (!(std::abs(scale[0] - scale[1]) <= rounding * scale[0])) return std::nullopt;
+    return scale[2] / scale[0];
 }
 
 // The flat plots stay as the plotter enters them, unmirrored.
@@ -292,6 +332,7 @@ void PlotScene::ApplyView() {
     const bool isFlat = m_settings.mode != 0;
     for (int i = 0; i < 3 && !isFlat; ++i)
         (m_plotter.*axisMembers[i].setInverse)(m_settings.axes[i].isInverse);
+    if (m_plotter.GetCurrentPlotType() != m_settings.mode) ForgetTrace(); // it belongs to the other plot
     SwitchMode(m_plotter, m_settings.mode);
     KeepScale();
 }
@@ -350,6 +391,7 @@ void PlotScene::ApplySwitches() {
     m_plotter.SetAutoSwitchFramePlanes(settings.switchesPlanes);
     for (int i = 0; i < 3; ++i)
         (m_plotter.*axisMembers[i].showContours)(settings.axes[i].showsContours);
+    FillContours(m_plotter, settings.fillsContours);
     m_plotter.SetFrameLineColor(settings.frameLineColor->Packed());
     m_plotter.SetPointRadiusPixelSize(*settings.pointSize);
     ShowMeasureGroupNames(m_plotter, settings.listsGroups);
@@ -365,6 +407,12 @@ void PlotScene::ApplyContourCount() {
     m_plotter.SetIsoContourCount(*Effective().contourCount);
 }
 
+void PlotScene::ApplyContourLevels() {
+    constexpr int z = 2;
+    const PlotSettings settings = Effective();
+    SetContourInterval(m_plotter, z, *settings.contourInterval, *settings.contourBase - m_origin[z]);
+}
+
 void PlotScene::ApplyGradients() {
     const PlotSettings settings = Effective();
     for (int i = 0; i < 3; ++i) // Z last: the others leave the context current
@@ -376,9 +424,14 @@ void PlotScene::ApplyGradients() {
 
 void PlotScene::ApplyColorRange() {
     constexpr int z = 2;
-    const ValueRange range = m_settings.colorRange.value_or(ValueRange());
-    const float from = m_settings.colorRange ? Difference(z, range.from) : 0.0f;
-    const float to = m_settings.colorRange ? Difference(z, range.to) : 0.0f;
+    float from = 0.0f, to = 0.0f; // those of the data
+    if (m_settings.colorRange) {
+        from = Difference(z, m_settings.colorRange->from);
+        to = Difference(z, m_settings.colorRange->to);
+    } else if (m_settings.colorsFollowRange) {
+        from = m_plotter.GetZAxisMin();
+        to = m_plotter.GetZAxisMax();
+    }
     if (m_settings.colorRange && from == to)
         throw Failure("the colours need a wider range than " +
                       TextOf(FindSetting("color-range"), m_settings));
@@ -405,73 +458,9 @@ void PlotScene::ApplyTrace() {
     m_plotter.Trace(m_settings.traces);
 }
 
-// ---- Curves and measure points --------------------------------------------------------------------------
-
-void PlotScene::AddPoints(PointSet::Kind kind, const PointFile& file) {
-    if (kind == PointSet::Kind::curve)
-        AddCurve(file);
-    else
-        AddMeasureGroup(file);
-}
-
-void PlotScene::AddCurve(const PointFile& file) {
-    std::vector<float> points = Differences(file); // the plotter takes them as changeable, and copies them
-    const int index = m_plotter.AddCurveData(points.data(), static_cast<unsigned int>(file.Count()), 3);
-    PointSet curve;
-    curve.kind = PointSet::Kind::curve;
-    curve.index = m_curves.size();
-    curve.name = file.name;
-    curve.color = curveColors[m_curves.size() % std::size(curveColors)];
-    if (curve.color.Packed() == darkInk.Packed()) curve.color = *Effective().ink;
-    m_curves.push_back(curve);
-    m_plotter.SetCurveColor(index, curve.color.Packed());
-    m_plotter.SetCurveWidth(index, curveWidth);
-}
-
-void PlotScene::AddMeasureGroup(const PointFile& file) {
-    m_groups.push_back({file, Differences(file)});
-    m_plotter.AddMeasurePoints(static_cast<unsigned int>(file.Count()), 3, m_groups.back().differences.data(),
-                               file.name.c_str());
-}
-
-std::vector<PointSet> PlotScene::PointSets() {
-    std::vector<PointSet> sets;
-    for (unsigned int i = 0; i < m_plotter.GetNumMeasureGroups(); ++i)
-        sets.push_back(MeasureGroup(i));
-    sets.insert(sets.end(), m_curves.begin(), m_curves.end());
-    return sets;
-}
-
-PointSet PlotScene::MeasureGroup(std::size_t index) {
-    const auto number = static_cast<unsigned int>(index);
-    PointSet group;
-    group.index = index;
-    m_plotter.GetMeasureGroupName(number, &group.name);
-    group.color = UnpackColor(m_plotter.GetMeasureGroupColor(number));
-    group.isShown = m_plotter.IsShowMeasureGroup(number);
-    return group;
-}
-
-void PlotScene::ChangePoints(const PointSet& set) {
-    if (set.kind == PointSet::Kind::measureGroup) return ChangeMeasureGroup(set);
-    m_curves[set.index] = set;
-    const int index = static_cast<int>(set.index);
-    m_plotter.SetCurveVisibility(index, set.isShown);
-    m_plotter.SetCurveColor(index, set.color.Packed());
-}
-
-void PlotScene::ChangeMeasureGroup(const PointSet& group) {
-    const auto number = static_cast<unsigned int>(group.index);
-    const PointSet before = MeasureGroup(group.index);
-    m_plotter.ShowMeasureGroup(number, group.isShown);
-    if (group.name != before.name) m_plotter.SetMeasureGroupName(number, group.name.c_str());
-    // The colours of the plotter's own palette lie between those of a display.
-    if (group.color.Packed() != before.color.Packed())
-        m_plotter.SetMeasureGroupColor(number, group.color.Packed());
-}
-
-void PlotScene::TraceAt(int x, int y) {
-    m_plotter.Trace(KivoDrawingTools::POINT{x, y});
+void PlotScene::ForgetTrace() {
+    m_plotter.Trace(false);
+    ApplyTrace();
 }
 
 } // namespace KivoViewer

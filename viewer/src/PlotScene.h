@@ -25,6 +25,7 @@ struct PointSet {
     std::string name;
     Color color;
     bool isShown = true;
+    std::string path = {}; ///< of its file; empty for others
 };
 
 /// A surface, as the viewer lists it.
@@ -34,6 +35,7 @@ struct SurfaceEntry {
     bool isShown = true;
     bool hasLines = false; ///< frame lines
     SurfaceLooks looks;
+    std::string path = {}; ///< of its file; empty for others
 };
 
 /// How a surface is shown that is the first, second and so on, where nobody says: the first by its values,
@@ -100,10 +102,14 @@ public:
     PlotSettings Effective() const;
 
     void ApplyAll(); ///< throws as ApplyAxes
+    /// Takes other settings and applies those that differ. Throws as what applies them.
+    void TakeSettings(const PlotSettings& wanted);
     void ApplyTitles();
     /// Ranges, ticks and label precision. Throws a Failure for a range that does not rise; the axes are then
     /// as before.
     void ApplyAxes();
+    /// Whether an axis with these ends has a range; what they leave open is as the data have it.
+    bool Rises(int axis, const AxisSettings& ends) const;
     /// Lengths of the axes, in the view fitted to them: not zoomed.
     void ApplyAspect();
     /// The plot mode, not turned or zoomed; the 3-D plot with inverse axes.
@@ -123,12 +129,15 @@ public:
     void ApplySwitches();
     void ApplyLineSteps();
     void ApplyContourCount();
+    void ApplyContourLevels();
     void ApplyGradients();
     void ApplyColorRange();
     void ApplyLegend(); ///< throws a Failure
     void ApplyLabels(); ///< how numbers are written; throws a Failure
     void ApplyFit();    ///< the surfaces that the axes are made for; throws as ApplyAxes
     void ApplyTrace();
+    /// How many times as long a unit of Z is drawn as one of X and Y; nothing where these differ.
+    std::optional<double> Exaggeration() const;
 
     /// Adds the points of a file, named by it: as a line in the next of a few colours, or as a measure group.
     void AddPoints(PointSet::Kind kind, const PointFile& file);
@@ -136,12 +145,15 @@ public:
     std::vector<PointSet> PointSets();
     /// Names, colours and shows or hides the set of this kind and index.
     void ChangePoints(const PointSet& set);
+    /// Takes the set of this kind and index away; those after it move up.
+    void RemovePoints(PointSet::Kind kind, std::size_t index);
+    void RemoveAllPoints();
 
     /// Shows the point of the surface at a place of the window, as far as there is one.
     /// @param x, y  in pixels from the upper left corner
     void TraceAt(int x, int y);
-    /// The words for a point that is traced: its coordinates, with the digits that can be told apart, and its
-    /// surface, where there are several.
+    /// The words for a point that is traced: its coordinates, as the plot writes them, and its surface, where
+    /// there are several.
     /// @param point  as the plotter tells it
     std::string ReadOut(const float* point) const;
 
@@ -151,9 +163,8 @@ private:
         SurfaceEntry entry;
         std::size_t columns;
         std::size_t rows;
-        double finest[2]; ///< distance of columns and of rows
-        double min;       ///< of its values
-        double max;       ///< of its values
+        double min; ///< of its values
+        double max; ///< of its values
     };
 
     /// A measure group, and what the plotter reads of it at each frame.
@@ -168,17 +179,17 @@ private:
     void FollowSurfaces(const KivoDrawingTools::SKivoView& view);
     void FollowRanges(const KivoDrawingTools::SKivoView& view);
     void ReadAutomaticRanges();
+    void FindRange(int axis, const AxisSettings& ends, float* range) const;
     ValueRange ValuesOfSurfaces() const;
     float Difference(int axis, double number) const;
-    double ReadOutStep(int axis) const;
-    std::string Coordinate(int axis, float number) const;
     std::vector<float> Differences(const PointFile& file) const;
     void AddCurve(const PointFile& file);
     void AddMeasureGroup(const PointFile& file);
-    PointSet MeasureGroup(std::size_t index);
+    PointSet MeasureGroup(std::size_t index, const std::string& path);
     void ChangeMeasureGroup(const PointSet& group);
     void CompleteColors(PlotSettings& settings) const;
     void KeepScale();
+    void ForgetTrace();
     void ReadAutomaticSettings(const GridData& grid);
 
     ViewerPlotter& m_plotter;

@@ -49,6 +49,10 @@ struct PlotSettings {
     bool fitsSurfaces = true;   ///< the axes reach as far as all surfaces, not as the first
     bool reducesMotion = true;  ///< large grids show fewer points while the plot moves
     std::optional<unsigned> contourCount;
+    std::optional<double> contourInterval; ///< between levels of equal z; 0: as many as are set
+    std::optional<double> contourBase;     ///< one of these levels
+    bool fillsContours = false;            ///< the XY plot has bands of colour between them
+    std::optional<double> exaggeration;    ///< of z over x and y, of one scale; 0: lengths as they follow
     std::optional<Color> frameLineColor;
     std::optional<Color> background;
     std::optional<Color> ink; ///< of texts and of the axes' lines
@@ -56,6 +60,7 @@ struct PlotSettings {
     std::optional<Color> gradientEnd;
     std::optional<Choice> colors;         ///< a table's name, or gradient
     std::optional<ValueRange> colorRange; ///< values with the first and the last colour of Z
+    bool colorsFollowRange = false;       ///< without such values they are the ends of the Z axis
     bool showsLegend = true;
     bool listsGroups = false;                ///< names of the measure groups stand in the 3-D plot
     std::optional<std::string> legendTitle;  ///< of Z

@@ -45,7 +45,9 @@ PointFile ReadPoints(std::string_view text, const std::string& name, const ReadO
 }
 
 PointFile ReadPointFile(const std::string& path, const ReadOptions& options) {
-    return ReadPoints(ReadFileText(path), path == standardInput ? "standard input" : path, options);
+    PointFile file = ReadPoints(ReadFileText(path), path == standardInput ? "standard input" : path, options);
+    file.path = path;
+    return file;
 }
 
 } // namespace KivoViewer

@@ -14,6 +14,7 @@ struct PointFile {
     std::string name;                     ///< of the file, without folders
     std::vector<double> points;           ///< x, y, z of each
     std::vector<std::string> labels = {}; ///< of the points, or none
+    std::string path = {};                ///< of the file, as it was given
 
     std::size_t Count() const { return points.size() / 3; }
 };

@@ -59,30 +59,10 @@ void PlotScene::ApplyLabels() {
 
 // ---- The traced point -----------------------------------------------------------------------------------
 
-// A grid's own places are told apart, and what lies between them as far as a screen does it.
-double PlotScene::ReadOutStep(int axis) const {
-    constexpr double pixels = 2000.0;
-    constexpr double ofValues = 1e5; // differences that colours do not show are read off
-    constexpr double ofCell = 10.0;
-    const double range =
-        static_cast<double>(m_dataRange[axis][1]) - static_cast<double>(m_dataRange[axis][0]);
-    if (axis == 2) return range / ofValues;
-    double finest = range;
-    for (const ShownSurface& surface : m_surfaces)
-        finest = std::min(finest, surface.finest[axis]);
-    return std::min(range / pixels, finest / ofCell);
-}
-
-std::string PlotScene::Coordinate(int axis, float number) const {
-    const double absolute = m_origin[axis] + static_cast<double>(number);
-    const LabelFormat format = LabelFormatOf(m_labelFormats[axis]);
-    return format ? format(absolute, ReadOutStep(axis)) : FormatStep(absolute, ReadOutStep(axis));
-}
-
 std::string PlotScene::ReadOut(const float* point) const {
     std::string text;
     for (int i = 0; i < 3; ++i)
-        text += std::string(i > 0 ? "   " : "") + "xyz"[i] + " = " + Coordinate(i, point[i]);
+        text += std::string(i > 0 ? "   " : "") + "xyz"[i] + " = " + ReadOutNumber(m_plotter, i, point[i]);
     const int traced = TracedSurface(m_plotter);
     for (const ShownSurface& surface : m_surfaces)
         if (m_surfaces.size() > 1 && surface.entry.number == traced) text += "   " + surface.entry.name;

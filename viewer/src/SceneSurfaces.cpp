@@ -34,14 +34,6 @@ SKivoSurface ToPlotter(const SurfaceEntry& surface, std::size_t columns, std::si
     return values;
 }
 
-double FinestOf(const std::vector<float>& coordinates) {
-    double finest = std::abs(static_cast<double>(coordinates.back()) - static_cast<double>(coordinates[0]));
-    for (std::size_t i = 1; i < coordinates.size(); ++i)
-        finest =
-            std::min(finest, static_cast<double>(coordinates[i]) - static_cast<double>(coordinates[i - 1]));
-    return finest;
-}
-
 // Coordinates or values from one origin to another.
 std::vector<float> Moved(const std::vector<float>& numbers, double from, double to) {
     std::vector<float> moved;
@@ -89,9 +81,9 @@ std::optional<Color> ParseSurfaceColor(const std::string& text) {
 }
 
 PlotScene::ShownSurface PlotScene::ShownOf(const GridData& grid) {
-    ShownSurface shown = {{}, grid.ColumnCount(), grid.RowCount(), {FinestOf(grid.x), FinestOf(grid.y)}, 0.0,
-                          0.0};
+    ShownSurface shown = {{}, grid.ColumnCount(), grid.RowCount(), 0.0, 0.0};
     shown.entry.name = OneLine(grid.title);
+    shown.entry.path = grid.path;
     float min = std::numeric_limits<float>::max();
     float max = std::numeric_limits<float>::lowest();
     for (const float z : grid.z) {

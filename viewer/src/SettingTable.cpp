@@ -98,6 +98,32 @@ void AddGradient(Table& table, int axis) {
                      &PlotScene::ApplyGradients});
 }
 
+void AddContourLevels(Table& table) {
+    table.push_back({"Contours", "contour-count", "Levels", "Number of contour levels of each axis",
+                     SettingField(&Plot::contourCount), &PlotScene::ApplyContourCount, false, 1,
+                     maxContours});
+    Setting interval = {"Contours",
+                        "contour-interval",
+                        "Interval of z",
+                        "Distance of the contour levels of equal z; 0 for as many as there are levels",
+                        SettingField(&Plot::contourInterval),
+                        &PlotScene::ApplyContourLevels,
+                        true};
+    interval.isNotNegative = true;
+    table.push_back(interval);
+    table.push_back({"Contours", "contour-base", "Base of z",
+                     "One of the contour levels, where they have an interval",
+                     SettingField(&Plot::contourBase), &PlotScene::ApplyContourLevels, true});
+    Setting fill = {"Contours",
+                    "fill-contours",
+                    "Filled contours",
+                    "Colours between the contours of the flat plot of XY",
+                    SettingField(&Plot::fillsContours),
+                    &PlotScene::ApplySwitches};
+    fill.key = "I";
+    table.push_back(fill);
+}
+
 void AddLines(Table& table) {
     Setting gridLines = {"Lines",
                          "grid-lines",
@@ -139,6 +165,14 @@ void AddColors(Table& table) {
     table.push_back({"Colours", "color-range", "Range of values",
                      "Values of Z with the first and the last colour, instead of those of the data",
                      SettingField(&Plot::colorRange), &PlotScene::ApplyColorRange, true});
+    Setting follow = {"Colours",
+                      "colors-follow-range",
+                      "Colours follow the Z axis",
+                      "First and last colour at the ends of the Z axis, where there is no range of values",
+                      SettingField(&Plot::colorsFollowRange),
+                      &PlotScene::ApplyColorRange};
+    follow.key = "C";
+    table.push_back(follow);
     table.push_back({"Colours", "gradient-start", "All axes: lowest value",
                      "Colour of the smallest value, for axes without one of their own",
                      SettingField(&Plot::gradientStart), &PlotScene::ApplyGradients});
@@ -201,6 +235,16 @@ void AddView(Table& table) {
                       &PlotScene::ApplyAspect};
     aspect.key = "A";
     table.push_back(aspect);
+    Setting exaggeration = {"View",
+                            "exaggeration",
+                            "Exaggeration",
+                            "How many times as long Z is drawn as X and Y, which have one scale then; 0 for "
+                            "lengths as they follow from the ranges",
+                            SettingField(&Plot::exaggeration),
+                            &PlotScene::ApplyAspect,
+                            true};
+    exaggeration.isNotNegative = true;
+    table.push_back(exaggeration);
     Setting trace = {"View",
                      "trace",
                      "Trace the pointer",
@@ -252,9 +296,7 @@ Table MakeTable() {
     AddContours(table, 0, "X");
     AddContours(table, 1, "Y");
     AddContours(table, 2, "Z");
-    table.push_back({"Contours", "contour-count", "Levels", "Number of contour levels of each axis",
-                     SettingField(&Plot::contourCount), &PlotScene::ApplyContourCount, false, 1,
-                     maxContours});
+    AddContourLevels(table);
     AddLines(table);
     AddColors(table);
     AddView(table);
@@ -305,8 +347,10 @@ void Parse(const Setting& setting, const std::string& text, std::optional<unsign
     value = static_cast<unsigned>(*count);
 }
 
-void Parse(const Setting&, const std::string& text, std::optional<double>& value) {
+void Parse(const Setting& setting, const std::string& text, std::optional<double>& value) {
     const auto number = ParseNumber(text);
+    if (setting.isNotNegative && (!number || !(*number >= 0.0)))
+        throw Failure("expected a number from 0 on, found \"" + text + '"');
     if (!number || !FitsSinglePrecision(*number)) throw Failure("expected a number, found \"" + text + '"');
     value = *number;
 }

@@ -55,6 +55,7 @@ struct Setting {
     unsigned most = 0;                     ///< of a count
     const char* key = nullptr;             ///< that toggles it, as a key sequence
     std::vector<std::string> choices = {}; ///< names that it knows
+    bool isNotNegative = false;            ///< a number from 0 on
 };
 
 /// All settings, those of a section together.

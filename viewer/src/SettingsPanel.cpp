@@ -18,6 +18,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <optional>
 #include <utility>
 
 namespace KivoViewer {
@@ -46,6 +47,14 @@ QPixmap SampleOf(const std::vector<Color>& colors) {
 QPixmap SampleOf(const std::string& name, const AxisSettings& axis) {
     constexpr unsigned int columns = 32;
     return SampleOf(ColorSample(name, *axis.gradientStart, *axis.gradientEnd, columns));
+}
+
+// The axis of which a setting is one end.
+std::optional<int> AxisOfEnd(const Setting& setting) {
+    for (int axis = 0; axis < 3; ++axis)
+        for (const char* const end : {"-min", "-max"})
+            if (setting.name == "xyz"[axis] + std::string(end)) return axis;
+    return std::nullopt;
 }
 
 // While it has the keys, letters choose among its names: some are the window's own for other things.
@@ -87,6 +96,7 @@ SettingsPanel::SettingsPanel(PlotScene& scene, ChangeRequest change, Complaint c
 
 void SettingsPanel::Refresh() {
     m_shown = m_scene.Effective();
+    m_awaited.ShowIn(m_shown);
     for (const auto& refresh : m_refreshers)
         refresh();
 }
@@ -241,9 +251,7 @@ QWidget* SettingsPanel::WithResetButton(QWidget* editor, const Setting& setting)
 
 void SettingsPanel::Request(const Setting& setting, const std::string& text) {
     try {
-        PlotSettings wanted = m_scene.Settings();
-        SetFromText(setting, text, wanted);
-        m_change(setting, wanted);
+        RequestChange(setting, [&](PlotSettings& wanted) { SetFromText(setting, text, wanted); });
     } catch (const Failure& failure) {
         m_complain(Words(setting.help + ": " + failure.what()));
         Refresh();
@@ -251,9 +259,18 @@ void SettingsPanel::Request(const Setting& setting, const std::string& text) {
 }
 
 void SettingsPanel::RequestReset(const Setting& setting) {
+    RequestChange(setting, [&](PlotSettings& wanted) { Copy(setting, PlotSettings(), wanted); });
+}
+
+// The ends of a range may be given one after the other, whichever comes first.
+void SettingsPanel::RequestChange(const Setting& setting, const std::function<void(PlotSettings&)>& change) {
+    const std::optional<int> axis = AxisOfEnd(setting);
     PlotSettings wanted = m_scene.Settings();
-    Copy(setting, PlotSettings(), wanted);
-    m_change(setting, wanted);
+    if (axis) m_awaited.AddTo(*axis, wanted);
+    change(wanted);
+    if (!axis || m_awaited.Take(*axis, wanted, m_scene)) return m_change(setting, wanted);
+    Refresh();
+    m_complain(Words(std::string("The ") + "XYZ"[*axis] + " axis follows as soon as its other end fits"));
 }
 
 } // namespace KivoViewer

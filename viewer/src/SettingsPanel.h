@@ -1,6 +1,7 @@
 // The side panel: an editor for each setting of the table.
 #pragma once
 
+#include "AwaitedRanges.h"
 #include "SettingTable.h"
 
 #include <QWidget>
@@ -45,6 +46,7 @@ private:
     QWidget* WithResetButton(QWidget* editor, const Setting& setting);
     void Request(const Setting& setting, const std::string& text);
     void RequestReset(const Setting& setting);
+    void RequestChange(const Setting& setting, const std::function<void(PlotSettings&)>& change);
 
     struct Section {
         QToolButton* heading;
@@ -56,7 +58,8 @@ private:
     ChangeRequest m_change;
     Complaint m_complain;
     std::map<std::string, Section> m_sections; ///< by their names
-    PlotSettings m_shown;                      ///< all values, as the editors show them
+    AwaitedRanges m_awaited;
+    PlotSettings m_shown; ///< all values, as the editors show them
     std::vector<std::function<void()>> m_refreshers;
 };
 

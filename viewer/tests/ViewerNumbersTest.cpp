@@ -185,12 +185,12 @@ TEST_F(ViewerOriginSceneTest, HasAxesInAbsoluteNumbers) {
 
 TEST_F(ViewerOriginSceneTest, ReadsOutAllDigits) {
     const float point[] = {0.125f, -0.25f, 0.5f};
-    EXPECT_EQ(m_scene.ReadOut(point), "x = 440000.125   y = 5629999.750   z = 1000000.50000");
+    EXPECT_EQ(m_scene.ReadOut(point), "x = 440000.125   y = 5629999.750   z = 1000000.500");
     Set("y-labels", "engineering");
-    EXPECT_EQ(m_scene.ReadOut(point), "x = 440000.125   y = 5.629999750M   z = 1000000.50000");
+    EXPECT_EQ(m_scene.ReadOut(point), "x = 440000.125   y = 5.629999750M   z = 1000000.500");
     m_scene.ShowGrid(Hill());
     Unset("y-labels");
-    EXPECT_EQ(m_scene.ReadOut(point), "x = 0.125   y = -0.250   z = 0.50000");
+    EXPECT_EQ(m_scene.ReadOut(point), "x = 0.125   y = -0.250   z = 0.5000");
 }
 
 // Points are where they are, whatever the plot's numbers are differences to.
