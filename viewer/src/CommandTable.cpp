@@ -22,7 +22,7 @@ void AddToggles(MenuTable& table, const std::string& menu, const std::vector<std
 
 void AddFileMenu(MenuTable& table) {
     const std::string menu = "&File";
-    table.push_back({menu, "&Open...", "Ctrl+O", "Open a grid of points", Command::open, {}});
+    table.push_back({menu, "&Open...", "Ctrl+O", "Open a grid of points, or a session", Command::open, {}});
     table.push_back({menu, "Open &recent", {}, "Open a grid from before", Command::openRecent, {}});
     AddLine(table);
     table.push_back({menu,
@@ -33,6 +33,15 @@ void AddFileMenu(MenuTable& table) {
                      {}});
     table.push_back({menu, "Add measure &points...", "Ctrl+M", "Add measure points", Command::addPoints, {}});
     table.push_back({menu, "Add &curves...", "Ctrl+U", "Add curves", Command::addCurves, {}});
+    AddLine(table);
+    table.push_back({menu,
+                     "Sa&ve session...",
+                     "Ctrl+Shift+S",
+                     "Save files, settings and view, to be opened again",
+                     Command::saveSession,
+                     {}});
+    table.push_back({menu, "&Read again", "F5", "Read the files again", Command::reload, {}});
+    table.push_back({menu, "&Watch files", {}, "Read files again when they change", Command::watchFiles, {}});
     AddLine(table);
     table.push_back({menu,
                      "&Save picture...",
@@ -93,6 +102,9 @@ void AddSettingsMenu(MenuTable& table) {
     }
     AddLine(table);
     table.push_back({menu, "Settings &panel", "F9", "Show or hide the settings", Command::settingsPanel, {}});
+    AddLine(table);
+    table.push_back({menu, "&Undo", "Ctrl+Z", "Take the last change of a setting back", Command::undo, {}});
+    table.push_back({menu, "Red&o", "Ctrl+Shift+Z", "Make it again", Command::redo, {}});
     table.push_back(
         {menu, "&Reset all settings", "Shift+Home", "Take all settings back", Command::resetSettings, {}});
 }

@@ -15,6 +15,9 @@ enum class Command {
     addSurface,
     addPoints,
     addCurves,
+    saveSession,
+    reload,
+    watchFiles, ///< checked while they are
     savePicture,
     copyPicture,
     print,
@@ -28,6 +31,8 @@ enum class Command {
     settingsPanel,
     surfacesPanel,
     pointsPanel,
+    undo,
+    redo,
     resetSettings,
     showKeys,
     about

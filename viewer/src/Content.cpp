@@ -4,10 +4,17 @@
 #include "GridReader.h"
 #include "PlotScene.h"
 #include "PointBox.h"
+#include "Session.h"
 
 namespace KivoViewer {
 
 namespace {
+
+GridData ReadWithPath(const std::string& path, const ReadOptions& reading) {
+    GridData grid = ReadGridFile(path, {}, reading);
+    grid.path = path;
+    return grid;
+}
 
 void LoadPoints(const Options& options, Content& content) {
     for (const std::string& path : options.pointFiles)
@@ -16,9 +23,14 @@ void LoadPoints(const Options& options, Content& content) {
         content.curves.push_back(ReadPointFile(path, options.reading));
 }
 
+// A session of the sample names no file for the first surface.
+bool HasFile(const Options& options) {
+    return !options.files.empty() && !options.files.front().empty();
+}
+
 GridData LoadFirst(const Options& options, const Content& content, GridData (*sample)()) {
     if (!options.function.empty()) return MakeFormulaGrid(options.function, options.x, options.y);
-    if (!options.files.empty()) return ReadGridFile(options.files.front(), {}, options.reading);
+    if (HasFile(options)) return ReadWithPath(options.files.front(), options.reading);
     std::vector<PointFile> points = content.measureGroups;
     points.insert(points.end(), content.curves.begin(), content.curves.end());
     return points.empty() ? sample() : BoxAround(points);
@@ -28,16 +40,17 @@ GridData LoadFirst(const Options& options, const Content& content, GridData (*sa
 
 Content LoadContent(const Options& options, GridData (*sample)()) {
     Content content;
-    if (!options.files.empty())
+    if (HasFile(options))
         content.grid = LoadFirst(options, content, sample); // whatever is wrong there comes first
     LoadPoints(options, content);
-    if (options.files.empty()) content.grid = LoadFirst(options, content, sample);
+    if (!HasFile(options)) content.grid = LoadFirst(options, content, sample);
     for (std::size_t i = 1; i < options.files.size(); ++i)
-        content.surfaces.push_back(ReadGridFile(options.files[i], {}, options.reading));
+        content.surfaces.push_back(ReadWithPath(options.files[i], options.reading));
     return content;
 }
 
 void ShowContent(PlotScene& scene, const Content& content, const Options& options) {
+    scene.RemoveAllPoints();
     scene.Settings() = options.settings;
     scene.ShowGrid(content.grid);
     SurfaceEntry first = scene.Surfaces().front();
@@ -50,6 +63,7 @@ void ShowContent(PlotScene& scene, const Content& content, const Options& option
             scene.AddPoints(PointSet::Kind::measureGroup, group);
     for (const PointFile& curve : content.curves)
         scene.AddPoints(PointSet::Kind::curve, curve);
+    if (options.session) ShowSession(scene, *options.session);
     scene.ShowFrom(options.viewpoint);
 }
 

@@ -1,6 +1,8 @@
 #include "MainWindow.h"
 
 #include "Failure.h"
+#include "FileWatch.h"
+#include "Numbers.h"
 #include "PlotWidget.h"
 #include "PointsPanel.h"
 #include "Preferences.h"
@@ -23,6 +25,7 @@
 #include <QSignalBlocker>
 #include <QStatusBar>
 #include <QTimer>
+#include <QUndoStack>
 
 #include <cstddef>
 #include <utility>
@@ -52,10 +55,15 @@ QString TableOf(const char* heading, const std::vector<InputUse>& uses) {
 MainWindow::MainWindow(const Content& content, const Options& options) : m_plot(new PlotWidget(this)) {
     setCentralWidget(m_plot);
     setAcceptDrops(true);
+    m_history = new QUndoStack(this);
+    m_watch = new FileWatch(this, [this] { Reload(); });
     MakePanels();
     FillMenus();
     m_tracePoint = new QLabel(this);
+    m_proportions = new QLabel(this);
+    m_proportions->setToolTip("How many times as long Z is drawn as X and Y");
     statusBar()->addPermanentWidget(m_tracePoint);
+    statusBar()->addPermanentWidget(m_proportions);
     m_surfacesDock->setVisible(!content.surfaces.empty());
     m_pointsDock->setVisible(!content.measureGroups.empty() || !content.curves.empty());
     Place(options);
@@ -71,6 +79,9 @@ MainWindow::MainWindow(const Content& content, const Options& options) : m_plot(
     m_plot->setFocus();
     ShowTitle(content.grid);
     if (!options.files.empty()) m_path = QFile::decodeName(options.files.front().c_str());
+    m_function = {options.function, options.x, options.y};
+    m_isWatching = options.watches;
+    WatchFiles();
     m_plot->Redraw();
     RefreshControls();
     m_isComplete = true;
@@ -100,6 +111,10 @@ void MainWindow::FillMenus() {
                 action->setCheckable(true);
                 modes->addAction(action);
                 m_modes.push_back(action);
+            }
+            if (entry.command == Command::watchFiles) {
+                action->setCheckable(true);
+                m_watching = action;
             }
         }
     }
@@ -145,6 +160,13 @@ void MainWindow::Do(const MenuEntry& entry) {
         return AddPointFiles(PointSet::Kind::measureGroup);
     case Command::addCurves:
         return AddPointFiles(PointSet::Kind::curve);
+    case Command::saveSession:
+        return SaveSession();
+    case Command::reload:
+        return Reload();
+    case Command::watchFiles:
+        m_isWatching = m_watching->isChecked();
+        return WatchFiles();
     case Command::savePicture:
         return SavePicture();
     case Command::copyPicture:
@@ -163,6 +185,10 @@ void MainWindow::Do(const MenuEntry& entry) {
         return ResetView();
     case Command::settingsSection:
         return OpenSection(entry.setting);
+    case Command::undo:
+        return m_history->undo();
+    case Command::redo:
+        return m_history->redo();
     case Command::resetSettings:
         return ResetSettings();
     case Command::showKeys:
@@ -212,6 +238,8 @@ void MainWindow::Change(const Setting& setting, const PlotSettings& wanted) {
     const PlotSettings before = std::exchange(Scene().Settings(), wanted);
     try {
         (Scene().*setting.apply)();
+        const auto kind = static_cast<int>(&setting - AllSettings().data());
+        Remember(QString::fromStdString(setting.label), IsToggle(setting) ? -1 : kind, before);
     } catch (const Failure& failure) {
         Scene().Settings() = before;
         ShowWarning(QString::fromStdString(failure.what()));
@@ -246,8 +274,9 @@ void MainWindow::ResetView() {
 void MainWindow::ResetSettings() {
     PlotSettings settings;
     settings.mode = Scene().Settings().mode;
-    Scene().Settings() = settings;
+    const PlotSettings before = std::exchange(Scene().Settings(), settings);
     Scene().ApplyAll();
+    Remember("Reset all settings", -1, before);
     m_plot->Redraw();
     RefreshControls();
 }
@@ -259,6 +288,12 @@ void MainWindow::RefreshControls() {
         toggle.action->setChecked(TextOf(*toggle.setting, settings) == "on");
     }
     m_modes[static_cast<std::size_t>(settings.mode)]->setChecked(true);
+    m_watching->setChecked(m_isWatching);
+    const std::optional<double> exaggeration = Scene().Exaggeration();
+    m_proportions->setText(exaggeration
+                               ? QString("Exaggeration ") +
+                                     QString::fromStdString(FormatRounded(static_cast<float>(*exaggeration)))
+                               : QString());
     m_panel->Refresh();
     m_surfaces->Refresh();
     m_points->Refresh();

@@ -6,19 +6,23 @@
 #include "Options.h"
 #include "Picture.h"
 #include "PlotScene.h"
+#include "Session.h"
 #include "SettingTable.h"
 
 #include <QMainWindow>
 
+#include <functional>
 #include <string>
 #include <vector>
 
 class QDockWidget;
 class QLabel;
 class QScrollArea;
+class QUndoStack;
 
 namespace KivoViewer {
 
+class FileWatch;
 class PlotWidget;
 class PointsPanel;
 class SettingsPanel;
@@ -63,6 +67,19 @@ private:
     PlotScene& Scene();
     void FollowTheme();
     void ShowTitle(const GridData& grid);
+    /// Tells the user of a failure, where there is one. Whatever it was has no effect then.
+    /// @return whether there was none
+    static bool Try(QWidget* parent, const std::function<void()>& action);
+    // What was shown before, and in files.
+    void Remember(const QString& name, int kind, const PlotSettings& before);
+    void TakeSettings(PlotSettings settings);
+    Session PresentSession();
+    void Show(Session session);
+    bool OpenSession(const QString& path);
+    void SaveSession();
+    void Reload();
+    void WatchFiles();
+
     void OpenFile();
     bool OpenPath(const QString& path);
     void OpenPaths(const QStringList& paths);
@@ -91,6 +108,19 @@ private:
     QLabel* m_tracePoint = nullptr;
     std::vector<ToggleAction> m_toggles;
     std::vector<QAction*> m_modes;
+    /// What the first surface was computed from; no text: nothing.
+    struct Function {
+        std::string text;
+        Range x;
+        Range y;
+    };
+
+    QLabel* m_proportions = nullptr;
+    QUndoStack* m_history = nullptr;
+    QAction* m_watching = nullptr; ///< in the menu
+    FileWatch* m_watch = nullptr;
+    bool m_isWatching = false;
+    Function m_function;
     QString m_path; ///< of the grid file that is shown
     bool m_isComplete = false;
 };

@@ -26,6 +26,7 @@
 #include <QSpinBox>
 #include <QStatusBar>
 #include <QTimer>
+#include <QUndoStack>
 
 #include <algorithm>
 #include <exception>
@@ -41,22 +42,6 @@ std::string NameOf(const QString& path) {
     return QFile::encodeName(path).toStdString();
 }
 
-// Tells the user of a failure, where there is one. Whatever it was has no effect then.
-// @return whether there was none
-bool Try(QWidget* parent, const std::function<void()>& action) {
-    try {
-        action();
-        return true;
-    } catch (const Cancelled&) {
-        return false;
-    } catch (const Failure& failure) {
-        QMessageBox::warning(parent, "Kivo Viewer", QString::fromStdString(OneLine(failure.what())));
-    } catch (const std::bad_alloc&) {
-        QMessageBox::warning(parent, "Kivo Viewer", "There is not enough memory.");
-    }
-    return false;
-}
-
 // Reads a grid, with a dialog that can end it where that takes long.
 GridData ReadWithDialog(QWidget* parent, const QString& path) {
     constexpr int steps = 1000;
@@ -64,10 +49,12 @@ GridData ReadWithDialog(QWidget* parent, const QString& path) {
     dialog.setWindowTitle("Kivo Viewer");
     dialog.setWindowModality(Qt::WindowModal);
     dialog.setMinimumDuration(400);
-    return ReadGridFile(NameOf(path), [&dialog](double share) {
+    GridData grid = ReadGridFile(NameOf(path), [&dialog](double share) {
         dialog.setValue(std::min(static_cast<int>(share * steps), steps - 1)); // handles the user's input too
         return !dialog.wasCanceled();
     });
+    grid.path = NameOf(path);
+    return grid;
 }
 
 QSpinBox* AddNumber(QFormLayout* form, const QString& label, int value, int most, const QString& unit) {
@@ -136,12 +123,26 @@ QStringList LocalFilesIn(const QMimeData& data) {
 }
 
 QString GridFiles() {
-    const QString ours = "*.asc *.grd *.xyz *.csv *.txt *.dat";
+    const QString ours = "*.kivo *.asc *.grd *.xyz *.csv *.txt *.dat";
     const QString others = HasGdal() ? " *.tif *.tiff *.hgt *.dem *.nc *.vrt" : "";
-    return "Grids of points (" + ours + others + ");;All files (*)";
+    return "Grids of points and sessions (" + ours + others + ");;All files (*)";
 }
 
 } // namespace
+
+bool MainWindow::Try(QWidget* parent, const std::function<void()>& action) {
+    try {
+        action();
+        return true;
+    } catch (const Cancelled&) {
+        return false;
+    } catch (const Failure& failure) {
+        QMessageBox::warning(parent, "Kivo Viewer", QString::fromStdString(OneLine(failure.what())));
+    } catch (const std::bad_alloc&) {
+        QMessageBox::warning(parent, "Kivo Viewer", "There is not enough memory.");
+    }
+    return false;
+}
 
 // ---- Files in -------------------------------------------------------------------------------------------
 
@@ -153,6 +154,7 @@ void MainWindow::OpenFile() {
 // A file that is opened once more has other numbers, and is seen as before.
 // @return whether it is shown now
 bool MainWindow::OpenPath(const QString& path) {
+    if (path.endsWith(".kivo")) return OpenSession(path);
     return Try(this, [&] {
         const GridData grid = ReadWithDialog(this, path);
         const KivoDrawingTools::SKivoView view = Scene().View();
@@ -160,6 +162,9 @@ bool MainWindow::OpenPath(const QString& path) {
         Scene().ShowGrid(grid);
         if (!m_path.isEmpty() && QFileInfo(path) == QFileInfo(m_path)) Scene().ShowView(view);
         m_path = path;
+        m_function = {};
+        m_history->clear();
+        WatchFiles();
         ShowTitle(grid);
         RememberFile(path);
         m_plot->Redraw();
@@ -187,6 +192,7 @@ void MainWindow::AddSurfacePaths(const QStringList& paths) {
         });
     if (paths.isEmpty()) return;
     if (Scene().Surfaces().size() > 1) m_surfacesDock->show();
+    WatchFiles();
     m_plot->Redraw();
     RefreshControls();
 }
@@ -243,6 +249,7 @@ void MainWindow::AddPointFiles(PointSet::Kind kind) {
                 Scene().AddPoints(kind, set);
         });
     if (paths.isEmpty()) return;
+    WatchFiles();
     m_points->Refresh();
     m_pointsDock->show();
     m_plot->Redraw();

@@ -177,6 +177,17 @@ void DescribeSurfaces(CLI::App& app, Words& words) {
         ->allow_extra_args(false);
 }
 
+// What is opened as a whole, and opened again.
+void DescribeSession(CLI::App& app, CLI::Option& file, CLI::Option& function, CLI::Option& picture,
+                     Options& options) {
+    app.add_option("--session", options.sessionFile,
+                   "Files, settings and view that the window has saved; what else is given counts more")
+        ->type_name("FILE")
+        ->excludes(&file)
+        ->excludes(&function);
+    app.add_flag("--watch", options.watches, "Read the files again when they change")->excludes(&picture);
+}
+
 void Describe(CLI::App& app, Options& options, Words& words) {
     app.set_version_flag("--version", std::string("kivo-viewer ") + KIVO_VERSION);
     app.footer(Footer());
@@ -220,6 +231,7 @@ void Describe(CLI::App& app, Options& options, Words& words) {
         ->type_name("X,Y")
         ->needs(picture);
     DescribePicture(app, *picture, options.format, words);
+    DescribeSession(app, *file, *function, *picture, options);
 }
 
 int ParseLength(const std::string& text) {
@@ -356,11 +368,20 @@ Options ParseOptions(int argc, const char* const* argv) {
     // What is given empty was given by mistake, often an unset variable of a script.
     for (const std::string& file : options.files)
         if (file.empty()) throw Failure("FILE: empty");
-    for (const char* const name : {"--function", "--picture"})
+    for (const char* const name : {"--function", "--picture", "--session"})
         if (app.count(name) > 0 && app[name]->as<std::string>().empty())
             throw Failure(std::string(name) + ": empty");
     if (app.count("--x") > 0) options.x = RangeOf("--x", words.x);
     if (app.count("--y") > 0) options.y = RangeOf("--y", words.y);
+    options.hasMode = app.count("--mode") > 0;
+    // A session is a file like others, for desktops that open it with the program.
+    const std::string ending = ".kivo";
+    const auto isSession = [&ending](const std::string& file) {
+        return file.size() > ending.size() &&
+               file.compare(file.size() - ending.size(), ending.size(), ending) == 0;
+    };
+    if (options.files.size() == 1 && isSession(options.files.front()))
+        options.sessionFile = std::exchange(options.files, {}).front();
     options.hasSize = app.count("--size") > 0;
     if (options.hasSize) ParseSize(words.size, options);
     if (app.count("--trace-at") > 0) options.traceAt = ParsePosition(words.traceAt);

@@ -4,6 +4,7 @@
 
 #include <QColorDialog>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QSignalBlocker>
 
 #include <utility>
@@ -44,7 +45,9 @@ void PointsPanel::AddItem(const PointSet& set) {
     const bool isCurve = set.kind == PointSet::Kind::curve;
     auto* const item = new QTreeWidgetItem(this);
     item->setText(nameColumn, QString::fromStdString(set.name));
-    item->setToolTip(nameColumn, "Click the box to show or hide the points, twice the name to change it");
+    item->setToolTip(
+        nameColumn,
+        "Click the box to show or hide the points, twice the name to change it; Delete takes them away");
     item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsEditable | Qt::ItemIsUserCheckable);
     item->setCheckState(nameColumn, set.isShown ? Qt::Checked : Qt::Unchecked);
     item->setBackground(colorColumn, ToQt(set.color));
@@ -55,6 +58,15 @@ void PointsPanel::AddItem(const PointSet& set) {
 bool PointsPanel::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
     const bool isBox = index.column() == nameColumn; // the name, and the box before it
     return isBox && QTreeWidget::edit(index, trigger, event);
+}
+
+void PointsPanel::keyPressEvent(QKeyEvent* event) {
+    const QTreeWidgetItem* const item = currentItem();
+    if (!item || event->key() != Qt::Key_Delete) return QTreeWidget::keyPressEvent(event);
+    const PointSet set = SetOf(*item);
+    m_scene.RemovePoints(set.kind, set.index);
+    Refresh();
+    m_changed();
 }
 
 PointSet& PointsPanel::SetOf(const QTreeWidgetItem& item) {

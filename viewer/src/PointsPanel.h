@@ -10,7 +10,7 @@
 namespace KivoViewer {
 
 /// Lists the scene's points: a click on the box shows or hides them, one on the colour chooses another, and
-/// the name can be edited.
+/// the name can be edited; Delete takes them away.
 class PointsPanel : public QTreeWidget {
 public:
     /// @param changed  called after each change
@@ -20,6 +20,7 @@ public:
     void Refresh();
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
 
 private:

@@ -9,19 +9,20 @@
 #include "PictureFile.h"
 #include "PictureMode.h"
 #include "Preferences.h"
+#include "Sample.h"
+#include "Session.h"
 #include "SettingTable.h"
 #include "StartOfQt.h"
 
 #include <QApplication>
 #include <QFile>
 
-#include <algorithm>
 #include <clocale>
 #include <cstdio>
 #include <exception>
-#include <iterator>
 #include <new>
 #include <optional>
+#include <utility>
 
 #if defined(__GLIBC__)
 #include <malloc.h>
@@ -30,16 +31,6 @@
 namespace {
 
 using namespace KivoViewer;
-
-GridData ReadSample() {
-    QFile file(":/samples/terrain.asc");
-    if (!file.open(QIODevice::ReadOnly)) throw Failure("the sample terrain is missing from the program");
-    GridData grid = ReadGrid(file.readAll().toStdString(), "terrain.asc");
-    grid.title = "Cumberland Mountains";
-    const char* const axisTitles[] = {"East [km]", "North [km]", "Elevation [m]"};
-    std::copy(std::begin(axisTitles), std::end(axisTitles), std::begin(grid.axisTitles));
-    return grid;
-}
 
 // Has the heap keep what large grids and their frames take again and again: fresh memory comes page by page.
 void KeepFreedMemory() {
@@ -53,6 +44,7 @@ void KeepFreedMemory() {
 
 // What the command line does not set is as it was in the last window.
 Options WithRememberedSettings(Options options) {
+    if (options.session) return options;
     PlotSettings settings = RememberedSettings();
     settings.mode = options.settings.mode;
     for (const std::string& name : options.settingNames)
@@ -72,7 +64,7 @@ int RunWindow(char* program, const Content& content, const Options& options) {
     QApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
     std::setlocale(LC_NUMERIC, "C"); // the plot's numbers are the same everywhere
     for (const std::string& file : options.files)
-        if (file != standardInput) RememberFile(QFile::decodeName(file.c_str()));
+        if (!file.empty() && file != standardInput) RememberFile(QFile::decodeName(file.c_str()));
     MainWindow window(content, WithRememberedSettings(options));
     window.show();
     return QApplication::exec();
@@ -88,7 +80,7 @@ void TellNotes(const Content& content) {
 }
 
 int Run(int argc, char** argv) {
-    const Options options = ParseOptions(argc, argv);
+    Options options = ParseOptions(argc, argv);
     if (!options.information.empty()) {
         std::printf("%s\n", options.information.c_str());
         return 0;
@@ -98,6 +90,10 @@ int Run(int argc, char** argv) {
         return 0;
     }
     if (!options.picture.empty()) CheckPictureName(options.picture, options.format.isTransparent);
+    if (!options.sessionFile.empty()) {
+        Session session = ReadSessionFile(options.sessionFile);
+        options = WithSession(std::move(options), std::move(session));
+    }
     const Content content = LoadContent(options, ReadSample);
     TellNotes(content);
     if (options.picture.empty()) return RunWindow(argv[0], content, options);

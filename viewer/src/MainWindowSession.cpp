@@ -1,0 +1,150 @@
+// MainWindow: sessions, files that are read again, and steps back.
+#include "Content.h"
+#include "Failure.h"
+#include "FileWatch.h"
+#include "MainWindow.h"
+#include "PlotWidget.h"
+#include "Preferences.h"
+#include "Sample.h"
+#include "Session.h"
+
+#include <QDockWidget>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QStatusBar>
+#include <QUndoStack>
+
+#include <functional>
+#include <utility>
+
+namespace KivoViewer {
+
+namespace {
+
+const char* const sessionFiles = "Sessions (*.kivo);;All files (*)";
+
+// A change of settings that can be taken back. Changes of one number that follow each other are one.
+class SettingsStep : public QUndoCommand {
+public:
+    using Show = std::function<void(const PlotSettings&)>;
+
+    /// @param kind  of the changes that are joined; -1: alone
+    SettingsStep(const QString& name, int kind, PlotSettings before, PlotSettings after, Show show)
+        : QUndoCommand(name), m_kind(kind), m_before(std::move(before)), m_after(std::move(after)),
+          m_show(std::move(show)) {}
+
+    int id() const override { return m_kind; }
+    bool mergeWith(const QUndoCommand* other) override {
+        m_after = static_cast<const SettingsStep*>(other)->m_after;
+        return true;
+    }
+    void undo() override { m_show(m_before); }
+    void redo() override {
+        if (std::exchange(m_isShown, true)) m_show(m_after);
+    }
+
+private:
+    int m_kind;
+    PlotSettings m_before;
+    PlotSettings m_after;
+    Show m_show;
+    bool m_isShown = false; // it was made when it was shown already
+};
+
+} // namespace
+
+// ---- Steps back -----------------------------------------------------------------------------------------
+
+void MainWindow::Remember(const QString& name, int kind, const PlotSettings& before) {
+    m_history->push(new SettingsStep(name, kind, before, Scene().Settings(),
+                                     [this](const PlotSettings& settings) { TakeSettings(settings); }));
+}
+
+// The plot mode is no setting: it stays.
+void MainWindow::TakeSettings(PlotSettings settings) {
+    const PlotSettings before = Scene().Settings();
+    settings.mode = before.mode;
+    try {
+        Scene().TakeSettings(settings);
+    } catch (const Failure& failure) {
+        Scene().Settings() = before;
+        ShowWarning(QString::fromStdString(failure.what()));
+    }
+    m_plot->Redraw();
+    RefreshControls();
+}
+
+// ---- Sessions -------------------------------------------------------------------------------------------
+
+Session MainWindow::PresentSession() {
+    Session session = SessionOf(Scene());
+    session.function = m_function.text;
+    session.x = m_function.x;
+    session.y = m_function.y;
+    return session;
+}
+
+// All of it, or nothing: files are read before anything is shown.
+void MainWindow::Show(Session session) {
+    const Options options = WithSession(Options(), std::move(session));
+    const Content content = LoadContent(options, ReadSample);
+    ShowContent(Scene(), content, options);
+    m_function = {options.function, options.x, options.y};
+    m_path = options.files.empty() ? QString() : QFile::decodeName(options.files.front().c_str());
+    m_surfacesDock->setVisible(!content.surfaces.empty() || m_surfacesDock->isVisible());
+    m_pointsDock->setVisible(!options.session->points.empty() || m_pointsDock->isVisible());
+    ShowTitle(content.grid);
+    WatchFiles();
+    m_plot->Redraw();
+    RefreshControls();
+}
+
+bool MainWindow::OpenSession(const QString& path) {
+    const bool isShown = Try(this, [&] { Show(ReadSessionFile(QFile::encodeName(path).toStdString())); });
+    if (!isShown) return false;
+    RememberFile(path);
+    m_history->clear();
+    return true;
+}
+
+void MainWindow::SaveSession() {
+    QString path = QFileDialog::getSaveFileName(this, "Save the session", "plot.kivo", sessionFiles);
+    if (path.isEmpty()) return;
+    if (QFileInfo(path).suffix().isEmpty()) path += ".kivo";
+    Try(this, [&] {
+        WriteSessionFile(PresentSession(), QFile::encodeName(path).toStdString());
+        RememberFile(path);
+        statusBar()->showMessage("Saved " + path);
+    });
+}
+
+// ---- Files again ----------------------------------------------------------------------------------------
+
+void MainWindow::Reload() {
+    try {
+        Show(PresentSession());
+        statusBar()->showMessage("Read again");
+    } catch (const Failure& failure) { // what is written at this moment will be whole with the next change
+        ShowWarning(QString::fromStdString(failure.what()));
+        WatchFiles();
+    }
+}
+
+void MainWindow::WatchFiles() {
+    QStringList paths;
+    if (m_isWatching) {
+        const Session session = PresentSession();
+        const auto add = [&paths](const std::string& path) {
+            if (!path.empty()) paths.append(QFile::decodeName(path.c_str()));
+        };
+        for (const SurfaceEntry& surface : session.surfaces)
+            add(surface.path);
+        for (const PointSet& set : session.points)
+            add(set.path);
+    }
+    paths.removeDuplicates();
+    m_watch->Watch(paths);
+}
+
+} // namespace KivoViewer

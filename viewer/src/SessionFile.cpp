@@ -1,0 +1,217 @@
+// Sessions as JSON.
+#include "Failure.h"
+#include "FileText.h"
+#include "Numbers.h"
+#include "Session.h"
+#include "SettingTable.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSaveFile>
+
+#include <algorithm>
+
+namespace KivoViewer {
+
+namespace {
+
+const char* const versionKey = "kivo-session";
+constexpr int sessionVersion = 1;
+
+QString Words(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+std::string RangeText(const Range& range) {
+    return FormatNumber(range.from) + ':' + FormatNumber(range.to) + ':' + std::to_string(range.count);
+}
+
+QDir FolderOf(const std::string& path) {
+    return QFileInfo(QFile::decodeName(path.c_str())).absoluteDir();
+}
+
+// From the folder of the session where it lies there, else with all folders.
+QString Named(const std::string& path, const QDir& folder) {
+    if (path.empty()) return {};
+    const QString full = QFileInfo(QFile::decodeName(path.c_str())).absoluteFilePath();
+    const QString relative = folder.relativeFilePath(full);
+    return relative.startsWith("..") ? full : relative;
+}
+
+std::string Found(const QJsonValue& name, const QDir& folder) {
+    const QString text = name.toString();
+    if (text.isEmpty()) return {};
+    return QFile::encodeName(QDir::cleanPath(folder.absoluteFilePath(text))).toStdString();
+}
+
+// ---- Out ------------------------------------------------------------------------------------------------
+
+QJsonObject ToJson(const SurfaceEntry& surface, const QDir& folder) {
+    return {{"file", Named(surface.path, folder)},
+            {"name", Words(surface.name)},
+            {"shown", surface.isShown},
+            {"lines", surface.hasLines},
+            {"opacity", surface.looks.opacity},
+            {"color", surface.looks.color ? Words(FormatColor(*surface.looks.color)) : QString("values")}};
+}
+
+QJsonObject ToJson(const PointSet& set, const QDir& folder) {
+    return {{"kind", set.kind == PointSet::Kind::curve ? "curve" : "points"},
+            {"file", Named(set.path, folder)},
+            {"name", Words(set.name)},
+            {"shown", set.isShown},
+            {"color", Words(FormatColor(set.color))}};
+}
+
+QJsonObject ToJson(const PlotSettings& settings) {
+    QJsonObject object;
+    for (const Setting& setting : AllSettings())
+        if (TextOf(setting, settings) != TextOf(setting, PlotSettings()) || IsToggle(setting))
+            object[Words(setting.name)] = Words(TextOf(setting, settings));
+    return object;
+}
+
+QJsonObject ToJson(const KivoDrawingTools::SKivoView& view) {
+    QJsonArray rotation, inverse;
+    for (const double number : view.rotation)
+        rotation.append(number);
+    for (const bool flag : view.inverse)
+        inverse.append(flag);
+    return {{"plot", view.plotType}, {"rotation", rotation}, {"pan-x", view.panX},       {"pan-y", view.panY},
+            {"zoom", view.zoom},     {"inverse", inverse},   {"mirrored", view.mirrored}};
+}
+
+// ---- In -------------------------------------------------------------------------------------------------
+
+Color ColorOf(const QJsonValue& value) {
+    return ParseColor(value.toString().toStdString());
+}
+
+SurfaceEntry SurfaceFrom(const QJsonObject& object, const QDir& folder) {
+    SurfaceEntry surface;
+    surface.path = Found(object["file"], folder);
+    surface.name = object["name"].toString().toStdString();
+    surface.isShown = object["shown"].toBool(true);
+    surface.hasLines = object["lines"].toBool(false);
+    surface.looks.opacity = std::clamp(object["opacity"].toDouble(1.0), 0.0, 1.0);
+    surface.looks.color = ParseSurfaceColor(object["color"].toString("values").toStdString());
+    return surface;
+}
+
+// @param counts  sets of either kind so far
+PointSet PointsFrom(const QJsonObject& object, const QDir& folder, std::size_t (&counts)[2]) {
+    PointSet set;
+    const bool isCurve = object["kind"].toString() == "curve";
+    if (isCurve) set.kind = PointSet::Kind::curve;
+    set.index = counts[isCurve ? 1 : 0]++;
+    set.path = Found(object["file"], folder);
+    set.name = object["name"].toString().toStdString();
+    set.isShown = object["shown"].toBool(true);
+    set.color = ColorOf(object["color"]);
+    return set;
+}
+
+// Names that are none are of a later version.
+PlotSettings SettingsFrom(const QJsonObject& object) {
+    PlotSettings settings;
+    for (const Setting& setting : AllSettings()) {
+        const QJsonValue value = object[Words(setting.name)];
+        if (!value.isString()) continue;
+        try {
+            SetFromText(setting, value.toString().toStdString(), settings);
+        } catch (const Failure& failure) {
+            throw Failure(setting.name + ": " + failure.what());
+        }
+    }
+    return settings;
+}
+
+std::optional<KivoDrawingTools::SKivoView> ViewFrom(const QJsonObject& object) {
+    KivoDrawingTools::SKivoView view;
+    const QJsonArray rotation = object["rotation"].toArray(), inverse = object["inverse"].toArray();
+    if (rotation.size() != 9 || inverse.size() != 3) return {};
+    for (int i = 0; i < rotation.size(); ++i)
+        view.rotation[i] = rotation[i].toDouble();
+    for (int i = 0; i < inverse.size(); ++i)
+        view.inverse[i] = inverse[i].toBool();
+    view.plotType = std::clamp(object["plot"].toInt(), 0, 3);
+    view.panX = object["pan-x"].toDouble();
+    view.panY = object["pan-y"].toDouble();
+    view.zoom = object["zoom"].toDouble(1.0);
+    view.mirrored = object["mirrored"].toBool();
+    return view;
+}
+
+Session SessionFrom(const QJsonObject& object, const QDir& folder) {
+    Session session;
+    session.function = object["function"].toString().toStdString();
+    if (!session.function.empty()) {
+        session.x = ParseRange(object["x"].toString().toStdString());
+        session.y = ParseRange(object["y"].toString().toStdString());
+    }
+    for (const QJsonValue& surface : object["surfaces"].toArray())
+        session.surfaces.push_back(SurfaceFrom(surface.toObject(), folder));
+    std::size_t counts[2] = {};
+    for (const QJsonValue& set : object["points"].toArray())
+        session.points.push_back(PointsFrom(set.toObject(), folder, counts));
+    session.settings = SettingsFrom(object["settings"].toObject());
+    session.settings.mode = std::clamp(object["mode"].toInt(), 0, 3);
+    session.view = ViewFrom(object["view"].toObject());
+    if (session.surfaces.empty()) throw Failure("it names no surface");
+    return session;
+}
+
+} // namespace
+
+std::string WriteSession(const Session& session, const std::string& path) {
+    const QDir folder = FolderOf(path);
+    QJsonArray surfaces, points;
+    for (const SurfaceEntry& surface : session.surfaces)
+        surfaces.append(ToJson(surface, folder));
+    for (const PointSet& set : session.points)
+        points.append(ToJson(set, folder));
+    QJsonObject object = {{versionKey, sessionVersion},
+                          {"surfaces", surfaces},
+                          {"points", points},
+                          {"mode", session.settings.mode},
+                          {"settings", ToJson(session.settings)}};
+    if (session.view) object["view"] = ToJson(*session.view);
+    if (!session.function.empty()) {
+        object["function"] = Words(session.function);
+        object["x"] = Words(RangeText(session.x));
+        object["y"] = Words(RangeText(session.y));
+    }
+    return QJsonDocument(object).toJson().toStdString();
+}
+
+Session ReadSession(const std::string& text, const std::string& path) {
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(QByteArray::fromStdString(text), &error);
+    if (error.error != QJsonParseError::NoError)
+        throw Failure(path + ": no session: " + error.errorString().toStdString());
+    const QJsonObject object = document.object();
+    const int version = object[versionKey].toInt();
+    if (version < 1) throw Failure(path + ": no session");
+    if (version > sessionVersion) throw Failure(path + ": a session of a later version");
+    try {
+        return SessionFrom(object, FolderOf(path));
+    } catch (const Failure& failure) {
+        throw Failure(path + ": " + failure.what());
+    }
+}
+
+void WriteSessionFile(const Session& session, const std::string& path) {
+    QSaveFile file(QFile::decodeName(path.c_str()));
+    const QByteArray text = QByteArray::fromStdString(WriteSession(session, path));
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit())
+        throw Failure(path + ": cannot be written: " + file.errorString().toStdString());
+}
+
+Session ReadSessionFile(const std::string& path) {
+    return ReadSession(ReadFileText(path), path);
+}
+
+} // namespace KivoViewer

@@ -1,0 +1,170 @@
+// Sessions: what is written is read again, and shows the same.
+#include "Content.h"
+#include "Options.h"
+#include "Session.h"
+#include "support/PrivateFolder.h"
+#include "ViewerData.h"
+#include "ViewerScene.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+using namespace KivoTest;
+using namespace KivoViewer;
+using KivoDrawingTools::Compare;
+using KivoDrawingTools::Image;
+using testing::HasSubstr;
+
+namespace {
+
+const std::string hill = KIVO_TEST_DATA "/hill.csv";
+const std::string plane = KIVO_TEST_DATA "/plane.csv";
+const std::string wells = KIVO_TEST_DATA "/wells.csv";
+const std::string flight = KIVO_TEST_DATA "/flight.csv";
+
+class ViewerSessionTest : public ViewerScene {
+protected:
+    void Show(const Options& options) { ShowContent(m_scene, LoadContent(options, Hill), options); }
+
+    static Options Of(const std::vector<std::string>& words) {
+        std::vector<const char*> arguments = {"kivo-viewer"};
+        for (const std::string& word : words)
+            arguments.push_back(word.c_str());
+        return ParseOptions(static_cast<int>(arguments.size()), arguments.data());
+    }
+
+    std::string Path(const std::string& name) const { return m_folder.Path() + '/' + name; }
+
+    PrivateFolder m_folder;
+};
+
+TEST_F(ViewerSessionTest, ShowsAgainWhatWasShown) {
+    Show(Of({hill, plane, "--points", wells, "--curve", flight, "--z-max", "4.5", "--colors", "viridis",
+             "--exaggeration", "0.5", "--no-legend"}));
+    SurfaceEntry over = m_scene.Surfaces()[1];
+    over.looks.opacity = 0.25;
+    over.hasLines = true;
+    over.name = "Ebene \"0\"";
+    m_scene.ChangeSurface(over);
+    PointSet group = m_scene.PointSets()[0];
+    group.name = "Bohrungen";
+    group.color = {0, 255, 255};
+    m_scene.ChangePoints(group);
+    PointSet curve = m_scene.PointSets()[1];
+    curve.isShown = false;
+    m_scene.ChangePoints(curve);
+    m_scene.Plotter().Rotate({100, 100}, {160, 120});
+    const Image before = Draw();
+    WriteSessionFile(SessionOf(m_scene), Path("plot.kivo"));
+
+    Show(Of({plane, "--mode", "1"}));
+    EXPECT_GT(Compare(before, Draw()).max, 50);
+    Show(WithSession(Of({}), ReadSessionFile(Path("plot.kivo"))));
+    EXPECT_LE(Compare(before, Draw()).max, 2) << "angles are rounded at their last digits";
+    EXPECT_EQ(m_scene.Surfaces()[1].name, "Ebene \"0\"");
+    ASSERT_EQ(m_scene.PointSets().size(), 2U);
+    EXPECT_EQ(m_scene.PointSets()[0].name, "Bohrungen");
+    EXPECT_FALSE(m_scene.PointSets()[1].isShown);
+    EXPECT_EQ(TextOf(FindSetting("exaggeration"), m_scene.Settings()), "0.5");
+}
+
+TEST_F(ViewerSessionTest, GivesWayToTheCommandLine) {
+    Show(Of({hill, "--title", "One", "--z-max", "4.5"}));
+    WriteSessionFile(SessionOf(m_scene), Path("plot.kivo"));
+    Show(WithSession(Of({"--title", "Two", "--mode", "2"}), ReadSessionFile(Path("plot.kivo"))));
+    EXPECT_EQ(m_scene.Settings().title, "Two");
+    EXPECT_EQ(m_scene.Settings().axes[2].max, 4.5);
+    EXPECT_EQ(m_scene.Plotter().GetCurrentPlotType(), 2);
+}
+
+TEST_F(ViewerSessionTest, KeepsFormulasAndTheSample) {
+    Session session = SessionOf(m_scene);
+    session.function = "x*y";
+    session.x = {0.0, 2.0, 5};
+    const Options options = WithSession(Of({}), ReadSession(WriteSession(session, "a.kivo"), "a.kivo"));
+    EXPECT_EQ(options.function, "x*y");
+    EXPECT_EQ(options.x.count, 5U);
+    Show(options);
+    EXPECT_GE(m_scene.Plotter().GetXAxisMin(), -1.0f) << "from 0 on, the sample from -2";
+    session.function.clear();
+    Show(WithSession(Of({}), ReadSession(WriteSession(session, "a.kivo"), "a.kivo")));
+    EXPECT_EQ(m_scene.Surfaces()[0].name, "Hill") << "the sample";
+}
+
+// A folder with data and session may be moved.
+TEST_F(ViewerSessionTest, NamesFilesFromItsFolder) {
+    std::filesystem::create_directory(Path("data"));
+    std::filesystem::copy_file(hill, Path("data/hill.csv"));
+    Show(Of({Path("data/hill.csv")}));
+    WriteSessionFile(SessionOf(m_scene), Path("plot.kivo"));
+    std::filesystem::create_directory(Path("moved"));
+    for (const char* const name : {"data", "plot.kivo"})
+        std::filesystem::rename(Path(name), Path(std::string("moved/") + name));
+    const Session session = ReadSessionFile(Path("moved/plot.kivo"));
+    EXPECT_EQ(session.surfaces[0].path, Path("moved/data/hill.csv"));
+    EXPECT_THAT(WriteSession(session, Path("elsewhere/plot.kivo")), HasSubstr(Path("moved/data/hill.csv")));
+}
+
+TEST_F(ViewerSessionTest, SaysWhatIsWrong) {
+    const auto messageOf = [](const std::string& text) {
+        return MessageOf([&] { ReadSession(text, "a.kivo"); });
+    };
+    EXPECT_THAT(messageOf("x,y,z"), HasSubstr("a.kivo: no session: "));
+    EXPECT_EQ(messageOf("{}"), "a.kivo: no session");
+    EXPECT_EQ(messageOf("[1]"), "a.kivo: no session");
+    EXPECT_EQ(messageOf(R"({"kivo-session": 99})"), "a.kivo: a session of a later version");
+    EXPECT_EQ(messageOf(R"({"kivo-session": 1})"), "a.kivo: it names no surface");
+    const std::string surface = R"("kivo-session": 1, "surfaces": [{"color": "values"}])";
+    EXPECT_EQ(messageOf("{" + surface + "}"), "");
+    EXPECT_EQ(messageOf("{" + surface + R"(, "settings": {"x-ticks": "1"}})"),
+              "a.kivo: x-ticks: expected a whole number from 2 to 200, found \"1\"");
+    EXPECT_EQ(messageOf("{" + surface + R"(, "settings": {"of a later version": "1", "title": 3}})"), "");
+    EXPECT_THAT(messageOf("{" + surface + R"(, "points": [{}]})"), HasSubstr("a.kivo: expected a colour"));
+    EXPECT_EQ(messageOf("{" + surface + R"(, "view": {"zoom": "large"}, "mode": 17})"), "");
+}
+
+TEST_F(ViewerSessionTest, TakesSettingsBackAsAWhole) {
+    const Image before = Draw();
+    const PlotSettings plain = m_scene.Settings();
+    Set("z-max", "0.5");
+    Set("background", "#203040");
+    Set("z-contours", "on");
+    const Image after = Draw();
+    const PlotSettings changed = m_scene.Settings();
+    m_scene.TakeSettings(plain);
+    EXPECT_EQ(Compare(before, Draw()).max, 0);
+    m_scene.TakeSettings(changed);
+    EXPECT_EQ(Compare(after, Draw()).max, 0);
+}
+
+TEST_F(ViewerSessionTest, RemovesPointsAndCurves) {
+    const Image before = Draw();
+    for (const char* const name : {"a", "b", "c"}) {
+        m_scene.AddPoints(PointSet::Kind::measureGroup, {name, {0, 0, 1.1}});
+        m_scene.AddPoints(PointSet::Kind::curve, {name, {-2, -2, 1, 2, 2, 1}});
+    }
+    m_scene.RemovePoints(PointSet::Kind::measureGroup, 1);
+    m_scene.RemovePoints(PointSet::Kind::curve, 0);
+    std::string names;
+    for (const PointSet& set : m_scene.PointSets())
+        names += set.name + std::to_string(set.index);
+    EXPECT_EQ(names, "a0c1b0c1");
+    m_scene.RemoveAllPoints();
+    EXPECT_TRUE(m_scene.PointSets().empty());
+    EXPECT_EQ(Compare(before, Draw()).max, 0);
+}
+
+TEST(ViewerSessionOptionsTest, TakesASessionAsAFile) {
+    const char* const arguments[] = {"kivo-viewer", "plot.kivo", "--watch"};
+    const Options options = ParseOptions(3, arguments);
+    EXPECT_EQ(options.sessionFile, "plot.kivo");
+    EXPECT_TRUE(options.files.empty());
+    EXPECT_TRUE(options.watches);
+    const char* const both[] = {"kivo-viewer", "--session", "plot.kivo", "heights.asc"};
+    EXPECT_THAT(MessageOf([&] { ParseOptions(4, both); }), HasSubstr("session"));
+}
+
+} // namespace

@@ -1,0 +1,134 @@
+// The viewer's window: sessions, files that are read again, steps back, and ranges typed end by end.
+#include "support/Image.h"
+#include "ViewerWindow.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+using namespace KivoTest;
+using KivoDrawingTools::Compare;
+
+namespace {
+
+constexpr xcb_keysym_t f5Key = 0xffc2;
+constexpr xcb_keysym_t deleteKey = 0xffff;
+constexpr double thinLines = 0.02; // least mean difference
+
+const std::string hill = KIVO_TEST_DATA "/hill.csv";
+const std::string wells = KIVO_TEST_DATA "/wells.csv";
+
+class ViewerWindowSessionTest : public ViewerWindow {
+protected:
+    // A grid of its own, which a test may change.
+    std::string OwnGrid() const {
+        std::filesystem::copy_file(hill, Path("own.csv"), std::filesystem::copy_options::overwrite_existing);
+        return Path("own.csv");
+    }
+
+    void WriteOtherGrid() const {
+        std::ofstream(Path("other.csv")) << ",0,1,2\n0,1,5,1\n1,2,9,2\n2,1,5,1\n";
+        std::filesystem::rename(Path("other.csv"), Path("own.csv"));
+    }
+};
+
+TEST_F(ViewerWindowSessionTest, StepsBackAndAgain) {
+    Start({hill, "--size", "800x600"});
+    After(
+        "contours", [] { Press('z'); }, thinLines);
+    const Image both = After("no-lines", [] { Press('f'); });
+    After("back", [] { PressWith(controlKey, 'z'); });
+    ExpectStart(After(
+        "back-again", [] { PressWith(controlKey, 'z'); }, thinLines));
+    ExpectNoChange("nothing-left", [] { PressWith(controlKey, 'z'); });
+    After(
+        "again",
+        [] {
+            for (int i = 0; i < 2; ++i) {
+                desktop->Key(controlKey, true);
+                PressWith(shiftKey, 'z');
+                desktop->Key(controlKey, false);
+            }
+        },
+        thinLines);
+    EXPECT_EQ(Compare(Settled(), both).max, 0);
+}
+
+TEST_F(ViewerWindowSessionTest, TypesARangeFromItsUpperNeighbour) {
+    Start({hill, "--size", "800x600", "--z-min", "8", "--z-max", "9"});
+    const Image wanted = m_start;
+    Start({hill, "--size", "800x600"});
+    PressWith(controlKey, '4');
+    ExpectNoChange("half", [] {
+        PressWith(controlKey, 'a');
+        Type("8");
+        Press(tabKey);
+    });
+    const Image both = After("both", [] {
+        PressWith(controlKey, 'a');
+        Type("9");
+        Press(returnKey);
+    });
+    EXPECT_EQ(Compare(both, wanted).max, 0);
+}
+
+TEST_F(ViewerWindowSessionTest, ReadsFilesAgainInTheSameView) {
+    Start({OwnGrid(), "--size", "800x600", "--zoom", "1.3"});
+    WriteOtherGrid();
+    ExpectNoChange("unwatched", [] {});
+    const Image read = After("read-again", [] { Press(f5Key); });
+    Start({Path("own.csv"), "--size", "800x600", "--zoom", "1.3"});
+    EXPECT_LE(Compare(read, m_start).max, 2);
+}
+
+TEST_F(ViewerWindowSessionTest, WatchesItsFiles) {
+    Start({OwnGrid(), "--watch", "--size", "800x600"});
+    WriteOtherGrid();
+    EXPECT_TRUE(WaitFor([this] { return Compare(Grab(), m_start).mean > 0.2; }));
+    const Image read = Settled();
+    std::ofstream(Path("own.csv")) << "1,2\n3\n"; // no grid
+    Settle();
+    EXPECT_EQ(Compare(Settled(), read).max, 0);
+    std::filesystem::remove(Path("own.csv"));
+    std::filesystem::copy_file(hill, Path("own.csv"));
+    EXPECT_TRUE(WaitFor([this] { return Compare(Grab(), m_start).max == 0; }));
+}
+
+TEST_F(ViewerWindowSessionTest, SavesAndOpensASession) {
+    Start({hill, "--size", "800x600", "--points", wells, "--colors", "viridis", "--zoom", "1.2"});
+    desktop->Key(controlKey, true);
+    PressWith(shiftKey, 's');
+    desktop->Key(controlKey, false);
+    WaitForDialog("Save the session");
+    Type(Path("saved"));
+    Press(returnKey);
+    WaitForNoDialog();
+    Settle();
+    ASSERT_TRUE(std::filesystem::exists(Path("saved.kivo")));
+    const Image saved = m_start;
+    Start({Path("saved.kivo"), "--size", "800x600"});
+    EXPECT_LE(Compare(m_start, saved).max, 2);
+    Start({hill, "--size", "800x600"});
+    PressWith(controlKey, 'o');
+    WaitForDialog("Open a grid of points");
+    Type(Path("saved.kivo"));
+    Press(returnKey);
+    WaitForNoDialog();
+    EXPECT_FALSE(Settled().rgba.empty());
+}
+
+TEST_F(ViewerWindowSessionTest, ListTakesPointsAway) {
+    Start({"--size", "800x600"});
+    const Image without = m_start;
+    Start({"--size", "800x600", "--points", wells});
+    PressWith(shiftKey, tabKey);
+    Press(downKey);
+    const Image removed = After(
+        "removed", [] { Press(deleteKey); }, 0.001);
+    EXPECT_EQ(Compare(removed, without).max, 0);
+}
+
+} // namespace
