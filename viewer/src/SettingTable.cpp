@@ -168,7 +168,7 @@ void AddColors(Table& table) {
     Setting follow = {"Colours",
                       "colors-follow-range",
                       "Colours follow the Z axis",
-                      "First and last colour at the ends of the Z axis, where there is no range of values",
+                      "First and last colour at the ends of the Z axis",
                       SettingField(&Plot::colorsFollowRange),
                       &PlotScene::ApplyColorRange};
     follow.key = "C";
