@@ -25,7 +25,8 @@ struct PointSet {
     std::string name;
     Color color;
     bool isShown = true;
-    std::string path = {}; ///< of its file; empty for others
+    std::string path = {};  ///< of its file; empty for others
+    std::string group = {}; ///< of a file with several: the one that it is
 };
 
 /// A surface, as the viewer lists it.
@@ -185,7 +186,7 @@ private:
     std::vector<float> Differences(const PointFile& file) const;
     void AddCurve(const PointFile& file);
     void AddMeasureGroup(const PointFile& file);
-    PointSet MeasureGroup(std::size_t index, const std::string& path);
+    PointSet MeasureGroup(std::size_t index, const PointFile& file);
     void ChangeMeasureGroup(const PointSet& group);
     void CompleteColors(PlotSettings& settings) const;
     void KeepScale();

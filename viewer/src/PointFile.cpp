@@ -23,7 +23,7 @@ std::vector<PointFile> GroupsOf(const PointFile& file) {
         auto group = std::find_if(groups.begin(), groups.end(),
                                   [&label](const PointFile& other) { return other.name == label; });
         if (group == groups.end() && groups.size() == maxGroups) return {file};
-        if (group == groups.end()) group = groups.insert(groups.end(), {label, {}});
+        if (group == groups.end()) group = groups.insert(groups.end(), {label, {}, {}, file.path, label});
         const auto first = file.points.begin() + static_cast<std::ptrdiff_t>(3 * i);
         group->points.insert(group->points.end(), first, first + 3);
     }

@@ -15,6 +15,7 @@ struct PointFile {
     std::vector<double> points;           ///< x, y, z of each
     std::vector<std::string> labels = {}; ///< of the points, or none
     std::string path = {};                ///< of the file, as it was given
+    std::string group = {};               ///< of a file with several: the label that all these points have
 
     std::size_t Count() const { return points.size() / 3; }
 };

@@ -47,16 +47,17 @@ void PlotScene::AddMeasureGroup(const PointFile& file) {
 std::vector<PointSet> PlotScene::PointSets() {
     std::vector<PointSet> sets;
     for (const MeasurePoints& group : m_groups)
-        sets.push_back(MeasureGroup(sets.size(), group.file.path));
+        sets.push_back(MeasureGroup(sets.size(), group.file));
     sets.insert(sets.end(), m_curves.begin(), m_curves.end());
     return sets;
 }
 
-PointSet PlotScene::MeasureGroup(std::size_t index, const std::string& path) {
+PointSet PlotScene::MeasureGroup(std::size_t index, const PointFile& file) {
     const auto number = static_cast<unsigned int>(index);
     PointSet group;
     group.index = index;
-    group.path = path;
+    group.path = file.path;
+    group.group = file.group;
     m_plotter.GetMeasureGroupName(number, &group.name);
     group.color = UnpackColor(m_plotter.GetMeasureGroupColor(number));
     group.isShown = m_plotter.IsShowMeasureGroup(number);
@@ -73,7 +74,7 @@ void PlotScene::ChangePoints(const PointSet& set) {
 
 void PlotScene::ChangeMeasureGroup(const PointSet& group) {
     const auto number = static_cast<unsigned int>(group.index);
-    const PointSet before = MeasureGroup(group.index, group.path);
+    const PointSet before = MeasureGroup(group.index, {});
     m_plotter.ShowMeasureGroup(number, group.isShown);
     if (group.name != before.name) m_plotter.SetMeasureGroupName(number, group.name.c_str());
     // The colours of the plotter's own palette lie between those of a display.

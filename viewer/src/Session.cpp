@@ -28,8 +28,11 @@ Options WithSession(Options options, Session session) {
         options.looks.push_back(surface.looks);
     }
     std::vector<std::string> groups, curves; // before those of the command line
-    for (const PointSet& set : session.points)
-        (set.kind == PointSet::Kind::curve ? curves : groups).push_back(set.path);
+    for (const PointSet& set : session.points) {
+        std::vector<std::string>& paths = set.kind == PointSet::Kind::curve ? curves : groups;
+        const bool isRead = std::find(paths.begin(), paths.end(), set.path) != paths.end();
+        if (set.group.empty() || !isRead) paths.push_back(set.path); // a file with several is read once
+    }
     options.pointFiles.insert(options.pointFiles.begin(), groups.begin(), groups.end());
     options.curveFiles.insert(options.curveFiles.begin(), curves.begin(), curves.end());
     PlotSettings settings = session.settings;
@@ -41,6 +44,35 @@ Options WithSession(Options options, Session session) {
     return options;
 }
 
+namespace {
+
+bool AreOfOneFile(const PointSet& a, const PointSet& b) {
+    return a.kind == b.kind && a.path == b.path;
+}
+
+// Of files with several groups some may have been taken away, and others written since.
+void ShowPoints(PlotScene& scene, std::vector<PointSet> saved) {
+    const std::vector<PointSet> all = saved, shown = scene.PointSets();
+    std::vector<PointSet> others;
+    for (const PointSet& set : shown) {
+        const auto same = std::find_if(saved.begin(), saved.end(), [&set](const PointSet& other) {
+            return AreOfOneFile(set, other) && set.group == other.group;
+        });
+        if (same != saved.end()) {
+            same->index = set.index;
+            scene.ChangePoints(*same);
+            saved.erase(same);
+        } else if (std::any_of(all.begin(), all.end(),
+                               [&set](const PointSet& other) { return AreOfOneFile(set, other); })) {
+            others.push_back(set);
+        }
+    }
+    for (auto set = others.rbegin(); set != others.rend(); ++set)
+        scene.RemovePoints(set->kind, set->index);
+}
+
+} // namespace
+
 void ShowSession(PlotScene& scene, const Session& session) {
     const std::vector<SurfaceEntry> surfaces = scene.Surfaces();
     for (std::size_t i = 0; i < std::min(surfaces.size(), session.surfaces.size()); ++i) {
@@ -48,8 +80,7 @@ void ShowSession(PlotScene& scene, const Session& session) {
         surface.number = surfaces[i].number;
         scene.ChangeSurface(surface);
     }
-    for (const PointSet& set : session.points)
-        scene.ChangePoints(set);
+    ShowPoints(scene, session.points);
     if (session.view && session.view->plotType == scene.Settings().mode) scene.ShowView(*session.view);
 }
 

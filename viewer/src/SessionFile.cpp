@@ -61,6 +61,7 @@ QJsonObject ToJson(const SurfaceEntry& surface, const QDir& folder) {
 QJsonObject ToJson(const PointSet& set, const QDir& folder) {
     return {{"kind", set.kind == PointSet::Kind::curve ? "curve" : "points"},
             {"file", Named(set.path, folder)},
+            {"group", Words(set.group)},
             {"name", Words(set.name)},
             {"shown", set.isShown},
             {"color", Words(FormatColor(set.color))}};
@@ -108,6 +109,7 @@ PointSet PointsFrom(const QJsonObject& object, const QDir& folder, std::size_t (
     if (isCurve) set.kind = PointSet::Kind::curve;
     set.index = counts[isCurve ? 1 : 0]++;
     set.path = Found(object["file"], folder);
+    set.group = object["group"].toString().toStdString();
     set.name = object["name"].toString().toStdString();
     set.isShown = object["shown"].toBool(true);
     set.color = ColorOf(object["color"]);

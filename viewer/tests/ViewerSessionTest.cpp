@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
 #include <string>
 
 using namespace KivoTest;
@@ -138,6 +139,27 @@ TEST_F(ViewerSessionTest, TakesSettingsBackAsAWhole) {
     EXPECT_EQ(Compare(before, Draw()).max, 0);
     m_scene.TakeSettings(changed);
     EXPECT_EQ(Compare(after, Draw()).max, 0);
+}
+
+TEST_F(ViewerSessionTest, KnowsTheGroupsOfAFileApart) {
+    const std::string named = Path("named.csv");
+    std::ofstream(named) << "A,0,0,1\nB,1,0,1\nC,0,1,1\nB,1,1,1\n";
+    Show(Of({hill, "--points", named, "--points", wells}));
+    ASSERT_EQ(m_scene.PointSets().size(), 4U);
+    m_scene.RemovePoints(PointSet::Kind::measureGroup, 0);
+    PointSet b = m_scene.PointSets()[0];
+    b.name = "renamed";
+    b.color = {1, 2, 3};
+    m_scene.ChangePoints(b);
+    WriteSessionFile(SessionOf(m_scene), Path("plot.kivo"));
+
+    std::ofstream(named) << "D,0,0,1\nC,0,1,1\nB,1,1,1\n";
+    Show(WithSession(Of({"--points", hill}), ReadSessionFile(Path("plot.kivo"))));
+    std::vector<std::string> names;
+    for (const PointSet& set : m_scene.PointSets())
+        names.push_back(set.name);
+    EXPECT_THAT(names, testing::ElementsAre("C", "renamed", "wells.csv", "hill.csv"));
+    EXPECT_EQ(m_scene.PointSets()[1].color.Packed(), b.color.Packed());
 }
 
 TEST_F(ViewerSessionTest, RemovesPointsAndCurves) {
