@@ -36,11 +36,12 @@ NODATA_value; then the values, the northernmost row first.
 .B Surfer grid
 Version 6 as text (DSAA) or binary (DSBB), and version 7 (DSRB).
 .TP
-.B XYZ
-Three numbers in a line, in the order of a grid, separated by blanks, commas or semicolons. Column names may come first.
+.B Points
+A table with x, y and z in each line, in any order, parted by blanks, tabs, commas or semicolons.
+Column names may come first. Scattered points become a grid.
 .TP
-.B CSV matrix
-Rows of values. Where the first cell is empty, the first row has the values of x and the first column those of y.
+.B Matrix
+Rows of values. Where the first cell is empty or a word, the first row has the values of x and the first column those of y.
 .TP
 .B Others
 What GDAL reads, where the program was built with it: GeoTIFF, netCDF and other rasters.
@@ -48,7 +49,7 @@ Its names for parts of files, such as NETCDF:sea.nc:depth, are understood.
 .PP
 Missing values become holes in the surface. At most 16777216 points are shown; larger rasters are read reduced.
 .PP
-Files of measure points and curves have x, y and z in each line, like XYZ, in any order.
+Files of measure points and curves are tables of points, too. The name \\- stands for the standard input.
 .SH OPTIONS
 A colour is six hexadecimal digits, with or without #, or a name such as red.
 What is not given follows from the data or is as it was in the last window; pictures do not depend on that.

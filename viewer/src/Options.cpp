@@ -193,8 +193,9 @@ void Describe(CLI::App& app, Options& options, Words& words) {
     app.footer(Footer());
     auto* const file = app.add_option("FILE", options.files,
                                       "Grids of points, the second and so on over the first: ESRI ASCII "
-                                      "grid, Surfer grid, XYZ, CSV matrix" +
-                                          std::string(HasGdal() ? ", or what GDAL reads" : ""));
+                                      "grid, Surfer grid, points, matrix" +
+                                          std::string(HasGdal() ? ", or what GDAL reads" : "") +
+                                          "; - for the standard input");
     auto* const function =
         app.add_option("--function", options.function, "Formula such as \"sin(x)*cos(y)\"");
     auto* const picture =
@@ -220,8 +221,9 @@ void Describe(CLI::App& app, Options& options, Words& words) {
         ->check(CLI::Range(0, 3).description(""));
     DescribeViewpoint(app, words);
     DescribeSurfaces(app, words);
-    app.add_option("--points", options.pointFiles,
-                   "Measure points, x y z in each line; may be repeated, a group for each file, named by it")
+    app.add_option(
+           "--points", options.pointFiles,
+           "Measure points, x y z in each line; may be repeated, a group for each file or each name in it")
         ->type_name("FILE")
         ->allow_extra_args(false);
     app.add_option("--curve", options.curveFiles, "Points of a curve, x y z in each line; may be repeated")
