@@ -13,14 +13,31 @@ namespace {
 GridData ReadWithPath(const std::string& path, const ReadOptions& reading) {
     GridData grid = ReadGridFile(path, {}, reading);
     grid.path = path;
+    grid.reading = reading;
     return grid;
 }
 
+// A session says for each of its files how it is read, which come before the others.
+const ReadOptions& ReadingOf(const Options& options, std::size_t file) {
+    const bool isSaved = options.session && file < options.session->surfaces.size();
+    return isSaved ? options.session->surfaces[file].reading : options.reading;
+}
+
+const ReadOptions& ReadingOf(const Options& options, PointSet::Kind kind, const std::string& path) {
+    if (options.session)
+        for (const PointSet& set : options.session->points)
+            if (set.kind == kind && set.path == path) return set.reading;
+    return options.reading;
+}
+
 void LoadPoints(const Options& options, Content& content) {
+    const auto read = [&options](PointSet::Kind kind, const std::string& path) {
+        return ReadPointFile(path, ReadingOf(options, kind, path));
+    };
     for (const std::string& path : options.pointFiles)
-        content.measureGroups.push_back(ReadPointFile(path, options.reading));
+        content.measureGroups.push_back(read(PointSet::Kind::measureGroup, path));
     for (const std::string& path : options.curveFiles)
-        content.curves.push_back(ReadPointFile(path, options.reading));
+        content.curves.push_back(read(PointSet::Kind::curve, path));
 }
 
 // A session of the sample names no file for the first surface.
@@ -30,7 +47,7 @@ bool HasFile(const Options& options) {
 
 GridData LoadFirst(const Options& options, const Content& content, GridData (*sample)()) {
     if (!options.function.empty()) return MakeFormulaGrid(options.function, options.x, options.y);
-    if (HasFile(options)) return ReadWithPath(options.files.front(), options.reading);
+    if (HasFile(options)) return ReadWithPath(options.files.front(), ReadingOf(options, 0));
     std::vector<PointFile> points = content.measureGroups;
     points.insert(points.end(), content.curves.begin(), content.curves.end());
     return points.empty() ? sample() : BoxAround(points);
@@ -45,7 +62,7 @@ Content LoadContent(const Options& options, GridData (*sample)()) {
     LoadPoints(options, content);
     if (!HasFile(options)) content.grid = LoadFirst(options, content, sample);
     for (std::size_t i = 1; i < options.files.size(); ++i)
-        content.surfaces.push_back(ReadWithPath(options.files[i], options.reading));
+        content.surfaces.push_back(ReadWithPath(options.files[i], ReadingOf(options, i)));
     return content;
 }
 

@@ -191,7 +191,10 @@ std::vector<std::string> PartsOf(GDALDatasetH dataset) {
     std::string list;
     for (const std::string& part : parts)
         list += (list.empty() ? "" : ", ") + part;
-    throw Failure(path + ": several variables; open one of them by its whole name: " + list);
+    std::vector<Reading> readings;
+    for (const std::string& part : parts)
+        readings.push_back({part.substr(part.find_last_of(':') + 1), part, {}});
+    throw OpenQuestion(path + ": several variables; open one of them by its whole name: " + list, readings);
 }
 
 int BandOf(GDALDatasetH dataset, int wanted, const std::string& path) {

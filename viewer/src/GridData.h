@@ -1,6 +1,8 @@
 // The grid of points that the viewer shows.
 #pragma once
 
+#include "ReadOptions.h"
+
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -19,6 +21,7 @@ struct GridData {
     double origin[3] = {0.0, 0.0, 0.0}; ///< of x, y and z; 0 where single precision holds them as they are
     std::string title;                  ///< of the plot
     std::string path;                   ///< of the file; empty for others
+    ReadOptions reading;                ///< how it was read
     std::string axisTitles[3] = {"X", "Y", "Z"};
     std::string note; ///< what of the file is not shown as it is, in one sentence, or empty
 

@@ -16,7 +16,7 @@ namespace KivoViewer {
 bool IsAsciiGridHeader(std::string_view line);
 GridData ReadAsciiGrid(TextLines& lines);
 
-GridData ReadMatrix(TextLines& lines, const TableLayout& layout);
+GridData ReadMatrix(TextLines& lines, const TableLayout& layout, const ReadOptions& options);
 
 /// A field in quotation marks, shortened to what a message can hold.
 std::string Quoted(std::string_view field);

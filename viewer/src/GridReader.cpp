@@ -63,6 +63,18 @@ bool BeginsWithRow(const std::vector<std::vector<double>>& rows) {
     return false;
 }
 
+[[noreturn]] void AskWhatColumnsAre(const std::string& name, const TableLayout& layout, ReadOptions options) {
+    options.columns = {"1", "2", "3"};
+    const Reading points = {"Points: x, y and z are the first three columns", name, options};
+    options.columns = {"all"};
+    const Reading matrix = {"A matrix of values", name, options};
+    throw OpenQuestion(
+        name + ": " + std::to_string(layout.columnCount) +
+            " numbers in each line are points, or a matrix of values; --columns 1,2,3 or --columns all "
+            "says it",
+        {points, matrix});
+}
+
 // Whether a table holds points, not a matrix of values. Without names both look alike: few columns of many
 // lines, or of a row of a grid, are not taken for either.
 bool HasPoints(const std::string& name, const TableLayout& layout, const ReadOptions& options) {
@@ -76,10 +88,7 @@ bool HasPoints(const std::string& name, const TableLayout& layout, const ReadOpt
         return !EndsInCsv(name) || rows.size() >= fewLines || rows.size() < 2 ||
                AreNeighbours(rows[0], rows[1]);
     if (layout.columnCount <= mostColumns && layout.fits && (rows.size() >= manyLines || BeginsWithRow(rows)))
-        throw Failure(
-            name + ": " + std::to_string(layout.columnCount) +
-            " numbers in each line are points, or a matrix of values; --columns 1,2,3 or --columns all "
-            "says it");
+        AskWhatColumnsAre(name, layout, options);
     return false;
 }
 
@@ -110,7 +119,7 @@ GridData ReadWhole(std::string_view text, const std::string& name, const Progres
     if (IsAsciiGridHeader(first.Line())) return ReadAsciiGrid(lines);
     const TableLayout layout = LayoutOf(TextLines(text, name), options);
     return HasPoints(name, layout, options) ? ReadPointGrid(lines, options, progress)
-                                            : ReadMatrix(lines, layout);
+                                            : ReadMatrix(lines, layout, options);
 }
 
 // The indices of the coordinates in a range, as first and behind the last.

@@ -7,6 +7,7 @@
 #include "PlotWidget.h"
 #include "PointsPanel.h"
 #include "Preferences.h"
+#include "ReadDialogs.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -49,12 +50,32 @@ GridData ReadWithDialog(QWidget* parent, const QString& path) {
     dialog.setWindowTitle("Kivo Viewer");
     dialog.setWindowModality(Qt::WindowModal);
     dialog.setMinimumDuration(400);
-    GridData grid = ReadGridFile(NameOf(path), [&dialog](double share) {
+    const Progress progress = [&dialog](double share) {
         dialog.setValue(std::min(static_cast<int>(share * steps), steps - 1)); // handles the user's input too
         return !dialog.wasCanceled();
-    });
-    grid.path = NameOf(path);
-    return grid;
+    };
+    Reading reading = {{}, NameOf(path), {}};
+    while (true) {
+        reading.options.askForGrid = [&](std::size_t points, GridMethod& method, double& cell) {
+            dialog.reset();
+            if (!AskForGrid(parent, points, method, cell)) return false;
+            reading.options.method = method; // to read it so again
+            reading.options.cell = cell;
+            return true;
+        };
+        try {
+            GridData grid = ReadGridFile(reading.path, progress, reading.options);
+            reading.options.askForGrid = {};
+            grid.path = reading.path;
+            grid.reading = reading.options;
+            return grid;
+        } catch (const OpenQuestion& question) {
+            dialog.reset();
+            const Reading* const answer = AskForReading(parent, question);
+            if (!answer) throw Cancelled();
+            reading = *answer;
+        }
+    }
 }
 
 QSpinBox* AddNumber(QFormLayout* form, const QString& label, int value, int most, const QString& unit) {

@@ -24,9 +24,9 @@ std::vector<double> CountingFrom0(std::size_t count) {
 
 } // namespace
 
-GridData ReadMatrix(TextLines& lines, const TableLayout& layout) {
+GridData ReadMatrix(TextLines& lines, const TableLayout& layout, const ReadOptions& options) {
     lines.Next();
-    CheckDecimalMark(lines, layout);
+    CheckDecimalMark(lines, layout, options);
     std::vector<std::string_view> fields;
     SplitRow(lines.Line(), layout, fields);
     const std::size_t width = fields.size();

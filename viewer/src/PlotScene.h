@@ -25,8 +25,9 @@ struct PointSet {
     std::string name;
     Color color;
     bool isShown = true;
-    std::string path = {};  ///< of its file; empty for others
-    std::string group = {}; ///< of a file with several: the one that it is
+    std::string path = {};    ///< of its file; empty for others
+    std::string group = {};   ///< of a file with several: the one that it is
+    ReadOptions reading = {}; ///< how the file was read
 };
 
 /// A surface, as the viewer lists it.
@@ -36,7 +37,8 @@ struct SurfaceEntry {
     bool isShown = true;
     bool hasLines = false; ///< frame lines
     SurfaceLooks looks;
-    std::string path = {}; ///< of its file; empty for others
+    std::string path = {};    ///< of its file; empty for others
+    ReadOptions reading = {}; ///< how the file was read
 };
 
 /// How a surface is shown that is the first, second and so on, where nobody says: the first by its values,

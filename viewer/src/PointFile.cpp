@@ -23,7 +23,8 @@ std::vector<PointFile> GroupsOf(const PointFile& file) {
         auto group = std::find_if(groups.begin(), groups.end(),
                                   [&label](const PointFile& other) { return other.name == label; });
         if (group == groups.end() && groups.size() == maxGroups) return {file};
-        if (group == groups.end()) group = groups.insert(groups.end(), {label, {}, {}, file.path, label});
+        if (group == groups.end())
+            group = groups.insert(groups.end(), {label, {}, {}, file.path, label, file.reading});
         const auto first = file.points.begin() + static_cast<std::ptrdiff_t>(3 * i);
         group->points.insert(group->points.end(), first, first + 3);
     }
@@ -47,6 +48,7 @@ PointFile ReadPoints(std::string_view text, const std::string& name, const ReadO
 PointFile ReadPointFile(const std::string& path, const ReadOptions& options) {
     PointFile file = ReadPoints(ReadFileText(path), path == standardInput ? "standard input" : path, options);
     file.path = path;
+    file.reading = options;
     return file;
 }
 

@@ -16,6 +16,7 @@ struct PointFile {
     std::vector<std::string> labels = {}; ///< of the points, or none
     std::string path = {};                ///< of the file, as it was given
     std::string group = {};               ///< of a file with several: the label that all these points have
+    ReadOptions reading = {};             ///< how it was read
 
     std::size_t Count() const { return points.size() / 3; }
 };

@@ -11,7 +11,7 @@ namespace KivoViewer {
 
 namespace {
 
-constexpr double hole = std::numeric_limits<double>::quiet_NaN();
+constexpr double missingPoint = std::numeric_limits<double>::quiet_NaN();
 
 struct Lattice {
     std::vector<double> x;
@@ -72,7 +72,7 @@ std::optional<Lattice> LatticeOf(const PointTable& table) {
     if (columns > maxPointCount / lattice.y.size()) return std::nullopt;
     const std::size_t places = columns * lattice.y.size();
     if (places / mostPlaces > table.Count()) return std::nullopt;
-    lattice.z.assign(places, hole);
+    lattice.z.assign(places, missingPoint);
     lattice.isThere.assign(places, false);
     for (std::size_t i = 0; i < table.Count(); ++i) {
         const std::size_t place = IndexOf(lattice.y, table.y[i]) * columns + IndexOf(lattice.x, table.x[i]);

@@ -34,7 +34,7 @@ PointTable ReadPointTable(TextLines& lines, const ReadOptions& options, bool has
     PointTable table;
     table.file = lines.Name();
     if (!lines.Next()) throw Failure(lines.Name() + ": no points");
-    CheckDecimalMark(lines, layout);
+    CheckDecimalMark(lines, layout, options);
     const auto columns = PointColumns(lines, layout, options);
     table.note = NoteOn(layout, columns);
     if (!layout.names.empty()) {

@@ -1,8 +1,12 @@
 // What the user says of files where these leave something open.
 #pragma once
 
+#include "Failure.h"
+
+#include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace KivoViewer {
@@ -43,7 +47,29 @@ struct ReadOptions {
     double radius = 0.0; ///< of such a grid: the longest edge of a triangle, or how far a point reaches; 0:
                          ///< any, or three distances
 
+    /// Asked how a grid is made of so many scattered points where the method is not given; may be empty.
+    /// Method and cell size are what is suggested, and may be changed. Returns whether to go on.
+    std::function<bool(std::size_t points, GridMethod& method, double& cell)> askForGrid;
+
     bool IsMatrix() const { return columns.size() == 1; }
+};
+
+/// How a file may be meant.
+struct Reading {
+    std::string words; ///< for a choice
+    std::string path;  ///< of the file, or of its part
+    ReadOptions options;
+};
+
+/// A file that may be meant in several ways: the message says how the command line chooses.
+class OpenQuestion : public Failure {
+public:
+    OpenQuestion(const std::string& message, std::vector<Reading> readings)
+        : Failure(message), m_readings(std::move(readings)) {}
+    const std::vector<Reading>& Readings() const { return m_readings; }
+
+private:
+    std::vector<Reading> m_readings;
 };
 
 } // namespace KivoViewer

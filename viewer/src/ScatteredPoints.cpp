@@ -23,13 +23,13 @@ namespace KivoViewer {
 
 namespace {
 
-constexpr double hole = std::numeric_limits<double>::quiet_NaN();
+constexpr double noValue = std::numeric_limits<double>::quiet_NaN();
 
-struct Extent {
+struct Reach {
     double least = std::numeric_limits<double>::infinity();
     double most = -std::numeric_limits<double>::infinity();
 
-    explicit Extent(const std::vector<double>& numbers) {
+    explicit Reach(const std::vector<double>& numbers) {
         for (const double number : numbers) {
             least = std::min(least, number);
             most = std::max(most, number);
@@ -49,7 +49,7 @@ struct Points {
     std::vector<double> z;
 
     explicit Points(const PointTable& table) {
-        const Extent extentX(table.x), extentY(table.y);
+        const Reach extentX(table.x), extentY(table.y);
         originX = extentX.least;
         originY = extentY.least;
         width = extentX.Length();
@@ -104,7 +104,7 @@ struct Raster {
         CheckSize(name, wide, high);
         columns = static_cast<std::size_t>(std::max(wide, 2.0));
         rows = static_cast<std::size_t>(std::max(high, 2.0));
-        z.assign(columns * rows, hole);
+        z.assign(columns * rows, noValue);
     }
 };
 
@@ -198,28 +198,28 @@ int GdalProgress(double share, const char*, void* progress) {
     return !report || report(0.5 + share / 2.0);
 }
 
-void FillByDistance(const std::string& name, const Points& points, const ReadOptions& options, Raster& raster,
-                    const Progress& progress) {
+void FillByDistance(const std::string& name, const Points& points, GridMethod method, double wantedRadius,
+                    Raster& raster, const Progress& progress) {
     GDALGridNearestNeighborOptions nearest = {};
     nearest.nSizeOfStructure = sizeof nearest;
-    nearest.dfNoDataValue = hole;
+    nearest.dfNoDataValue = noValue;
     GDALGridInverseDistanceToAPowerNearestNeighborOptions inverse = {};
     inverse.nSizeOfStructure = sizeof inverse;
     inverse.dfPower = 2.0;
     inverse.nMaxPoints = 12;
     inverse.nMinPoints = 1;
-    inverse.dfNoDataValue = hole;
+    inverse.dfNoDataValue = noValue;
     constexpr double usualRadius = 3.0; // distances of points
-    const double radius = options.radius > 0.0 ? options.radius : usualRadius * points.Spacing();
+    const double radius = wantedRadius > 0.0 ? wantedRadius : usualRadius * points.Spacing();
     nearest.dfRadius1 = nearest.dfRadius2 = inverse.dfRadius = radius;
-    const bool isNearest = *options.method == GridMethod::nearest;
-    const void* const method = isNearest ? static_cast<const void*>(&nearest) : &inverse;
+    const bool isNearest = method == GridMethod::nearest;
+    const void* const details = isNearest ? static_cast<const void*>(&nearest) : &inverse;
     const double half = raster.cell / 2.0; // GDAL has the centres of cells between the ends
     const double right = (static_cast<double>(raster.columns) - 0.5) * raster.cell;
     const double top = (static_cast<double>(raster.rows) - 0.5) * raster.cell;
     Progress report = progress;
     const CPLErr result = GDALGridCreate(
-        isNearest ? GGA_NearestNeighbor : GGA_InverseDistanceToAPowerNearestNeighbor, method,
+        isNearest ? GGA_NearestNeighbor : GGA_InverseDistanceToAPowerNearestNeighbor, details,
         static_cast<GUInt32>(points.x.size()), points.x.data(), points.y.data(), points.z.data(), -half,
         right, -half, top, static_cast<GUInt32>(raster.columns), static_cast<GUInt32>(raster.rows),
         GDT_Float64, raster.z.data(), GdalProgress, &report);
@@ -234,12 +234,15 @@ GridData GridScattered(const PointTable& table, const ReadOptions& options, cons
     const Points points(table);
     if (points.x.size() < 3 || !(points.width > 0.0) || !(points.height > 0.0) || AreInLine(points))
         throw Failure(table.file + ": a surface needs at least three points that do not lie on a line");
-    Raster raster(table.file, points, options.cell > 0.0 ? options.cell : CellFor(points));
-    const GridMethod method = options.method.value_or(GridMethod::linear);
+    GridMethod method = options.method.value_or(GridMethod::linear);
+    double cell = options.cell > 0.0 ? options.cell : CellFor(points);
+    if (!options.method && options.askForGrid && !options.askForGrid(points.x.size(), method, cell))
+        throw Cancelled();
+    Raster raster(table.file, points, cell);
     if (method == GridMethod::linear)
         FillLinearly(table.file, points, options.radius, raster, progress);
     else
-        FillByDistance(table.file, points, options, raster, progress);
+        FillByDistance(table.file, points, method, options.radius, raster, progress);
     GridData grid =
         MakeGrid(table.file, EvenCoordinates(table.file, points.originX, raster.cell, raster.columns),
                  EvenCoordinates(table.file, points.originY, raster.cell, raster.rows), raster.z);

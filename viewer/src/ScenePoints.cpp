@@ -31,6 +31,7 @@ void PlotScene::AddCurve(const PointFile& file) {
     curve.index = m_curves.size();
     curve.name = file.name;
     curve.path = file.path;
+    curve.reading = file.reading;
     curve.color = curveColors[m_curves.size() % std::size(curveColors)];
     if (curve.color.Packed() == Color{0, 0, 0}.Packed()) curve.color = *Effective().ink;
     m_curves.push_back(curve);
@@ -57,6 +58,7 @@ PointSet PlotScene::MeasureGroup(std::size_t index, const PointFile& file) {
     PointSet group;
     group.index = index;
     group.path = file.path;
+    group.reading = file.reading;
     group.group = file.group;
     m_plotter.GetMeasureGroupName(number, &group.name);
     group.color = UnpackColor(m_plotter.GetMeasureGroupColor(number));

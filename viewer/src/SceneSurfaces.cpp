@@ -84,6 +84,7 @@ PlotScene::ShownSurface PlotScene::ShownOf(const GridData& grid) {
     ShownSurface shown = {{}, grid.ColumnCount(), grid.RowCount(), 0.0, 0.0};
     shown.entry.name = OneLine(grid.title);
     shown.entry.path = grid.path;
+    shown.entry.reading = grid.reading;
     float min = std::numeric_limits<float>::max();
     float max = std::numeric_limits<float>::lowest();
     for (const float z : grid.z) {

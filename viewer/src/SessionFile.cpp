@@ -33,9 +33,11 @@ QDir FolderOf(const std::string& path) {
     return QFileInfo(QFile::decodeName(path.c_str())).absoluteDir();
 }
 
-// From the folder of the session where it lies there, else with all folders.
+// From the folder of the session where it lies there, else with all folders; GDAL's names of variables as
+// they are.
 QString Named(const std::string& path, const QDir& folder) {
     if (path.empty()) return {};
+    if (!QFileInfo::exists(QFile::decodeName(path.c_str()))) return QFile::decodeName(path.c_str());
     const QString full = QFileInfo(QFile::decodeName(path.c_str())).absoluteFilePath();
     const QString relative = folder.relativeFilePath(full);
     return relative.startsWith("..") ? full : relative;
@@ -44,16 +46,40 @@ QString Named(const std::string& path, const QDir& folder) {
 std::string Found(const QJsonValue& name, const QDir& folder) {
     const QString text = name.toString();
     if (text.isEmpty()) return {};
+    const bool isFile = !text.contains(':') || QFileInfo::exists(folder.absoluteFilePath(text));
+    if (!isFile) return QFile::encodeName(text).toStdString();
     return QFile::encodeName(QDir::cleanPath(folder.absoluteFilePath(text))).toStdString();
 }
 
 // ---- Out ------------------------------------------------------------------------------------------------
+
+QString RegionText(const Region& region) {
+    return Words(FormatNumber(region.x0) + ':' + FormatNumber(region.x1) + ':' + FormatNumber(region.y0) +
+                 ':' + FormatNumber(region.y1));
+}
+
+// By the names of the command line, and no more than is said.
+QJsonObject ToJson(const ReadOptions& reading) {
+    QStringList columns;
+    for (const std::string& column : reading.columns)
+        columns.append(Words(column));
+    QJsonObject object;
+    if (reading.band != 0) object["band"] = reading.band;
+    if (reading.region) object["region"] = RegionText(*reading.region);
+    if (!columns.isEmpty()) object["columns"] = columns.join(',');
+    if (reading.decimalMark) object["decimal"] = reading.decimalMark == ',' ? "comma" : "point";
+    if (reading.method) object["grid"] = Words(NameOf(*reading.method));
+    if (reading.cell > 0.0) object["cell"] = reading.cell;
+    if (reading.radius > 0.0) object["radius"] = reading.radius;
+    return object;
+}
 
 QJsonObject ToJson(const SurfaceEntry& surface, const QDir& folder) {
     return {{"file", Named(surface.path, folder)},
             {"name", Words(surface.name)},
             {"shown", surface.isShown},
             {"lines", surface.hasLines},
+            {"reading", ToJson(surface.reading)},
             {"opacity", surface.looks.opacity},
             {"color", surface.looks.color ? Words(FormatColor(*surface.looks.color)) : QString("values")}};
 }
@@ -62,6 +88,7 @@ QJsonObject ToJson(const PointSet& set, const QDir& folder) {
     return {{"kind", set.kind == PointSet::Kind::curve ? "curve" : "points"},
             {"file", Named(set.path, folder)},
             {"group", Words(set.group)},
+            {"reading", ToJson(set.reading)},
             {"name", Words(set.name)},
             {"shown", set.isShown},
             {"color", Words(FormatColor(set.color))}};
@@ -91,9 +118,23 @@ Color ColorOf(const QJsonValue& value) {
     return ParseColor(value.toString().toStdString());
 }
 
+ReadOptions ReadingFrom(const QJsonObject& object) {
+    ReadOptions reading;
+    reading.band = std::max(object["band"].toInt(), 0);
+    if (object.contains("region")) reading.region = ParseRegion(object["region"].toString().toStdString());
+    if (object.contains("columns"))
+        reading.columns = ParseColumns(object["columns"].toString().toStdString());
+    if (object.contains("decimal")) reading.decimalMark = object["decimal"].toString() == "comma" ? ',' : '.';
+    if (object.contains("grid")) reading.method = ParseGridMethod(object["grid"].toString().toStdString());
+    reading.cell = std::max(object["cell"].toDouble(), 0.0);
+    reading.radius = std::max(object["radius"].toDouble(), 0.0);
+    return reading;
+}
+
 SurfaceEntry SurfaceFrom(const QJsonObject& object, const QDir& folder) {
     SurfaceEntry surface;
     surface.path = Found(object["file"], folder);
+    surface.reading = ReadingFrom(object["reading"].toObject());
     surface.name = object["name"].toString().toStdString();
     surface.isShown = object["shown"].toBool(true);
     surface.hasLines = object["lines"].toBool(false);
@@ -109,6 +150,7 @@ PointSet PointsFrom(const QJsonObject& object, const QDir& folder, std::size_t (
     if (isCurve) set.kind = PointSet::Kind::curve;
     set.index = counts[isCurve ? 1 : 0]++;
     set.path = Found(object["file"], folder);
+    set.reading = ReadingFrom(object["reading"].toObject());
     set.group = object["group"].toString().toStdString();
     set.name = object["name"].toString().toStdString();
     set.isShown = object["shown"].toBool(true);

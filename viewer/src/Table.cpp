@@ -235,10 +235,13 @@ void SplitRow(std::string_view line, const TableLayout& layout, std::vector<std:
         fields.pop_back();
 }
 
-void CheckDecimalMark(const TextLines& lines, const TableLayout& layout) {
-    if (!layout.doubtful.empty())
-        throw Failure(lines.Name() + ": the comma of " + Quoted(layout.doubtful) +
-                      " may be a decimal mark or part thousands; --decimal comma or --decimal point says it");
+void CheckDecimalMark(const TextLines& lines, const TableLayout& layout, ReadOptions options) {
+    if (layout.doubtful.empty()) return;
+    options.decimalMark = ',';
+    throw OpenQuestion(
+        lines.Name() + ": the comma of " + Quoted(layout.doubtful) +
+            " may be a decimal mark or part thousands; --decimal comma or --decimal point says it",
+        {{"Commas are decimal marks", lines.Name(), options}});
 }
 
 TableLayout LayoutOf(TextLines lines, const ReadOptions& options) {

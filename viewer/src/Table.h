@@ -40,8 +40,9 @@ std::array<std::size_t, 3> PointColumns(const TextLines& lines, const TableLayou
 /// Cuts a line into its fields, without the quotation marks around them.
 void SplitRow(std::string_view line, const TableLayout& layout, std::vector<std::string_view>& fields);
 
-/// Fails where a number of the first lines may be meant in two ways.
-void CheckDecimalMark(const TextLines& lines, const TableLayout& layout);
+/// Throws an OpenQuestion where a number of the first lines may be meant in two ways.
+/// @param options  the others of what the user says
+void CheckDecimalMark(const TextLines& lines, const TableLayout& layout, ReadOptions options);
 
 /// A field's number; nothing for any other text.
 std::optional<double> TableNumber(std::string_view field, const TableLayout& layout);

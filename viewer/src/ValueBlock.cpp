@@ -31,7 +31,7 @@ const char* SkipBlanks(const char* place, const char* end) {
 }
 
 // What of a piece's numbers is the same for all.
-struct Row {
+struct RowPattern {
     std::size_t columns;
     double noData;
     bool isMarkRounded; // the mark compares in single precision, too
@@ -44,7 +44,7 @@ struct Row {
 };
 
 // Takes the numbers of a line. @return what follows them, or null where there is anything else
-const char* TakeRow(const char* place, const char* end, const Row& row, std::vector<double>& values) {
+const char* TakeRow(const char* place, const char* end, const RowPattern& row, std::vector<double>& values) {
     for (std::size_t column = 0; column < row.columns; ++column) {
         place = SkipBlanks(place, end);
         double number = 0.0;
@@ -60,7 +60,7 @@ const char* TakeRow(const char* place, const char* end, const Row& row, std::vec
     return *place == '\n' ? place + 1 : nullptr;
 }
 
-Values ReadPiece(std::string_view text, const Row& row) {
+Values ReadPiece(std::string_view text, const RowPattern& row) {
     std::vector<double> values;
     const char* place = text.data();
     const char* const end = place + text.size();
@@ -84,7 +84,7 @@ std::string_view TakePiece(std::string_view& text) {
 Values ReadValueBlock(std::string_view text, std::size_t columns, std::size_t rows, double noData,
                       const Progress& progress) {
     const unsigned int threads = std::clamp(std::thread::hardware_concurrency(), 1U, mostThreads);
-    const Row row = {columns, noData, FitsSinglePrecision(noData)};
+    const RowPattern row = {columns, noData, FitsSinglePrecision(noData)};
     const auto size = static_cast<double>(text.size());
     while (!text.empty() && (IsBlank(text.back()) || text.back() == '\n'))
         text.remove_suffix(1);

@@ -116,7 +116,7 @@ TEST_F(ViewerGriddingTest, TakesTheCellsFromTheDensity) {
     const GridData coarse = ReadGrid(Scattered(30), "s.xyz");
     EXPECT_EQ(coarse.ColumnCount(), 101U);
     EXPECT_THAT(coarse.note, HasSubstr("linear on cells of 1"));
-    EXPECT_EQ(ReadGrid(Scattered(40000), "s.xyz").note, "40004 scattered points, linear on cells of 0.25");
+    EXPECT_EQ(ReadGrid(Scattered(10000), "s.xyz").note, "10004 scattered points, linear on cells of 0.5");
 }
 
 // Of a triangle the half of its square has values.

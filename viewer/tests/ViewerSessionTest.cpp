@@ -162,6 +162,24 @@ TEST_F(ViewerSessionTest, KnowsTheGroupsOfAFileApart) {
     EXPECT_EQ(m_scene.PointSets()[1].color.Packed(), b.color.Packed());
 }
 
+TEST_F(ViewerSessionTest, ReadsEachFileAsItWasRead) {
+    const std::string table = Path("table.csv");
+    std::ofstream(table) << "x;y;z;v\n0;0;1;5\n1;0;1;6,5\n0;1;1;7\n1;1;1;8\n";
+    Show(Of({table, "--columns", "x,y,v", "--decimal", "comma", "--points", table, "--region", "0:1:0:1"}));
+    const Image before = Draw();
+    WriteSessionFile(SessionOf(m_scene), Path("plot.kivo"));
+
+    Show(Of({plane}));
+    EXPECT_GT(Compare(before, Draw()).max, 50);
+    Show(WithSession(Of({"--columns", "all"}), ReadSessionFile(Path("plot.kivo"))));
+    EXPECT_EQ(Compare(before, Draw()).max, 0);
+    const ReadOptions reading = m_scene.Surfaces()[0].reading;
+    EXPECT_EQ(reading.decimalMark, ',');
+    EXPECT_THAT(reading.columns, testing::ElementsAre("x", "y", "v"));
+    ASSERT_TRUE(reading.region);
+    EXPECT_EQ(reading.region->x1, 1.0);
+}
+
 TEST_F(ViewerSessionTest, RemovesPointsAndCurves) {
     const Image before = Draw();
     for (const char* const name : {"a", "b", "c"}) {

@@ -1,4 +1,5 @@
 // The viewer's window: files in, pictures out, dialogs, and what it remembers.
+#include "GdalReader.h"
 #include "support/Image.h"
 #include "support/PngImage.h"
 #include "support/X11TestWindow.h"
@@ -241,6 +242,37 @@ TEST_F(ViewerWindowFilesTest, SaysWhatIsWrongWithAFile) {
     Press(escapeKey);
     WaitForNoDialog();
     ExpectStart(Settled());
+}
+
+// The suggestion is taken by Return.
+TEST_F(ViewerWindowFilesTest, AsksHowAGridIsMadeOfScatteredPoints) {
+    if (!KivoViewer::HasGdal()) GTEST_SKIP() << "built without GDAL";
+    std::ofstream(Path("points.xyz")) << "0 0 1\n10 1 2\n2 10 3\n11 9 7\n5 4 0\n";
+    const Image opened = After("open", [this] {
+        OpenByDialog(Path("points.xyz"));
+        Keep(Grab(AreaOf(WaitForDialog("Scattered points"))), "question");
+        Press(returnKey);
+        WaitForNoDialog();
+    });
+    Start({Path("points.xyz"), "--size", "800x600"});
+    EXPECT_EQ(Compare(opened, m_start).max, 0);
+    OpenByDialog(Path("points.xyz"));
+    WaitForDialog("Scattered points");
+    Press(escapeKey);
+    WaitForNoDialog();
+    ExpectStart(Settled());
+}
+
+TEST_F(ViewerWindowFilesTest, AsksWhatATableIs) {
+    std::ofstream(Path("table.xyz")) << "0 0 1 9\n1 0 2 8\n2 0 3 7\n0 1 4 6\n1 1 5 5\n2 1 6 4\n";
+    const Image opened = After("open", [this] {
+        OpenByDialog(Path("table.xyz"));
+        Keep(Grab(AreaOf(WaitForDialog("Kivo Viewer"))), "question");
+        Press(returnKey);
+        WaitForNoDialog();
+    });
+    Start({Path("table.xyz"), "--columns", "1,2,3", "--size", "800x600"});
+    EXPECT_EQ(Compare(opened, m_start).max, 0);
 }
 
 TEST_F(ViewerWindowFilesTest, ReadsLargeFilesWithAWayOut) {

@@ -38,17 +38,31 @@ void Check(const KivoViewer::PointFile& file) {
         Require(std::isfinite(coordinate));
 }
 
+KivoViewer::ReadOptions OptionsOf(unsigned int bits) {
+    constexpr KivoViewer::GridMethod methods[] = {KivoViewer::GridMethod::linear,
+                                                  KivoViewer::GridMethod::nearest,
+                                                  KivoViewer::GridMethod::inverseDistance};
+    KivoViewer::ReadOptions options;
+    if ((bits & 1U) != 0) options.columns = {"1", "2", "x"};
+    if ((bits & 2U) != 0) options.decimalMark = ',';
+    if ((bits & 4U) != 0) options.region = KivoViewer::Region{-2.0, 20.0, 0.0, 30.0};
+    if ((bits & 24U) != 0) options.method = methods[(bits >> 3U & 3U) - 1U];
+    return options;
+}
+
 } // namespace
 
-/// The first byte chooses the file's name and whether it holds a grid or single points, the rest is its text.
+/// The first byte chooses the file's name, whether it holds a grid or single points, and what the user says
+/// of it; the rest is its text.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size == 0) return 0;
     const std::string_view text(reinterpret_cast<const char*>(data) + 1, size - 1);
+    const KivoViewer::ReadOptions options = OptionsOf(data[0] >> 2U);
     try {
         if ((data[0] & 2) != 0)
-            Check(KivoViewer::ReadPoints(text, "points.csv"));
+            Check(KivoViewer::ReadPoints(text, "points.csv", options));
         else
-            Check(KivoViewer::ReadGrid(text, (data[0] & 1) != 0 ? "grid.csv" : "grid.txt"));
+            Check(KivoViewer::ReadGrid(text, (data[0] & 1) != 0 ? "grid.csv" : "grid.txt", {}, options));
     } catch (const KivoViewer::Failure& failure) {
         Require(!KivoViewer::OneLine(failure.what()).empty());
     }
