@@ -31,6 +31,12 @@ void AddFileMenu(MenuTable& table) {
                      "Lay other grids of points over the one that is shown",
                      Command::addSurface,
                      {}});
+    table.push_back({menu,
+                     "Su&btract a grid...",
+                     "Ctrl+Shift+L",
+                     "Show by how much the first surface differs from another grid",
+                     Command::subtract,
+                     {}});
     table.push_back({menu, "Add measure &points...", "Ctrl+M", "Add measure points", Command::addPoints, {}});
     table.push_back({menu, "Add &curves...", "Ctrl+U", "Add curves", Command::addCurves, {}});
     AddLine(table);

@@ -15,6 +15,7 @@ enum class Command {
     addSurface,
     addPoints,
     addCurves,
+    subtract,
     saveSession,
     reload,
     watchFiles, ///< checked while they are

@@ -1,5 +1,6 @@
 #include "Content.h"
 
+#include "Difference.h"
 #include "FormulaGrid.h"
 #include "GridReader.h"
 #include "PlotScene.h"
@@ -61,6 +62,8 @@ Content LoadContent(const Options& options, GridData (*sample)()) {
         content.grid = LoadFirst(options, content, sample); // whatever is wrong there comes first
     LoadPoints(options, content);
     if (!HasFile(options)) content.grid = LoadFirst(options, content, sample);
+    if (!options.minus.empty())
+        content.grid = DifferenceOf(content.grid, ReadGridFile(options.minus, {}, options.reading));
     for (std::size_t i = 1; i < options.files.size(); ++i)
         content.surfaces.push_back(ReadWithPath(options.files[i], ReadingOf(options, i)));
     return content;

@@ -80,6 +80,7 @@ MainWindow::MainWindow(const Content& content, const Options& options) : m_plot(
     ShowTitle(content.grid);
     if (!options.files.empty()) m_path = QFile::decodeName(options.files.front().c_str());
     m_function = {options.function, options.x, options.y};
+    m_minus = options.minus;
     m_isWatching = options.watches;
     WatchFiles();
     m_plot->Redraw();
@@ -162,6 +163,8 @@ void MainWindow::Do(const MenuEntry& entry) {
         return AddPointFiles(PointSet::Kind::curve);
     case Command::saveSession:
         return SaveSession();
+    case Command::subtract:
+        return Subtract();
     case Command::reload:
         return Reload();
     case Command::watchFiles:

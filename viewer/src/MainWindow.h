@@ -78,6 +78,7 @@ private:
     bool OpenSession(const QString& path);
     void SaveSession();
     void Reload();
+    void Subtract();
     void WatchFiles();
 
     void OpenFile();
@@ -121,7 +122,8 @@ private:
     FileWatch* m_watch = nullptr;
     bool m_isWatching = false;
     Function m_function;
-    QString m_path; ///< of the grid file that is shown
+    std::string m_minus; ///< file of the grid that is subtracted from the first; or empty
+    QString m_path;      ///< of the grid file that is shown
     bool m_isComplete = false;
 };
 

@@ -184,6 +184,7 @@ bool MainWindow::OpenPath(const QString& path) {
         if (!m_path.isEmpty() && QFileInfo(path) == QFileInfo(m_path)) Scene().ShowView(view);
         m_path = path;
         m_function = {};
+        m_minus.clear();
         m_history->clear();
         WatchFiles();
         ShowTitle(grid);

@@ -82,6 +82,7 @@ Session MainWindow::PresentSession() {
     session.function = m_function.text;
     session.x = m_function.x;
     session.y = m_function.y;
+    session.minus = m_minus;
     return session;
 }
 
@@ -91,6 +92,7 @@ void MainWindow::Show(Session session) {
     const Content content = LoadContent(options, ReadSample);
     ShowContent(Scene(), content, options);
     m_function = {options.function, options.x, options.y};
+    m_minus = options.minus;
     m_path = options.files.empty() ? QString() : QFile::decodeName(options.files.front().c_str());
     m_surfacesDock->setVisible(!content.surfaces.empty() || m_surfacesDock->isVisible());
     m_pointsDock->setVisible(!options.session->points.empty() || m_pointsDock->isVisible());
@@ -131,6 +133,20 @@ void MainWindow::Reload() {
     }
 }
 
+// What is set for one data set is not for their difference.
+void MainWindow::Subtract() {
+    const QString path = QFileDialog::getOpenFileName(this, "Subtract a grid of points");
+    if (path.isEmpty()) return;
+    Try(this, [&] {
+        Session session = PresentSession();
+        session.minus = QFile::encodeName(path).toStdString();
+        session.settings = WithoutDataSettings(session.settings);
+        session.surfaces.front().name.clear();
+        Show(std::move(session));
+        m_history->clear();
+    });
+}
+
 void MainWindow::WatchFiles() {
     QStringList paths;
     if (m_isWatching) {
@@ -140,6 +156,7 @@ void MainWindow::WatchFiles() {
         };
         for (const SurfaceEntry& surface : session.surfaces)
             add(surface.path);
+        add(session.minus);
         for (const PointSet& set : session.points)
             add(set.path);
     }

@@ -202,6 +202,8 @@ void Describe(CLI::App& app, Options& options, Words& words) {
         app.add_option("--picture", options.picture,
                        "Write the plot to a file of the format that its name ends in, or - for PNG "
                        "to the standard output; needs no display");
+    app.add_option("--minus", options.minus, "Grid that is subtracted from the first, at its points")
+        ->type_name("FILE");
     file->type_name("...");
     function->type_name("FORMULA")->excludes(file);
     DescribeReading(app, options, words);
@@ -370,7 +372,7 @@ Options ParseOptions(int argc, const char* const* argv) {
     // What is given empty was given by mistake, often an unset variable of a script.
     for (const std::string& file : options.files)
         if (file.empty()) throw Failure("FILE: empty");
-    for (const char* const name : {"--function", "--picture", "--session"})
+    for (const char* const name : {"--function", "--picture", "--session", "--minus"})
         if (app.count(name) > 0 && app[name]->as<std::string>().empty())
             throw Failure(std::string(name) + ": empty");
     if (app.count("--x") > 0) options.x = RangeOf("--x", words.x);

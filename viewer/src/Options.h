@@ -29,6 +29,7 @@ struct Options {
     std::vector<SurfaceLooks> looks{1};     ///< of the surfaces: one at least, and one for each file
     ReadOptions reading;                    ///< how the files are read
     std::string function;                   ///< formula, or empty
+    std::string minus;                      ///< file of a grid that is subtracted from the first, or empty
     Range x;                                ///< of the formula
     Range y;                                ///< of the formula
     std::string picture;                    ///< file to write, "-" for the standard output, or empty

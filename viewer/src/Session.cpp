@@ -21,6 +21,7 @@ Options WithSession(Options options, Session session) {
     options.function = session.function;
     options.x = session.x;
     options.y = session.y;
+    if (options.minus.empty()) options.minus = session.minus;
     options.files.clear();
     options.looks.clear();
     for (const SurfaceEntry& surface : session.surfaces) {
@@ -78,6 +79,7 @@ void ShowSession(PlotScene& scene, const Session& session) {
     for (std::size_t i = 0; i < std::min(surfaces.size(), session.surfaces.size()); ++i) {
         SurfaceEntry surface = session.surfaces[i];
         surface.number = surfaces[i].number;
+        if (surface.name.empty()) surface.name = surfaces[i].name;
         scene.ChangeSurface(surface);
     }
     ShowPoints(scene, session.points);

@@ -20,6 +20,7 @@ struct Session {
     std::string function;               ///< of the first surface; empty where it has a file, or is the sample
     Range x;                            ///< of the function
     Range y;                            ///< of the function
+    std::string minus;                  ///< file of a grid that is subtracted from the first; or empty
     std::vector<SurfaceEntry> surfaces; ///< the first, and those over it
     std::vector<PointSet> points;
     PlotSettings settings;

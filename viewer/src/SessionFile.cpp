@@ -196,6 +196,7 @@ Session SessionFrom(const QJsonObject& object, const QDir& folder) {
         session.x = ParseRange(object["x"].toString().toStdString());
         session.y = ParseRange(object["y"].toString().toStdString());
     }
+    session.minus = Found(object["minus"], folder);
     for (const QJsonValue& surface : object["surfaces"].toArray())
         session.surfaces.push_back(SurfaceFrom(surface.toObject(), folder));
     std::size_t counts[2] = {};
@@ -223,6 +224,7 @@ std::string WriteSession(const Session& session, const std::string& path) {
                           {"mode", session.settings.mode},
                           {"settings", ToJson(session.settings)}};
     if (session.view) object["view"] = ToJson(*session.view);
+    if (!session.minus.empty()) object["minus"] = Named(session.minus, folder);
     if (!session.function.empty()) {
         object["function"] = Words(session.function);
         object["x"] = Words(RangeText(session.x));
