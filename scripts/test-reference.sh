@@ -10,27 +10,36 @@ scripts/make-reference.sh
 
 # The headers that are documented are those that are installed; KivoBuild.h and KivoVersion.h, which are generated, have macros
 # only.
-installed=$(sed -n '/^set(kivo_headers$/,/)/p' KivoFunctionPlotter/CMakeLists.txt | grep -o 'include/[A-Za-z]*\.h' | sort)
-documented=$(grep -o 'include/[A-Za-z]*\.h' docs/Doxyfile | sort)
+installed=$({
+    sed -nE 's|^(.* )?(include/[A-Za-z]*\.h).*|KivoFunctionPlotter/\2|p' KivoFunctionPlotter/CMakeLists.txt
+    for folder in controls/*/; do
+        if [ -f "$folder/CMakeLists.txt" ]; then
+            sed -nE "s|.*HEADERS (include/[A-Za-z]*\.h).*|$folder\1|p" "$folder/CMakeLists.txt"
+        fi
+    done
+} | sort -u)
+documented=$(grep -oE '[A-Za-z/]*/include/[A-Za-z]*\.h' docs/Doxyfile | sort)
 [ -n "$installed" ]
 diff <(echo "$installed") <(echo "$documented")
 
 # Clang knows which parameters there are.
 built=${KIVO_BUILD:-build-release}/KivoFunctionPlotter/include
 for header in $documented; do
-    echo "#include \"$header\"" >>"$place/all.cpp"
+    case $header in
+    controls/* | */KivoPlotControl.h) ;; # of other systems
+    *) echo "#include \"$header\"" >>"$place/all.cpp" ;;
+    esac
 done
 clang-tidy --quiet --checks='-*,clang-diagnostic-*,readability-function-size' --warnings-as-errors='*' --header-filter='.*' \
-    "$place/all.cpp" -- -std=c++17 -Wdocumentation -IKivoFunctionPlotter "-I$built" "-I$built/Release" \
-    -IKivoFunctionPlotter/include
+    "$place/all.cpp" -- -std=c++17 -Wdocumentation -I. "-I$built" "-I$built/Release" -IKivoFunctionPlotter/include
 
 # Without its comments each header must be refused. The namespace keeps its own, or its functions would not count.
 for header in $documented; do
-    sed -E '\|^/// The plotter, and what|!s|///.*||' "KivoFunctionPlotter/$header" >"$place/bare.h"
-    if sed "s|KivoFunctionPlotter/$header|$place/bare.h|; s|build-reference|$place|" docs/Doxyfile |
-        doxygen - >"$place/words" 2>&1; then
+    bare=$place/$(basename "$header")
+    sed -E '\|^/// The plotter, and what|!s|///.*||; \|^/\*\*|,\|\*/|d' "$header" >"$bare"
+    if sed "s|$header|$bare|; s|build-reference|$place|" docs/Doxyfile | doxygen - >"$place/words" 2>&1; then
         echo "$header is accepted without comments"
         exit 1
     fi
-    grep -q 'bare.h.*is not documented' "$place/words"
+    grep -q "$bare.*is not documented" "$place/words"
 done

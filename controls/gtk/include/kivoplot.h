@@ -40,7 +40,9 @@ G_BEGIN_DECLS
  */
 typedef enum { KIVO_PLOT_KIND_NORMAL, KIVO_PLOT_KIND_XY, KIVO_PLOT_KIND_YZ, KIVO_PLOT_KIND_XZ } KivoPlotKind;
 
+/// The type of these kinds.
 #define KIVO_TYPE_PLOT_KIND (kivo_plot_kind_get_type())
+/// What KIVO_TYPE_PLOT_KIND is made of.
 KIVO_GTK4_API GType kivo_plot_kind_get_type(void);
 
 /**

@@ -76,9 +76,11 @@ public:
     /// As setGrid takes them, as one list of numbers, with as many columns as the property says: the item
     /// shows them when there are whole rows. What is no number in it is a missing value.
     QVariantList points() const;
+    /// Of points.
     int columns() const;
     /// Above the plot.
     QString title() const;
+    /// Which plot is shown.
     PlotType plotType() const;
     /// Whether the point under the pointer is shown, and told by pointTraced().
     bool isTracing() const;
@@ -95,16 +97,19 @@ public:
     /// The plot as it is shown at rest, in pixels of the device; null where nothing can be drawn.
     QImage picture();
 
+    /// @{
+    /// Sets the property.
     void setPoints(const QVariantList& points);
     void setColumns(int columns);
     void setTitle(const QString& title);
     void setPlotType(PlotType type);
     void setTracing(bool tracing);
     void setUpright(bool upright);
-    /// Factors other than 1 to 4 change nothing.
-    void setSmoothing(int factor);
     void setInkColor(const QColor& color);
     void setGroundColor(const QColor& color);
+    /// @}
+    /// Factors other than 1 to 4 change nothing.
+    void setSmoothing(int factor);
 
 public slots:
     /// Shows what has been set of the plotter.
@@ -117,6 +122,8 @@ public slots:
     bool savePicture(const QString& fileName);
 
 signals:
+    /// @{
+    /// The property is another one.
     void pointsChanged();
     void columnsChanged();
     void titleChanged();
@@ -126,6 +133,7 @@ signals:
     void smoothingChanged();
     void inkColorChanged();
     void groundColorChanged();
+    /// @}
     /// The point under the pointer while tracing, in data coordinates.
     void pointTraced(const QVector3D& point);
     /// There is no such point any more.

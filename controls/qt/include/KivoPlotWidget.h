@@ -85,6 +85,7 @@ public:
 
     /// Above the plot; empty at first, and without one.
     QString title() const;
+    /// Which plot is shown.
     PlotType plotType() const;
     /// Whether the point of the surface under the pointer is shown, and told by pointTraced(); at first it is
     /// not.
@@ -114,11 +115,14 @@ public:
     QSize minimumSizeHint() const override;
 
 public slots:
+    /// @{
+    /// Sets the property.
     void setTitle(const QString& title);
     void setPlotType(KivoPlotWidget::PlotType type);
     void setTracing(bool tracing);
     void setUpright(bool upright);
     void setReducedWhileMoving(bool reduced);
+    /// @}
     /// Factors other than 1 to 4 change nothing.
     void setSmoothing(int factor);
     /// Off again, ink and ground are those of a new plot.

@@ -28,6 +28,7 @@
 /// What a plot tells. Events are queued: a handler may do anything, also end the plot.
 class KIVO_WX_API wxKivoPlotEvent : public wxCommandEvent {
 public:
+    /// @param type  one of the four below
     explicit wxKivoPlotEvent(wxEventType type = wxEVT_NULL, int id = 0) : wxCommandEvent(type, id) {}
     wxEvent* Clone() const override { return new wxKivoPlotEvent(*this); }
 
