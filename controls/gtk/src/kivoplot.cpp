@@ -136,7 +136,8 @@ bool SetKind(CKivoFunctionPlotter& plotter, int kind) {
     constexpr int (CKivoFunctionPlotter::*show[])() = {
         &CKivoFunctionPlotter::SwitchToNormalPlot, &CKivoFunctionPlotter::SwitchToXYProjectPlot,
         &CKivoFunctionPlotter::SwitchToYZProjectPlot, &CKivoFunctionPlotter::SwitchToZXProjectPlot};
-    if (plotter.GetCurrentPlotType() != kind) (plotter.*show[kind])();
+    const auto showKind = show[kind];
+    if (plotter.GetCurrentPlotType() != kind) (plotter.*showKind)();
     return true;
 }
 
