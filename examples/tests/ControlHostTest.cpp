@@ -5,8 +5,8 @@
 #include "support/Desktop.h"
 #include "support/Image.h"
 #include "support/PngImage.h"
-#include "support/X11TestWindow.h"
 #include "support/WestonSession.h"
+#include "support/X11TestWindow.h"
 
 #include <gtest/gtest.h>
 

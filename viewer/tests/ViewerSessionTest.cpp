@@ -154,11 +154,11 @@ TEST_F(ViewerSessionTest, KnowsTheGroupsOfAFileApart) {
     WriteSessionFile(SessionOf(m_scene), Path("plot.kivo"));
 
     std::ofstream(named) << "D,0,0,1\nC,0,1,1\nB,1,1,1\n";
-    Show(WithSession(Of({"--points", hill}), ReadSessionFile(Path("plot.kivo"))));
+    Show(WithSession(Of({"--points", flight}), ReadSessionFile(Path("plot.kivo"))));
     std::vector<std::string> names;
     for (const PointSet& set : m_scene.PointSets())
         names.push_back(set.name);
-    EXPECT_THAT(names, testing::ElementsAre("C", "renamed", "wells.csv", "hill.csv"));
+    EXPECT_THAT(names, testing::ElementsAre("C", "renamed", "wells.csv", "flight.csv"));
     EXPECT_EQ(m_scene.PointSets()[1].color.Packed(), b.color.Packed());
 }
 
