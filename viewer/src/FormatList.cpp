@@ -13,7 +13,7 @@ std::string FormatList() {
                        "  Matrix of values\n";
     if (HasGdal()) list += "Grids read by GDAL:\n";
     for (const auto& [name, meaning] : GdalFormats())
-        list += "  " + name + " - " + meaning + '\n';
+        list.append("  ").append(name).append(" - ").append(meaning) += '\n';
     list += "Pictures written:\n";
     for (const std::string& ending : PictureEndings())
         list += "  " + ending + '\n';

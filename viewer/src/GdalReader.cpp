@@ -115,7 +115,8 @@ Window WindowOf(GDALDatasetH dataset, const Placement& place, const std::optiona
 // Of the cells that are read.
 std::vector<double> Centers(const std::string& path, double corner, double step, int first, int every,
                             int count) {
-    const double middle = first + every / 2 + 0.5;
+    const int middleCell = first + every / 2;
+    const double middle = middleCell + 0.5;
     return EvenCoordinates(path, corner + middle * step, every * step, static_cast<std::size_t>(count));
 }
 
@@ -192,6 +193,7 @@ std::vector<std::string> PartsOf(GDALDatasetH dataset) {
     for (const std::string& part : parts)
         list += (list.empty() ? "" : ", ") + part;
     std::vector<Reading> readings;
+    readings.reserve(parts.size());
     for (const std::string& part : parts)
         readings.push_back({part.substr(part.find_last_of(':') + 1), part, {}});
     throw OpenQuestion(path + ": several variables; open one of them by its whole name: " + list, readings);
