@@ -43,7 +43,7 @@ KivoViewer::ReadOptions OptionsOf(unsigned int bits) {
                                                   KivoViewer::GridMethod::nearest,
                                                   KivoViewer::GridMethod::inverseDistance};
     KivoViewer::ReadOptions options;
-    if ((bits & 1U) != 0) options.columns = {"1", "2", "x"};
+    if ((bits & 1U) != 0) options.columns = {"1", "2", "3"};
     if ((bits & 2U) != 0) options.decimalMark = ',';
     if ((bits & 4U) != 0) options.region = KivoViewer::Region{-2.0, 20.0, 0.0, 30.0};
     if ((bits & 24U) != 0) options.method = methods[(bits >> 3U & 3U) - 1U];
