@@ -1,4 +1,4 @@
-// The headers beyond the class: axis, colour map, legend, motion, style, surfaces, view.
+// The headers beyond the class: axis, colour map, legend, motion, style, surfaces, view. Contours.cpp has the rest.
 #include "Records.h"
 
 #include <KivoAxis.h>

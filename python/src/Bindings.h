@@ -118,6 +118,7 @@ void BindSurface(Members& members);
 void BindColor(Members& members);
 void BindAnnotation(Members& members);
 void BindOverlays(Members& members);
+void BindContours(Members& members);                // contours, points and cuts beyond the class
 void BindBeyond(Members& members);                  // the headers beyond the class
 void BindPicture(Members& members);                 // KivoPicture.h
 void BindPlotView(py::class_<View, Plotter>& type); // KivoPlotView.h

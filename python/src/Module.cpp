@@ -115,6 +115,7 @@ PYBIND11_MODULE(_kivoplot, module) {
     BindAnnotation(members);
     BindOverlays(members);
     BindBeyond(members);
+    BindContours(members);
     BindPicture(members);
     py::class_<View, Plotter> view(module, "PlotView", Doc("CKivoPlotView"),
                                    py::custom_type_setup(SetUp<View>));
