@@ -1,4 +1,5 @@
-// The headers beyond the class: axis, colour map, legend, motion, style, surfaces, view. Contours.cpp has the rest.
+// The headers beyond the class: axis, colour map, legend, motion, style, surfaces, view. Contours.cpp has the
+// rest.
 #include "Records.h"
 
 #include <KivoAxis.h>

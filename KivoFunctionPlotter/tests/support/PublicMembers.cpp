@@ -552,6 +552,13 @@ int GetLooks(P& plotter, A& source) {
     return GetSurface(plotter, source.Int(0), &looks);
 }
 
+// The axis itself, or a number that is none: what were set for others, sensible arguments would not
+// replace.
+int AxisOrNone(A& source, int axis) {
+    const int drawn = source.Int(axis);
+    return drawn >= 0 && drawn < 3 ? axis : drawn;
+}
+
 const std::vector<PublicMember> surfaceFunctions = {
     Member("AddSurface(grid, looks)", none, AddOneMore).Adds().Refuses(-3),
     Member("SetSurface(int, looks)", none,
@@ -572,7 +579,7 @@ const std::vector<PublicMember> surfaceFunctions = {
     Member("AxesFitSurfaces()", none, [](P& p, A&) { AxesFitSurfaces(p); }),
     Member("CutToAxis(int, flag)", none,
            [](P& p, A& a) {
-               const int axis = a.Int(2);
+               const int axis = AxisOrNone(a, 2);
                return CutToAxis(p, axis, a.Flag(true));
            })
         .Refuses(-3),
@@ -582,13 +589,6 @@ const std::vector<PublicMember> surfaceFunctions = {
 };
 
 // ---- KivoAxis.h
-
-// The axis itself, or a number that is none: what were set for others, sensible arguments would not
-// replace.
-int AxisOrNone(A& source, int axis) {
-    const int drawn = source.Int(axis);
-    return drawn >= 0 && drawn < 3 ? axis : drawn;
-}
 
 // Another one before the one that there is already, so that labels are made in every call.
 int SetOriginAnew(P& plotter, A& source) {
@@ -672,9 +672,12 @@ const std::vector<PublicMember> contourFunctions = {
 // ---- KivoPoints.h
 
 const std::vector<PublicMember> pointFunctions = {
-    Member("RemoveCurve(int)", none, [](P& p, A& a) { return RemoveCurve(p, a.Int(0)); }).Refuses(-2),
+    Member("RemoveCurve(int)", none, [](P& p, A& a) { return RemoveCurve(p, a.Int(0)); })
+        .Changes()
+        .Refuses(-2),
     Member("RemoveMeasureGroup(group)", bracketed,
            [](P& p, A& a) { return RemoveMeasureGroup(p, a.GroupIndex()); })
+        .Changes()
         .Refuses(-1)
         .Refuses(-2),
     Member("ShowPointsInFlatPlots(flag)", none,
