@@ -121,9 +121,9 @@ TEST_F(ViewerWindowSessionTest, SavesAndOpensASession) {
 }
 
 TEST_F(ViewerWindowSessionTest, ListTakesPointsAway) {
-    Start({"--size", "800x600"});
+    Start({hill, "--size", "800x600"});
     const Image without = m_start;
-    Start({"--size", "800x600", "--points", wells});
+    Start({hill, "--size", "800x600", "--points", wells});
     PressWith(shiftKey, tabKey);
     Press(downKey);
     const Image removed = After(
