@@ -121,9 +121,9 @@ TEST_F(ViewerWindowSessionTest, SavesAndOpensASession) {
 }
 
 TEST_F(ViewerWindowSessionTest, ListTakesPointsAway) {
-    Start({hill, "--size", "800x600"});
+    Start({KIVO_SAMPLE_TERRAIN, "--size", "800x600"});
     const Image without = m_start;
-    Start({hill, "--size", "800x600", "--points", wells});
+    Start({KIVO_SAMPLE_TERRAIN, "--size", "800x600", "--points", wells});
     PressWith(shiftKey, tabKey);
     Press(downKey);
     const Image removed = After(
