@@ -81,7 +81,7 @@ void AddViewMenu(MenuTable& table) {
     AddLine(table);
     AddToggles(table, menu, {"x-contours", "y-contours", "z-contours", "fill-contours"});
     AddLine(table);
-    AddToggles(table, menu, {"trace", "fit-digits", "reduce-while-moving"});
+    AddToggles(table, menu, {"trace", "fit-digits", "reduce-while-moving", "keep-upright"});
     AddLine(table);
     AddToggles(table, menu, {"legend", "colors-follow-range", "group-names"});
     AddLine(table);
@@ -149,9 +149,11 @@ std::vector<InputUse> KeyUses() {
 }
 
 std::vector<InputUse> MouseUses() {
-    return {{"Right button", "Turn the 3-D plot"},
-            {"Shift + right button", "Move the plot"},
-            {"Ctrl + right button", "Zoom: down enlarges, up shrinks"},
+    return {{"Left button", "Turn the 3-D plot like a turntable"},
+            {"Right button", "Turn the 3-D plot freely"},
+            {"Shift + either, or middle", "Move the plot"},
+            {"Ctrl + either", "Zoom: down enlarges, up shrinks"},
+            {"Double click", "Bring what is there to the middle"},
             {"Wheel", "Zoom at the pointer"},
             {"Move, while tracing", "Show the point of the surface under the pointer"},
             {"Drop a file", "Open a grid of points; of several the others lie over the first"},

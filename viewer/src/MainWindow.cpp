@@ -26,6 +26,7 @@
 #include <QStatusBar>
 #include <QTimer>
 #include <QUndoStack>
+#include <QVBoxLayout>
 
 #include <cstddef>
 #include <utility>
@@ -378,11 +379,13 @@ void MainWindow::ShowTitle(const GridData& grid) {
     setWindowTitle(title + " - Kivo Viewer");
 }
 
-// In two columns: all in one would be higher than some screens.
+// In two columns: all in one would be higher than most screens. On small ones they are moved.
 void MainWindow::ShowKeys() {
     QDialog dialog(this);
     dialog.setWindowTitle("Keys and mouse");
-    auto* const layout = new QGridLayout(&dialog);
+    auto* const content = new QWidget;
+    auto* const layout = new QGridLayout(content);
+    layout->setContentsMargins(0, 0, 0, 0);
     layout->setHorizontalSpacing(32);
     const std::vector<InputUse> keys = KeyUses();
     const std::vector<InputUse> mouse = MouseUses();
@@ -390,9 +393,16 @@ void MainWindow::ShowKeys() {
     layout->addWidget(new QLabel(TableOf("Keys", {keys.begin(), middle})), 0, 0, Qt::AlignTop);
     layout->addWidget(new QLabel(TableOf("Keys, continued", {middle, keys.end()}) + TableOf("Mouse", mouse)),
                       0, 1, Qt::AlignTop);
+    auto* const area = new QScrollArea;
+    area->setWidget(content);
+    area->setFrameShape(QFrame::NoFrame);
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close);
-    layout->addWidget(buttons, 1, 0, 1, 2);
     connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+    auto* const rows = new QVBoxLayout(&dialog);
+    rows->addWidget(area);
+    rows->addWidget(buttons);
+    const QSize others = dialog.sizeHint() - area->sizeHint();
+    dialog.resize((content->sizeHint() + others).boundedTo(screen()->availableSize() * 0.9));
     dialog.exec();
 }
 

@@ -27,14 +27,18 @@ constexpr double maxZoom = 1000.0;
 // What stands below the options.
 std::string Footer() {
     std::string text = "Without data the viewer shows a sample terrain.\n\nMouse:\n";
-    const auto list = [&text](const std::vector<InputUse>& uses) {
-        constexpr std::size_t width = 28;
+    const std::vector<InputUse> mouse = MouseUses(), keys = KeyUses();
+    std::size_t width = 0;
+    for (const auto* const uses : {&mouse, &keys})
+        for (const InputUse& use : *uses)
+            width = std::max(width, use.input.size());
+    const auto list = [&text, width](const std::vector<InputUse>& uses) {
         for (const InputUse& use : uses)
-            text += "  " + use.input + std::string(width - use.input.size(), ' ') + use.effect + '\n';
+            text += "  " + use.input + std::string(width + 2 - use.input.size(), ' ') + use.effect + '\n';
     };
-    list(MouseUses());
+    list(mouse);
     text += "\nKeys:\n";
-    list(KeyUses());
+    list(keys);
     return text + "\nExit status: 0 for success, 2 with one line that says what is wrong.";
 }
 

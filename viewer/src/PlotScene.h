@@ -63,6 +63,9 @@ public:
     /// Takes back what that has done for later fits.
     void ForgetScale();
 
+    /// The client point in the middle of the plot, beside the legend.
+    KivoDrawingTools::POINT PlotCenter() const { return {m_plotViewport[2] / 2, m_plotViewport[3] / 2}; }
+
 private:
     double BoxDiagonal() const;
 };

@@ -48,6 +48,7 @@ struct PlotSettings {
     bool fitsReadOut = true;    ///< its numbers in the plot have the digits that the ranges need, not three
     bool fitsSurfaces = true;   ///< the axes reach as far as all surfaces, not as the first
     bool reducesMotion = true;  ///< large grids show fewer points while the plot moves
+    bool keepsUpright = true;   ///< the left button and the arrow keys turn the plot about Z, and up and down
     std::optional<unsigned> contourCount;
     std::optional<double> contourInterval; ///< between levels of equal z; 0: as many as are set
     std::optional<double> contourBase;     ///< one of these levels

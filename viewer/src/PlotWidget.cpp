@@ -1,6 +1,7 @@
 #include "PlotWidget.h"
 
 #include <KivoHost.h>
+#include <KivoView.h>
 
 #include <QMouseEvent>
 
@@ -52,15 +53,25 @@ PictureFormat PlotWidget::Format() const {
 }
 
 void PlotWidget::mousePressEvent(QMouseEvent* event) {
-    if (event->button() == Qt::RightButton)
-        KivoPlotWidget::mousePressEvent(event);
-    else
-        event->ignore();
+    const bool isAlone = event->buttons() == event->button(); // else a drag goes on as it began
+    if (isAlone) setUpright(event->button() == Qt::LeftButton && m_scene.Settings().keepsUpright);
+    KivoPlotWidget::mousePressEvent(event);
 }
 
-// The second press of a quick pair begins a drag like any other.
+// Of the right button, the second press of a quick pair begins a drag like any other.
 void PlotWidget::mouseDoubleClickEvent(QMouseEvent* event) {
-    mousePressEvent(event);
+    if (event->button() != Qt::LeftButton) return mousePressEvent(event);
+    ShiftView(Scene().Plotter(), ToDevice(event->position()), m_scene.Plotter().PlotCenter());
+    Redraw();
+}
+
+void PlotWidget::keyPressEvent(QKeyEvent* event) {
+    setUpright(m_scene.Settings().keepsUpright);
+    KivoPlotWidget::keyPressEvent(event);
+}
+
+KivoDrawingTools::POINT PlotWidget::ToDevice(const QPointF& position) const {
+    return KivoDrawingTools::ToPixels(position.x(), position.y(), devicePixelRatioF());
 }
 
 } // namespace KivoViewer

@@ -10,7 +10,9 @@
 
 namespace KivoViewer {
 
-/// The control with the viewer's scene, turned by the right button alone: the left one has no use here.
+/// The control with the viewer's scene. The left button and the arrow keys keep the plot upright, as far as
+/// that is set; the right one always turns it freely. A double click with the left one brings what is there
+/// to the middle.
 class PlotWidget : public KivoPlotWidget {
 public:
     explicit PlotWidget(QWidget* parent);
@@ -30,9 +32,11 @@ public:
 protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     PlotWidget(std::unique_ptr<ViewerPlotter> plotter, QWidget* parent);
+    KivoDrawingTools::POINT ToDevice(const QPointF& position) const;
 
     PlotScene m_scene;
     QSize m_wantedSize;

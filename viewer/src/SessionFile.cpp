@@ -197,10 +197,10 @@ Session SessionFrom(const QJsonObject& object, const QDir& folder) {
         session.y = ParseRange(object["y"].toString().toStdString());
     }
     session.minus = Found(object["minus"], folder);
-    for (const QJsonValue& surface : object["surfaces"].toArray())
+    for (const auto& surface : object["surfaces"].toArray())
         session.surfaces.push_back(SurfaceFrom(surface.toObject(), folder));
     std::size_t counts[2] = {};
-    for (const QJsonValue& set : object["points"].toArray())
+    for (const auto& set : object["points"].toArray())
         session.points.push_back(PointsFrom(set.toObject(), folder, counts));
     session.settings = SettingsFrom(object["settings"].toObject());
     session.settings.mode = std::clamp(object["mode"].toInt(), 0, 3);

@@ -218,7 +218,7 @@ void AddLegend(Table& table) {
     table.push_back(groups);
 }
 
-void AddView(Table& table) {
+void AddShape(Table& table) {
     Setting planes = {"View",
                       "switch-planes",
                       "Grid always behind surface",
@@ -245,6 +245,9 @@ void AddView(Table& table) {
                             true};
     exaggeration.isNotNegative = true;
     table.push_back(exaggeration);
+}
+
+void AddHand(Table& table) {
     Setting trace = {"View",
                      "trace",
                      "Trace the pointer",
@@ -261,6 +264,19 @@ void AddView(Table& table) {
                       &PlotScene::ApplySwitches};
     reduce.key = "R";
     table.push_back(reduce);
+    Setting upright = {"View",
+                       "keep-upright",
+                       "Keep Z upright",
+                       "Left button and arrows turn it like a turntable",
+                       SettingField(&Plot::keepsUpright),
+                       &PlotScene::ApplySwitches};
+    upright.key = "U";
+    table.push_back(upright);
+}
+
+void AddView(Table& table) {
+    AddShape(table);
+    AddHand(table);
     Setting fit = {"View",
                    "fit-surfaces",
                    "Axes fit all surfaces",

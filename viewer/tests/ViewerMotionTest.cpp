@@ -124,8 +124,12 @@ public:
         ShowContent(m_scene, LoadContent(options, nullptr), options);
     }
 
-    void Press(const POINT& place) { m_view.Press(KivoMouseButton::right, 0, place); }
-    void Release() { m_view.Release(KivoMouseButton::right); }
+    void Press(const POINT& place, KivoMouseButton button = KivoMouseButton::right) {
+        m_view.Press(button, 0, place);
+    }
+    void Release(KivoMouseButton button = KivoMouseButton::right) { m_view.Release(button); }
+    void KeepUpright(bool upright) { m_view.KeepUpright(upright); }
+    void Center(const POINT& place) { ShiftView(m_scene.Plotter(), place, m_scene.Plotter().PlotCenter()); }
     void Move(const POINT& place, unsigned int keys) {
         m_view.Move(keys, place);
         m_view.Draw();
@@ -188,9 +192,43 @@ protected:
         m_expected.Release();
     }
 
+    // From a place to another one and back to a third.
+    void Drag(PointerButton pointerButton, KivoMouseButton button) {
+        Move({300, 200}, 0);
+        desktop->Button(pointerButton, true);
+        m_expected.Press({300, 200}, button);
+        Move({380, 230}, 0);
+        Move({360, 260}, 0);
+        desktop->Button(pointerButton, false);
+        m_expected.Release(button);
+    }
+
     FrameCount m_count;
     ExpectedScene m_expected;
 };
+
+TEST_F(ViewerWindowWaitingInputTest, EveryButtonDoesItsOwn) {
+    Drag(rightButton, KivoMouseButton::right);
+    ExpectShown("turned freely");
+    m_expected.KeepUpright(true);
+    Drag(leftButton, KivoMouseButton::left);
+    ExpectShown("turned upright");
+    Drag(middleButton, KivoMouseButton::middle);
+    ExpectShown("shifted");
+    ViewerWindow::Press('u');
+    m_expected.KeepUpright(false);
+    Drag(leftButton, KivoMouseButton::left);
+    ExpectShown("turned freely by the left button");
+}
+
+TEST_F(ViewerWindowWaitingInputTest, ADoubleClickBringsWhatIsThereToTheMiddle) {
+    MoveTo({220, 260});
+    Settle();
+    for (int i = 0; i < 2; ++i)
+        desktop->Click(leftButton);
+    m_expected.Center({220, 260});
+    ExpectShown("centred");
+}
 
 TEST_F(ViewerWindowWaitingInputTest, ShowsMovesByOneFrame) {
     constexpr int moves = 60;

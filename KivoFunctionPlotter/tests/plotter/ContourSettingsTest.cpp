@@ -129,16 +129,19 @@ TEST_P(ContourSettings, FillTheFlatPlotOfXY) {
 
 TEST_P(ContourSettings, ShowPointsInFlatPlotsOnDemand) {
     AddCyanPoint(0.5f * (low + high));
-    for (int (CKivoFunctionPlotter::*enter)() :
-         {&CKivoFunctionPlotter::SwitchToXYProjectPlot, &CKivoFunctionPlotter::SwitchToYZProjectPlot,
-          &CKivoFunctionPlotter::SwitchToZXProjectPlot}) {
-        (plotter.*enter)();
+    const auto expectOnDemand = [this] {
         ShowPointsInFlatPlots(plotter, false);
         EXPECT_EQ(CaptureImage(plotter).Count(IsCyan), 0);
         ShowPointsInFlatPlots(plotter, true);
         EXPECT_TRUE(ArePointsInFlatPlots(plotter));
         EXPECT_GT(CaptureImage(plotter).Count(IsCyan), 5);
-    }
+    };
+    plotter.SwitchToXYProjectPlot();
+    expectOnDemand();
+    plotter.SwitchToYZProjectPlot();
+    expectOnDemand();
+    plotter.SwitchToZXProjectPlot();
+    expectOnDemand();
 }
 
 TEST_P(ContourSettings, CutPointsAtTheRange) {
