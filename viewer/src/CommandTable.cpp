@@ -156,8 +156,8 @@ std::vector<InputUse> MouseUses() {
             {"Double click", "Bring what is there to the middle"},
             {"Wheel", "Zoom at the pointer"},
             {"Move, while tracing", "Show the point of the surface under the pointer"},
-            {"Drop a file", "Open a grid of points; of several the others lie over the first"},
-            {"Shift + drop a file", "Lay a grid of points over the one that is shown"}};
+            {"Drop a file", "Open it; of several the others lie over the first"},
+            {"Shift + drop a file", "Lay it over what is shown"}};
 }
 
 } // namespace KivoViewer

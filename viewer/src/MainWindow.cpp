@@ -402,7 +402,7 @@ void MainWindow::ShowKeys() {
     rows->addWidget(area);
     rows->addWidget(buttons);
     const QSize others = dialog.sizeHint() - area->sizeHint();
-    dialog.resize((content->sizeHint() + others).boundedTo(screen()->availableSize() * 0.9));
+    dialog.resize((content->sizeHint() + others).boundedTo(screen()->availableSize() * 0.95));
     dialog.exec();
 }
 

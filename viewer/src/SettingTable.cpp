@@ -222,7 +222,7 @@ void AddShape(Table& table) {
     Setting planes = {"View",
                       "switch-planes",
                       "Grid always behind surface",
-                      "A grid that changes sides as the plot turns, so that it stands behind the surface",
+                      "A grid that stands behind the surface from every side",
                       SettingField(&Plot::switchesPlanes),
                       &PlotScene::ApplySwitches};
     planes.key = "B";
