@@ -39,7 +39,8 @@ TEST_F(GuidePictures, FlatPlot) {
 }
 
 TEST_F(GuidePictures, PointsAndTrace) {
-    Begin({"--points", data + "wells.csv", "--curve", data + "flight.csv", "--point-size", "6"});
+    Begin({data + "../../samples/terrain.asc", "--points", data + "wells.csv", "--curve", data + "flight.csv",
+           "--point-size", "6"});
     Press('t');
     MoveBy(60, 30);
     Settled();

@@ -22,6 +22,7 @@ struct GridData {
     std::string title;                  ///< of the plot
     std::string path;                   ///< of the file; empty for others
     ReadOptions reading;                ///< how it was read
+    bool isBox = false;                 ///< there is no surface, but room for points
     std::string axisTitles[3] = {"X", "Y", "Z"};
     std::string note; ///< what of the file is not shown as it is, in one sentence, or empty
 

@@ -167,6 +167,7 @@ void PlotScene::ShowGrid(const GridData& grid) {
     HandOver(m_plotter, grid);
     ShowOrigin(grid.origin);
     KeepFirstSurface(grid);
+    m_hasSurface = !grid.isBox;
     KivoDrawingTools::ResetView(m_plotter); // the same grid is lit alike, whatever was shown before
 
     m_curves.clear();
@@ -455,7 +456,7 @@ void PlotScene::ApplyLegend() {
 }
 
 void PlotScene::ApplyTrace() {
-    m_plotter.Trace(m_settings.traces);
+    m_plotter.Trace(m_settings.traces && m_hasSurface);
 }
 
 void PlotScene::ForgetTrace() {

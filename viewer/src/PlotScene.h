@@ -201,6 +201,7 @@ private:
     ViewerPlotter& m_plotter;
     PlotSettings m_settings;
     bool m_isDark = false;
+    bool m_hasSurface = false;                                   ///< to be traced
     PlotSettings m_automatic;                                    ///< what holds where nothing is set
     std::optional<ViewerPlotter::AxisScale> m_dataScale;         ///< as the data gave it
     std::vector<PointSet> m_curves;                              ///< the plotter does not tell what it has

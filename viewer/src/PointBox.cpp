@@ -40,7 +40,9 @@ GridData BoxAround(const std::vector<PointFile>& files) {
         end.Widen();
     constexpr double hole = std::numeric_limits<double>::quiet_NaN();
     const std::vector<double> z = {ends[2].least, hole, ends[2].most, hole, hole, hole, hole, hole, hole};
-    return MakeGrid(files.front().name, ends[0].Three(), ends[1].Three(), z);
+    GridData box = MakeGrid(files.front().name, ends[0].Three(), ends[1].Three(), z);
+    box.isBox = true;
+    return box;
 }
 
 } // namespace KivoViewer

@@ -104,7 +104,7 @@ void PlotScene::RemoveAllPoints() {
 }
 
 void PlotScene::TraceAt(int x, int y) {
-    m_plotter.Trace(KivoDrawingTools::POINT{x, y});
+    if (m_hasSurface) m_plotter.Trace(KivoDrawingTools::POINT{x, y});
 }
 
 } // namespace KivoViewer

@@ -115,6 +115,8 @@ void PlotScene::AddSurface(const GridData& grid, const SurfaceLooks& looks) {
                                                       ToPlotter(shown.entry, columns, rows));
     if (shown.entry.number <= 0) throw Failure(grid.title + ": it cannot be laid over another surface");
     m_surfaces.push_back(std::move(shown));
+    m_hasSurface = true;
+    ApplyTrace();
     FollowSurfaces(view);
 }
 

@@ -4,6 +4,7 @@
 #include "Options.h"
 #include "Picture.h"
 #include "PlotScene.h"
+#include "PointBox.h"
 #include "SettingTable.h"
 #include "support/Image.h"
 #include "support/PlotterProbe.h"
@@ -225,6 +226,18 @@ TEST(ViewerManualPageTest, TellsOptionsKeysAndMouse) {
     for (const char* const section : {"NAME", "SYNOPSIS", "EXIT STATUS", "EXAMPLES"})
         EXPECT_THAT(page, HasSubstr(std::string(".SH ") + section + '\n'));
     EXPECT_EQ(page.find("manual-page"), std::string::npos);
+}
+
+TEST_F(ViewerSceneTest, TracesNothingWherePointsAreAlone) {
+    m_scene.Settings().traces = true;
+    m_scene.ShowGrid(BoxAround({{"wells", {0, 0, 1, 10, 10, 2}}}));
+    for (int x = 20; x < 400; x += 20)
+        m_scene.TraceAt(x, 150);
+    float point[3];
+    EXPECT_FALSE(m_scene.Plotter().IsTracing());
+    EXPECT_FALSE(m_scene.Plotter().GetTracePoint(point));
+    m_scene.AddSurface(Hill(), {});
+    EXPECT_TRUE(m_scene.Plotter().IsTracing());
 }
 
 // Every setting is seen, and taking it back gives the picture from before.
