@@ -7,12 +7,14 @@
 #include "PointBox.h"
 #include "Session.h"
 
+#include <algorithm>
+
 namespace KivoViewer {
 
 namespace {
 
-GridData ReadWithPath(const std::string& path, const ReadOptions& reading) {
-    GridData grid = ReadGridFile(path, {}, reading);
+GridData ReadWithPath(const std::string& path, const ReadOptions& reading, const Progress& progress) {
+    GridData grid = ReadGridFile(path, progress, reading);
     grid.path = path;
     grid.reading = reading;
     return grid;
@@ -46,9 +48,10 @@ bool HasFile(const Options& options) {
     return !options.files.empty() && !options.files.front().empty();
 }
 
-GridData LoadFirst(const Options& options, const Content& content, GridData (*sample)()) {
+GridData LoadFirst(const Options& options, const Content& content, GridData (*sample)(),
+                   const Progress& progress) {
     if (!options.function.empty()) return MakeFormulaGrid(options.function, options.x, options.y);
-    if (HasFile(options)) return ReadWithPath(options.files.front(), ReadingOf(options, 0));
+    if (HasFile(options)) return ReadWithPath(options.files.front(), ReadingOf(options, 0), progress);
     std::vector<PointFile> points = content.measureGroups;
     points.insert(points.end(), content.curves.begin(), content.curves.end());
     return points.empty() ? sample() : BoxAround(points);
@@ -56,16 +59,30 @@ GridData LoadFirst(const Options& options, const Content& content, GridData (*sa
 
 } // namespace
 
-Content LoadContent(const Options& options, GridData (*sample)()) {
+const ReadOptions& MinusReadingOf(const Options& options) {
+    const bool isSaved = options.session && options.session->minus == options.minus;
+    return isSaved ? options.session->minusReading : options.reading;
+}
+
+Content LoadContent(const Options& options, GridData (*sample)(), const Progress& progress) {
+    const std::size_t gridCount = std::max<std::size_t>(options.files.size(), 1) + !options.minus.empty();
+    std::size_t grids = 0;
+    const Progress ofAll = [&](double share) {
+        return !progress || progress((static_cast<double>(grids) + share) / static_cast<double>(gridCount));
+    };
     Content content;
     if (HasFile(options))
-        content.grid = LoadFirst(options, content, sample); // whatever is wrong there comes first
+        content.grid = LoadFirst(options, content, sample, ofAll); // whatever is wrong there comes first
     LoadPoints(options, content);
-    if (!HasFile(options)) content.grid = LoadFirst(options, content, sample);
-    if (!options.minus.empty())
-        content.grid = DifferenceOf(content.grid, ReadGridFile(options.minus, {}, options.reading));
-    for (std::size_t i = 1; i < options.files.size(); ++i)
-        content.surfaces.push_back(ReadWithPath(options.files[i], ReadingOf(options, i)));
+    if (!HasFile(options)) content.grid = LoadFirst(options, content, sample, ofAll);
+    ++grids;
+    if (!options.minus.empty()) {
+        content.grid =
+            DifferenceOf(content.grid, ReadGridFile(options.minus, ofAll, MinusReadingOf(options)));
+        ++grids;
+    }
+    for (std::size_t i = 1; i < options.files.size(); ++i, ++grids)
+        content.surfaces.push_back(ReadWithPath(options.files[i], ReadingOf(options, i), ofAll));
     return content;
 }
 

@@ -4,6 +4,7 @@
 #include "GridData.h"
 #include "Options.h"
 #include "PointFile.h"
+#include "Progress.h"
 
 #include <vector>
 
@@ -19,9 +20,12 @@ struct Content {
     std::vector<PointFile> curves;
 };
 
-/// Reads the files that the options name. Throws a Failure.
+/// Reads the files that the options name. Throws a Failure, and Cancelled.
 /// @param sample  the grid where they name none
-Content LoadContent(const Options& options, GridData (*sample)());
+Content LoadContent(const Options& options, GridData (*sample)(), const Progress& progress = {});
+
+/// How the grid is read that is subtracted from the first.
+const ReadOptions& MinusReadingOf(const Options& options);
 
 /// Shows it all as the options say. Throws as PlotScene::ShowGrid does.
 void ShowContent(PlotScene& scene, const Content& content, const Options& options);

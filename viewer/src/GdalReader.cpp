@@ -186,7 +186,7 @@ std::vector<std::string> PartsOf(GDALDatasetH dataset) {
     }
 }
 
-[[noreturn]] void FailWithoutBand(GDALDatasetH dataset, const std::string& path) {
+[[noreturn]] void FailWithoutBand(GDALDatasetH dataset, const std::string& path, const ReadOptions& options) {
     const std::vector<std::string> parts = PartsOf(dataset);
     if (parts.empty()) throw Failure(path + ": no raster band in it");
     std::string list;
@@ -195,17 +195,48 @@ std::vector<std::string> PartsOf(GDALDatasetH dataset) {
     std::vector<Reading> readings;
     readings.reserve(parts.size());
     for (const std::string& part : parts)
-        readings.push_back({part.substr(part.find_last_of(':') + 1), part, {}});
+        readings.push_back({part.substr(part.find_last_of(':') + 1), part, options});
     throw OpenQuestion(path + ": several variables; open one of them by its whole name: " + list, readings);
 }
 
-int BandOf(GDALDatasetH dataset, int wanted, const std::string& path) {
+// What a band holds, as far as the file says it: a name, its place in further dimensions, a colour.
+std::string WordsOf(GDALRasterBandH band, int number) {
+    std::string words = "Band " + std::to_string(number);
+    std::string separator = ": ";
+    const auto add = [&](const std::string& text) {
+        words += separator + text;
+        separator = ", ";
+    };
+    const std::string name = GDALGetDescription(band);
+    if (!name.empty()) add(name);
+    constexpr std::string_view dimension = "NETCDF_DIM_";
+    char** const metadata = GDALGetMetadata(band, nullptr);
+    for (int i = 0; i < CSLCount(metadata); ++i)
+        if (const std::string_view entry = metadata[i]; entry.substr(0, dimension.size()) == dimension)
+            add(std::string(entry.substr(dimension.size())));
+    const GDALColorInterp color = GDALGetRasterColorInterpretation(band);
+    if (color > GCI_GrayIndex) add(GDALGetColorInterpretationName(color));
+    return words;
+}
+
+[[noreturn]] void AskForBand(GDALDatasetH dataset, const std::string& path, ReadOptions options) {
     const int count = GDALGetRasterCount(dataset);
-    if (count == 0) FailWithoutBand(dataset, path);
-    if (wanted > count)
-        throw Failure(path + ": there is no band " + std::to_string(wanted) + "; the last one is " +
+    std::vector<Reading> readings;
+    for (int band = 1; band <= count; ++band) {
+        options.band = band;
+        readings.push_back({WordsOf(GDALGetRasterBand(dataset, band), band), path, options});
+    }
+    throw OpenQuestion(path + ": " + std::to_string(count) + " bands; --band says which", readings);
+}
+
+int BandOf(GDALDatasetH dataset, const ReadOptions& options, const std::string& path) {
+    const int count = GDALGetRasterCount(dataset);
+    if (count == 0) FailWithoutBand(dataset, path, options);
+    if (options.band > count)
+        throw Failure(path + ": there is no band " + std::to_string(options.band) + "; the last one is " +
                       std::to_string(count));
-    return std::max(wanted, 1);
+    if (count > 1 && options.band < 1 && options.asks) AskForBand(dataset, path, options);
+    return std::max(options.band, 1);
 }
 
 std::string Ordinal(int step) {
@@ -258,7 +289,7 @@ std::optional<GridData> ReadWithGdal(const std::string& path, const ReadOptions&
     const Dataset dataset(
         GDALOpenEx(path.c_str(), GDAL_OF_RASTER | GDAL_OF_READONLY, nullptr, nullptr, nullptr));
     if (!dataset) Fail(path);
-    const int band = BandOf(dataset.get(), options.band, path);
+    const int band = BandOf(dataset.get(), options, path);
     const Placement place(dataset.get(), path);
     const Window window = WindowOf(dataset.get(), place, options.region, path);
     GridData grid = MakeGrid(

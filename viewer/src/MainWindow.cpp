@@ -82,6 +82,7 @@ MainWindow::MainWindow(const Content& content, const Options& options) : m_plot(
     if (!options.files.empty()) m_path = QFile::decodeName(options.files.front().c_str());
     m_function = {options.function, options.x, options.y};
     m_minus = options.minus;
+    m_minusReading = MinusReadingOf(options);
     m_isWatching = options.watches;
     WatchFiles();
     m_plot->Redraw();

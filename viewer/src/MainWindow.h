@@ -79,6 +79,7 @@ private:
     void SaveSession();
     void Reload();
     void Subtract();
+    void ShowDifference(Session session);
     void WatchFiles();
 
     void OpenFile();
@@ -123,7 +124,8 @@ private:
     bool m_isWatching = false;
     Function m_function;
     std::string m_minus; ///< file of the grid that is subtracted from the first; or empty
-    QString m_path;      ///< of the grid file that is shown
+    ReadOptions m_minusReading;
+    QString m_path; ///< of the grid file that is shown
     bool m_isComplete = false;
 };
 

@@ -1,13 +1,12 @@
 // MainWindow: opening files and giving the picture away.
 #include "Failure.h"
 #include "GdalReader.h"
-#include "GridReader.h"
 #include "MainWindow.h"
 #include "PictureFile.h"
 #include "PlotWidget.h"
 #include "PointsPanel.h"
 #include "Preferences.h"
-#include "ReadDialogs.h"
+#include "WindowReading.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -23,7 +22,6 @@
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
-#include <QProgressDialog>
 #include <QSpinBox>
 #include <QStatusBar>
 #include <QTimer>
@@ -41,41 +39,6 @@ namespace {
 
 std::string NameOf(const QString& path) {
     return QFile::encodeName(path).toStdString();
-}
-
-// Reads a grid, with a dialog that can end it where that takes long.
-GridData ReadWithDialog(QWidget* parent, const QString& path) {
-    constexpr int steps = 1000;
-    QProgressDialog dialog("Reading " + QFileInfo(path).fileName() + "...", "Cancel", 0, steps, parent);
-    dialog.setWindowTitle("Kivo Viewer");
-    dialog.setWindowModality(Qt::WindowModal);
-    dialog.setMinimumDuration(400);
-    const Progress progress = [&dialog](double share) {
-        dialog.setValue(std::min(static_cast<int>(share * steps), steps - 1)); // handles the user's input too
-        return !dialog.wasCanceled();
-    };
-    Reading reading = {{}, NameOf(path), {}};
-    while (true) {
-        reading.options.askForGrid = [&](std::size_t points, GridMethod& method, double& cell) {
-            dialog.reset();
-            if (!AskForGrid(parent, points, method, cell)) return false;
-            reading.options.method = method; // to read it so again
-            reading.options.cell = cell;
-            return true;
-        };
-        try {
-            GridData grid = ReadGridFile(reading.path, progress, reading.options);
-            reading.options.askForGrid = {};
-            grid.path = reading.path;
-            grid.reading = reading.options;
-            return grid;
-        } catch (const OpenQuestion& question) {
-            dialog.reset();
-            const Reading* const answer = AskForReading(parent, question);
-            if (!answer) throw Cancelled();
-            reading = *answer;
-        }
-    }
 }
 
 QSpinBox* AddNumber(QFormLayout* form, const QString& label, int value, int most, const QString& unit) {
@@ -177,7 +140,7 @@ void MainWindow::OpenFile() {
 bool MainWindow::OpenPath(const QString& path) {
     if (path.endsWith(".kivo")) return OpenSession(path);
     return Try(this, [&] {
-        const GridData grid = ReadWithDialog(this, path);
+        const GridData grid = ReadGridForWindow(this, path);
         const KivoDrawingTools::SKivoView view = Scene().View();
         Scene().Settings() = WithoutDataSettings(Scene().Settings());
         Scene().ShowGrid(grid);
@@ -208,7 +171,7 @@ void MainWindow::AddSurfaceFiles() {
 void MainWindow::AddSurfacePaths(const QStringList& paths) {
     for (const QString& path : paths)
         Try(this, [&] {
-            const GridData grid = ReadWithDialog(this, path);
+            const GridData grid = ReadGridForWindow(this, path);
             Scene().AddSurface(grid, UsualLooks(Scene().Surfaces().size()));
             RememberFile(path);
         });
@@ -265,7 +228,7 @@ void MainWindow::AddPointFiles(PointSet::Kind kind) {
         "Points x, y, z (*.csv *.xyz *.txt *.dat);;All files (*)");
     for (const QString& path : paths)
         Try(this, [&] {
-            const PointFile file = ReadPointFile(NameOf(path));
+            const PointFile file = ReadPointsForWindow(this, path);
             const bool isCurve = kind == PointSet::Kind::curve;
             for (const PointFile& set : isCurve ? std::vector<PointFile>{file} : GroupsOf(file))
                 Scene().AddPoints(kind, set);

@@ -1,10 +1,12 @@
 // MainWindow: sessions, files that are read again, and steps back.
+#include "Background.h"
 #include "Content.h"
 #include "Failure.h"
 #include "FileWatch.h"
 #include "MainWindow.h"
 #include "PlotWidget.h"
 #include "Preferences.h"
+#include "ReadDialogs.h"
 #include "Sample.h"
 #include "Session.h"
 
@@ -16,6 +18,8 @@
 #include <QUndoStack>
 
 #include <functional>
+#include <new>
+#include <string>
 #include <utility>
 
 namespace KivoViewer {
@@ -83,16 +87,22 @@ Session MainWindow::PresentSession() {
     session.x = m_function.x;
     session.y = m_function.y;
     session.minus = m_minus;
+    session.minusReading = m_minusReading;
     return session;
 }
 
 // All of it, or nothing: files are read before anything is shown.
 void MainWindow::Show(Session session) {
     const Options options = WithSession(Options(), std::move(session));
-    const Content content = LoadContent(options, ReadSample);
+    const Content content =
+        MakeInBackground<Content>(this, "Reading...", [options](const Progress& progress) {
+            return LoadContent(options, ReadSample, progress);
+        });
     ShowContent(Scene(), content, options);
     m_function = {options.function, options.x, options.y};
     m_minus = options.minus;
+    m_minusReading = MinusReadingOf(options);
+    m_minusReading.asks = false;
     m_path = options.files.empty() ? QString() : QFile::decodeName(options.files.front().c_str());
     m_surfacesDock->setVisible(!content.surfaces.empty() || m_surfacesDock->isVisible());
     m_pointsDock->setVisible(!options.session->points.empty() || m_pointsDock->isVisible());
@@ -130,6 +140,29 @@ void MainWindow::Reload() {
     } catch (const Failure& failure) { // what is written at this moment will be whole with the next change
         ShowWarning(QString::fromStdString(failure.what()));
         WatchFiles();
+    } catch (const Cancelled&) {
+        WatchFiles();
+    } catch (const std::bad_alloc&) {
+        ShowWarning("There is not enough memory.");
+        WatchFiles();
+    }
+}
+
+// Asks what the subtracted file leaves open, until that is nothing.
+void MainWindow::ShowDifference(Session session) {
+    while (true) {
+        try {
+            return Show(session);
+        } catch (const OpenQuestion& question) {
+            if (question.Readings().front().path.find(session.minus) == std::string::npos)
+                throw; // of another file
+            const Reading* const answer = AskForReading(this, question);
+            if (!answer) throw Cancelled();
+            session.minus = answer->path;
+            session.minusReading = answer->options;
+        } catch (const GridQuestion& question) {
+            if (!AskForGrid(this, question, session.minusReading)) throw Cancelled();
+        }
     }
 }
 
@@ -140,9 +173,11 @@ void MainWindow::Subtract() {
     Try(this, [&] {
         Session session = PresentSession();
         session.minus = QFile::encodeName(path).toStdString();
+        session.minusReading = {};
+        session.minusReading.asks = true;
         session.settings = WithoutDataSettings(session.settings);
         session.surfaces.front().name.clear();
-        Show(std::move(session));
+        ShowDifference(std::move(session));
         m_history->clear();
     });
 }

@@ -23,17 +23,16 @@ const Reading* AskForReading(QWidget* parent, const OpenQuestion& question) {
     return isAnswered ? &question.Readings()[static_cast<std::size_t>(choices.indexOf(choice))] : nullptr;
 }
 
-bool AskForGrid(QWidget* parent, std::size_t points, GridMethod& method, double& cell) {
+bool AskForGrid(QWidget* parent, const GridQuestion& question, ReadOptions& options) {
     QDialog dialog(parent);
     dialog.setWindowTitle("Scattered points");
     auto* const form = new QFormLayout(&dialog);
-    form->addRow(new QLabel(QString::number(points) + " points, of which a grid is made"));
+    form->addRow(new QLabel(QString::number(question.Points()) + " points, of which a grid is made"));
     auto* const methods = new QComboBox;
     methods->addItems(
-        {"Linear, on triangles", "Nearest point", "Mean by inverse distance"}); // as the methods
-    methods->setCurrentIndex(static_cast<int>(method));
+        {"Linear, on triangles", "Nearest point", "Mean by inverse distance"}); // as the enumeration
     form->addRow("&Method", methods);
-    auto* const size = new QLineEdit(QString::fromStdString(FormatNumber(cell)));
+    auto* const size = new QLineEdit(QString::fromStdString(FormatNumber(question.Cell())));
     form->addRow("&Cell size", size);
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     form->addRow(buttons);
@@ -43,8 +42,8 @@ bool AskForGrid(QWidget* parent, std::size_t points, GridMethod& method, double&
     QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
     QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
     if (dialog.exec() != QDialog::Accepted) return false;
-    method = static_cast<GridMethod>(methods->currentIndex());
-    cell = typed();
+    options.method = static_cast<GridMethod>(methods->currentIndex());
+    options.cell = typed();
     return true;
 }
 

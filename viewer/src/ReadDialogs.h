@@ -3,8 +3,6 @@
 
 #include "ReadOptions.h"
 
-#include <cstddef>
-
 class QWidget;
 
 namespace KivoViewer {
@@ -12,7 +10,9 @@ namespace KivoViewer {
 /// Asks how a file is meant. @return the answer, or null where there is none
 const Reading* AskForReading(QWidget* parent, const OpenQuestion& question);
 
-/// Asks how a grid is made of scattered points. @return whether to go on
-bool AskForGrid(QWidget* parent, std::size_t points, GridMethod& method, double& cell);
+/// Asks how a grid is made of scattered points.
+/// @param options  how the file is read; gets the answer
+/// @return whether there is one
+bool AskForGrid(QWidget* parent, const GridQuestion& question, ReadOptions& options);
 
 } // namespace KivoViewer

@@ -3,7 +3,7 @@
 
 #include "Failure.h"
 
-#include <functional>
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <utility>
@@ -47,9 +47,9 @@ struct ReadOptions {
     double radius = 0.0; ///< of such a grid: the longest edge of a triangle, or how far a point reaches; 0:
                          ///< any, or three distances
 
-    /// Asked how a grid is made of so many scattered points where the method is not given; may be empty.
-    /// Method and cell size are what is suggested, and may be changed. Returns whether to go on.
-    std::function<bool(std::size_t points, GridMethod& method, double& cell)> askForGrid;
+    /// Whether somebody is there to be asked where the file and all of this leave open what is taken for
+    /// granted else: how a grid is made of scattered points, and the band of several.
+    bool asks = false;
 
     bool IsMatrix() const { return columns.size() == 1; }
 };
@@ -70,6 +70,20 @@ public:
 
 private:
     std::vector<Reading> m_readings;
+};
+
+/// Scattered points, of which a grid may be made in several ways.
+class GridQuestion : public Failure {
+public:
+    GridQuestion(const std::string& message, std::size_t points, double cell)
+        : Failure(message), m_points(points), m_cell(cell) {}
+    std::size_t Points() const { return m_points; }
+    /// The size of the grid's cells that fits the density of the points.
+    double Cell() const { return m_cell; }
+
+private:
+    std::size_t m_points;
+    double m_cell;
 };
 
 } // namespace KivoViewer

@@ -234,10 +234,11 @@ GridData GridScattered(const PointTable& table, const ReadOptions& options, cons
     const Points points(table);
     if (points.x.size() < 3 || !(points.width > 0.0) || !(points.height > 0.0) || AreInLine(points))
         throw Failure(table.file + ": a surface needs at least three points that do not lie on a line");
-    GridMethod method = options.method.value_or(GridMethod::linear);
-    double cell = options.cell > 0.0 ? options.cell : CellFor(points);
-    if (!options.method && options.askForGrid && !options.askForGrid(points.x.size(), method, cell))
-        throw Cancelled();
+    const GridMethod method = options.method.value_or(GridMethod::linear);
+    const double cell = options.cell > 0.0 ? options.cell : CellFor(points);
+    if (!options.method && options.asks)
+        throw GridQuestion(table.file + ": the points are scattered; --grid says how a grid is made of them",
+                           points.x.size(), cell);
     Raster raster(table.file, points, cell);
     if (method == GridMethod::linear)
         FillLinearly(table.file, points, options.radius, raster, progress);

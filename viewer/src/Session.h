@@ -21,6 +21,7 @@ struct Session {
     Range x;                            ///< of the function
     Range y;                            ///< of the function
     std::string minus;                  ///< file of a grid that is subtracted from the first; or empty
+    ReadOptions minusReading;           ///< how that file is read
     std::vector<SurfaceEntry> surfaces; ///< the first, and those over it
     std::vector<PointSet> points;
     PlotSettings settings;

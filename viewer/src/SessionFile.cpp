@@ -197,6 +197,7 @@ Session SessionFrom(const QJsonObject& object, const QDir& folder) {
         session.y = ParseRange(object["y"].toString().toStdString());
     }
     session.minus = Found(object["minus"], folder);
+    session.minusReading = ReadingFrom(object["minus-reading"].toObject());
     for (const auto& surface : object["surfaces"].toArray())
         session.surfaces.push_back(SurfaceFrom(surface.toObject(), folder));
     std::size_t counts[2] = {};
@@ -224,7 +225,10 @@ std::string WriteSession(const Session& session, const std::string& path) {
                           {"mode", session.settings.mode},
                           {"settings", ToJson(session.settings)}};
     if (session.view) object["view"] = ToJson(*session.view);
-    if (!session.minus.empty()) object["minus"] = Named(session.minus, folder);
+    if (!session.minus.empty()) {
+        object["minus"] = Named(session.minus, folder);
+        object["minus-reading"] = ToJson(session.minusReading);
+    }
     if (!session.function.empty()) {
         object["function"] = Words(session.function);
         object["x"] = Words(RangeText(session.x));

@@ -1,4 +1,5 @@
 // kivo-viewer: shows a surface z = f(x, y) in a window, or draws it into a file.
+#include "Background.h"
 #include "Content.h"
 #include "Failure.h"
 #include "FileText.h"
@@ -19,6 +20,7 @@
 
 #include <clocale>
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <new>
 #include <optional>
@@ -111,7 +113,10 @@ int Complain(const char* reason) {
 int main(int argc, char** argv) {
     KeepFreedMemory();
     try {
-        return Run(argc, argv);
+        const int status = Run(argc, argv);
+        std::fflush(stdout);
+        if (IsWorkGoingOn()) std::_Exit(status);
+        return status;
     } catch (const std::bad_alloc&) {
         return Complain("not enough memory");
     } catch (const std::exception& error) {

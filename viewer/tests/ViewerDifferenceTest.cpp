@@ -86,10 +86,13 @@ TEST(ViewerDifferenceTest, ComesFromTheCommandLineAndStaysInSessions) {
     EXPECT_EQ(content.grid.path, KIVO_TEST_DATA "/hill.csv");
     Session session;
     session.minus = options.minus;
+    session.minusReading.decimalMark = ',';
     session.surfaces.resize(1);
     const Session read = ReadSession(WriteSession(session, "a.kivo"), "a.kivo");
     EXPECT_EQ(read.minus, options.minus);
-    EXPECT_EQ(WithSession(Options(), read).minus, options.minus);
+    const Options again = WithSession(Options(), read);
+    EXPECT_EQ(again.minus, options.minus);
+    EXPECT_EQ(MinusReadingOf(again).decimalMark, ',');
 }
 
 } // namespace

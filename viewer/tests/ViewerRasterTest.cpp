@@ -72,6 +72,24 @@ TEST_F(ViewerRasterTest, ReadsTheBandThatIsAskedFor) {
               Path("bands.tif") + ": there is no band 3; the last one is 2");
 }
 
+TEST_F(ViewerRasterTest, AsksForTheBandWhereSomebodyIsThere) {
+    WriteGeoTiff(Path("bands.tif"), 3, 2, 2, Tens);
+    ReadOptions options;
+    options.asks = true;
+    options.region = Region{1000, 1020, 4980, 5000};
+    try {
+        ReadGridFile(Path("bands.tif"), {}, options);
+        FAIL() << "nothing is asked";
+    } catch (const OpenQuestion& question) {
+        ASSERT_EQ(question.Readings().size(), 2U);
+        const Reading& second = question.Readings()[1];
+        EXPECT_EQ(second.words, "Band 2");
+        EXPECT_THAT(ReadGridFile(second.path, {}, second.options).z, ElementsAre(210, 211, 200, 201));
+    }
+    WriteGeoTiff(Path("one.tif"), 3, 2, 1, Tens);
+    EXPECT_EQ(ReadGridFile(Path("one.tif"), {}, options).ColumnCount(), 2U);
+}
+
 TEST_F(ViewerRasterTest, ReadsTheVariableThatIsNamed) {
     WriteNetCdf(Path("two.nc"), {"depth", "salt"});
     const std::string depth = "NETCDF:\"" + Path("two.nc") + "\":depth";

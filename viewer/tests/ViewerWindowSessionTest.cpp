@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -82,6 +84,23 @@ TEST_F(ViewerWindowSessionTest, ReadsFilesAgainInTheSameView) {
     const Image read = After("read-again", [] { Press(f5Key); });
     Start({Path("own.csv"), "--size", "800x600", "--zoom", "1.3"});
     EXPECT_LE(Compare(read, m_start).max, 2);
+}
+
+// Of a pipe that nobody writes into, reading never ends.
+TEST_F(ViewerWindowSessionTest, AnswersWhileItReads) {
+    Start({OwnGrid(), "--size", "800x600"});
+    std::filesystem::remove(Path("own.csv"));
+    ASSERT_EQ(mkfifo(Path("own.csv").c_str(), 0600), 0);
+    Press(f5Key);
+    const xcb_window_t dialog = WaitForDialog("Kivo Viewer");
+    Keep(Grab(AreaOf(dialog)), "reading");
+    Resize(AreaOf(m_window).width, AreaOf(m_window).height + 80);
+    const auto plotIsHigher = [this] { return PlotIn(Grab(AreaOf(m_window))).height > plotHeight; };
+    EXPECT_TRUE(WaitFor(plotIsHigher)) << "the plot does not follow the window";
+    Press(escapeKey);
+    WaitForNoDialog();
+    After("turn", [this] { Drag(rightButton, 120, 40); });
+    EXPECT_EQ(Close(), 0) << "it waits for a file that nobody waits for";
 }
 
 TEST_F(ViewerWindowSessionTest, WatchesItsFiles) {

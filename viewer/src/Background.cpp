@@ -1,0 +1,124 @@
+#include "Background.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QEventLoop>
+#include <QProgressBar>
+#include <QProgressDialog>
+#include <QThread>
+#include <QTimer>
+
+#include <atomic>
+#include <chrono>
+#include <exception>
+
+namespace KivoViewer {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto patience = 400ms; // without a dialog: one that comes and goes is in the way
+
+// What both threads know of it.
+struct Work {
+    std::function<void(const Progress&)> action;
+    std::exception_ptr failure; // before it is done
+    std::atomic<double> share = 0.0;
+    std::atomic<bool> isDone = false;
+    std::atomic<bool> isUnwanted = false;
+
+    void Do() {
+        try {
+            action([this](double done) {
+                share = done;
+                return !isUnwanted;
+            });
+        } catch (...) {
+            failure = std::current_exception();
+        }
+        action = {}; // with all that nobody waits for
+        isDone = true;
+    }
+};
+
+// A window stays as long as something is being read for it.
+class CloseRefusal : public QObject {
+public:
+    explicit CloseRefusal(QWidget* window) { window->installEventFilter(this); }
+
+protected:
+    bool eventFilter(QObject* object, QEvent* event) override {
+        if (event->type() != QEvent::Close) return QObject::eventFilter(object, event);
+        event->ignore();
+        return true;
+    }
+};
+
+// A bar that stands still says nothing of work that reports nothing for a while: it shows that it goes on.
+class ShareBar {
+public:
+    explicit ShareBar(QProgressBar& bar) : m_bar(bar) { Show(0.0); }
+
+    void Show(double share) {
+        constexpr int steps = 1000, manyTimes = 15;
+        m_timesSame = share == m_share ? m_timesSame + 1 : 0;
+        m_share = share;
+        m_bar.setRange(0, m_timesSame < manyTimes ? steps : 0);
+        m_bar.setValue(static_cast<int>(share * steps));
+    }
+
+private:
+    QProgressBar& m_bar;
+    double m_share = 0.0;
+    int m_timesSame = 0;
+};
+
+void WaitWithDialog(QWidget* parent, const QString& words, QEventLoop& loop, const Work& work) {
+    QProgressDialog dialog(words, "Cancel", 0, 1, parent);
+    dialog.setWindowTitle("Kivo Viewer");
+    dialog.setWindowModality(Qt::WindowModal);
+    auto* const bar = new QProgressBar;
+    dialog.setBar(bar); // setValue of the dialog itself would handle events
+    QObject::connect(&dialog, &QProgressDialog::canceled, &loop, &QEventLoop::quit);
+    ShareBar shown(*bar);
+    QTimer ticks;
+    ticks.callOnTimeout([&] { shown.Show(work.share); });
+    ticks.start(50ms);
+    dialog.show();
+    loop.exec();
+}
+
+std::atomic<int> worksGoingOn = 0;
+
+} // namespace
+
+bool IsWorkGoingOn() {
+    return worksGoingOn > 0;
+}
+
+void RunInBackground(QWidget* parent, const QString& words, std::function<void(const Progress&)> action) {
+    const auto work = std::make_shared<Work>();
+    work->action = std::move(action);
+    const CloseRefusal refusal(parent->window());
+    QEventLoop loop;
+    QThread* const thread = QThread::create([work] {
+        ++worksGoingOn;
+        work->Do();
+        --worksGoingOn;
+    });
+    QObject::connect(thread, &QThread::finished, &loop, &QEventLoop::quit);
+    QObject::connect(thread, &QThread::finished, thread, &QObject::deleteLater);
+    thread->start();
+    if (!thread->isRunning() && !work->isDone) work->Do(); // there is no thread to be had
+    QTimer::singleShot(patience, &loop, &QEventLoop::quit);
+    if (!work->isDone) loop.exec(QEventLoop::ExcludeUserInputEvents); // which wait until they are due
+    if (!work->isDone) WaitWithDialog(parent, words, loop, *work);
+    if (!work->isDone) {
+        work->isUnwanted = true;
+        throw Cancelled();
+    }
+    if (work->failure) std::rethrow_exception(work->failure);
+}
+
+} // namespace KivoViewer
