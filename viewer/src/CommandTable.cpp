@@ -46,7 +46,13 @@ void AddFileMenu(MenuTable& table) {
                      "Save files, settings and view, to be opened again",
                      Command::saveSession,
                      {}});
-    table.push_back({menu, "&Read again", "F5", "Read the files again", Command::reload, {}});
+    table.push_back({menu, "Read a&gain", "F5", "Read the files again", Command::reload, {}});
+    table.push_back({menu,
+                     "Read &as...",
+                     "Ctrl+Shift+O",
+                     "See the first lines of the file, and choose how it is read",
+                     Command::readAs,
+                     {}});
     table.push_back({menu, "&Watch files", {}, "Read files again when they change", Command::watchFiles, {}});
     AddLine(table);
     table.push_back({menu,

@@ -18,6 +18,7 @@ enum class Command {
     subtract,
     saveSession,
     reload,
+    readAs,
     watchFiles, ///< checked while they are
     savePicture,
     copyPicture,

@@ -18,6 +18,10 @@ GridData ReadAsciiGrid(TextLines& lines);
 
 GridData ReadMatrix(TextLines& lines, const TableLayout& layout, const ReadOptions& options);
 
+/// Whether a table holds points, not a matrix of values. Throws an OpenQuestion where it may be either.
+/// @param name  of the file, whose ending counts
+bool HoldsPoints(const std::string& name, const TableLayout& layout, const ReadOptions& options);
+
 /// A field in quotation marks, shortened to what a message can hold.
 std::string Quoted(std::string_view field);
 /// A field's number; fails for anything else, infinities and numbers beyond single precision included.

@@ -75,23 +75,6 @@ bool BeginsWithRow(const std::vector<std::vector<double>>& rows) {
         {points, matrix});
 }
 
-// Whether a table holds points, not a matrix of values. Without names both look alike: few columns of many
-// lines, or of a row of a grid, are not taken for either.
-bool HasPoints(const std::string& name, const TableLayout& layout, const ReadOptions& options) {
-    constexpr std::size_t mostColumns = 6, fewLines = 10, manyLines = 20;
-    if (options.IsMatrix()) return false;
-    if (!options.columns.empty() || options.method) return true;
-    if (layout.hasCorner || layout.columnCount < 3) return false;
-    if (!layout.names.empty() || (layout.fits && layout.label)) return true;
-    const auto& rows = layout.firstLines;
-    if (layout.columnCount == 3)
-        return !EndsInCsv(name) || rows.size() >= fewLines || rows.size() < 2 ||
-               AreNeighbours(rows[0], rows[1]);
-    if (layout.columnCount <= mostColumns && layout.fits && (rows.size() >= manyLines || BeginsWithRow(rows)))
-        AskWhatColumnsAre(name, layout, options);
-    return false;
-}
-
 // Of a pipe the start is not there a second time. What is no file may be a name that GDAL gives to a part of
 // one.
 bool IsForGdal(const std::string& path) {
@@ -118,8 +101,8 @@ GridData ReadWhole(std::string_view text, const std::string& name, const Progres
     if (!first.Next()) throw Failure(name + ": no data");
     if (IsAsciiGridHeader(first.Line())) return ReadAsciiGrid(lines);
     const TableLayout layout = LayoutOf(TextLines(text, name), options);
-    return HasPoints(name, layout, options) ? ReadPointGrid(lines, options, progress)
-                                            : ReadMatrix(lines, layout, options);
+    return HoldsPoints(name, layout, options) ? ReadPointGrid(lines, options, progress)
+                                              : ReadMatrix(lines, layout, options);
 }
 
 // The indices of the coordinates in a range, as first and behind the last.
@@ -158,6 +141,22 @@ GridData PartOf(const GridData& grid, const Region& region, const std::string& n
 }
 
 } // namespace
+
+// Without names both look alike: few columns of many lines, or of a row of a grid, are not taken for either.
+bool HoldsPoints(const std::string& name, const TableLayout& layout, const ReadOptions& options) {
+    constexpr std::size_t mostColumns = 6, fewLines = 10, manyLines = 20;
+    if (options.IsMatrix()) return false;
+    if (!options.columns.empty() || options.method) return true;
+    if (layout.hasCorner || layout.columnCount < 3) return false;
+    if (!layout.names.empty() || (layout.fits && layout.label)) return true;
+    const auto& rows = layout.firstLines;
+    if (layout.columnCount == 3)
+        return !EndsInCsv(name) || rows.size() >= fewLines || rows.size() < 2 ||
+               AreNeighbours(rows[0], rows[1]);
+    if (layout.columnCount <= mostColumns && layout.fits && (rows.size() >= manyLines || BeginsWithRow(rows)))
+        AskWhatColumnsAre(name, layout, options);
+    return false;
+}
 
 GridData ReadGrid(std::string_view text, const std::string& name, const Progress& progress,
                   const ReadOptions& options) {

@@ -169,6 +169,8 @@ void MainWindow::Do(const MenuEntry& entry) {
         return Subtract();
     case Command::reload:
         return Reload();
+    case Command::readAs:
+        return ReadAs();
     case Command::watchFiles:
         m_isWatching = m_watching->isChecked();
         return WatchFiles();

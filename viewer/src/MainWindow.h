@@ -84,6 +84,8 @@ private:
 
     void OpenFile();
     bool OpenPath(const QString& path);
+    bool OpenReading(const Reading& reading);
+    void ReadAs();
     void OpenPaths(const QStringList& paths);
     void AddSurfaceFiles();
     void AddSurfacePaths(const QStringList& paths);

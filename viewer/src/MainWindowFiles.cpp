@@ -6,6 +6,7 @@
 #include "PlotWidget.h"
 #include "PointsPanel.h"
 #include "Preferences.h"
+#include "ReadAsDialog.h"
 #include "WindowReading.h"
 
 #include <QApplication>
@@ -139,8 +140,13 @@ void MainWindow::OpenFile() {
 // @return whether it is shown now
 bool MainWindow::OpenPath(const QString& path) {
     if (path.endsWith(".kivo")) return OpenSession(path);
+    return OpenReading(AskingReading(path));
+}
+
+bool MainWindow::OpenReading(const Reading& reading) {
     return Try(this, [&] {
-        const GridData grid = ReadGridForWindow(this, path);
+        const GridData grid = ReadGridForWindow(this, reading);
+        const QString path = QFile::decodeName(reading.path.c_str());
         const KivoDrawingTools::SKivoView view = Scene().View();
         Scene().Settings() = WithoutDataSettings(Scene().Settings());
         Scene().ShowGrid(grid);
@@ -158,6 +164,18 @@ bool MainWindow::OpenPath(const QString& path) {
     });
 }
 
+// The first surface's file once more, otherwise.
+void MainWindow::ReadAs() {
+    const SurfaceEntry first = Scene().Surfaces().front();
+    if (first.path.empty()) {
+        statusBar()->showMessage("The first surface is of no file");
+        return;
+    }
+    Reading reading = {{}, first.path, first.reading};
+    reading.options.asks = true;
+    if (AskHowToRead(this, reading, true)) OpenReading(reading);
+}
+
 // The first is opened, the others are laid over it.
 void MainWindow::OpenPaths(const QStringList& paths) {
     if (OpenPath(paths.first())) AddSurfacePaths(paths.mid(1));
@@ -171,7 +189,7 @@ void MainWindow::AddSurfaceFiles() {
 void MainWindow::AddSurfacePaths(const QStringList& paths) {
     for (const QString& path : paths)
         Try(this, [&] {
-            const GridData grid = ReadGridForWindow(this, path);
+            const GridData grid = ReadGridForWindow(this, AskingReading(path));
             Scene().AddSurface(grid, UsualLooks(Scene().Surfaces().size()));
             RememberFile(path);
         });

@@ -156,7 +156,7 @@ void MainWindow::ShowDifference(Session session) {
         } catch (const OpenQuestion& question) {
             if (question.Readings().front().path.find(session.minus) == std::string::npos)
                 throw; // of another file
-            const Reading* const answer = AskForReading(this, question);
+            const auto answer = AskForReading(this, question, true);
             if (!answer) throw Cancelled();
             session.minus = answer->path;
             session.minusReading = answer->options;

@@ -1,26 +1,85 @@
 #include "ReadDialogs.h"
 
 #include "Numbers.h"
+#include "ReadAsDialog.h"
 
 #include <QComboBox>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QFormLayout>
-#include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
+#include <QMessageBox>
 #include <QPushButton>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace KivoViewer {
 
-const Reading* AskForReading(QWidget* parent, const OpenQuestion& question) {
-    QStringList choices;
-    for (const Reading& reading : question.Readings())
-        choices.append(QString::fromStdString(reading.words));
-    bool isAnswered = false;
-    const QString choice = QInputDialog::getItem(
-        parent, "Kivo Viewer", "This file may be read in several ways:", choices, 0, false, &isAnswered);
-    return isAnswered ? &question.Readings()[static_cast<std::size_t>(choices.indexOf(choice))] : nullptr;
+namespace {
+
+// The answers as a list, beside what the first lines are by the one that is chosen.
+class QuestionDialog : public QDialog {
+public:
+    QuestionDialog(QWidget* parent, const OpenQuestion& question, bool isGrid) : QDialog(parent) {
+        setWindowTitle("Kivo Viewer");
+        auto* const layout = new QVBoxLayout(this);
+        layout->addWidget(new QLabel("This file may be read in several ways:"));
+        layout->addWidget(m_answers = new QListWidget);
+        auto* const previews = new QStackedWidget;
+        for (const Reading& reading : question.Readings()) {
+            m_answers->addItem(QString::fromStdString(reading.words));
+            if (previews->count() < mostPreviews) previews->addWidget(MakePreview(reading, isGrid));
+        }
+        const bool hasTexts = previews->count() == m_answers->count();
+        previews->setVisible(hasTexts);
+        layout->addWidget(previews);
+        auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+        layout->addWidget(buttons);
+        QPushButton* const others = buttons->addButton("&Read as...", QDialogButtonBox::ActionRole);
+        connect(others, &QPushButton::clicked, this, [this] { done(otherwise); });
+        connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+        connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+        connect(m_answers, &QListWidget::itemActivated, this, &QDialog::accept);
+        connect(m_answers, &QListWidget::currentRowChanged, previews, &QStackedWidget::setCurrentIndex);
+        const int mostRows = 12, rows = std::min(m_answers->count(), mostRows);
+        m_answers->setFixedHeight(rows * m_answers->sizeHintForRow(0) + 2 * m_answers->frameWidth());
+        m_answers->setCurrentRow(0);
+        m_answers->setFocus();
+    }
+
+    static constexpr int otherwise = 2; // result, beside those of Qt
+
+    std::size_t Answer() const { return static_cast<std::size_t>(m_answers->currentRow()); }
+
+private:
+    static constexpr int mostPreviews = 8; // of more bands and variables none is a text
+
+    QListWidget* m_answers;
+};
+
+} // namespace
+
+std::optional<Reading> AskForReading(QWidget* parent, const OpenQuestion& question, bool isGrid) {
+    QuestionDialog dialog(parent, question, isGrid);
+    const int result = dialog.exec();
+    if (result == QDialog::Rejected) return std::nullopt;
+    Reading reading = question.Readings()[dialog.Answer()];
+    if (result == QuestionDialog::otherwise && !AskHowToRead(parent, reading, isGrid)) return std::nullopt;
+    return reading;
+}
+
+bool TellAndAskAgain(QWidget* parent, const Failure& failure, Reading& reading, bool isGrid) {
+    QMessageBox message(QMessageBox::Warning, "Kivo Viewer", QString::fromStdString(OneLine(failure.what())),
+                        QMessageBox::Ok, parent);
+    QPushButton* const again =
+        IsTable(reading, isGrid) ? message.addButton("&Read as...", QMessageBox::ActionRole) : nullptr;
+    message.setEscapeButton(QMessageBox::Ok);
+    message.exec();
+    return again && message.clickedButton() == again && AskHowToRead(parent, reading, isGrid);
 }
 
 bool AskForGrid(QWidget* parent, const GridQuestion& question, ReadOptions& options) {

@@ -32,6 +32,11 @@ Region ParseRegion(const std::string& text) {
     return region;
 }
 
+std::string TextOf(const Region& region) {
+    return FormatNumber(region.x0) + ':' + FormatNumber(region.x1) + ':' + FormatNumber(region.y0) + ':' +
+           FormatNumber(region.y1);
+}
+
 GridMethod ParseGridMethod(const std::string& text) {
     const auto name = std::find(std::begin(methodNames), std::end(methodNames), text);
     if (name == std::end(methodNames)) throw Failure("expected linear, nearest or inverse, found " + text);

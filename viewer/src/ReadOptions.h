@@ -21,6 +21,8 @@ struct Region {
 
 /// The region that "x0:x1:y0:y1" stands for. Throws a Failure that says what is wrong with the text.
 Region ParseRegion(const std::string& text);
+/// The text that stands for it.
+std::string TextOf(const Region& region);
 
 /// How values between scattered points follow from these.
 enum class GridMethod { linear, nearest, inverseDistance };

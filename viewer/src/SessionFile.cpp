@@ -53,11 +53,6 @@ std::string Found(const QJsonValue& name, const QDir& folder) {
 
 // ---- Out ------------------------------------------------------------------------------------------------
 
-QString RegionText(const Region& region) {
-    return Words(FormatNumber(region.x0) + ':' + FormatNumber(region.x1) + ':' + FormatNumber(region.y0) +
-                 ':' + FormatNumber(region.y1));
-}
-
 // By the names of the command line, and no more than is said.
 QJsonObject ToJson(const ReadOptions& reading) {
     QStringList columns;
@@ -65,7 +60,7 @@ QJsonObject ToJson(const ReadOptions& reading) {
         columns.append(Words(column));
     QJsonObject object;
     if (reading.band != 0) object["band"] = reading.band;
-    if (reading.region) object["region"] = RegionText(*reading.region);
+    if (reading.region) object["region"] = Words(TextOf(*reading.region));
     if (!columns.isEmpty()) object["columns"] = columns.join(',');
     if (reading.decimalMark) object["decimal"] = reading.decimalMark == ',' ? "comma" : "point";
     if (reading.method) object["grid"] = Words(NameOf(*reading.method));

@@ -9,6 +9,7 @@
 #include <QFileInfo>
 
 #include <functional>
+#include <type_traits>
 #include <utility>
 
 namespace KivoViewer {
@@ -21,6 +22,7 @@ using Read = std::function<File(const Reading&, const Progress&)>;
 // Reads until nothing is open any more.
 template <class File>
 File ReadAsking(QWidget* parent, Reading reading, const Read<File>& read) {
+    constexpr bool isGrid = std::is_same_v<File, GridData>;
     const QString name = QFileInfo(QFile::decodeName(reading.path.c_str())).fileName();
     while (true) {
         try {
@@ -32,14 +34,18 @@ File ReadAsking(QWidget* parent, Reading reading, const Read<File>& read) {
             file.reading.asks = false;
             return file;
         } catch (const OpenQuestion& question) {
-            const Reading* const answer = AskForReading(parent, question);
+            const auto answer = AskForReading(parent, question, isGrid);
             if (!answer) throw Cancelled();
             reading = *answer;
         } catch (const GridQuestion& question) {
             if (!AskForGrid(parent, question, reading.options)) throw Cancelled();
+        } catch (const Failure& failure) {
+            if (!TellAndAskAgain(parent, failure, reading, isGrid)) throw Cancelled();
         }
     }
 }
+
+} // namespace
 
 Reading AskingReading(const QString& path) {
     Reading reading = {{}, QFile::encodeName(path).toStdString(), {}};
@@ -47,13 +53,10 @@ Reading AskingReading(const QString& path) {
     return reading;
 }
 
-} // namespace
-
-GridData ReadGridForWindow(QWidget* parent, const QString& path) {
-    return ReadAsking<GridData>(parent, AskingReading(path),
-                                [](const Reading& reading, const Progress& progress) {
-                                    return ReadGridFile(reading.path, progress, reading.options);
-                                });
+GridData ReadGridForWindow(QWidget* parent, const Reading& reading) {
+    return ReadAsking<GridData>(parent, reading, [](const Reading& present, const Progress& progress) {
+        return ReadGridFile(present.path, progress, present.options);
+    });
 }
 
 PointFile ReadPointsForWindow(QWidget* parent, const QString& path) {

@@ -9,8 +9,12 @@ class QWidget;
 
 namespace KivoViewer {
 
-/// Both throw a Failure, and Cancelled where the user wants an end of it.
-GridData ReadGridForWindow(QWidget* parent, const QString& path);
+/// A file that is read with questions.
+Reading AskingReading(const QString& path);
+
+/// What is wrong with a file is told, with the offer to read it otherwise. Both throw Cancelled where the
+/// user wants an end of it.
+GridData ReadGridForWindow(QWidget* parent, const Reading& reading);
 PointFile ReadPointsForWindow(QWidget* parent, const QString& path);
 
 } // namespace KivoViewer

@@ -275,6 +275,53 @@ TEST_F(ViewerWindowFilesTest, AsksWhatATableIs) {
     EXPECT_EQ(Compare(opened, m_start).max, 0);
 }
 
+TEST_F(ViewerWindowFilesTest, ReadsAFileOtherwise) {
+    std::ofstream(Path("table.xyz")) << "0 0 1 9\n1 0 2 8\n2 0 3 7\n0 1 4 6\n1 1 5 5\n2 1 6 4\n";
+    Start({Path("table.xyz"), "--columns", "1,2,4", "--size", "800x600"});
+    const Image wanted = m_start;
+    Start({Path("table.xyz"), "--columns", "1,2,3", "--size", "800x600"});
+    const Image read = After("otherwise", [this] {
+        desktop->Key(controlKey, true);
+        PressWith(shiftKey, 'o');
+        desktop->Key(controlKey, false);
+        const xcb_window_t dialog = WaitForDialog("Read as");
+        Keep(Grab(AreaOf(dialog)), "before");
+        PressWith(altKey, 'z');
+        Type("4");
+        Settle();
+        Keep(Grab(AreaOf(dialog)), "dialog");
+        Press(returnKey);
+        WaitForNoDialog();
+    });
+    EXPECT_EQ(Compare(read, wanted).max, 0);
+}
+
+// What is refused may be read otherwise: here in the way that is suggested.
+TEST_F(ViewerWindowFilesTest, OffersToReadOtherwiseWhatItRefuses) {
+    std::ofstream(Path("wells.csv")) << "2;2;1;900\n8;6;2;1000\n14;12;3;1150\n";
+    Start({KIVO_SAMPLE_TERRAIN, "--size", "800x600"});
+    PressWith(controlKey, 'm');
+    WaitForDialog("Add measure points");
+    Type(Path("wells.csv"));
+    Press(returnKey);
+    Keep(Grab(AreaOf(WaitForDialog("Kivo Viewer"))), "refusal");
+    PressWith(altKey, 'r');
+    WaitForDialog("Read as");
+    for (const char* const column : {"x1", "y2", "z4"}) {
+        PressWith(altKey, static_cast<xcb_keysym_t>(column[0]));
+        Type(column + 1);
+    }
+    Settle();
+    Keep(Grab(AreaOf(WaitForDialog("Read as"))), "dialog");
+    Press(returnKey);
+    Settle();
+    WaitForNoDialog();
+    ASSERT_TRUE(FindWindows());
+    const Image shown = Settled();
+    Start({KIVO_SAMPLE_TERRAIN, "--points", Path("wells.csv"), "--columns", "1,2,4", "--size", "800x600"});
+    EXPECT_EQ(Compare(shown, m_start).max, 0);
+}
+
 TEST_F(ViewerWindowFilesTest, ReadsLargeFilesWithAWayOut) {
     std::ofstream file(Path("large.xyz")); // points take seconds, wherever this runs
     for (int y = 0; y < 2000; ++y) {
