@@ -55,7 +55,7 @@ if(KIVO_BUILD_VIEWER)
     set(CPACK_DEBIAN_VIEWER_PACKAGE_NAME kivo-viewer)
     set(CPACK_DEBIAN_VIEWER_PACKAGE_SECTION science)
     set(CPACK_DEBIAN_VIEWER_PACKAGE_SHLIBDEPS ON)
-    set(CPACK_DEBIAN_VIEWER_PACKAGE_RECOMMENDS qt6-wayland)
+    set(CPACK_DEBIAN_VIEWER_PACKAGE_RECOMMENDS "qt6-wayland, qt6-translations-l10n")
     set(CPACK_DEBIAN_VIEWER_DESCRIPTION "viewer of surfaces z = f(x, y)
 Shows grids from files or formulas as lit 3-D surfaces with axes, contours,
 curves and measure points, and draws pictures of them without a display.")

@@ -4,7 +4,7 @@
 kivo_run_packages=(
     g++ cmake ninja-build pkg-config
     libegl-dev libgl-dev libopengl-dev libglu1-mesa-dev libxcb1-dev libpango1.0-dev
-    qt6-base-dev qt6-wayland libmuparser-dev libcli11-dev libpng-dev libgdal-dev
+    qt6-base-dev qt6-wayland qt6-tools-dev qt6-l10n-tools qt6-translations-l10n libmuparser-dev libcli11-dev libpng-dev libgdal-dev
     libgl1-mesa-dri libegl1 libegl-mesa0 libgl1
     fonts-dejavu-core fonts-liberation fonts-vlgothic)
 
@@ -12,7 +12,7 @@ kivo_run_packages=(
 kivo_test_packages=(
     libgtest-dev libgmock-dev googletest clang-format clang-tidy doxygen git
     libx11-dev libxcb-xtest0-dev xvfb
-    libgtk-3-dev libgtk-4-dev gobject-introspection gir1.2-gtk-4.0 python3-gi libqt6opengl6-dev qt6-tools-dev
+    libgtk-3-dev libgtk-4-dev gobject-introspection gir1.2-gtk-4.0 python3-gi libqt6opengl6-dev
     qt6-declarative-dev qml6-module-qtquick qml6-module-qtquick-window qml6-module-qtqml qml6-module-qtqml-workerscript
     libwxgtk3.2-dev libglfw3-dev libsdl2-dev libfltk1.3-dev weston xwayland
     wine wine64 g++-mingw-w64-x86-64

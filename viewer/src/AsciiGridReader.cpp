@@ -1,5 +1,6 @@
 // ESRI ASCII grids.
 #include "GridFormats.h"
+#include "Language.h"
 #include "Numbers.h"
 #include "ValueBlock.h"
 
@@ -52,38 +53,41 @@ Entry* FindEntry(Header& header, const std::string& name) {
 
 void ReadEntry(const TextLines& lines, const std::vector<std::string_view>& fields, Header& header) {
     Entry* const entry = FindEntry(header, LowerCase(fields[0]));
-    if (!entry) lines.Fail("unknown header entry " + Quoted(fields[0]));
-    if (entry->line != 0) lines.Fail("a second entry " + Quoted(fields[0]));
-    if (fields.size() != 2) lines.Fail("expected one value after " + Quoted(fields[0]));
+    if (!entry) lines.Fail(Filled(Translate("Files", "unknown header entry %1"), Quoted(fields[0])));
+    if (entry->line != 0) lines.Fail(Filled(Translate("Files", "a second entry %1"), Quoted(fields[0])));
+    if (fields.size() != 2)
+        lines.Fail(Filled(Translate("Files", "expected one value after %1"), Quoted(fields[0])));
     // The mark of missing values need not fit single precision, nor be a number that compares.
     entry->value = entry == &header.noData ? ParseNumber(fields[1]) : NumberIn(lines, fields[1]);
-    if (!entry->value) lines.Fail("not a number: " + Quoted(fields[1]));
+    if (!entry->value) lines.Fail(Filled(Translate("Files", "not a number: %1"), Quoted(fields[1])));
     entry->line = lines.Number();
     const bool isCount = entry == &header.columns || entry == &header.rows;
     if (isCount && ParseCount(fields[1]).value_or(0) < 2)
-        lines.Fail(std::string(entry->name) + " must be a whole number of at least 2");
+        lines.Fail(Filled(Translate("Files", "%1 must be a whole number of at least 2"), entry->name));
     const bool isCell = entry == &header.cell || entry == &header.cellX || entry == &header.cellY;
-    if (isCell && !(*entry->value > 0.0)) lines.Fail(std::string(entry->name) + " must be positive");
+    if (isCell && !(*entry->value > 0.0))
+        lines.Fail(Filled(Translate("Files", "%1 must be positive"), entry->name));
 }
 
 // Leaves the first line of values as the current one.
 Header ReadHeader(TextLines& lines, std::vector<std::string_view>& fields) {
     Header header;
     while (true) {
-        if (!lines.Next()) lines.Fail("no values after the header");
+        if (!lines.Next()) lines.Fail(Translate("Files", "no values after the header"));
         SplitFields(lines.Line(), ' ', fields);
         if (ParseNumber(fields[0])) break;
         ReadEntry(lines, fields, header);
     }
     if (!header.cellX.value && !header.cellY.value) header.cellX = header.cellY = header.cell;
-    if (!header.cellX.value && !header.cellY.value) lines.Fail("the header lacks cellsize");
+    if (!header.cellX.value && !header.cellY.value)
+        lines.Fail(Filled(Translate("Files", "the header lacks %1"), "cellsize"));
     for (const Entry* entry :
          {&header.columns, &header.rows, &header.x, &header.y, &header.cellX, &header.cellY})
-        if (!entry->value) lines.Fail(std::string("the header lacks ") + entry->name);
+        if (!entry->value) lines.Fail(Filled(Translate("Files", "the header lacks %1"), entry->name));
     const double points = *header.columns.value * *header.rows.value;
     if (points > static_cast<double>(maxPointCount))
         lines.FailAt(header.rows.line,
-                     "too many points; at most " + std::to_string(maxPointCount) + " can be shown");
+                     Filled(Translate("Files", "too many points; at most %1 can be shown"), maxPointCount));
     return header;
 }
 
@@ -110,9 +114,10 @@ std::vector<double> Centers(const TextLines& lines, const Entry& start, const En
     for (std::size_t i = 0; i < count; ++i) {
         centers.push_back(*start.value + (static_cast<double>(i) + (start.corner ? 0.5 : 0.0)) * *cell.value);
         if (!FitsSinglePrecision(centers.back()))
-            lines.FailAt(cell.line, "the cells reach beyond single precision");
+            lines.FailAt(cell.line, Translate("Files", "the cells reach beyond single precision"));
         if (!IsLastInOrder(centers))
-            lines.FailAt(cell.line, "the cells are too small for coordinates of this size");
+            lines.FailAt(cell.line,
+                         Translate("Files", "the cells are too small for coordinates of this size"));
     }
     return centers;
 }
@@ -123,15 +128,14 @@ std::vector<double> ReadRows(TextLines& lines, std::size_t columns, std::size_t 
     std::vector<double> z;
     std::size_t row = 0;
     do {
-        if (row == rows) lines.Fail("more than " + std::to_string(rows) + " rows");
+        if (row == rows) lines.Fail(Filled(Translate("Files", "more than %1 rows"), rows));
         SplitFields(lines.Line(), ' ', fields);
         if (fields.size() != columns)
-            lines.Fail("expected " + std::to_string(columns) + " values, found " +
-                       std::to_string(fields.size()));
+            lines.Fail(Filled(Translate("Files", "expected %1 values, found %2"), columns, fields.size()));
         ReadRow(lines, fields, noData, z);
         ++row;
     } while (lines.Next());
-    if (row != rows) lines.Fail("expected " + std::to_string(rows) + " rows, found " + std::to_string(row));
+    if (row != rows) lines.Fail(Filled(Translate("Files", "expected %1 rows, found %2"), rows, row));
     return z;
 }
 

@@ -75,7 +75,7 @@ private:
 };
 
 void WaitWithDialog(QWidget* parent, const QString& words, QEventLoop& loop, const Work& work) {
-    QProgressDialog dialog(words, "Cancel", 0, 1, parent);
+    QProgressDialog dialog(words, QCoreApplication::translate("Background", "Cancel"), 0, 1, parent);
     dialog.setWindowTitle("Kivo Viewer");
     dialog.setWindowModality(Qt::WindowModal);
     auto* const bar = new QProgressBar;

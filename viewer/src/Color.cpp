@@ -1,6 +1,7 @@
 #include "Color.h"
 
 #include "Failure.h"
+#include "Language.h"
 
 #include <charconv>
 #include <cstdio>
@@ -48,7 +49,8 @@ Color ParseColor(const std::string& text) {
     const char* const end = digits.data() + digits.size();
     const auto [stop, error] = std::from_chars(digits.data(), end, number, 16);
     if (digits.size() != 6 || error != std::errc() || stop != end)
-        throw Failure("expected a colour such as ff8000 or red, found \"" + text + '"');
+        throw Failure(
+            Filled(Translate("Settings", "expected a colour such as ff8000 or red, found \"%1\""), text));
     return {Byte(number, 16), Byte(number, 8), Byte(number, 0)};
 }
 

@@ -1,6 +1,9 @@
 #include "CommandTable.h"
 
+#include "Language.h"
 #include "SettingTable.h"
+
+#include <string_view>
 
 namespace KivoViewer {
 
@@ -15,73 +18,141 @@ void AddLine(MenuTable& table) {
 void AddToggles(MenuTable& table, const std::string& menu, const std::vector<std::string>& names) {
     for (const std::string& name : names) {
         const Setting& setting = FindSetting(name);
-        table.push_back({menu, setting.label, setting.key ? setting.key : "", setting.help + ", or not",
-                         Command::none, name});
+        table.push_back({menu, setting.label, setting.key ? setting.key : "",
+                         Filled(Translate("Menu", "%1, or not"), setting.help), Command::none, name});
     }
 }
 
 void AddFileMenu(MenuTable& table) {
-    const std::string menu = "&File";
-    table.push_back({menu, "&Open...", "Ctrl+O", "Open a grid of points, or a session", Command::open, {}});
-    table.push_back({menu, "Open &recent", {}, "Open a grid from before", Command::openRecent, {}});
+    const std::string menu = Translate("Menu", "&File");
+    table.push_back({menu,
+                     Translate("Menu", "&Open..."),
+                     "Ctrl+O",
+                     Translate("Menu", "Open a grid of points, or a session"),
+                     Command::open,
+                     {}});
+    table.push_back({menu,
+                     Translate("Menu", "Open &recent"),
+                     {},
+                     Translate("Menu", "Open a grid from before"),
+                     Command::openRecent,
+                     {}});
     AddLine(table);
     table.push_back({menu,
-                     "Add sur&face...",
+                     Translate("Menu", "Add sur&face..."),
                      "Ctrl+L",
-                     "Lay other grids of points over the one that is shown",
+                     Translate("Menu", "Lay other grids of points over the one that is shown"),
                      Command::addSurface,
                      {}});
     table.push_back({menu,
-                     "Su&btract a grid...",
+                     Translate("Menu", "Su&btract a grid..."),
                      "Ctrl+Shift+L",
-                     "Show by how much the first surface differs from another grid",
+                     Translate("Menu", "Show by how much the first surface differs from another grid"),
                      Command::subtract,
                      {}});
-    table.push_back({menu, "Add measure &points...", "Ctrl+M", "Add measure points", Command::addPoints, {}});
-    table.push_back({menu, "Add &curves...", "Ctrl+U", "Add curves", Command::addCurves, {}});
+    table.push_back({menu,
+                     Translate("Menu", "Add measure &points..."),
+                     "Ctrl+M",
+                     Translate("Menu", "Add measure points"),
+                     Command::addPoints,
+                     {}});
+    table.push_back({menu,
+                     Translate("Menu", "Add &curves..."),
+                     "Ctrl+U",
+                     Translate("Menu", "Add curves"),
+                     Command::addCurves,
+                     {}});
     AddLine(table);
     table.push_back({menu,
-                     "Sa&ve session...",
+                     Translate("Menu", "Sa&ve session..."),
                      "Ctrl+Shift+S",
-                     "Save files, settings and view, to be opened again",
+                     Translate("Menu", "Save files, settings and view, to be opened again"),
                      Command::saveSession,
                      {}});
-    table.push_back({menu, "Read a&gain", "F5", "Read the files again", Command::reload, {}});
     table.push_back({menu,
-                     "Read &as...",
+                     Translate("Menu", "Read a&gain"),
+                     "F5",
+                     Translate("Menu", "Read the files again"),
+                     Command::reload,
+                     {}});
+    table.push_back({menu,
+                     Translate("Menu", "Read &as..."),
                      "Ctrl+Shift+O",
-                     "See the first lines of the file, and choose how it is read",
+                     Translate("Menu", "See the first lines of the file, and choose how it is read"),
                      Command::readAs,
                      {}});
-    table.push_back({menu, "&Watch files", {}, "Read files again when they change", Command::watchFiles, {}});
+    table.push_back({menu,
+                     Translate("Menu", "&Watch files"),
+                     {},
+                     Translate("Menu", "Read files again when they change"),
+                     Command::watchFiles,
+                     {}});
     AddLine(table);
     table.push_back({menu,
-                     "&Save picture...",
+                     Translate("Menu", "&Save picture..."),
                      "Ctrl+S",
-                     "Save the plot as a picture of any size",
+                     Translate("Menu", "Save the plot as a picture of any size"),
                      Command::savePicture,
                      {}});
-    table.push_back(
-        {menu, "Cop&y picture", "Ctrl+C", "Copy the plot to the clipboard", Command::copyPicture, {}});
-    table.push_back({menu, "Pr&int...", "Ctrl+P", "Print the plot", Command::print, {}});
+    table.push_back({menu,
+                     Translate("Menu", "Cop&y picture"),
+                     "Ctrl+C",
+                     Translate("Menu", "Copy the plot to the clipboard"),
+                     Command::copyPicture,
+                     {}});
+    table.push_back({menu,
+                     Translate("Menu", "Pr&int..."),
+                     "Ctrl+P",
+                     Translate("Menu", "Print the plot"),
+                     Command::print,
+                     {}});
     AddLine(table);
-    table.push_back({menu, "&Quit", "Ctrl+Q", "End the program", Command::quit, {}});
+    table.push_back({menu,
+                     Translate("Menu", "&Quit"),
+                     "Ctrl+Q",
+                     Translate("Menu", "End the program"),
+                     Command::quit,
+                     {}});
 }
 
 void AddPlotMenu(MenuTable& table) {
-    const std::string menu = "&Plot";
-    table.push_back({menu, "&3-D plot", "0", "Show the 3-D plot", Command::normalPlot, {}});
-    table.push_back({menu, "&XY projection", "1", "Show the flat plot of XY", Command::xyPlot, {}});
-    table.push_back({menu, "&YZ projection", "2", "Show the flat plot of YZ", Command::yzPlot, {}});
-    table.push_back({menu, "X&Z projection", "3", "Show the flat plot of XZ", Command::xzPlot, {}});
+    const std::string menu = Translate("Menu", "&Plot");
+    table.push_back({menu,
+                     Translate("Menu", "&3-D plot"),
+                     "0",
+                     Translate("Menu", "Show the 3-D plot"),
+                     Command::normalPlot,
+                     {}});
+    table.push_back({menu,
+                     Translate("Menu", "&XY projection"),
+                     "1",
+                     Translate("Menu", "Show the flat plot of XY"),
+                     Command::xyPlot,
+                     {}});
+    table.push_back({menu,
+                     Translate("Menu", "&YZ projection"),
+                     "2",
+                     Translate("Menu", "Show the flat plot of YZ"),
+                     Command::yzPlot,
+                     {}});
+    table.push_back({menu,
+                     Translate("Menu", "X&Z projection"),
+                     "3",
+                     Translate("Menu", "Show the flat plot of XZ"),
+                     Command::xzPlot,
+                     {}});
     AddLine(table);
     AddToggles(table, menu, {"inverse-x", "inverse-y", "inverse-z"});
 }
 
 void AddViewMenu(MenuTable& table) {
-    const std::string menu = "&View";
-    table.push_back(
-        {menu, "&Reset view", "Home", "Undo turning, moving and zooming", Command::resetView, {}});
+    const std::string menu = Translate("Menu", "&View");
+    table.push_back({menu,
+                     Translate("Menu", "&Reset view"),
+                     "Home",
+                     Translate("Menu", "Undo turning, moving and zooming"),
+                     Command::resetView,
+                     {}});
     AddLine(table);
     AddToggles(table, menu, {"frame-lines", "grid-lines", "switch-planes", "auto-aspect", "fit-surfaces"});
     AddLine(table);
@@ -91,40 +162,85 @@ void AddViewMenu(MenuTable& table) {
     AddLine(table);
     AddToggles(table, menu, {"legend", "colors-follow-range", "group-names"});
     AddLine(table);
-    table.push_back(
-        {menu, "Sur&faces", "F8", "Show or hide the list of surfaces", Command::surfacesPanel, {}});
     table.push_back({menu,
-                     "&Points and curves",
+                     Translate("Menu", "Sur&faces"),
+                     "F8",
+                     Translate("Menu", "Show or hide the list of surfaces"),
+                     Command::surfacesPanel,
+                     {}});
+    table.push_back({menu,
+                     Translate("Menu", "&Points and curves"),
                      "F10",
-                     "Show or hide the list of points and curves",
+                     Translate("Menu", "Show or hide the list of points and curves"),
                      Command::pointsPanel,
                      {}});
 }
 
 // A key for each section of the side panel, so that every setting is within reach of the keyboard.
 void AddSettingsMenu(MenuTable& table) {
-    const std::string menu = "&Settings";
+    const std::string menu = Translate("Menu", "&Settings");
     int number = 0;
     std::string section;
     for (const Setting& setting : AllSettings()) {
         if (setting.section == section) continue;
         section = setting.section;
-        table.push_back({menu, '&' + section + "...", "Ctrl+" + std::to_string(++number),
-                         "Go to the settings: " + section, Command::settingsSection, section});
+        ++number;
+        table.push_back({menu, Filled(Translate("Menu", "&%1 %2..."), number, section),
+                         "Ctrl+" + std::to_string(number),
+                         Filled(Translate("Menu", "Go to the settings: %1"), section),
+                         Command::settingsSection, section});
     }
     AddLine(table);
-    table.push_back({menu, "Settings &panel", "F9", "Show or hide the settings", Command::settingsPanel, {}});
+    table.push_back({menu,
+                     Translate("Menu", "Settings &panel"),
+                     "F9",
+                     Translate("Menu", "Show or hide the settings"),
+                     Command::settingsPanel,
+                     {}});
     AddLine(table);
-    table.push_back({menu, "&Undo", "Ctrl+Z", "Take the last change of a setting back", Command::undo, {}});
-    table.push_back({menu, "Red&o", "Ctrl+Shift+Z", "Make it again", Command::redo, {}});
-    table.push_back(
-        {menu, "&Reset all settings", "Shift+Home", "Take all settings back", Command::resetSettings, {}});
+    table.push_back({menu,
+                     Translate("Menu", "&Undo"),
+                     "Ctrl+Z",
+                     Translate("Menu", "Take the last change of a setting back"),
+                     Command::undo,
+                     {}});
+    table.push_back({menu,
+                     Translate("Menu", "Red&o"),
+                     "Ctrl+Shift+Z",
+                     Translate("Menu", "Make it again"),
+                     Command::redo,
+                     {}});
+    table.push_back({menu,
+                     Translate("Menu", "&Reset all settings"),
+                     "Shift+Home",
+                     Translate("Menu", "Take all settings back"),
+                     Command::resetSettings,
+                     {}});
 }
 
 void AddHelpMenu(MenuTable& table) {
-    const std::string menu = "&Help";
-    table.push_back({menu, "&Keys and mouse", "F1", "Tell what keys and mouse do", Command::showKeys, {}});
-    table.push_back({menu, "&About", {}, "Tell what this program is", Command::about, {}});
+    const std::string menu = Translate("Menu", "&Help");
+    table.push_back({menu,
+                     Translate("Menu", "&Keys and mouse"),
+                     "F1",
+                     Translate("Menu", "Tell what keys and mouse do"),
+                     Command::showKeys,
+                     {}});
+    table.push_back({menu,
+                     Translate("Menu", "&About"),
+                     {},
+                     Translate("Menu", "Tell what this program is"),
+                     Command::about,
+                     {}});
+}
+
+// As keyboards have them.
+std::string WordsForKey(std::string key) {
+    for (const char* const name :
+         {Marked("Input", "Ctrl"), Marked("Input", "Shift"), Marked("Input", "Home")})
+        if (const std::size_t at = key.find(name); at != std::string::npos)
+            key.replace(at, std::string_view(name).size(), Translate("Input", name));
+    return key;
 }
 
 MenuTable MakeMenuTable() {
@@ -147,23 +263,26 @@ const std::vector<MenuEntry>& AllMenuEntries() {
 std::vector<InputUse> KeyUses() {
     std::vector<InputUse> uses;
     for (const MenuEntry& entry : AllMenuEntries())
-        if (!entry.key.empty()) uses.push_back({entry.key, entry.help});
-    uses.push_back({"Arrows", "Turn the 3-D plot by five degrees, or move a flat one"});
-    uses.push_back({"Shift+arrows", "Move the plot"});
-    uses.push_back({"Plus, minus", "Zoom"});
+        if (!entry.key.empty()) uses.push_back({WordsForKey(entry.key), entry.help});
+    uses.push_back({Translate("Input", "Arrows"),
+                    Translate("Input", "Turn the 3-D plot by five degrees, or move a flat one")});
+    uses.push_back({Translate("Input", "Shift+arrows"), Translate("Input", "Move the plot")});
+    uses.push_back({Translate("Input", "Plus, minus"), Translate("Input", "Zoom")});
     return uses;
 }
 
 std::vector<InputUse> MouseUses() {
-    return {{"Left button", "Turn the 3-D plot like a turntable"},
-            {"Right button", "Turn the 3-D plot freely"},
-            {"Shift + either, or middle", "Move the plot"},
-            {"Ctrl + either", "Zoom: down enlarges, up shrinks"},
-            {"Double click", "Bring what is there to the middle"},
-            {"Wheel", "Zoom at the pointer"},
-            {"Move, while tracing", "Show the point of the surface under the pointer"},
-            {"Drop a file", "Open it; of several the others lie over the first"},
-            {"Shift + drop a file", "Lay it over what is shown"}};
+    return {{Translate("Input", "Left button"), Translate("Input", "Turn the 3-D plot like a turntable")},
+            {Translate("Input", "Right button"), Translate("Input", "Turn the 3-D plot freely")},
+            {Translate("Input", "Shift + either, or middle"), Translate("Input", "Move the plot")},
+            {Translate("Input", "Ctrl + either"), Translate("Input", "Zoom: down enlarges, up shrinks")},
+            {Translate("Input", "Double click"), Translate("Input", "Bring what is there to the middle")},
+            {Translate("Input", "Wheel"), Translate("Input", "Zoom at the pointer")},
+            {Translate("Input", "Move, while tracing"),
+             Translate("Input", "Show the point of the surface under the pointer")},
+            {Translate("Input", "Drop a file"),
+             Translate("Input", "Open it; of several the others lie over the first")},
+            {Translate("Input", "Shift + drop a file"), Translate("Input", "Lay it over what is shown")}};
 }
 
 } // namespace KivoViewer

@@ -1,6 +1,7 @@
 #include "Difference.h"
 
 #include "Failure.h"
+#include "Language.h"
 #include "Origin.h"
 
 #include <algorithm>
@@ -68,7 +69,7 @@ GridData DifferenceOf(const GridData& grid, const GridData& other) {
         values.push_back(grid.origin[2] - other.origin[2] + static_cast<double>(grid.z[i]) -
                          ValueAt(other, columns[i % columns.size()], rows[i / columns.size()]));
     if (std::none_of(values.begin(), values.end(), [](double value) { return std::isfinite(value); }))
-        throw Failure(difference.title + ": no place has a value of both");
+        throw Failure(difference.title + ": " + Translate("Files", "no place has a value of both"));
     difference.origin[2] = OriginOfValues(values);
     for (std::size_t i = 0; i < values.size(); ++i)
         difference.z[i] = static_cast<float>(values[i] - difference.origin[2]);

@@ -1,6 +1,7 @@
 #include "FileText.h"
 
 #include "Failure.h"
+#include "Language.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -24,7 +25,8 @@ std::string ReadBytes(const std::string& path, std::size_t count, const Progress
     };
     const std::unique_ptr<std::FILE, decltype(close)> file(
         path == standardInput ? stdin : std::fopen(path.c_str(), "rb"), close);
-    if (!file) throw Failure(path + ": cannot open it: " + std::strerror(errno));
+    if (!file)
+        throw Failure(path + ": " + Filled(Translate("Files", "cannot open it: %1"), std::strerror(errno)));
     std::error_code unknown; // of pipes, for example
     const auto size = static_cast<double>(std::filesystem::file_size(path, unknown));
     std::string text;
@@ -38,7 +40,8 @@ std::string ReadBytes(const std::string& path, std::size_t count, const Progress
         if (got == 0) break;
         if (!unknown) Report(progress, std::min(1.0, static_cast<double>(text.size()) / size));
     }
-    if (std::ferror(file.get())) throw Failure(path + ": cannot read it: " + std::strerror(errno));
+    if (std::ferror(file.get()))
+        throw Failure(path + ": " + Filled(Translate("Files", "cannot read it: %1"), std::strerror(errno)));
     return text;
 }
 
@@ -46,7 +49,7 @@ std::string ReadBytes(const std::string& path, std::size_t count, const Progress
 
 std::string ReadFileText(const std::string& path, const Progress& progress) {
     std::string text = ReadBytes(path, maxFileSize + 1, progress);
-    if (text.size() > maxFileSize) throw Failure(path + ": larger than 1 GiB");
+    if (text.size() > maxFileSize) throw Failure(path + ": " + Translate("Files", "larger than 1 GiB"));
     return text;
 }
 

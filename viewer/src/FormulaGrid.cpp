@@ -2,6 +2,7 @@
 
 #include "Failure.h"
 #include "GridFormats.h"
+#include "Language.h"
 #include "Numbers.h"
 
 #include <muParser.h>
@@ -24,7 +25,7 @@ std::vector<double> CoordinatesIn(const Range& range) {
         const double share = static_cast<double>(i) / static_cast<double>(range.count - 1);
         coordinates.push_back(low + (high - low) * share);
         if (i > 0 && !(coordinates[i] > coordinates[i - 1]))
-            throw Failure("the range is too narrow for " + std::to_string(range.count) + " values");
+            throw Failure(Filled(Translate("Formula", "the range is too narrow for %1 values"), range.count));
     }
     return coordinates;
 }
@@ -34,7 +35,8 @@ std::string ErrorWords(const mu::ParserError& error, const std::string& formula)
     std::string words =
         std::regex_replace(error.GetMsg(), std::regex("( found)? at (expression )?position [0-9]+|\\.$"), "");
     if (error.GetPos() >= 0)
-        words += " at position " + std::to_string(std::min<std::size_t>(error.GetPos(), formula.size()) + 1);
+        return Filled(Translate("Formula", "%1 at position %2"), words,
+                      std::min<std::size_t>(error.GetPos(), formula.size()) + 1);
     return words;
 }
 
@@ -56,7 +58,7 @@ std::vector<double> Evaluate(const std::string& formula, const std::vector<doubl
     parser.SetExpr(formula);
     parser.Eval();
     if (parser.GetNumResults() != 1)
-        throw Failure("formula: one value is needed, not several parted by commas");
+        throw Failure(Translate("Formula", "formula: one value is needed, not several parted by commas"));
     std::vector<double> values;
     for (const double row : rows)
         for (const double column : columns) {
@@ -72,31 +74,33 @@ std::vector<double> Evaluate(const std::string& formula, const std::vector<doubl
 Range ParseRange(const std::string& text) {
     const std::size_t first = text.find(':');
     const std::size_t second = first == std::string::npos ? first : text.find(':', first + 1);
-    if (second == std::string::npos) throw Failure("expected from:to:count, found " + text);
+    if (second == std::string::npos)
+        throw Failure(Filled(Translate("Formula", "expected from:to:count, found %1"), text));
     const auto from = ParseNumber(text.substr(0, first));
     const auto to = ParseNumber(text.substr(first + 1, second - first - 1));
     const auto count = ParseCount(text.substr(second + 1));
     if (!from || !to || !FitsSinglePrecision(*from) || !FitsSinglePrecision(*to))
-        throw Failure("expected two numbers in " + text);
-    if (*from == *to) throw Failure("the range is empty: " + text);
+        throw Failure(Filled(Translate("Formula", "expected two numbers in %1"), text));
+    if (*from == *to) throw Failure(Filled(Translate("Formula", "the range is empty: %1"), text));
     if (!count || *count < 2 || *count > maxPointCount / 2)
-        throw Failure("expected a count from 2 to " + std::to_string(maxPointCount / 2) + " in " + text);
+        throw Failure(
+            Filled(Translate("Formula", "expected a count from 2 to %1 in %2"), maxPointCount / 2, text));
     return {*from, *to, *count};
 }
 
 GridData MakeFormulaGrid(const std::string& formula, const Range& x, const Range& y) {
     if (x.count > maxPointCount / y.count)
-        throw Failure("too many points; at most " + std::to_string(maxPointCount) + " can be shown");
+        throw Failure(Filled(Translate("Files", "too many points; at most %1 can be shown"), maxPointCount));
     const std::vector<double> columns = CoordinatesIn(x);
     const std::vector<double> rows = CoordinatesIn(y);
     std::vector<double> values;
     try {
         values = Evaluate(formula, columns, rows);
     } catch (const mu::ParserError& error) {
-        throw Failure("formula: " + ErrorWords(error, formula));
+        throw Failure(Filled(Translate("Formula", "formula: %1"), ErrorWords(error, formula)));
     }
     if (std::none_of(values.begin(), values.end(), [](double value) { return std::isfinite(value); }))
-        throw Failure("formula: no finite value in this range");
+        throw Failure(Translate("Formula", "formula: no finite value in this range"));
     GridData grid = MakeGrid("formula", columns, rows, values);
     grid.title = "z = " + formula;
     return grid;

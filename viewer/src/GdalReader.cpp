@@ -5,6 +5,7 @@
 #include "Failure.h"
 #include "GdalErrors.h"
 #include "GridFormats.h"
+#include "Language.h"
 #include "Numbers.h"
 
 #include <cpl_conv.h>
@@ -79,7 +80,8 @@ struct Placement {
     Placement(GDALDatasetH dataset, const std::string& path) {
         double t[6];
         if (GDALGetGeoTransform(dataset, t) != CE_None) return;
-        if (t[2] != 0.0 || t[4] != 0.0) throw Failure(path + ": the raster is rotated");
+        if (t[2] != 0.0 || t[4] != 0.0)
+            throw Failure(path + ": " + Translate("Files", "the raster is rotated"));
         x = t[0];
         columnStep = t[1];
         y = t[3];
@@ -188,7 +190,7 @@ std::vector<std::string> PartsOf(GDALDatasetH dataset) {
 
 [[noreturn]] void FailWithoutBand(GDALDatasetH dataset, const std::string& path, const ReadOptions& options) {
     const std::vector<std::string> parts = PartsOf(dataset);
-    if (parts.empty()) throw Failure(path + ": no raster band in it");
+    if (parts.empty()) throw Failure(path + ": " + Translate("Files", "no raster band in it"));
     std::string list;
     for (const std::string& part : parts)
         list += (list.empty() ? "" : ", ") + part;
@@ -196,12 +198,15 @@ std::vector<std::string> PartsOf(GDALDatasetH dataset) {
     readings.reserve(parts.size());
     for (const std::string& part : parts)
         readings.push_back({part.substr(part.find_last_of(':') + 1), part, options});
-    throw OpenQuestion(path + ": several variables; open one of them by its whole name: " + list, readings);
+    throw OpenQuestion(
+        path + ": " +
+            Filled(Translate("Files", "several variables; open one of them by its whole name: %1"), list),
+        readings);
 }
 
 // What a band holds, as far as the file says it: a name, its place in further dimensions, a colour.
 std::string WordsOf(GDALRasterBandH band, int number) {
-    std::string words = "Band " + std::to_string(number);
+    std::string words = Filled(Translate("Files", "Band %1"), number);
     std::string separator = ": ";
     const auto add = [&](const std::string& text) {
         words += separator + text;
@@ -226,32 +231,35 @@ std::string WordsOf(GDALRasterBandH band, int number) {
         options.band = band;
         readings.push_back({WordsOf(GDALGetRasterBand(dataset, band), band), path, options});
     }
-    throw OpenQuestion(path + ": " + std::to_string(count) + " bands; --band says which", readings);
+    throw OpenQuestion(path + ": " + Filled(Translate("Files", "%1 bands; --band says which"), count),
+                       readings);
 }
 
 int BandOf(GDALDatasetH dataset, const ReadOptions& options, const std::string& path) {
     const int count = GDALGetRasterCount(dataset);
     if (count == 0) FailWithoutBand(dataset, path, options);
     if (options.band > count)
-        throw Failure(path + ": there is no band " + std::to_string(options.band) + "; the last one is " +
-                      std::to_string(count));
+        throw Failure(
+            path + ": " +
+            Filled(Translate("Files", "there is no band %1; the last one is %2"), options.band, count));
     if (count > 1 && options.band < 1 && options.asks) AskForBand(dataset, path, options);
     return std::max(options.band, 1);
 }
 
-std::string Ordinal(int step) {
-    return std::to_string(step) + (step % 10 == 3 && step % 100 != 13   ? "rd"
-                                   : step % 10 == 1 && step % 100 != 11 ? "st"
-                                                                        : "th");
+// Of odd steps.
+std::string WordsForStep(int step) {
+    if (step % 10 == 1 && step % 100 != 11) return Translate("Files", "every %1st of %2 x %3 points");
+    if (step % 10 == 3 && step % 100 != 13) return Translate("Files", "every %1rd of %2 x %3 points");
+    return Translate("Files", "every %1th of %2 x %3 points");
 }
 
 std::string NoteOn(GDALDatasetH dataset, int band, bool wasChosen, const Window& window) {
     std::string note;
     const int bands = GDALGetRasterCount(dataset);
-    if (bands > 1 && !wasChosen) note = "band " + std::to_string(band) + " of " + std::to_string(bands);
+    if (bands > 1 && !wasChosen) note = Filled(Translate("Files", "band %1 of %2"), band, bands);
     if (window.step == 1) return note;
-    return note + (note.empty() ? "" : ", ") + "every " + Ordinal(window.step) + " of " +
-           std::to_string(window.columns) + " x " + std::to_string(window.rows) + " points";
+    return note + (note.empty() ? "" : ", ") +
+           Filled(WordsForStep(window.step), window.step, window.columns, window.rows);
 }
 
 // A title says of GDAL's names for a part what is beyond the format.

@@ -1,6 +1,7 @@
 #include "GridFormats.h"
 
 #include "Failure.h"
+#include "Language.h"
 #include "Numbers.h"
 #include "Origin.h"
 
@@ -28,14 +29,18 @@ std::vector<float> Coordinates(const std::string& name, char axis, const std::ve
     if (numbers[1] < numbers[0]) std::reverse(coordinates.begin(), coordinates.end());
     if (std::adjacent_find(coordinates.begin(), coordinates.end(), std::greater_equal<>()) !=
         coordinates.end())
-        throw Failure(name + ": there are values of " + axis +
-                      " that lie too close to each other for the distance between the first and the last");
+        throw Failure(
+            name + ": " +
+            Filled(Translate("Files",
+                             "there are values of %1 that lie too close to each other for the distance "
+                             "between the first and the last"),
+                   axis));
     return coordinates;
 }
 
 double ParsedIn(const TextLines& lines, std::string_view field) {
     const std::optional<double> number = ParseNumber(field);
-    if (!number) lines.Fail("not a number: " + Quoted(field));
+    if (!number) lines.Fail(Filled(Translate("Files", "not a number: %1"), Quoted(field)));
     return *number;
 }
 
@@ -52,8 +57,10 @@ double NumberIn(const TextLines& lines, std::string_view field) {
 }
 
 double CheckedNumber(const TextLines& lines, std::string_view field, double number) {
-    if (!std::isfinite(number)) lines.Fail("a finite number is needed here: " + Quoted(field));
-    if (!FitsSinglePrecision(number)) lines.Fail("number beyond single precision: " + Quoted(field));
+    if (!std::isfinite(number))
+        lines.Fail(Filled(Translate("Files", "a finite number is needed here: %1"), Quoted(field)));
+    if (!FitsSinglePrecision(number))
+        lines.Fail(Filled(Translate("Files", "number beyond single precision: %1"), Quoted(field)));
     return number;
 }
 
@@ -77,22 +84,27 @@ std::vector<double> EvenCoordinates(const std::string& name, double first, doubl
     for (std::size_t i = 0; i < count; ++i) {
         coordinates.push_back(first + static_cast<double>(i) * step);
         if (!FitsSinglePrecision(coordinates.back()))
-            throw Failure(name + ": the cells reach beyond single precision");
+            throw Failure(name + ": " + Translate("Files", "the cells reach beyond single precision"));
         if (!IsLastInOrder(coordinates))
-            throw Failure(name + ": the cells are too small for coordinates of this size");
+            throw Failure(name + ": " +
+                          Translate("Files", "the cells are too small for coordinates of this size"));
     }
     return coordinates;
 }
 
 void CheckSize(const std::string& name, double columns, double rows) {
     if (!(columns * rows <= static_cast<double>(maxPointCount)))
-        throw Failure(name + ": too many points; at most " + std::to_string(maxPointCount) + " can be shown");
+        throw Failure(name + ": " +
+                      Filled(Translate("Files", "too many points; at most %1 can be shown"), maxPointCount));
 }
 
 void CheckRegion(const std::string& name, std::size_t columns, std::size_t rows) {
     if (columns < 2 || rows < 2)
-        throw Failure(name + ": a surface needs at least 2 x 2 points, and of these " +
-                      std::to_string(columns) + " x " + std::to_string(rows) + " lie in the region");
+        throw Failure(
+            name + ": " +
+            Filled(Translate("Files",
+                             "a surface needs at least 2 x 2 points, and of these %1 x %2 lie in the region"),
+                   columns, rows));
 }
 
 GridData MakeGrid(const std::string& name, const std::vector<double>& x, const std::vector<double>& y,
@@ -100,10 +112,11 @@ GridData MakeGrid(const std::string& name, const std::vector<double>& x, const s
     const std::size_t columns = x.size();
     const std::size_t rows = y.size();
     if (columns < 2 || rows < 2)
-        throw Failure(name + ": a surface needs at least 2 x 2 points, found " + std::to_string(columns) +
-                      " x " + std::to_string(rows));
+        throw Failure(name + ": " +
+                      Filled(Translate("Files", "a surface needs at least 2 x 2 points, found %1 x %2"),
+                             columns, rows));
     if (std::none_of(z.begin(), z.end(), [](double value) { return std::isfinite(value); }))
-        throw Failure(name + ": every value is missing");
+        throw Failure(name + ": " + Translate("Files", "every value is missing"));
 
     GridData grid;
     grid.origin[0] = OriginOfCoordinates(x);

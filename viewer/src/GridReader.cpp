@@ -4,6 +4,7 @@
 #include "FileText.h"
 #include "GdalReader.h"
 #include "GridFormats.h"
+#include "Language.h"
 #include "Numbers.h"
 #include "PointGrid.h"
 #include "PointTable.h"
@@ -65,13 +66,16 @@ bool BeginsWithRow(const std::vector<std::vector<double>>& rows) {
 
 [[noreturn]] void AskWhatColumnsAre(const std::string& name, const TableLayout& layout, ReadOptions options) {
     options.columns = {"1", "2", "3"};
-    const Reading points = {"Points: x, y and z are the first three columns", name, options};
+    const Reading points = {Translate("Files", "Points: x, y and z are the first three columns"), name,
+                            options};
     options.columns = {"all"};
-    const Reading matrix = {"A matrix of values", name, options};
+    const Reading matrix = {Translate("Files", "A matrix of values"), name, options};
     throw OpenQuestion(
-        name + ": " + std::to_string(layout.columnCount) +
-            " numbers in each line are points, or a matrix of values; --columns 1,2,3 or --columns all "
-            "says it",
+        name + ": " +
+            Filled(Translate("Files",
+                             "%1 numbers in each line are points, or a matrix of values; --columns 1,2,3 "
+                             "or --columns all says it"),
+                   layout.columnCount),
         {points, matrix});
 }
 
@@ -98,7 +102,7 @@ GridData ReadWhole(std::string_view text, const std::string& name, const Progres
     if (IsSurferGrid(text)) return ReadSurferGrid(text, name, progress);
     TextLines lines(text, name, progress);
     TextLines first(text, name);
-    if (!first.Next()) throw Failure(name + ": no data");
+    if (!first.Next()) throw Failure(name + ": " + Translate("Files", "no data"));
     if (IsAsciiGridHeader(first.Line())) return ReadAsciiGrid(lines);
     const TableLayout layout = LayoutOf(TextLines(text, name), options);
     return HoldsPoints(name, layout, options) ? ReadPointGrid(lines, options, progress)

@@ -42,7 +42,7 @@ bool IsDark(const QPalette& palette) {
     return palette.color(QPalette::Window).lightness() < 128;
 }
 
-QString TableOf(const char* heading, const std::vector<InputUse>& uses) {
+QString TableOf(const QString& heading, const std::vector<InputUse>& uses) {
     QString text = QString("<h3>%1</h3><table cellpadding=\"2\">").arg(heading);
     for (const InputUse& use : uses)
         text += QString("<tr><td><b>%1</b>&nbsp;&nbsp;</td><td>%2</td></tr>")
@@ -62,14 +62,14 @@ MainWindow::MainWindow(const Content& content, const Options& options) : m_plot(
     FillMenus();
     m_tracePoint = new QLabel(this);
     m_proportions = new QLabel(this);
-    m_proportions->setToolTip("How many times as long Z is drawn as X and Y");
+    m_proportions->setToolTip(tr("How many times as long Z is drawn as X and Y"));
     statusBar()->addPermanentWidget(m_tracePoint);
     statusBar()->addPermanentWidget(m_proportions);
     m_surfacesDock->setVisible(!content.surfaces.empty());
     m_pointsDock->setVisible(!content.measureGroups.empty() || !content.curves.empty());
     Place(options);
     if (!m_plot->errorString().isEmpty())
-        throw Failure("cannot draw: " + m_plot->errorString().toStdString());
+        throw Failure(tr("cannot draw: %1").arg(m_plot->errorString()).toStdString());
     Scene().SetDark(IsDark(palette()));
     ShowContent(Scene(), content, options);
     connect(m_plot, &KivoPlotWidget::pointTraced, this, [this](const QVector3D& point) {
@@ -220,13 +220,13 @@ void MainWindow::MakePanels() {
     m_panelArea->setWidgetResizable(true);
     m_panelArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_panelArea->setFocusPolicy(Qt::NoFocus);
-    m_panelDock = MakeDock("settings", "Settings", m_panelArea);
+    m_panelDock = MakeDock("settings", tr("Settings"), m_panelArea);
     m_surfaces = new SurfacesPanel(Scene(), {[this](const SurfaceEntry& surface) { ChangeSurface(surface); },
                                              [this](int number) { RemoveSurface(number); },
                                              [this](const QString& text) { ShowWarning(text); }});
-    m_surfacesDock = MakeDock("surfaces", "Surfaces", m_surfaces);
+    m_surfacesDock = MakeDock("surfaces", tr("Surfaces"), m_surfaces);
     m_points = new PointsPanel(Scene(), [this] { m_plot->Redraw(); });
-    m_pointsDock = MakeDock("points", "Points and curves", m_points);
+    m_pointsDock = MakeDock("points", tr("Points and curves"), m_points);
 }
 
 QDockWidget* MainWindow::MakeDock(const char* name, const QString& title, QWidget* content) {
@@ -283,7 +283,7 @@ void MainWindow::ResetSettings() {
     settings.mode = Scene().Settings().mode;
     const PlotSettings before = std::exchange(Scene().Settings(), settings);
     Scene().ApplyAll();
-    Remember("Reset all settings", -1, before);
+    Remember(tr("Reset all settings"), -1, before);
     m_plot->Redraw();
     RefreshControls();
 }
@@ -297,10 +297,10 @@ void MainWindow::RefreshControls() {
     m_modes[static_cast<std::size_t>(settings.mode)]->setChecked(true);
     m_watching->setChecked(m_isWatching);
     const std::optional<double> exaggeration = Scene().Exaggeration();
-    m_proportions->setText(exaggeration
-                               ? QString("Exaggeration ") +
-                                     QString::fromStdString(FormatRounded(static_cast<float>(*exaggeration)))
-                               : QString());
+    m_proportions->setText(
+        exaggeration ? tr("Exaggeration %1")
+                           .arg(QString::fromStdString(FormatRounded(static_cast<float>(*exaggeration))))
+                     : QString());
     m_panel->Refresh();
     m_surfaces->Refresh();
     m_points->Refresh();
@@ -385,7 +385,7 @@ void MainWindow::ShowTitle(const GridData& grid) {
 // In two columns: all in one would be higher than most screens. On small ones they are moved.
 void MainWindow::ShowKeys() {
     QDialog dialog(this);
-    dialog.setWindowTitle("Keys and mouse");
+    dialog.setWindowTitle(tr("Keys and mouse"));
     auto* const content = new QWidget;
     auto* const layout = new QGridLayout(content);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -393,9 +393,10 @@ void MainWindow::ShowKeys() {
     const std::vector<InputUse> keys = KeyUses();
     const std::vector<InputUse> mouse = MouseUses();
     const auto middle = keys.begin() + static_cast<std::ptrdiff_t>((keys.size() + mouse.size()) / 2);
-    layout->addWidget(new QLabel(TableOf("Keys", {keys.begin(), middle})), 0, 0, Qt::AlignTop);
-    layout->addWidget(new QLabel(TableOf("Keys, continued", {middle, keys.end()}) + TableOf("Mouse", mouse)),
-                      0, 1, Qt::AlignTop);
+    layout->addWidget(new QLabel(TableOf(tr("Keys"), {keys.begin(), middle})), 0, 0, Qt::AlignTop);
+    layout->addWidget(
+        new QLabel(TableOf(tr("Keys, continued"), {middle, keys.end()}) + TableOf(tr("Mouse"), mouse)), 0, 1,
+        Qt::AlignTop);
     auto* const area = new QScrollArea;
     area->setWidget(content);
     area->setFrameShape(QFrame::NoFrame);
@@ -410,10 +411,10 @@ void MainWindow::ShowKeys() {
 }
 
 void MainWindow::ShowAbout() {
-    QMessageBox::about(this, "About Kivo Viewer",
-                       "<h3>Kivo Viewer " KIVO_VERSION "</h3>"
-                       "<p>Shows surfaces z = f(x, y), drawn by the library KivoFunctionPlotter.</p>"
-                       "<p>MIT licence.</p>");
+    QMessageBox::about(this, tr("About Kivo Viewer"),
+                       "<h3>Kivo Viewer " KIVO_VERSION "</h3><p>" +
+                           tr("Shows surfaces z = f(x, y), drawn by the library KivoFunctionPlotter.") +
+                           "</p><p>" + tr("MIT licence.") + "</p>");
 }
 
 } // namespace KivoViewer

@@ -9,6 +9,7 @@
 #include "Session.h"
 #include "SettingTable.h"
 
+#include <QCoreApplication>
 #include <QMainWindow>
 
 #include <functional>
@@ -30,6 +31,8 @@ class SurfacesPanel;
 
 /// Throws a Failure where the plot cannot be drawn on this display.
 class MainWindow : public QMainWindow {
+    Q_DECLARE_TR_FUNCTIONS(MainWindow)
+
 public:
     MainWindow(const Content& content, const Options& options);
 

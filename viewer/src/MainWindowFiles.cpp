@@ -75,14 +75,17 @@ private:
 // Asks how large a picture should be. @return whether to go on
 bool AskForFormat(QWidget* parent, PictureFormat& format) {
     QDialog dialog(parent);
-    dialog.setWindowTitle("Save picture");
+    dialog.setWindowTitle(MainWindow::tr("Save picture"));
     auto* const form = new QFormLayout(&dialog);
-    QSpinBox* const width = AddNumber(form, "&Width", format.width, maxPictureSize, "pixels");
-    QSpinBox* const height = AddNumber(form, "&Height", format.height, maxPictureSize, "pixels");
-    QSpinBox* const dpi = AddNumber(form, "&Resolution", format.dpi, maxResolution, "dots per inch");
-    dpi->setToolTip(
+    QSpinBox* const width =
+        AddNumber(form, MainWindow::tr("&Width"), format.width, maxPictureSize, MainWindow::tr("pixels"));
+    QSpinBox* const height =
+        AddNumber(form, MainWindow::tr("&Height"), format.height, maxPictureSize, MainWindow::tr("pixels"));
+    QSpinBox* const dpi = AddNumber(form, MainWindow::tr("&Resolution"), format.dpi, maxResolution,
+                                    MainWindow::tr("dots per inch"));
+    dpi->setToolTip(MainWindow::tr(
         "Texts, lines and points keep their size on paper: with more dots per inch they have more "
-        "pixels");
+        "pixels"));
     width->selectAll();
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Save | QDialogButtonBox::Cancel);
     form->addRow(buttons);
@@ -107,10 +110,14 @@ QStringList LocalFilesIn(const QMimeData& data) {
     return paths;
 }
 
+QString AllFiles() {
+    return MainWindow::tr("All files") + " (*)";
+}
+
 QString GridFiles() {
     const QString ours = "*.kivo *.asc *.grd *.xyz *.csv *.txt *.dat";
     const QString others = HasGdal() ? " *.tif *.tiff *.hgt *.dem *.nc *.vrt" : "";
-    return "Grids of points and sessions (" + ours + others + ");;All files (*)";
+    return MainWindow::tr("Grids of points and sessions") + " (" + ours + others + ");;" + AllFiles();
 }
 
 } // namespace
@@ -124,7 +131,7 @@ bool MainWindow::Try(QWidget* parent, const std::function<void()>& action) {
     } catch (const Failure& failure) {
         QMessageBox::warning(parent, "Kivo Viewer", QString::fromStdString(OneLine(failure.what())));
     } catch (const std::bad_alloc&) {
-        QMessageBox::warning(parent, "Kivo Viewer", "There is not enough memory.");
+        QMessageBox::warning(parent, "Kivo Viewer", tr("There is not enough memory."));
     }
     return false;
 }
@@ -132,7 +139,8 @@ bool MainWindow::Try(QWidget* parent, const std::function<void()>& action) {
 // ---- Files in -------------------------------------------------------------------------------------------
 
 void MainWindow::OpenFile() {
-    const QString path = QFileDialog::getOpenFileName(this, "Open a grid of points", QString(), GridFiles());
+    const QString path =
+        QFileDialog::getOpenFileName(this, tr("Open a grid of points"), QString(), GridFiles());
     if (!path.isEmpty()) OpenPath(path);
 }
 
@@ -168,7 +176,7 @@ bool MainWindow::OpenReading(const Reading& reading) {
 void MainWindow::ReadAs() {
     const SurfaceEntry first = Scene().Surfaces().front();
     if (first.path.empty()) {
-        statusBar()->showMessage("The first surface is of no file");
+        statusBar()->showMessage(tr("The first surface is of no file"));
         return;
     }
     Reading reading = {{}, first.path, first.reading};
@@ -182,7 +190,7 @@ void MainWindow::OpenPaths(const QStringList& paths) {
 }
 
 void MainWindow::AddSurfaceFiles() {
-    AddSurfacePaths(QFileDialog::getOpenFileNames(this, "Add surfaces", QString(), GridFiles()));
+    AddSurfacePaths(QFileDialog::getOpenFileNames(this, tr("Add surfaces"), QString(), GridFiles()));
 }
 
 // What cannot be read is told, and leaves what is shown.
@@ -223,7 +231,7 @@ void MainWindow::ListRecentFiles(QMenu* menu) {
         action->setStatusTip(path);
         connect(action, &QAction::triggered, this, [this, path] { OpenPath(path); });
     }
-    if (menu->isEmpty()) menu->addAction("None yet")->setEnabled(false);
+    if (menu->isEmpty()) menu->addAction(tr("None yet"))->setEnabled(false);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
@@ -242,8 +250,8 @@ void MainWindow::dropEvent(QDropEvent* event) {
 
 void MainWindow::AddPointFiles(PointSet::Kind kind) {
     const QStringList paths = QFileDialog::getOpenFileNames(
-        this, kind == PointSet::Kind::curve ? "Add curves" : "Add measure points", QString(),
-        "Points x, y, z (*.csv *.xyz *.txt *.dat);;All files (*)");
+        this, kind == PointSet::Kind::curve ? tr("Add curves") : tr("Add measure points"), QString(),
+        tr("Points x, y, z") + " (*.csv *.xyz *.txt *.dat);;" + AllFiles());
     for (const QString& path : paths)
         Try(this, [&] {
             const PointFile file = ReadPointsForWindow(this, path);
@@ -266,14 +274,14 @@ void MainWindow::SavePicture() {
     QString endings;
     for (const std::string& ending : PictureEndings())
         endings += " *" + QString::fromStdString(ending);
-    QString path = QFileDialog::getSaveFileName(this, "Save the picture", "plot.png",
-                                                "Pictures (" + endings.trimmed() + ')');
+    QString path = QFileDialog::getSaveFileName(this, tr("Save the picture"), "plot.png",
+                                                tr("Pictures") + " (" + endings.trimmed() + ')');
     if (path.isEmpty()) return;
     if (QFileInfo(path).suffix().isEmpty()) path += ".png";
     Try(this, [&] {
         CheckPictureName(NameOf(path), format.isTransparent);
         WritePictureFile(NameOf(path), CaptureScene(Scene(), format), format);
-        statusBar()->showMessage("Saved " + path);
+        statusBar()->showMessage(tr("Saved %1").arg(path));
     });
 }
 
@@ -281,7 +289,7 @@ void MainWindow::CopyPicture() {
     Try(this, [this] {
         const PictureFormat format = m_plot->Format();
         QApplication::clipboard()->setImage(CopiedImage(CaptureScene(Scene(), format), format));
-        statusBar()->showMessage("Copied the picture");
+        statusBar()->showMessage(tr("Copied the picture"));
     });
 }
 
@@ -303,7 +311,7 @@ void MainWindow::Print() {
         const LightScope light(Scene());
         const QImage image = CopiedImage(CaptureScene(Scene(), format), format);
         QPainter painter;
-        if (!painter.begin(&printer)) throw Failure("the printer cannot be used");
+        if (!painter.begin(&printer)) throw Failure(tr("the printer cannot be used").toStdString());
         painter.setRenderHint(QPainter::LosslessImageRendering); // by itself Qt takes JPEG
         painter.drawImage(painter.viewport(), image);
     });

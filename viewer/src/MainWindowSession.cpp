@@ -26,8 +26,6 @@ namespace KivoViewer {
 
 namespace {
 
-const char* const sessionFiles = "Sessions (*.kivo);;All files (*)";
-
 // A change of settings that can be taken back. Changes of one number that follow each other are one.
 class SettingsStep : public QUndoCommand {
 public:
@@ -95,7 +93,7 @@ Session MainWindow::PresentSession() {
 void MainWindow::Show(Session session) {
     const Options options = WithSession(Options(), std::move(session));
     const Content content =
-        MakeInBackground<Content>(this, "Reading...", [options](const Progress& progress) {
+        MakeInBackground<Content>(this, tr("Reading..."), [options](const Progress& progress) {
             return LoadContent(options, ReadSample, progress);
         });
     ShowContent(Scene(), content, options);
@@ -121,13 +119,14 @@ bool MainWindow::OpenSession(const QString& path) {
 }
 
 void MainWindow::SaveSession() {
-    QString path = QFileDialog::getSaveFileName(this, "Save the session", "plot.kivo", sessionFiles);
+    const QString kinds = tr("Sessions") + " (*.kivo);;" + tr("All files") + " (*)";
+    QString path = QFileDialog::getSaveFileName(this, tr("Save the session"), "plot.kivo", kinds);
     if (path.isEmpty()) return;
     if (QFileInfo(path).suffix().isEmpty()) path += ".kivo";
     Try(this, [&] {
         WriteSessionFile(PresentSession(), QFile::encodeName(path).toStdString());
         RememberFile(path);
-        statusBar()->showMessage("Saved " + path);
+        statusBar()->showMessage(tr("Saved %1").arg(path));
     });
 }
 
@@ -136,14 +135,14 @@ void MainWindow::SaveSession() {
 void MainWindow::Reload() {
     try {
         Show(PresentSession());
-        statusBar()->showMessage("Read again");
+        statusBar()->showMessage(tr("Read again"));
     } catch (const Failure& failure) { // what is written at this moment will be whole with the next change
         ShowWarning(QString::fromStdString(failure.what()));
         WatchFiles();
     } catch (const Cancelled&) {
         WatchFiles();
     } catch (const std::bad_alloc&) {
-        ShowWarning("There is not enough memory.");
+        ShowWarning(tr("There is not enough memory."));
         WatchFiles();
     }
 }
@@ -168,7 +167,7 @@ void MainWindow::ShowDifference(Session session) {
 
 // What is set for one data set is not for their difference.
 void MainWindow::Subtract() {
-    const QString path = QFileDialog::getOpenFileName(this, "Subtract a grid of points");
+    const QString path = QFileDialog::getOpenFileName(this, tr("Subtract a grid of points"));
     if (path.isEmpty()) return;
     Try(this, [&] {
         Session session = PresentSession();

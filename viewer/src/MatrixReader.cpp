@@ -1,5 +1,6 @@
 // Matrices of values.
 #include "GridFormats.h"
+#include "Language.h"
 
 namespace KivoViewer {
 
@@ -10,7 +11,8 @@ std::vector<double> NumbersIn(const TextLines& lines, const std::vector<std::str
     std::vector<double> numbers;
     for (std::size_t i = first; i < fields.size(); ++i) {
         numbers.push_back(TableNumberIn(lines, fields[i], layout));
-        if (!IsLastInOrder(numbers)) lines.Fail("the x values must rise or fall from column to column");
+        if (!IsLastInOrder(numbers))
+            lines.Fail(Translate("Files", "the x values must rise or fall from column to column"));
     }
     return numbers;
 }
@@ -35,18 +37,19 @@ GridData ReadMatrix(TextLines& lines, const TableLayout& layout, const ReadOptio
     const std::vector<double> x = hasCoordinates ? NumbersIn(lines, fields, 1, layout) : CountingFrom0(width);
     std::vector<double> y;
     std::vector<double> z;
-    if (hasCoordinates && !lines.Next()) lines.Fail("no values after the x values");
+    if (hasCoordinates && !lines.Next()) lines.Fail(Translate("Files", "no values after the x values"));
     do {
         SplitRow(lines.Line(), layout, fields);
         if (fields.size() != width)
-            lines.Fail("expected " + std::to_string(width - first) + " values, found " +
-                       std::to_string(fields.size() - first));
+            lines.Fail(Filled(Translate("Files", "expected %1 values, found %2"), width - first,
+                              fields.size() - first));
         y.push_back(hasCoordinates ? TableNumberIn(lines, fields[0], layout) : static_cast<double>(y.size()));
-        if (!IsLastInOrder(y)) lines.Fail("the y values must rise or fall from row to row");
+        if (!IsLastInOrder(y))
+            lines.Fail(Translate("Files", "the y values must rise or fall from row to row"));
         for (std::size_t i = first; i < width; ++i)
             z.push_back(TableValueIn(lines, fields[i], layout));
         if (z.size() > maxPointCount)
-            lines.Fail("too many points; at most " + std::to_string(maxPointCount) + " can be shown");
+            lines.Fail(Filled(Translate("Files", "too many points; at most %1 can be shown"), maxPointCount));
     } while (lines.Next());
     return MakeGrid(lines.Name(), x, y, z);
 }

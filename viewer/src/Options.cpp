@@ -3,6 +3,8 @@
 #include "CommandTable.h"
 #include "Failure.h"
 #include "GdalReader.h"
+#include "HelpWords.h"
+#include "Language.h"
 #include "ManualPage.h"
 #include "Numbers.h"
 #include "PlotScene.h"
@@ -12,9 +14,9 @@
 #include <KivoVersion.h>
 
 #include <algorithm>
-#include <cctype>
 #include <cmath>
 #include <map>
+#include <string_view>
 #include <utility>
 
 namespace KivoViewer {
@@ -26,20 +28,22 @@ constexpr double maxZoom = 1000.0;
 
 // What stands below the options.
 std::string Footer() {
-    std::string text = "Without data the viewer shows a sample terrain.\n\nMouse:\n";
+    std::string text = Translate("CommandLine", "Without data the viewer shows a sample terrain.") + "\n\n" +
+                       Translate("CommandLine", "Mouse:") + '\n';
     const std::vector<InputUse> mouse = MouseUses(), keys = KeyUses();
     std::size_t width = 0;
     for (const auto* const uses : {&mouse, &keys})
         for (const InputUse& use : *uses)
-            width = std::max(width, use.input.size());
+            width = std::max(width, WidthOf(use.input));
     const auto list = [&text, width](const std::vector<InputUse>& uses) {
         for (const InputUse& use : uses)
-            text += "  " + use.input + std::string(width + 2 - use.input.size(), ' ') + use.effect + '\n';
+            text += "  " + use.input + std::string(width + 2 - WidthOf(use.input), ' ') + use.effect + '\n';
     };
     list(mouse);
-    text += "\nKeys:\n";
+    text += '\n' + Translate("CommandLine", "Keys:") + '\n';
     list(keys);
-    return text + "\nExit status: 0 for success, 2 with one line that says what is wrong.";
+    return text + '\n' +
+           Translate("CommandLine", "Exit status: 0 for success, 2 with one line that says what is wrong.");
 }
 
 // Where the command line goes before it is checked as a whole.
@@ -70,21 +74,26 @@ const char* ValueName(const Setting& setting) {
     return names[setting.field.index()];
 }
 
+// The window has them in a list.
+std::string HelpWithChoices(const Setting& setting) {
+    if (setting.choices.empty()) return setting.help;
+    return Filled(Translate("CommandLine", "%1: %2"), setting.help, Listed(setting.choices));
+}
+
 // A flag for each way; the help shows the one that is not the case by itself.
 void DescribeToggle(CLI::App& app, const Setting& setting, std::string& text) {
     const bool isOn = TextOf(setting, PlotSettings()) == "on";
-    std::string without = "Without " + setting.help;
-    without[8] = static_cast<char>(std::tolower(static_cast<unsigned char>(without[8])));
     const auto turn = [&text, &setting](const char* way) {
         if (!text.empty())
-            throw Failure("--" + setting.name + " and --no-" + setting.name + " exclude each other");
+            throw Failure(Filled(Translate("CommandLine", "%1 and %2 exclude each other"),
+                                 "--" + setting.name, "--no-" + setting.name));
         text = way;
     };
     app.add_flag_callback(
            "--" + setting.name, [turn] { turn("on"); }, setting.help)
         ->group(isOn ? "" : setting.section);
     app.add_flag_callback(
-           "--no-" + setting.name, [turn] { turn("off"); }, without)
+           "--no-" + setting.name, [turn] { turn("off"); }, setting.without)
         ->group(isOn ? setting.section : "");
 }
 
@@ -94,7 +103,7 @@ void DescribeSettings(CLI::App& app, Words& words) {
         if (IsToggle(setting))
             DescribeToggle(app, setting, text);
         else
-            app.add_option("--" + setting.name, text, setting.help)
+            app.add_option("--" + setting.name, text, HelpWithChoices(setting))
                 ->type_name(ValueName(setting))
                 ->group(setting.section);
     }
@@ -116,54 +125,68 @@ void ParseSettings(const CLI::App& app, const Words& words, Options& options) {
 
 // How a picture is drawn.
 void DescribePicture(CLI::App& app, CLI::Option& picture, PictureFormat& format, Words& words) {
-    app.add_option("--dpi", format.dpi, "Dots per inch that texts, lines and points are sized for (96)")
+    app.add_option("--dpi", format.dpi,
+                   Translate("CommandLine", "Dots per inch that texts, lines and points are sized for (96)"))
         ->type_name("DPI")
         ->needs(&picture)
         ->check(CLI::Range(1, maxResolution).description(""));
-    app.add_option("--scale", words.scale, "Factor on the size of texts, lines and points (1)")
+    app.add_option("--scale", words.scale,
+                   Translate("CommandLine", "Factor on the size of texts, lines and points (1)"))
         ->type_name("FACTOR")
         ->needs(&picture);
-    app.add_option("--smoothing", format.smoothing, "How much finer it is drawn, for soft edges: 1 to 4 (2)")
+    app.add_option("--smoothing", format.smoothing,
+                   Translate("CommandLine", "How much finer it is drawn, for soft edges: 1 to 4 (2)"))
         ->type_name("FACTOR")
         ->needs(&picture)
         ->check(CLI::Range(1, maxSmoothing).description(""));
-    app.add_flag("--transparent", format.isTransparent, "Leave the background out")->needs(&picture);
+    app.add_flag("--transparent", format.isTransparent, Translate("CommandLine", "Leave the background out"))
+        ->needs(&picture);
 }
 
 // How files are read.
 void DescribeReading(CLI::App& app, Options& options, Words& words) {
     app.add_flag("--list-formats", options.listsFormats,
-                 "List the formats of files that can be read and written");
-    app.add_option("--band", options.reading.band, "Band of a raster (1)")
+                 Translate("CommandLine", "List the formats of files that can be read and written"));
+    app.add_option("--band", options.reading.band, Translate("CommandLine", "Band of a raster (1)"))
         ->type_name("NUMBER")
         ->check(CLI::Range(1, 65535).description(""));
-    app.add_option("--region", words.region, "Part of the files that alone is read")
+    app.add_option("--region", words.region, Translate("CommandLine", "Part of the files that alone is read"))
         ->type_name("X0:X1:Y0:Y1");
     app.add_option("--columns", words.columns,
-                   "Columns of x, y and z in tables, by numbers or names; all: a matrix of values")
+                   Translate("CommandLine",
+                             "Columns of x, y and z in tables, by numbers or names; all: a matrix of values"))
         ->type_name("X,Y,Z");
-    app.add_option("--decimal", words.decimalMark, "Decimal mark of tables: point or comma")
+    app.add_option("--decimal", words.decimalMark,
+                   Translate("CommandLine", "Decimal mark of tables: point or comma"))
         ->type_name("MARK");
     app.add_option("--grid", words.method,
-                   "How a grid is made of scattered points: linear, nearest or inverse (linear)")
+                   Translate("CommandLine",
+                             "How a grid is made of scattered points: linear, nearest or inverse (linear)"))
         ->type_name("METHOD");
-    app.add_option("--cell", words.cell, "Cell size of such a grid (from the density of the points)")
+    app.add_option("--cell", words.cell,
+                   Translate("CommandLine", "Cell size of such a grid (from the density of the points)"))
         ->type_name("NUMBER");
     app.add_option(
            "--radius", words.radius,
-           "How far a point reaches in such a grid; the longest edge of a triangle where it is linear")
+           Translate(
+               "CommandLine",
+               "How far a point reaches in such a grid; the longest edge of a triangle where it is linear"))
         ->type_name("NUMBER");
 }
 
 // From where a plot is shown.
 void DescribeViewpoint(CLI::App& app, Words& words) {
-    app.add_option("--azimuth", words.azimuth,
-                   "Side from which the 3-D plot is seen: 0 beyond the large end of X, 90 of Y (45)")
+    app.add_option(
+           "--azimuth", words.azimuth,
+           Translate("CommandLine",
+                     "Side from which the 3-D plot is seen: 0 beyond the large end of X, 90 of Y (45)"))
         ->type_name("DEGREES");
     app.add_option("--elevation", words.elevation,
-                   "Height from which the 3-D plot is seen, -90 to 90: 90 from above (25.26)")
+                   Translate("CommandLine",
+                             "Height from which the 3-D plot is seen, -90 to 90: 90 from above (25.26)"))
         ->type_name("DEGREES");
-    app.add_option("--zoom", words.zoom, "How many times as large the plot is shown (1)")
+    app.add_option("--zoom", words.zoom,
+                   Translate("CommandLine", "How many times as large the plot is shown (1)"))
         ->type_name("FACTOR");
 }
 
@@ -171,12 +194,15 @@ void DescribeViewpoint(CLI::App& app, Words& words) {
 void DescribeSurfaces(CLI::App& app, Words& words) {
     app.add_option(
            "--opacity", words.opacities,
-           "Opacity of a surface, 0 to 1; may be repeated, for the files in their order (1, then 0.7)")
+           Translate(
+               "CommandLine",
+               "Opacity of a surface, 0 to 1; may be repeated, for the files in their order (1, then 0.7)"))
         ->type_name("NUMBER")
         ->allow_extra_args(false);
     app.add_option("--surface-color", words.surfaceColors,
-                   "Colour of a surface, or values where these give the colours; may be repeated, for the "
-                   "files in their order (values, then one colour each)")
+                   Translate("CommandLine",
+                             "Colour of a surface, or values where these give the colours; may be "
+                             "repeated, for the files in their order (values, then one colour each)"))
         ->type_name("COLOUR")
         ->allow_extra_args(false);
 }
@@ -184,58 +210,74 @@ void DescribeSurfaces(CLI::App& app, Words& words) {
 // What is opened as a whole, and opened again.
 void DescribeSession(CLI::App& app, CLI::Option& file, CLI::Option& function, CLI::Option& picture,
                      Options& options) {
-    app.add_option("--session", options.sessionFile,
-                   "Files, settings and view that the window has saved; what else is given counts more")
+    app.add_option(
+           "--session", options.sessionFile,
+           Translate("CommandLine",
+                     "Files, settings and view that the window has saved; what else is given counts more"))
         ->type_name("FILE")
         ->excludes(&file)
         ->excludes(&function);
-    app.add_flag("--watch", options.watches, "Read the files again when they change")->excludes(&picture);
+    app.add_flag("--watch", options.watches,
+                 Translate("CommandLine", "Read the files again when they change"))
+        ->excludes(&picture);
 }
 
 void Describe(CLI::App& app, Options& options, Words& words) {
-    app.set_version_flag("--version", std::string("kivo-viewer ") + KIVO_VERSION);
+    app.set_version_flag("--version", std::string("kivo-viewer ") + KIVO_VERSION,
+                         Translate("CommandLine", "Display program version information and exit"));
+    app.add_option("--language", options.language,
+                   Translate("CommandLine", "Language of the program: en, de or ja (the one of the desktop)"))
+        ->type_name("NAME");
     app.footer(Footer());
-    auto* const file = app.add_option("FILE", options.files,
-                                      "Grids of points, the second and so on over the first: ESRI ASCII "
-                                      "grid, Surfer grid, points, matrix" +
-                                          std::string(HasGdal() ? ", or what GDAL reads" : "") +
-                                          "; - for the standard input");
-    auto* const function =
-        app.add_option("--function", options.function, "Formula such as \"sin(x)*cos(y)\"");
+    auto* const file = app.add_option(
+        "FILE", options.files,
+        HasGdal()
+            ? Translate("CommandLine",
+                        "Grids of points, the second and so on over the first: ESRI ASCII grid, Surfer grid, "
+                        "points, matrix, or what GDAL reads; - for the standard input")
+            : Translate("CommandLine", "Grids of points, the second and so on over the first: ESRI ASCII "
+                                       "grid, Surfer grid, points, matrix; - for the standard input"));
+    auto* const function = app.add_option("--function", options.function,
+                                          Translate("CommandLine", "Formula such as \"sin(x)*cos(y)\""));
     auto* const picture =
         app.add_option("--picture", options.picture,
-                       "Write the plot to a file of the format that its name ends in, or - for PNG "
-                       "to the standard output; needs no display");
-    app.add_option("--minus", options.minus, "Grid that is subtracted from the first, at its points")
+                       Translate("CommandLine", "Write the plot to a file of the format that its name ends "
+                                                "in, or - for PNG to the standard output; needs no display"));
+    app.add_option("--minus", options.minus,
+                   Translate("CommandLine", "Grid that is subtracted from the first, at its points"))
         ->type_name("FILE");
     file->type_name("...");
     function->type_name("FORMULA")->excludes(file);
     DescribeReading(app, options, words);
-    app.add_option("--x", words.x, "Values of x, -3:3:61 without")
+    app.add_option("--x", words.x, Translate("CommandLine", "Values of x, -3:3:61 without"))
         ->type_name("FROM:TO:COUNT")
         ->needs(function);
-    app.add_option("--y", words.y, "Values of y, -3:3:61 without")
+    app.add_option("--y", words.y, Translate("CommandLine", "Values of y, -3:3:61 without"))
         ->type_name("FROM:TO:COUNT")
         ->needs(function);
     picture->type_name("FILE");
     app.add_flag("--manual-page", words.wantsManualPage)->group(""); // for the installation
-    app.add_option("--size", words.size,
-                   "Size of the picture or the window's plot in pixels, 1200x800 without")
+    app.add_option(
+           "--size", words.size,
+           Translate("CommandLine", "Size of the picture or the window's plot in pixels, 1200x800 without"))
         ->type_name("WIDTHxHEIGHT");
-    app.add_option("--mode", options.settings.mode, "0: 3-D plot, 1: XY, 2: YZ, 3: XZ")
+    app.add_option("--mode", options.settings.mode,
+                   Translate("CommandLine", "0: 3-D plot, 1: XY, 2: YZ, 3: XZ"))
         ->type_name("MODE")
         ->check(CLI::Range(0, 3).description(""));
     DescribeViewpoint(app, words);
     DescribeSurfaces(app, words);
-    app.add_option(
-           "--points", options.pointFiles,
-           "Measure points, x y z in each line; may be repeated, a group for each file or each name in it")
+    app.add_option("--points", options.pointFiles,
+                   Translate("CommandLine", "Measure points, x y z in each line; may be repeated, a group "
+                                            "for each file or each name in it"))
         ->type_name("FILE")
         ->allow_extra_args(false);
-    app.add_option("--curve", options.curveFiles, "Points of a curve, x y z in each line; may be repeated")
+    app.add_option("--curve", options.curveFiles,
+                   Translate("CommandLine", "Points of a curve, x y z in each line; may be repeated"))
         ->type_name("FILE")
         ->allow_extra_args(false);
-    app.add_option("--trace-at", words.traceAt, "Trace the surface at this pixel of the picture")
+    app.add_option("--trace-at", words.traceAt,
+                   Translate("CommandLine", "Trace the surface at this pixel of the picture"))
         ->type_name("X,Y")
         ->needs(picture);
     DescribePicture(app, *picture, options.format, words);
@@ -255,8 +297,9 @@ void ParseSize(const std::string& text, Options& options) {
         options.height = ParseLength(text.substr(cross + 1));
     }
     if (cross == std::string::npos || options.width == 0 || options.height == 0)
-        throw Failure("--size: expected WIDTHxHEIGHT of 1 to " + std::to_string(maxPictureSize) +
-                      " each, found " + text);
+        throw Failure("--size: " +
+                      Filled(Translate("CommandLine", "expected WIDTHxHEIGHT of 1 to %1 each, found %2"),
+                             maxPictureSize, text));
 }
 
 PixelPosition ParsePosition(const std::string& text) {
@@ -264,15 +307,18 @@ PixelPosition ParsePosition(const std::string& text) {
     const auto x = ParseCount(text.substr(0, comma));
     const auto y = comma == std::string::npos ? std::nullopt : ParseCount(text.substr(comma + 1));
     if (!x || !y || *x >= maxPictureSize || *y >= maxPictureSize)
-        throw Failure("--trace-at: expected X,Y in pixels, found " + text);
+        throw Failure("--trace-at: " +
+                      Filled(Translate("CommandLine", "expected X,Y in pixels, found %1"), text));
     return {static_cast<int>(*x), static_cast<int>(*y)};
 }
 
 double NumberWithin(const std::string& option, const std::string& text, double least, double most) {
     const auto number = ParseNumber(text);
     if (!number || !(*number >= least) || *number > most)
-        throw Failure(option + ": expected a number from " + FormatRounded(static_cast<float>(least)) +
-                      " to " + FormatRounded(static_cast<float>(most)) + ", found " + text);
+        throw Failure(option + ": " +
+                      Filled(Translate("CommandLine", "expected a number from %1 to %2, found %3"),
+                             FormatRounded(static_cast<float>(least)),
+                             FormatRounded(static_cast<float>(most)), text));
     return *number;
 }
 
@@ -281,15 +327,17 @@ void ParseScale(const std::string& text, PictureFormat& format) {
     format.scale = NumberWithin("--scale", text, minScale, maxScale);
     const double most = maxPixelScale * usualResolution / format.dpi;
     if (format.PixelScale() > maxPixelScale)
-        throw Failure("--scale: at most " + FormatRounded(static_cast<float>(most)) + " with " +
-                      std::to_string(format.dpi) + " dots per inch, found " + text);
+        throw Failure("--scale: " +
+                      Filled(Translate("CommandLine", "at most %1 with %2 dots per inch, found %3"),
+                             FormatRounded(static_cast<float>(most)), format.dpi, text));
 }
 
 void ParseViewpoint(const CLI::App& app, const Words& words, const PlotSettings& settings,
                     Viewpoint& viewpoint) {
     for (const char* const option : {"--azimuth", "--elevation"})
         if (app.count(option) > 0 && settings.mode != 0)
-            throw Failure(std::string(option) + ": only the 3-D plot is turned");
+            throw Failure(std::string(option) + ": " +
+                          Translate("CommandLine", "only the 3-D plot is turned"));
     if (app.count("--azimuth") > 0)
         viewpoint.azimuth = NumberWithin("--azimuth", words.azimuth, -360.0, 360.0);
     if (app.count("--elevation") > 0)
@@ -299,11 +347,14 @@ void ParseViewpoint(const CLI::App& app, const Words& words, const PlotSettings&
 
 void ParseSurfaces(const Words& words, Options& options) {
     const std::size_t count = std::max<std::size_t>(options.files.size(), 1);
+    const int surfaces = static_cast<int>(count);
     for (const auto& [option, texts] :
          {std::pair("--opacity", &words.opacities), std::pair("--surface-color", &words.surfaceColors)})
         if (texts->size() > count)
-            throw Failure(std::string(option) + ": given " + std::to_string(texts->size()) + " times for " +
-                          std::to_string(count) + (count == 1 ? " surface" : " surfaces"));
+            throw Failure(
+                std::string(option) + ": " +
+                Filled(Translate("CommandLine", "given %1 times for %n surface(s)", nullptr, surfaces),
+                       texts->size()));
     options.looks.clear();
     for (std::size_t i = 0; i < count; ++i) {
         SurfaceLooks looks = UsualLooks(i);
@@ -328,12 +379,14 @@ Range RangeOf(const std::string& option, const std::string& text) {
 
 double PositiveNumber(const std::string& text) {
     const double number = ParseNumber(text).value_or(0.0);
-    if (!(number > 0.0) || !std::isfinite(number)) throw Failure("expected a number above 0, found " + text);
+    if (!(number > 0.0) || !std::isfinite(number))
+        throw Failure(Filled(Translate("CommandLine", "expected a number above 0, found %1"), text));
     return number;
 }
 
 char ParseDecimalMark(const std::string& text) {
-    if (text != "point" && text != "comma") throw Failure("expected point or comma, found " + text);
+    if (text != "point" && text != "comma")
+        throw Failure(Filled(Translate("CommandLine", "expected point or comma, found %1"), text));
     return text == "point" ? '.' : ',';
 }
 
@@ -356,10 +409,23 @@ void ParseReading(const CLI::App& app, const Words& words, ReadOptions& reading)
 
 } // namespace
 
+std::string LanguageIn(int argc, const char* const* argv) {
+    const std::string_view option = "--language";
+    std::string language;
+    for (int i = 1; i < argc; ++i) {
+        const std::string_view word = argv[i];
+        if (word == "--manual-page") return "en"; // it is installed for everybody
+        if (word == option && i + 1 < argc) language = argv[i + 1];
+        if (word.substr(0, option.size() + 1) == "--language=") language = word.substr(option.size() + 1);
+    }
+    return language;
+}
+
 Options ParseOptions(int argc, const char* const* argv) {
     Options options;
     Words words;
-    CLI::App app("Shows a surface z = f(x, y) as a 3-D plot.", "kivo-viewer");
+    CLI::App app(Translate("CommandLine", "Shows a surface z = f(x, y) as a 3-D plot."), "kivo-viewer");
+    TranslateHelp(app);
     Describe(app, options, words);
     DescribeSettings(app, words);
     try {
@@ -369,16 +435,17 @@ Options ParseOptions(int argc, const char* const* argv) {
     } catch (const CLI::CallForVersion& version) {
         options.information = version.what();
     } catch (const CLI::ParseError& error) {
-        throw Failure(std::string(error.what()) + "; kivo-viewer --help lists the options");
+        throw Failure(
+            Filled(Translate("CommandLine", "%1; kivo-viewer --help lists the options"), WordsFor(error)));
     }
     if (words.wantsManualPage) options.information = ManualPage(app);
     if (!options.information.empty()) return options;
     // What is given empty was given by mistake, often an unset variable of a script.
     for (const std::string& file : options.files)
-        if (file.empty()) throw Failure("FILE: empty");
+        if (file.empty()) throw Failure("FILE: " + Translate("CommandLine", "empty"));
     for (const char* const name : {"--function", "--picture", "--session", "--minus"})
         if (app.count(name) > 0 && app[name]->as<std::string>().empty())
-            throw Failure(std::string(name) + ": empty");
+            throw Failure(std::string(name) + ": " + Translate("CommandLine", "empty"));
     if (app.count("--x") > 0) options.x = RangeOf("--x", words.x);
     if (app.count("--y") > 0) options.y = RangeOf("--y", words.y);
     options.hasMode = app.count("--mode") > 0;

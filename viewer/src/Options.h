@@ -24,6 +24,7 @@ struct PixelPosition {
 /// What the command line asks for.
 struct Options {
     std::string information;                ///< text to print instead of all else: the help or the version
+    std::string language;                   ///< that texts are in, by its two letters; empty: the desktop's
     bool listsFormats = false;              ///< whether to print those of files, instead of all else
     std::vector<std::string> files;         ///< grid files, the second and so on over the first
     std::vector<SurfaceLooks> looks{1};     ///< of the surfaces: one at least, and one for each file
@@ -48,6 +49,10 @@ struct Options {
     bool hasMode = false;                   ///< whether the command line gives it
     bool watches = false;                   ///< files are read again when they change
 };
+
+/// The language that the command line asks for: its own messages are in it, too. English for the manual page;
+/// empty where it does not say. To be checked by the caller.
+std::string LanguageIn(int argc, const char* const* argv);
 
 /// Throws a Failure for a command line that cannot be followed.
 Options ParseOptions(int argc, const char* const* argv);

@@ -1,6 +1,7 @@
 #include "Picture.h"
 
 #include "Failure.h"
+#include "Language.h"
 #include "PlotScene.h"
 
 #include <KivoPicture.h>
@@ -16,7 +17,7 @@ namespace KivoViewer {
 namespace {
 
 [[noreturn]] void FailToDraw() {
-    throw Failure(std::string("cannot draw: ") + KivoDrawingTools::LastWindowError());
+    throw Failure(Filled(Translate("Plot", "cannot draw: %1"), KivoDrawingTools::LastWindowError()));
 }
 
 // The library multiplies sizes by the style's scale and by the picture's, no more than 8 times each: where

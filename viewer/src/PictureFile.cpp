@@ -1,6 +1,7 @@
 #include "PictureFile.h"
 
 #include "Failure.h"
+#include "Language.h"
 
 #include <QBuffer>
 #include <QColorSpace>
@@ -49,23 +50,18 @@ std::vector<FileFormat> FormatsHere() {
     return formats;
 }
 
-std::string ListOf(const std::vector<std::string>& endings) {
-    std::string list = endings.front();
-    for (std::size_t i = 1; i < endings.size(); ++i)
-        list += (i + 1 < endings.size() ? ", " : " or ") + endings[i];
-    return list;
-}
-
 FileFormat FormatOf(const std::string& path) {
     if (path == standardOutput) return png;
     const QString name = QFile::decodeName(path.c_str());
     for (const FileFormat& format : FormatsHere())
         if (name.endsWith(format.ending, Qt::CaseInsensitive)) return format;
-    throw Failure(path + ": a picture's name must end in " + ListOf(PictureEndings()));
+    throw Failure(path + ": " +
+                  Filled(Translate("Pictures", "a picture's name must end in %1"), Listed(PictureEndings())));
 }
 
 [[noreturn]] void FailToWrite(const std::string& path, const std::string& reason) {
-    throw Failure((path == standardOutput ? "standard output" : path) + ": cannot write it: " + reason);
+    throw Failure((path == standardOutput ? Translate("Pictures", "standard output") : path) + ": " +
+                  Filled(Translate("Pictures", "cannot write it: %1"), reason));
 }
 
 // The pixels stay where they are; opaque ones are not given a channel for opacity.
@@ -88,7 +84,7 @@ void WritePdf(QIODevice& device, const QImage& image, const PictureFormat& forma
     writer.setPageMargins({});
     writer.setPageSize(QPageSize(inches, QPageSize::Inch, {}, QPageSize::ExactMatch));
     QPainter painter;
-    if (!painter.begin(&writer)) FailToWrite(path, "the page cannot be made");
+    if (!painter.begin(&writer)) FailToWrite(path, Translate("Pictures", "the page cannot be made"));
     painter.setRenderHint(QPainter::LosslessImageRendering); // by itself Qt takes JPEG
     painter.drawImage(QRectF(QPointF(), QSizeF(writer.width(), writer.height())), image);
     painter.end();
@@ -111,7 +107,7 @@ std::string TargetOf(const std::string& path) {
     if (error) FailToWrite(path, error.message());
     const std::filesystem::file_status status = std::filesystem::status(target, error);
     if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status))
-        FailToWrite(path, "it is not a file");
+        FailToWrite(path, Translate("Pictures", "it is not a file"));
     return target.string();
 }
 
@@ -136,7 +132,7 @@ std::vector<std::string> PictureEndings() {
 
 void CheckPictureName(const std::string& path, bool isTransparent) {
     if (isTransparent && !FormatOf(path).hasAlpha)
-        throw Failure(path + ": JPEG has no transparency; take another format");
+        throw Failure(path + ": " + Translate("Pictures", "JPEG has no transparency; take another format"));
     FormatOf(path);
 }
 

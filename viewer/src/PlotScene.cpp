@@ -1,6 +1,7 @@
 #include "PlotScene.h"
 
 #include "Failure.h"
+#include "Language.h"
 #include "Numbers.h"
 #include "SettingTable.h"
 
@@ -92,7 +93,7 @@ void HandOver(Plotter& plotter, const GridData& grid) {
 
 void SetPlotterStyle(Plotter& plotter, const KivoDrawingTools::SKivoStyle& style) {
     if (SetStyle(plotter, style) != 0)
-        throw Failure(std::string("cannot draw: ") + KivoDrawingTools::LastWindowError());
+        throw Failure(Filled(Translate("Plot", "cannot draw: %1"), KivoDrawingTools::LastWindowError()));
 }
 
 void SwitchMode(Plotter& plotter, int mode) {
@@ -288,9 +289,9 @@ void PlotScene::ApplyAxes() {
     for (int i = 0; i < 3; ++i) {
         FindRange(i, m_settings.axes[i], ranges[i]);
         if (!(ranges[i][0] < ranges[i][1]))
-            throw Failure(std::string("the ") + "XYZ"[i] + " axis must rise, not go from " +
-                          TextOf(FindSetting(std::string(1, "xyz"[i]) + "-min"), settings) + " to " +
-                          TextOf(FindSetting(std::string(1, "xyz"[i]) + "-max"), settings));
+            throw Failure(Filled(Translate("Plot", "the %1 axis must rise, not go from %2 to %3"), "XYZ"[i],
+                                 TextOf(FindSetting(std::string(1, "xyz"[i]) + "-min"), settings),
+                                 TextOf(FindSetting(std::string(1, "xyz"[i]) + "-max"), settings)));
     }
     bool isNewRange = false;
     for (int i = 0; i < 3; ++i) {
@@ -434,10 +435,11 @@ void PlotScene::ApplyColorRange() {
         to = m_plotter.GetZAxisMax();
     }
     if (m_settings.colorRange && from == to)
-        throw Failure("the colours need a wider range than " +
-                      TextOf(FindSetting("color-range"), m_settings));
+        throw Failure(Filled(Translate("Plot", "the colours need a wider range than %1"),
+                             TextOf(FindSetting("color-range"), m_settings)));
     if (SetColorRange(m_plotter, z, from, to) != 0)
-        throw Failure("the colours cannot have the range " + TextOf(FindSetting("color-range"), m_settings));
+        throw Failure(Filled(Translate("Plot", "the colours cannot have the range %1"),
+                             TextOf(FindSetting("color-range"), m_settings)));
 }
 
 void PlotScene::ApplyLegend() {
@@ -451,7 +453,7 @@ void PlotScene::ApplyLegend() {
         legend.numbers = static_cast<KivoDrawingTools::KivoLegendNumbers>(name - names.begin());
         if (i == 2) legend.title = *settings.legendTitle;
         if (SetLegend(m_plotter, i, legend) != 0)
-            throw Failure(std::string("cannot draw: ") + KivoDrawingTools::LastWindowError());
+            throw Failure(Filled(Translate("Plot", "cannot draw: %1"), KivoDrawingTools::LastWindowError()));
     }
 }
 

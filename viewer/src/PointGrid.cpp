@@ -2,6 +2,7 @@
 #include "PointGrid.h"
 
 #include "GridFormats.h"
+#include "Language.h"
 
 #include <algorithm>
 #include <cmath>
@@ -106,8 +107,8 @@ std::optional<GridData> FindGrid(const PointTable& table) {
     if (missing > 0 && CellCount(*lattice) < table.Count() / 2 + 1) return std::nullopt;
     grid = MakeGrid(table.file, lattice->x, lattice->y, lattice->z);
     if (missing > 0)
-        grid->note = std::to_string(missing) + " of " + std::to_string(lattice->x.size()) + " x " +
-                     std::to_string(lattice->y.size()) + " points are not in the file";
+        grid->note = Filled(Translate("Files", "%1 of %2 x %3 points are not in the file"), missing,
+                            lattice->x.size(), lattice->y.size());
     return grid;
 }
 

@@ -2,6 +2,7 @@
 
 #include "Failure.h"
 #include "GridFormats.h"
+#include "Language.h"
 #include "Table.h"
 
 namespace KivoViewer {
@@ -11,20 +12,20 @@ namespace {
 std::string NoteOn(const TableLayout& layout, const std::array<std::size_t, 3>& columns) {
     const std::size_t others = layout.columnCount - columns.size() - (layout.label ? 1 : 0);
     if (others == 0 || layout.columnCount <= columns.size()) return {};
-    std::string note = "x, y and z from the columns";
-    for (std::size_t i = 0; i < columns.size(); ++i)
-        note += (i == 0   ? " "
-                 : i == 1 ? ", "
-                          : " and ") +
-                (layout.names.empty() ? std::to_string(columns[i] + 1) : layout.names[columns[i]]);
-    return note + " of " + std::to_string(layout.columnCount);
+    const auto name = [&](std::size_t axis) {
+        return layout.names.empty() ? std::to_string(columns[axis] + 1) : layout.names[columns[axis]];
+    };
+    return Filled(Translate("Files", "x, y and z from the columns %1, %2 and %3 of %4"), name(0), name(1),
+                  name(2), layout.columnCount);
 }
 
 void CheckWidth(const TextLines& lines, const TableLayout& layout, std::size_t found) {
     if (found == layout.columnCount) return;
-    const std::string expected = std::to_string(layout.columnCount) + " values";
-    lines.Fail("expected " + (layout.columnCount == 3 ? "x, y and z" : expected) + ", found " +
-               std::to_string(found) + (found == 1 ? " value" : " values"));
+    const int count = static_cast<int>(found);
+    if (layout.columnCount == 3)
+        lines.Fail(Translate("Files", "expected x, y and z, found %n value(s)", nullptr, count));
+    lines.Fail(Filled(Translate("Files", "expected %1 values, found %n value(s)", nullptr, count),
+                      layout.columnCount));
 }
 
 } // namespace
@@ -33,14 +34,14 @@ PointTable ReadPointTable(TextLines& lines, const ReadOptions& options, bool has
     const TableLayout layout = LayoutOf(lines, options);
     PointTable table;
     table.file = lines.Name();
-    if (!lines.Next()) throw Failure(lines.Name() + ": no points");
+    if (!lines.Next()) throw Failure(lines.Name() + ": " + Translate("Files", "no points"));
     CheckDecimalMark(lines, layout, options);
     const auto columns = PointColumns(lines, layout, options);
     table.note = NoteOn(layout, columns);
     if (!layout.names.empty()) {
         for (std::size_t i = 0; i < columns.size(); ++i)
             table.titles[i] = layout.names[columns[i]];
-        if (!lines.Next()) lines.Fail("no points after the column names");
+        if (!lines.Next()) lines.Fail(Translate("Files", "no points after the column names"));
     }
     std::vector<std::string_view> fields;
     do {
@@ -52,7 +53,7 @@ PointTable ReadPointTable(TextLines& lines, const ReadOptions& options, bool has
                                    : TableNumberIn(lines, fields[columns[2]], layout));
         if (layout.label) table.labels.push_back(Utf8(fields[*layout.label]));
         if (table.Count() > most)
-            lines.Fail("too many points; at most " + std::to_string(most) + " can be shown");
+            lines.Fail(Filled(Translate("Files", "too many points; at most %1 can be shown"), most));
     } while (lines.Next());
     return table;
 }

@@ -19,7 +19,7 @@ constexpr int kindColumn = firstOwnColumn;
 
 PointsPanel::PointsPanel(PlotScene& scene, std::function<void()> changed)
     : m_scene(scene), m_changed(std::move(changed)) {
-    setHeaderLabels({"Name", "Colour", "Kind"});
+    setHeaderLabels({tr("Name"), tr("Colour"), tr("Kind")});
     setRootIsDecorated(false);
     setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
     setMinimumHeight(listHeight);
@@ -47,12 +47,12 @@ void PointsPanel::AddItem(const PointSet& set) {
     item->setText(nameColumn, QString::fromStdString(set.name));
     item->setToolTip(
         nameColumn,
-        "Click the box to show or hide the points, twice the name to change it; Delete takes them away");
+        tr("Click the box to show or hide the points, twice the name to change it; Delete takes them away"));
     item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsEditable | Qt::ItemIsUserCheckable);
     item->setCheckState(nameColumn, set.isShown ? Qt::Checked : Qt::Unchecked);
     item->setBackground(colorColumn, ToQt(set.color));
-    item->setToolTip(colorColumn, "Click to choose another colour");
-    item->setText(kindColumn, isCurve ? "Curve" : "Points");
+    item->setToolTip(colorColumn, tr("Click to choose another colour"));
+    item->setText(kindColumn, isCurve ? tr("Curve") : tr("Points"));
 }
 
 bool PointsPanel::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
@@ -83,7 +83,8 @@ void PointsPanel::TakeOver(const QTreeWidgetItem& item) {
 
 void PointsPanel::ChooseColor(const QTreeWidgetItem& item) {
     PointSet& set = SetOf(item);
-    const QColor color = QColorDialog::getColor(ToQt(set.color), this, "Colour of " + item.text(nameColumn));
+    const QColor color =
+        QColorDialog::getColor(ToQt(set.color), this, tr("Colour of %1").arg(item.text(nameColumn)));
     if (!color.isValid()) return;
     set.color = ParseColor(color.name().toStdString());
     m_scene.ChangePoints(set);

@@ -3,6 +3,7 @@
 
 #include "PlotScene.h"
 
+#include <QCoreApplication>
 #include <QTreeWidget>
 
 #include <functional>
@@ -12,6 +13,8 @@ namespace KivoViewer {
 /// Lists the scene's points: a click on the box shows or hides them, one on the colour chooses another, and
 /// the name can be edited; Delete takes them away.
 class PointsPanel : public QTreeWidget {
+    Q_DECLARE_TR_FUNCTIONS(PointsPanel)
+
 public:
     /// @param changed  called after each change
     PointsPanel(PlotScene& scene, std::function<void()> changed);

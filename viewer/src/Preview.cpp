@@ -3,6 +3,7 @@
 #include "Failure.h"
 #include "FileText.h"
 #include "GridFormats.h"
+#include "Language.h"
 #include "Table.h"
 #include "TextLines.h"
 
@@ -48,14 +49,19 @@ void KeepFields(TextLines lines, const TableLayout& layout, Preview& preview) {
         preview.names.push_back(std::to_string(i + 1));
 }
 
-std::string WordsOf(const TableLayout& layout) {
-    const std::string separator = layout.separator == ';'    ? "semicolons"
-                                  : layout.separator == ','  ? "commas"
-                                  : layout.separator == '\t' ? "tabs"
-                                                             : "blanks";
-    return std::string("fields between ") + separator + ", decimal " +
-           (layout.decimalMark == ',' ? "commas" : "points") +
-           (layout.names.empty() ? "" : ", names of columns first");
+std::string WordsOf(const TableLayout& layout, bool isMatrix) {
+    const std::string separator = layout.separator == ';'    ? Translate("Preview", "semicolons")
+                                  : layout.separator == ','  ? Translate("Preview", "commas")
+                                  : layout.separator == '\t' ? Translate("Preview", "tabs")
+                                                             : Translate("Preview", "blanks");
+    const std::string marks = layout.decimalMark == ',' ? Translate("Preview", "decimal commas")
+                                                        : Translate("Preview", "decimal points");
+    if (isMatrix)
+        return Filled(Translate("Preview", "A matrix of values: fields between %1, %2"), separator, marks);
+    return layout.names.empty()
+               ? Filled(Translate("Preview", "Points: fields between %1, %2"), separator, marks)
+               : Filled(Translate("Preview", "Points: fields between %1, %2, names of columns first"),
+                        separator, marks);
 }
 
 // What is refused, or open, is said as the reader says it.
@@ -68,9 +74,9 @@ void FindColumns(TextLines lines, const TableLayout& layout, const ReadOptions& 
             const auto columns = PointColumns(lines, layout, options);
             for (std::size_t i = 0; i < columns.size(); ++i)
                 preview.columns[i] = static_cast<int>(columns[i]);
-            preview.words = "Points: " + WordsOf(layout);
+            preview.words = WordsOf(layout, false);
         } else {
-            preview.words = "A matrix of values: " + WordsOf(layout);
+            preview.words = WordsOf(layout, true);
         }
     } catch (const Failure& failure) {
         preview.words = failure.what();
@@ -93,10 +99,10 @@ Preview PreviewOf(const std::string& path, const ReadOptions& options, bool isGr
     TextLines lines(start, path);
     TextLines first = lines;
     if (!isText || !first.Next()) {
-        preview.words = "No text of whole lines";
+        preview.words = Translate("Preview", "No text of whole lines");
     } else if (isGrid && (IsSurferGrid(start) || IsAsciiGridHeader(first.Line()))) {
         KeepLines(lines, preview);
-        preview.words = "A grid whose header says how it is read";
+        preview.words = Translate("Preview", "A grid whose header says how it is read");
     } else {
         const TableLayout layout = LayoutOf(lines, options);
         preview.isTable = true;

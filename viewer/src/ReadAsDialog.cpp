@@ -5,6 +5,7 @@
 #include "Preview.h"
 
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QFile>
@@ -99,10 +100,12 @@ private:
 
 // What the controls of the dialog say. Those that a file of its kind has no use for are not there.
 class ReadAsDialog : public QDialog {
+    Q_DECLARE_TR_FUNCTIONS(ReadAsDialog)
+
 public:
     ReadAsDialog(QWidget* parent, Reading reading, bool isGrid)
         : QDialog(parent), m_reading(std::move(reading)), m_isGrid(isGrid) {
-        setWindowTitle("Read as");
+        setWindowTitle(tr("Read as"));
         const Preview preview = Looked(m_reading, isGrid);
         auto* const layout = new QVBoxLayout(this);
         layout->addWidget(m_preview = new PreviewTable);
@@ -124,12 +127,13 @@ public:
 private:
     void AddTable(QFormLayout* form, const Preview& preview) {
         if (m_isGrid) {
-            m_kind = AddChoice(form, "&Table of", {"What it seems to be", "Points", "Values, a matrix"});
+            m_kind = AddChoice(form, tr("&Table of"),
+                               {tr("What it seems to be"), tr("Points"), tr("Values, a matrix")});
             if (!m_reading.options.columns.empty())
                 m_kind->setCurrentIndex(m_reading.options.IsMatrix() ? 2 : 1);
         }
-        const char* const labels[] = {"Column of &x", "Column of &y", "Column of &z"};
-        QStringList names(m_isGrid ? "" : "What it seems to be");
+        const QString labels[] = {tr("Column of &x"), tr("Column of &y"), tr("Column of &z")};
+        QStringList names(tr("What it seems to be"));
         for (const std::string& name : preview.names)
             names.append(QString::fromStdString(name));
         if (m_isGrid) names.removeFirst();
@@ -142,33 +146,33 @@ private:
                 m_columns[axis]->setCurrentIndex(
                     std::min((column < 0 ? axis : column) + first, static_cast<int>(names.size()) - 1));
         }
-        m_mark = AddChoice(form, "&Decimal mark", {"What it seems to be", "Point", "Comma"});
+        m_mark = AddChoice(form, tr("&Decimal mark"), {tr("What it seems to be"), tr("Point"), tr("Comma")});
         m_mark->setCurrentIndex(m_reading.options.decimalMark == '.'   ? 1
                                 : m_reading.options.decimalMark == ',' ? 2
                                                                        : 0);
     }
 
     void AddGridding(QFormLayout* form) {
-        m_method =
-            AddChoice(form, "&Grid of scattered points",
-                      {"Asked for", "Linear, on triangles", "Nearest point", "Mean by inverse distance"});
+        m_method = AddChoice(form, tr("&Grid of scattered points"),
+                             {tr("Asked for"), tr("Linear, on triangles"), tr("Nearest point"),
+                              tr("Mean by inverse distance")});
         if (m_reading.options.method)
             m_method->setCurrentIndex(static_cast<int>(*m_reading.options.method) + 1);
-        m_cell = AddNumber(form, "C&ell size", m_reading.options.cell);
-        m_radius = AddNumber(form, "&Reach of a point", m_reading.options.radius);
+        m_cell = AddNumber(form, tr("C&ell size"), m_reading.options.cell);
+        m_radius = AddNumber(form, tr("&Reach of a point"), m_reading.options.radius);
     }
 
     void AddBand(QFormLayout* form) {
         m_band = new QSpinBox;
         m_band->setRange(0, mostBands);
-        m_band->setSpecialValueText("Asked for");
+        m_band->setSpecialValueText(tr("Asked for"));
         m_band->setValue(m_reading.options.band);
-        form->addRow("&Band", m_band);
+        form->addRow(tr("&Band"), m_band);
         connect(m_band, &QSpinBox::valueChanged, this, [this] { Refresh(); });
     }
 
     void AddRegion(QFormLayout* form) {
-        m_region = AddText(form, "Re&gion", "x0:x1:y0:y1");
+        m_region = AddText(form, tr("Re&gion"), "x0:x1:y0:y1");
         if (m_reading.options.region)
             m_region->setText(QString::fromStdString(TextOf(*m_reading.options.region)));
     }
@@ -190,7 +194,7 @@ private:
     }
 
     QLineEdit* AddNumber(QFormLayout* form, const QString& label, double number) {
-        QLineEdit* const line = AddText(form, label, "From the density of the points");
+        QLineEdit* const line = AddText(form, label, tr("From the density of the points"));
         if (number > 0.0) line->setText(QString::fromStdString(FormatNumber(number)));
         return line;
     }

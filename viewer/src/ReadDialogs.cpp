@@ -4,6 +4,7 @@
 #include "ReadAsDialog.h"
 
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QFormLayout>
@@ -23,11 +24,13 @@ namespace {
 
 // The answers as a list, beside what the first lines are by the one that is chosen.
 class QuestionDialog : public QDialog {
+    Q_DECLARE_TR_FUNCTIONS(ReadDialogs)
+
 public:
     QuestionDialog(QWidget* parent, const OpenQuestion& question, bool isGrid) : QDialog(parent) {
         setWindowTitle("Kivo Viewer");
         auto* const layout = new QVBoxLayout(this);
-        layout->addWidget(new QLabel("This file may be read in several ways:"));
+        layout->addWidget(new QLabel(tr("This file may be read in several ways:")));
         layout->addWidget(m_answers = new QListWidget);
         auto* const previews = new QStackedWidget;
         for (const Reading& reading : question.Readings()) {
@@ -39,7 +42,7 @@ public:
         layout->addWidget(previews);
         auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
         layout->addWidget(buttons);
-        QPushButton* const others = buttons->addButton("&Read as...", QDialogButtonBox::ActionRole);
+        QPushButton* const others = buttons->addButton(tr("&Read as..."), QDialogButtonBox::ActionRole);
         connect(others, &QPushButton::clicked, this, [this] { done(otherwise); });
         connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
         connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -76,7 +79,10 @@ bool TellAndAskAgain(QWidget* parent, const Failure& failure, Reading& reading, 
     QMessageBox message(QMessageBox::Warning, "Kivo Viewer", QString::fromStdString(OneLine(failure.what())),
                         QMessageBox::Ok, parent);
     QPushButton* const again =
-        IsTable(reading, isGrid) ? message.addButton("&Read as...", QMessageBox::ActionRole) : nullptr;
+        IsTable(reading, isGrid)
+            ? message.addButton(QCoreApplication::translate("ReadDialogs", "&Read as..."),
+                                QMessageBox::ActionRole)
+            : nullptr;
     message.setEscapeButton(QMessageBox::Ok);
     message.exec();
     return again && message.clickedButton() == again && AskHowToRead(parent, reading, isGrid);
@@ -84,15 +90,19 @@ bool TellAndAskAgain(QWidget* parent, const Failure& failure, Reading& reading, 
 
 bool AskForGrid(QWidget* parent, const GridQuestion& question, ReadOptions& options) {
     QDialog dialog(parent);
-    dialog.setWindowTitle("Scattered points");
+    dialog.setWindowTitle(QCoreApplication::translate("ReadDialogs", "Scattered points"));
     auto* const form = new QFormLayout(&dialog);
-    form->addRow(new QLabel(QString::number(question.Points()) + " points, of which a grid is made"));
+    const int count = static_cast<int>(std::min<std::size_t>(question.Points(), 1000000000));
+    form->addRow(new QLabel(
+        QCoreApplication::translate("ReadDialogs", "%n points, of which a grid is made", nullptr, count)));
     auto* const methods = new QComboBox;
     methods->addItems(
-        {"Linear, on triangles", "Nearest point", "Mean by inverse distance"}); // as the enumeration
-    form->addRow("&Method", methods);
+        {QCoreApplication::translate("ReadDialogs", "Linear, on triangles"),
+         QCoreApplication::translate("ReadDialogs", "Nearest point"),
+         QCoreApplication::translate("ReadDialogs", "Mean by inverse distance")}); // as the enumeration
+    form->addRow(QCoreApplication::translate("ReadDialogs", "&Method"), methods);
     auto* const size = new QLineEdit(QString::fromStdString(FormatNumber(question.Cell())));
-    form->addRow("&Cell size", size);
+    form->addRow(QCoreApplication::translate("ReadDialogs", "&Cell size"), size);
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     form->addRow(buttons);
     const auto typed = [size] { return ParseNumber(size->text().toStdString()).value_or(0.0); };

@@ -1,6 +1,7 @@
 #include "ReadOptions.h"
 
 #include "Failure.h"
+#include "Language.h"
 #include "Numbers.h"
 #include "TextLines.h"
 
@@ -27,8 +28,10 @@ Region ParseRegion(const std::string& text) {
         isRegion = std::isfinite(*ends[i]);
     }
     if (!isRegion || !(region.x0 < region.x1) || !(region.y0 < region.y1))
-        throw Failure("expected four numbers x0:x1:y0:y1 that rise from x0 to x1 and from y0 to y1, found " +
-                      text);
+        throw Failure(
+            Filled(Translate("CommandLine", "expected four numbers x0:x1:y0:y1 that rise from x0 to x1 and "
+                                            "from y0 to y1, found %1"),
+                   text));
     return region;
 }
 
@@ -39,12 +42,19 @@ std::string TextOf(const Region& region) {
 
 GridMethod ParseGridMethod(const std::string& text) {
     const auto name = std::find(std::begin(methodNames), std::end(methodNames), text);
-    if (name == std::end(methodNames)) throw Failure("expected linear, nearest or inverse, found " + text);
+    if (name == std::end(methodNames))
+        throw Failure(
+            Filled(Translate("CommandLine", "expected linear, nearest or inverse, found %1"), text));
     return static_cast<GridMethod>(name - std::begin(methodNames));
 }
 
 std::string NameOf(GridMethod method) {
     return methodNames[static_cast<int>(method)];
+}
+
+std::string WordFor(GridMethod method) {
+    if (method == GridMethod::nearest) return Translate("Files", "nearest");
+    return method == GridMethod::linear ? Translate("Files", "linear") : Translate("Files", "inverse");
 }
 
 std::vector<std::string> ParseColumns(const std::string& text) {
@@ -53,8 +63,10 @@ std::vector<std::string> ParseColumns(const std::string& text) {
     const bool areNamed =
         std::none_of(fields.begin(), fields.end(), [](std::string_view field) { return field.empty(); });
     if (!areNamed || (fields.size() != 3 && text != "all"))
-        throw Failure("expected the columns of x, y and z, such as 1,2,4, or all for a matrix, found " +
-                      text);
+        throw Failure(
+            Filled(Translate("CommandLine", "expected the columns of x, y and z, such as 1,2,4, or all for "
+                                            "a matrix, found %1"),
+                   text));
     return {fields.begin(), fields.end()};
 }
 

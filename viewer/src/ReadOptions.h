@@ -31,6 +31,8 @@ enum class GridMethod { linear, nearest, inverseDistance };
 GridMethod ParseGridMethod(const std::string& text);
 /// Its name.
 std::string NameOf(GridMethod method);
+/// Its name in the user's language, for messages.
+std::string WordFor(GridMethod method);
 
 /// The columns that "x,y,z" stands for, names or numbers; "all" alone is a matrix of values. Throws a Failure
 /// for any other text.

@@ -2,6 +2,7 @@
 
 #include "Failure.h"
 #include "GridReader.h"
+#include "Language.h"
 
 #include <QFile>
 
@@ -12,7 +13,8 @@ namespace KivoViewer {
 
 GridData ReadSample() {
     QFile file(":/samples/terrain.asc");
-    if (!file.open(QIODevice::ReadOnly)) throw Failure("the sample terrain is missing from the program");
+    if (!file.open(QIODevice::ReadOnly))
+        throw Failure(Translate("Files", "the sample terrain is missing from the program"));
     GridData grid = ReadGrid(file.readAll().toStdString(), "terrain.asc");
     grid.title = "Cumberland Mountains";
     const char* const axisTitles[] = {"East [km]", "North [km]", "Elevation [m]"};

@@ -11,6 +11,7 @@
 
 #ifdef KIVO_HAS_GDAL
 #include "GdalErrors.h"
+#include "Language.h"
 
 #include <gdal_alg.h>
 
@@ -184,7 +185,9 @@ void FillLinearly(const std::string& name, const Points& points, double longestE
                   const Progress& progress) {
     const std::unique_ptr<GDALTriangulation, FreeTriangles> triangles(
         GDALTriangulationCreateDelaunay(static_cast<int>(points.x.size()), points.x.data(), points.y.data()));
-    if (!triangles) throw Failure(name + ": the points lie too close to each other for triangles");
+    if (!triangles)
+        throw Failure(name + ": " +
+                      Translate("Files", "the points lie too close to each other for triangles"));
     for (int i = 0; i < triangles->nFacets; ++i) {
         if (i % 65536 == 0) Report(progress, 0.5 + 0.5 * i / triangles->nFacets);
         const Triangle triangle(points, triangles->pasFacets[i].anVertexIdx);
@@ -224,7 +227,8 @@ void FillByDistance(const std::string& name, const Points& points, GridMethod me
         right, -half, top, static_cast<GUInt32>(raster.columns), static_cast<GUInt32>(raster.rows),
         GDT_Float64, raster.z.data(), GdalProgress, &report);
     Report(progress, 1.0);
-    if (result != CE_None) throw Failure(name + ": no grid can be made of the points");
+    if (result != CE_None)
+        throw Failure(name + ": " + Translate("Files", "no grid can be made of the points"));
 }
 
 } // namespace
@@ -233,12 +237,15 @@ GridData GridScattered(const PointTable& table, const ReadOptions& options, cons
     const QuietErrors quiet;
     const Points points(table);
     if (points.x.size() < 3 || !(points.width > 0.0) || !(points.height > 0.0) || AreInLine(points))
-        throw Failure(table.file + ": a surface needs at least three points that do not lie on a line");
+        throw Failure(table.file + ": " +
+                      Translate("Files", "a surface needs at least three points that do not lie on a line"));
     const GridMethod method = options.method.value_or(GridMethod::linear);
     const double cell = options.cell > 0.0 ? options.cell : CellFor(points);
     if (!options.method && options.asks)
-        throw GridQuestion(table.file + ": the points are scattered; --grid says how a grid is made of them",
-                           points.x.size(), cell);
+        throw GridQuestion(
+            table.file + ": " +
+                Translate("Files", "the points are scattered; --grid says how a grid is made of them"),
+            points.x.size(), cell);
     Raster raster(table.file, points, cell);
     if (method == GridMethod::linear)
         FillLinearly(table.file, points, options.radius, raster, progress);
@@ -247,8 +254,8 @@ GridData GridScattered(const PointTable& table, const ReadOptions& options, cons
     GridData grid =
         MakeGrid(table.file, EvenCoordinates(table.file, points.originX, raster.cell, raster.columns),
                  EvenCoordinates(table.file, points.originY, raster.cell, raster.rows), raster.z);
-    grid.note = std::to_string(points.x.size()) + " scattered points, " + NameOf(method) + " on cells of " +
-                FormatRounded(static_cast<float>(raster.cell));
+    grid.note = Filled(Translate("Files", "%1 scattered points, %2 on cells of %3"), points.x.size(),
+                       WordFor(method), FormatRounded(static_cast<float>(raster.cell)));
     return grid;
 }
 
@@ -256,8 +263,10 @@ GridData GridScattered(const PointTable& table, const ReadOptions& options, cons
 
 GridData GridScattered(const PointTable& table, const ReadOptions&, const Progress&) {
     throw Failure(
-        table.file +
-        ": the points are scattered; this program was built without GDAL, which makes grids of them");
+        table.file + ": " +
+        Translate(
+            "Files",
+            "the points are scattered; this program was built without GDAL, which makes grids of them"));
 }
 
 #endif

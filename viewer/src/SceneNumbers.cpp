@@ -1,6 +1,7 @@
 // PlotScene: absolute numbers, which the plotter has as differences to an origin.
 #include "Failure.h"
 #include "LabelFormat.h"
+#include "Language.h"
 #include "Numbers.h"
 #include "PlotScene.h"
 
@@ -15,7 +16,7 @@ namespace KivoViewer {
 namespace {
 
 [[noreturn]] void FailToDraw() {
-    throw Failure(std::string("cannot draw: ") + KivoDrawingTools::LastWindowError());
+    throw Failure(Filled(Translate("Plot", "cannot draw: %1"), KivoDrawingTools::LastWindowError()));
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 // PlotScene: the surfaces.
 #include "Failure.h"
+#include "Language.h"
 #include "Numbers.h"
 #include "PlotScene.h"
 
@@ -53,7 +54,8 @@ std::vector<float> PointsOf(const GridData& grid, const double* origin) {
     const std::vector<float> y = Moved(grid.y, grid.origin[1], origin[1]);
     const std::vector<float> z = Moved(grid.z, grid.origin[2], origin[2]);
     if (!Rises(x) || !Rises(y))
-        throw Failure(grid.title + ": it lies too far from the first surface to be shown with it");
+        throw Failure(grid.title + ": " +
+                      Translate("Plot", "it lies too far from the first surface to be shown with it"));
     std::vector<float> points;
     points.reserve(z.size() * 3);
     for (std::size_t i = 0; i < z.size(); ++i)
@@ -76,7 +78,8 @@ std::optional<Color> ParseSurfaceColor(const std::string& text) {
     try {
         return ParseColor(text);
     } catch (const Failure&) {
-        throw Failure("expected values, or a colour such as ff8000 or red, found \"" + text + '"');
+        throw Failure(Filled(
+            Translate("Settings", "expected values, or a colour such as ff8000 or red, found \"%1\""), text));
     }
 }
 
@@ -113,7 +116,8 @@ void PlotScene::AddSurface(const GridData& grid, const SurfaceLooks& looks) {
     const auto rows = static_cast<unsigned int>(shown.rows);
     shown.entry.number = KivoDrawingTools::AddSurface(m_plotter, points.data(), columns, rows, 1, columns, 3,
                                                       ToPlotter(shown.entry, columns, rows));
-    if (shown.entry.number <= 0) throw Failure(grid.title + ": it cannot be laid over another surface");
+    if (shown.entry.number <= 0)
+        throw Failure(grid.title + ": " + Translate("Plot", "it cannot be laid over another surface"));
     m_surfaces.push_back(std::move(shown));
     m_hasSurface = true;
     ApplyTrace();

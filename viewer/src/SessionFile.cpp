@@ -1,6 +1,7 @@
 // Sessions as JSON.
 #include "Failure.h"
 #include "FileText.h"
+#include "Language.h"
 #include "Numbers.h"
 #include "Session.h"
 #include "SettingTable.h"
@@ -201,7 +202,7 @@ Session SessionFrom(const QJsonObject& object, const QDir& folder) {
     session.settings = SettingsFrom(object["settings"].toObject());
     session.settings.mode = std::clamp(object["mode"].toInt(), 0, 3);
     session.view = ViewFrom(object["view"].toObject());
-    if (session.surfaces.empty()) throw Failure("it names no surface");
+    if (session.surfaces.empty()) throw Failure(Translate("Sessions", "it names no surface"));
     return session;
 }
 
@@ -236,11 +237,13 @@ Session ReadSession(const std::string& text, const std::string& path) {
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(QByteArray::fromStdString(text), &error);
     if (error.error != QJsonParseError::NoError)
-        throw Failure(path + ": no session: " + error.errorString().toStdString());
+        throw Failure(path + ": " +
+                      Filled(Translate("Sessions", "no session: %1"), error.errorString().toStdString()));
     const QJsonObject object = document.object();
     const int version = object[versionKey].toInt();
-    if (version < 1) throw Failure(path + ": no session");
-    if (version > sessionVersion) throw Failure(path + ": a session of a later version");
+    if (version < 1) throw Failure(path + ": " + Translate("Sessions", "no session"));
+    if (version > sessionVersion)
+        throw Failure(path + ": " + Translate("Sessions", "a session of a later version"));
     try {
         return SessionFrom(object, FolderOf(path));
     } catch (const Failure& failure) {
@@ -252,7 +255,9 @@ void WriteSessionFile(const Session& session, const std::string& path) {
     QSaveFile file(QFile::decodeName(path.c_str()));
     const QByteArray text = QByteArray::fromStdString(WriteSession(session, path));
     if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit())
-        throw Failure(path + ": cannot be written: " + file.errorString().toStdString());
+        throw Failure(
+            path + ": " +
+            Filled(Translate("Sessions", "cannot be written: %1"), file.errorString().toStdString()));
 }
 
 Session ReadSessionFile(const std::string& path) {

@@ -56,12 +56,16 @@ struct Setting {
     const char* key = nullptr;             ///< that toggles it, as a key sequence
     std::vector<std::string> choices = {}; ///< names that it knows
     bool isNotNegative = false;            ///< a number from 0 on
+    std::string without = {};              ///< what comes of it when a toggle that is on is switched off
 };
 
 /// All settings, those of a section together.
 const std::vector<Setting>& AllSettings();
 /// The setting of this name, which must exist.
 const Setting& FindSetting(const std::string& name);
+
+/// A choice in the user's language.
+std::string WordForChoice(const std::string& choice);
 
 bool IsToggle(const Setting& setting);
 /// Whether the user has set it. A toggle always is.

@@ -2,6 +2,7 @@
 
 #include "ColorSample.h"
 #include "Failure.h"
+#include "Language.h"
 #include "PlotScene.h"
 
 #include <QCheckBox>
@@ -57,6 +58,11 @@ std::optional<int> AxisOfEnd(const Setting& setting) {
     return std::nullopt;
 }
 
+bool IsOpenAtFirst(const std::string& section) {
+    return section == Translate("Settings", "Titles") || section == Translate("Settings", "Contours") ||
+           section == Translate("Settings", "Lines");
+}
+
 // While it has the keys, letters choose among its names: some are the window's own for other things.
 class ChoiceBox : public QComboBox {
 public:
@@ -89,7 +95,7 @@ SettingsPanel::SettingsPanel(PlotScene& scene, ChangeRequest change, Complaint c
     for (const Setting& setting : AllSettings()) {
         if (setting.section == section) continue;
         section = setting.section;
-        AddSection(section, section == "Titles" || section == "Contours" || section == "Lines");
+        AddSection(section, IsOpenAtFirst(section));
     }
     layout->addStretch();
 }
@@ -186,15 +192,15 @@ QWidget* SettingsPanel::MakeChoice(const Setting& setting) {
     auto* const box = new ChoiceBox(this);
     const bool isOfColors = setting.name == "colors";
     for (const std::string& name : setting.choices)
-        box->addItem(Words(name));
+        box->addItem(Words(WordForChoice(name)), Words(name));
     if (isOfColors) box->setIconSize(SampleOf(std::vector<Color>()).size());
     connect(box, &QComboBox::activated, this,
-            [this, box, &setting] { Request(setting, box->currentText().toStdString()); });
+            [this, box, &setting] { Request(setting, box->currentData().toString().toStdString()); });
     m_refreshers.emplace_back([this, box, isOfColors, &setting] {
         const QSignalBlocker blocker(box);
         for (int i = 0; i < box->count() && isOfColors; ++i)
-            box->setItemIcon(i, SampleOf(box->itemText(i).toStdString(), m_shown.axes[2]));
-        box->setCurrentText(Words(TextOf(setting, m_shown)));
+            box->setItemIcon(i, SampleOf(box->itemData(i).toString().toStdString(), m_shown.axes[2]));
+        box->setCurrentIndex(box->findData(Words(TextOf(setting, m_shown))));
     });
     return box;
 }
@@ -239,7 +245,7 @@ QWidget* SettingsPanel::WithResetButton(QWidget* editor, const Setting& setting)
     layout->setSpacing(2);
     auto* const reset = new QToolButton(pair);
     reset->setText(QString::fromUtf8("↺"));
-    reset->setToolTip("Back to what it was by itself");
+    reset->setToolTip(tr("Back to what it was by itself"));
     reset->setAutoRaise(true);
     connect(reset, &QToolButton::clicked, this, [this, &setting] { RequestReset(setting); });
     m_refreshers.emplace_back(
@@ -270,7 +276,7 @@ void SettingsPanel::RequestChange(const Setting& setting, const std::function<vo
     change(wanted);
     if (!axis || m_awaited.Take(*axis, wanted, m_scene)) return m_change(setting, wanted);
     Refresh();
-    m_complain(Words(std::string("The ") + "XYZ"[*axis] + " axis follows as soon as its other end fits"));
+    m_complain(tr("The %1 axis follows as soon as its other end fits").arg(QChar("XYZ"[*axis])));
 }
 
 } // namespace KivoViewer

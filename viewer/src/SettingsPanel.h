@@ -4,6 +4,7 @@
 #include "AwaitedRanges.h"
 #include "SettingTable.h"
 
+#include <QCoreApplication>
 #include <QWidget>
 
 #include <functional>
@@ -20,6 +21,8 @@ class PlotScene;
 
 /// Shows the scene's settings and asks for changes of them.
 class SettingsPanel : public QWidget {
+    Q_DECLARE_TR_FUNCTIONS(SettingsPanel)
+
 public:
     /// Asked to change a setting: takes it, and all settings as they should be then. Refresh() must follow.
     using ChangeRequest = std::function<void(const Setting&, const PlotSettings&)>;

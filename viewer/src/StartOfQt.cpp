@@ -1,6 +1,7 @@
 #include "StartOfQt.h"
 
 #include "Failure.h"
+#include "Language.h"
 
 #include <QByteArray>
 #include <QString>
@@ -27,13 +28,18 @@ std::string NameOfDisplay() {
 std::string ReasonOf(const QString& lastWords) {
     if (!lastWords.contains("platform plugin")) return lastWords.toStdString();
     const std::string platform = qgetenv("QT_QPA_PLATFORM").toStdString();
-    const std::string wayOut = "; set DISPLAY or use --picture FILE.png";
     if (heard.find("Could not find the Qt platform plugin") != std::string::npos)
-        return platform.empty() ? "Qt's plugin for this display is missing; install qt6-wayland, for X11 "
-                                  "qt6-qpa-plugins"
-                                : "Qt has no plugin for QT_QPA_PLATFORM=" + platform + "; unset it";
+        return platform.empty()
+                   ? Translate("Start",
+                               "Qt's plugin for this display is missing; install qt6-wayland, for X11 "
+                               "qt6-qpa-plugins")
+                   : Filled(Translate("Start", "Qt has no plugin for QT_QPA_PLATFORM=%1; unset it"),
+                            platform);
     const std::string display = NameOfDisplay();
-    return display.empty() ? "no display" + wayOut : "cannot open display " + display + wayOut;
+    return display.empty()
+               ? Translate("Start", "no display; set DISPLAY or use --picture FILE.png")
+               : Filled(Translate("Start", "cannot open display %1; set DISPLAY or use --picture FILE.png"),
+                        display);
 }
 
 void Hear(QtMsgType type, const QMessageLogContext&, const QString& words) {

@@ -28,7 +28,7 @@ Qt::CheckState ToQt(bool isOn) {
 
 SurfacesPanel::SurfacesPanel(PlotScene& scene, Requests requests)
     : m_scene(scene), m_requests(std::move(requests)) {
-    setHeaderLabels({"Name", "Colour", "Opacity", "Lines", ""});
+    setHeaderLabels({tr("Name"), tr("Colour"), tr("Opacity"), tr("Lines"), QString()});
     setRootIsDecorated(false);
     setSelectionBehavior(QAbstractItemView::SelectItems); // so that Left and Right lead to the columns
     setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
@@ -56,20 +56,21 @@ void SurfacesPanel::AddItem(const SurfaceEntry& surface) {
     auto* const item = new QTreeWidgetItem(this);
     item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsEditable | Qt::ItemIsUserCheckable);
     item->setText(nameColumn, QString::fromStdString(surface.name));
-    item->setToolTip(nameColumn, "Click the box to show or hide the surface, twice the name to change it");
+    item->setToolTip(nameColumn,
+                     tr("Click the box to show or hide the surface, twice the name to change it"));
     item->setCheckState(nameColumn, ToQt(surface.isShown));
     if (surface.looks.color)
         item->setBackground(colorColumn, ToQt(*surface.looks.color));
     else
-        item->setText(colorColumn, "values");
-    item->setToolTip(colorColumn, "Click to colour the surface by its values, or in one colour");
+        item->setText(colorColumn, tr("values"));
+    item->setToolTip(colorColumn, tr("Click to colour the surface by its values, or in one colour"));
     item->setText(opacityColumn, QString::fromStdString(FormatNumber(surface.looks.opacity)));
-    item->setToolTip(opacityColumn, "From 0 to 1: click twice to change it");
+    item->setToolTip(opacityColumn, tr("From 0 to 1: click twice to change it"));
     item->setCheckState(linesColumn, ToQt(surface.hasLines));
-    item->setToolTip(linesColumn, "Click to show or hide the frame lines");
+    item->setToolTip(linesColumn, tr("Click to show or hide the frame lines"));
     if (surface.number == 0) return; // the axes are made for it
     item->setText(removeColumn, QString::fromUtf8("✕"));
-    item->setToolTip(removeColumn, "Click to take the surface away");
+    item->setToolTip(removeColumn, tr("Click to take the surface away"));
 }
 
 // The boxes of all columns, and what has a text to be edited.
@@ -108,8 +109,8 @@ void SurfacesPanel::TakeOver(const QTreeWidgetItem& item) {
     if (opacity && *opacity >= 0.0 && *opacity <= 1.0)
         surface.looks.opacity = *opacity;
     else
-        m_requests.complain("Opacity: expected a number from 0 to 1, found \"" + item.text(opacityColumn) +
-                            '"');
+        m_requests.complain(
+            tr("Opacity: expected a number from 0 to 1, found \"%1\"").arg(item.text(opacityColumn)));
     Later([this, surface] { m_requests.change(surface); });
 }
 
@@ -118,7 +119,7 @@ void SurfacesPanel::Click(QTreeWidgetItem* item, int column) {
     if (column == colorColumn) return ChooseColor(*item);
     if (column != removeColumn) return;
     if (surface.number == 0)
-        m_requests.complain("The first surface stays: the axes are made for it");
+        m_requests.complain(tr("The first surface stays: the axes are made for it"));
     else
         Later([this, surface] { m_requests.remove(surface.number); });
 }
@@ -126,15 +127,15 @@ void SurfacesPanel::Click(QTreeWidgetItem* item, int column) {
 void SurfacesPanel::ChooseColor(const QTreeWidgetItem& item) {
     SurfaceEntry surface = SurfaceOf(item);
     QMenu menu(this);
-    const QAction* const byValues = menu.addAction("By its &values");
-    const QAction* const inOne = menu.addAction("In &one colour...");
+    const QAction* const byValues = menu.addAction(tr("By its &values"));
+    const QAction* const inOne = menu.addAction(tr("In &one colour..."));
     const QAction* const chosen = menu.exec(viewport()->mapToGlobal(visualItemRect(&item).bottomLeft()));
     if (chosen == byValues) {
         surface.looks.color.reset();
     } else if (chosen == inOne) {
         const Color before = surface.looks.color.value_or(*UsualLooks(1).color);
-        const QColor color =
-            QColorDialog::getColor(ToQt(before), this, "Colour of " + QString::fromStdString(surface.name));
+        const QColor color = QColorDialog::getColor(
+            ToQt(before), this, tr("Colour of %1").arg(QString::fromStdString(surface.name)));
         if (!color.isValid()) return;
         surface.looks.color = ParseColor(color.name().toStdString());
     } else {

@@ -3,6 +3,7 @@
 
 #include "PlotScene.h"
 
+#include <QCoreApplication>
 #include <QTreeWidget>
 
 #include <functional>
@@ -13,6 +14,8 @@ namespace KivoViewer {
 /// Lists the scene's surfaces: a box shows or hides each, others its frame lines; a click on the colour, or
 /// Return there, asks for another; opacities are edited; the cross, or Delete, takes a surface away.
 class SurfacesPanel : public QTreeWidget {
+    Q_DECLARE_TR_FUNCTIONS(SurfacesPanel)
+
 public:
     /// What the panel asks for; Refresh() must follow but for complaints.
     struct Requests {

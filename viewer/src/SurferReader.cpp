@@ -1,6 +1,7 @@
 // Surfer grids. All of them have the southernmost row first.
 #include "Failure.h"
 #include "GridFormats.h"
+#include "Language.h"
 #include "Numbers.h"
 
 #include <cmath>
@@ -31,10 +32,11 @@ struct Extent {
 
 void Check(const std::string& name, const Extent& extent) {
     if (extent.columns < 2 || extent.rows < 2)
-        throw Failure(name + ": a surface needs at least 2 x 2 points, found " +
-                      std::to_string(extent.columns) + " x " + std::to_string(extent.rows));
+        throw Failure(name + ": " +
+                      Filled(Translate("Files", "a surface needs at least 2 x 2 points, found %1 x %2"),
+                             extent.columns, extent.rows));
     if (!(extent.x0 < extent.x1) || !(extent.y0 < extent.y1))
-        throw Failure(name + ": the ranges of x and y must rise");
+        throw Failure(name + ": " + Translate("Files", "the ranges of x and y must rise"));
     CheckSize(name, static_cast<double>(extent.columns), static_cast<double>(extent.rows));
 }
 
@@ -62,19 +64,19 @@ public:
         return true;
     }
 
-    std::string_view Next(const char* what) {
-        if (!HasNext()) m_lines.Fail(std::string("the file ends before ") + what);
+    std::string_view Next(const std::string& what) {
+        if (!HasNext()) m_lines.Fail(Filled(Translate("Files", "the file ends before %1"), what));
         return m_fields[m_next++];
     }
 
-    std::size_t Count(const char* what) {
+    std::size_t Count(const std::string& what) {
         const std::string_view field = Next(what);
         const auto count = ParseCount(field);
-        if (!count) m_lines.Fail(std::string("expected ") + what + ", found " + Quoted(field));
+        if (!count) m_lines.Fail(Filled(Translate("Files", "expected %1, found %2"), what, Quoted(field)));
         return *count;
     }
 
-    double Number(const char* what) { return NumberIn(m_lines, Next(what)); }
+    double Number(const std::string& what) { return NumberIn(m_lines, Next(what)); }
 
 private:
     TextLines& m_lines;
@@ -85,25 +87,27 @@ private:
 GridData ReadText(TextLines& lines) {
     lines.Next(); // the mark
     NumberStream numbers(lines);
+    const std::string ofX = Translate("Files", "the range of x"), ofY = Translate("Files", "the range of y"),
+                      ofZ = Translate("Files", "the range of z"), last = Translate("Files", "the last value");
     Extent extent;
-    extent.columns = numbers.Count("the number of columns");
-    extent.rows = numbers.Count("the number of rows");
-    extent.x0 = numbers.Number("the range of x");
-    extent.x1 = numbers.Number("the range of x");
-    extent.y0 = numbers.Number("the range of y");
-    extent.y1 = numbers.Number("the range of y");
-    numbers.Next("the range of z"); // of grids without a value it need not be a number that fits
-    numbers.Next("the range of z");
+    extent.columns = numbers.Count(Translate("Files", "the number of columns"));
+    extent.rows = numbers.Count(Translate("Files", "the number of rows"));
+    extent.x0 = numbers.Number(ofX);
+    extent.x1 = numbers.Number(ofX);
+    extent.y0 = numbers.Number(ofY);
+    extent.y1 = numbers.Number(ofY);
+    numbers.Next(ofZ); // of grids without a value it need not be a number that fits
+    numbers.Next(ofZ);
     Check(lines.Name(), extent);
     std::vector<double> z;
     for (std::size_t i = 0; i < extent.columns * extent.rows; ++i) {
-        const std::string_view field = numbers.Next("the last value");
+        const std::string_view field = numbers.Next(last);
         const auto number = ParseNumber(field);
-        if (!number) lines.Fail("not a number: " + Quoted(field));
+        if (!number) lines.Fail(Filled(Translate("Files", "not a number: %1"), Quoted(field)));
         z.push_back(ValueOrHole(*number, blank6));
     }
     if (numbers.HasNext())
-        lines.Fail("more than " + std::to_string(extent.columns * extent.rows) + " values");
+        lines.Fail(Filled(Translate("Files", "more than %1 values"), extent.columns * extent.rows));
     return MakeGridOf(lines.Name(), extent, z);
 }
 
@@ -123,7 +127,7 @@ public:
     }
 
     std::string_view Take(std::size_t count) {
-        if (count > m_data.size()) throw Failure(m_name + ": the file is cut off");
+        if (count > m_data.size()) throw Failure(m_name + ": " + Translate("Files", "the file is cut off"));
         const std::string_view bytes = m_data.substr(0, count);
         m_data.remove_prefix(count);
         return bytes;
@@ -176,7 +180,8 @@ GridData ReadBinary7(Bytes bytes, const std::string& name, const Progress& progr
             blank = section.Take<double>();
             Check(name, extent);
         } else if (mark == "DATA") {
-            if (extent.rows == 0) throw Failure(name + ": values come before the size of the grid");
+            if (extent.rows == 0)
+                throw Failure(name + ": " + Translate("Files", "values come before the size of the grid"));
             return MakeGridOf(name, extent, TakeValues<double>(section, extent, blank, progress));
         }
     }

@@ -2,6 +2,7 @@
 
 #include "Failure.h"
 #include "GridFormats.h"
+#include "Language.h"
 #include "Numbers.h"
 
 #include <algorithm>
@@ -144,7 +145,7 @@ bool HaveAll(const std::vector<std::string_view>& sample, char letter) {
 }
 
 std::string ListOfColumns(const TableLayout& layout) {
-    if (layout.names.empty()) return std::to_string(layout.columnCount) + " without names";
+    if (layout.names.empty()) return Filled(Translate("Files", "%1 without names"), layout.columnCount);
     std::string list;
     for (const std::string& name : layout.names)
         list += (list.empty() ? "" : ", ") + name;
@@ -198,7 +199,7 @@ std::optional<double> TableNumber(std::string_view field, const TableLayout& lay
 
 double TableNumberIn(const TextLines& lines, std::string_view field, const TableLayout& layout) {
     const std::optional<double> number = TableNumber(field, layout);
-    if (!number) lines.Fail("not a number: " + Quoted(field));
+    if (!number) lines.Fail(Filled(Translate("Files", "not a number: %1"), Quoted(field)));
     return CheckedNumber(lines, field, *number);
 }
 
@@ -239,9 +240,12 @@ void CheckDecimalMark(const TextLines& lines, const TableLayout& layout, ReadOpt
     if (layout.doubtful.empty()) return;
     options.decimalMark = ',';
     throw OpenQuestion(
-        lines.Name() + ": the comma of " + Quoted(layout.doubtful) +
-            " may be a decimal mark or part thousands; --decimal comma or --decimal point says it",
-        {{"Commas are decimal marks", lines.Name(), options}});
+        lines.Name() + ": " +
+            Filled(Translate("Files",
+                             "the comma of %1 may be a decimal mark or part thousands; --decimal comma "
+                             "or --decimal point says it"),
+                   Quoted(layout.doubtful)),
+        {{Translate("Files", "Commas are decimal marks"), lines.Name(), options}});
 }
 
 TableLayout LayoutOf(TextLines lines, const ReadOptions& options) {
@@ -269,8 +273,9 @@ std::array<std::size_t, 3> PointColumns(const TextLines& lines, const TableLayou
         for (std::size_t i = 0; i < 3; ++i) {
             const auto column = ColumnNamed(layout, options.columns[i]);
             if (!column)
-                throw Failure(lines.Name() + ": there is no column " + Quoted(options.columns[i]) +
-                              "; its columns are " + ListOfColumns(layout));
+                throw Failure(lines.Name() + ": " +
+                              Filled(Translate("Files", "there is no column %1; its columns are %2"),
+                                     Quoted(options.columns[i]), ListOfColumns(layout)));
             columns[i] = *column;
         }
         return columns;
@@ -280,10 +285,13 @@ std::array<std::size_t, 3> PointColumns(const TextLines& lines, const TableLayou
     if (layout.fits && layout.numbers.size() >= 3 && !isOpen) {
         std::copy_n(layout.numbers.begin(), 3, columns.begin());
     } else if (layout.columnCount != 3) {
-        const std::string found =
-            std::to_string(layout.columnCount) + (layout.columnCount == 1 ? " value" : " values");
-        lines.FailAt(lines.Number(), "expected x, y and z, found " + found +
-                                         (isOpen ? "; --columns says which of them these are" : ""));
+        const int found = static_cast<int>(layout.columnCount);
+        lines.FailAt(lines.Number(),
+                     isOpen ? Translate("Files",
+                                        "expected x, y and z, found %n value(s); --columns says which of "
+                                        "them these are",
+                                        nullptr, found)
+                            : Translate("Files", "expected x, y and z, found %n value(s)", nullptr, found));
     }
     return columns;
 }

@@ -1,6 +1,7 @@
 #include "TextLines.h"
 
 #include "Failure.h"
+#include "Language.h"
 #include "Numbers.h"
 
 #include <algorithm>
@@ -32,7 +33,8 @@ bool TextLines::Next() {
         if (content.empty() || content.front() == '#') continue;
         m_line = line; // a leading separator is an empty field, so tabs stay
         m_number = m_linesPassed;
-        if (line.find('\0') != std::string_view::npos) Fail("this is not a text file in UTF-8 or ASCII");
+        if (line.find('\0') != std::string_view::npos)
+            Fail(Translate("Files", "this is not a text file in UTF-8 or ASCII"));
         return true;
     }
     return false;

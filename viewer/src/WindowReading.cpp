@@ -5,6 +5,7 @@
 #include "GridReader.h"
 #include "ReadDialogs.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 
@@ -27,7 +28,7 @@ File ReadAsking(QWidget* parent, Reading reading, const Read<File>& read) {
     while (true) {
         try {
             File file = MakeInBackground<File>(
-                parent, "Reading " + name + "...",
+                parent, QCoreApplication::translate("WindowReading", "Reading %1...").arg(name),
                 [reading, read](const Progress& progress) { return read(reading, progress); });
             file.path = reading.path;
             file.reading = reading.options;

@@ -5,6 +5,7 @@
 #include "FileText.h"
 #include "FormatList.h"
 #include "GridReader.h"
+#include "Language.h"
 #include "MainWindow.h"
 #include "Options.h"
 #include "PictureFile.h"
@@ -14,6 +15,7 @@
 #include "Session.h"
 #include "SettingTable.h"
 #include "StartOfQt.h"
+#include "UserLanguage.h"
 
 #include <QApplication>
 #include <QFile>
@@ -61,6 +63,7 @@ int RunWindow(char* program, const Content& content, const Options& options) {
     char* arguments[] = {program, nullptr}; // the command line is not Qt's
     QApplication application(count, arguments);
     start.reset();
+    TranslateWindow();
     // What Qt for X11 has set: of moves that wait it leaves out all but the last, whatever keys go down
     // between them. The plot joins them by itself, and gets the whole way.
     QApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
@@ -103,7 +106,7 @@ int Run(int argc, char** argv) {
     return 0;
 }
 
-int Complain(const char* reason) {
+int Complain(const std::string& reason) {
     std::fprintf(stderr, "kivo-viewer: %s\n", OneLine(reason).c_str());
     return 2;
 }
@@ -113,12 +116,13 @@ int Complain(const char* reason) {
 int main(int argc, char** argv) {
     KeepFreedMemory();
     try {
+        SpeakLanguage(LanguageIn(argc, argv));
         const int status = Run(argc, argv);
         std::fflush(stdout);
         if (IsWorkGoingOn()) std::_Exit(status);
         return status;
     } catch (const std::bad_alloc&) {
-        return Complain("not enough memory");
+        return Complain(Translate("Start", "not enough memory"));
     } catch (const std::exception& error) {
         return Complain(error.what());
     }

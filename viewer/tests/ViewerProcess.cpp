@@ -2,8 +2,18 @@
 
 namespace KivoTest {
 
+namespace {
+
+// Tests look for English texts, whatever the machine's language; those of other languages say which.
+Environment InEnglish(Environment environment) {
+    environment.insert({{"LC_ALL", "C.UTF-8"}, {"LANGUAGE", std::nullopt}});
+    return environment;
+}
+
+} // namespace
+
 ViewerProcess::ViewerProcess(const std::vector<std::string>& arguments, const Environment& environment)
-    : ChildProcess(KIVO_VIEWER_PATH, arguments, environment) {}
+    : ChildProcess(KIVO_VIEWER_PATH, arguments, InEnglish(environment)) {}
 
 ViewerResult RunViewer(const std::vector<std::string>& arguments, const Environment& environment) {
     ViewerProcess viewer(arguments, environment);
