@@ -4,7 +4,7 @@
 kivo_run_packages=(
     g++ cmake ninja-build pkg-config
     libegl-dev libgl-dev libopengl-dev libglu1-mesa-dev libxcb1-dev libpango1.0-dev
-    qt6-base-dev qt6-wayland qt6-tools-dev qt6-l10n-tools qt6-translations-l10n libmuparser-dev libcli11-dev libpng-dev libgdal-dev
+    qt6-base-dev qt6-wayland qt6-tools-dev qt6-l10n-tools qt6-translations-l10n libmuparser-dev libcli11-dev libboost-dev libpng-dev libgdal-dev
     libgl1-mesa-dri libegl1 libegl-mesa0 libgl1
     fonts-dejavu-core fonts-liberation fonts-vlgothic)
 

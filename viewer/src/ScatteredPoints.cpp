@@ -1,8 +1,10 @@
-// Grids between scattered points, by GDAL.
+// Grids between scattered points.
 #include "Failure.h"
 #include "GridFormats.h"
+#include "Language.h"
 #include "Numbers.h"
 #include "PointGrid.h"
+#include "Triangles.h"
 
 #include <algorithm>
 #include <cmath>
@@ -11,16 +13,11 @@
 
 #ifdef KIVO_HAS_GDAL
 #include "GdalErrors.h"
-#include "Language.h"
 
 #include <gdal_alg.h>
-
-#include <memory>
 #endif
 
 namespace KivoViewer {
-
-#ifdef KIVO_HAS_GDAL
 
 namespace {
 
@@ -109,10 +106,6 @@ struct Raster {
     }
 };
 
-struct FreeTriangles {
-    void operator()(GDALTriangulation* triangles) const { GDALTriangulationFree(triangles); }
-};
-
 // The indices of rows or columns between two places.
 std::pair<std::size_t, std::size_t> CellsBetween(double from, double to, double cell, std::size_t count) {
     const double last = static_cast<double>(count);
@@ -126,12 +119,11 @@ struct Triangle {
     double y[3];
     double z[3];
 
-    Triangle(const Points& points, const int* corners) {
-        for (int i = 0; i < 3; ++i) {
-            const auto index = static_cast<std::size_t>(corners[i]);
-            x[i] = points.x[index];
-            y[i] = points.y[index];
-            z[i] = points.z[index];
+    Triangle(const Points& points, const Corners& corners) {
+        for (std::size_t i = 0; i < corners.size(); ++i) {
+            x[i] = points.x[corners[i]];
+            y[i] = points.y[corners[i]];
+            z[i] = points.z[corners[i]];
         }
     }
 
@@ -179,22 +171,23 @@ void Fill(const Triangle& triangle, Raster& raster) {
     }
 }
 
-// GDAL looks for the triangle of each place, which takes many times as long as to fill the triangles one by
-// one.
 void FillLinearly(const std::string& name, const Points& points, double longestEdge, Raster& raster,
                   const Progress& progress) {
-    const std::unique_ptr<GDALTriangulation, FreeTriangles> triangles(
-        GDALTriangulationCreateDelaunay(static_cast<int>(points.x.size()), points.x.data(), points.y.data()));
-    if (!triangles)
+    constexpr std::size_t trianglesBetweenReports = 65536;
+    const std::vector<Corners> triangles = DelaunayTriangles(points.x, points.y);
+    if (triangles.empty())
         throw Failure(name + ": " +
                       Translate("Files", "the points lie too close to each other for triangles"));
-    for (int i = 0; i < triangles->nFacets; ++i) {
-        if (i % 65536 == 0) Report(progress, 0.5 + 0.5 * i / triangles->nFacets);
-        const Triangle triangle(points, triangles->pasFacets[i].anVertexIdx);
+    for (std::size_t i = 0; i < triangles.size(); ++i) {
+        if (i % trianglesBetweenReports == 0)
+            Report(progress, 0.5 + 0.5 * static_cast<double>(i) / static_cast<double>(triangles.size()));
+        const Triangle triangle(points, triangles[i]);
         if (longestEdge > 0.0 && triangle.LongestEdge() > longestEdge) continue;
         Fill(triangle, raster);
     }
 }
+
+#ifdef KIVO_HAS_GDAL
 
 int GdalProgress(double share, const char*, void* progress) {
     const auto& report = *static_cast<const Progress*>(progress);
@@ -203,6 +196,7 @@ int GdalProgress(double share, const char*, void* progress) {
 
 void FillByDistance(const std::string& name, const Points& points, GridMethod method, double wantedRadius,
                     Raster& raster, const Progress& progress) {
+    const QuietErrors quiet;
     GDALGridNearestNeighborOptions nearest = {};
     nearest.nSizeOfStructure = sizeof nearest;
     nearest.dfNoDataValue = noValue;
@@ -231,10 +225,20 @@ void FillByDistance(const std::string& name, const Points& points, GridMethod me
         throw Failure(name + ": " + Translate("Files", "no grid can be made of the points"));
 }
 
+#else
+
+void FillByDistance(const std::string& name, const Points&, GridMethod method, double, Raster&,
+                    const Progress&) {
+    throw Failure(name + ": " +
+                  Filled(Translate("Files", "the method %1 is GDAL's, and this program was built without it"),
+                         NameOf(method)));
+}
+
+#endif
+
 } // namespace
 
 GridData GridScattered(const PointTable& table, const ReadOptions& options, const Progress& progress) {
-    const QuietErrors quiet;
     const Points points(table);
     if (points.x.size() < 3 || !(points.width > 0.0) || !(points.height > 0.0) || AreInLine(points))
         throw Failure(table.file + ": " +
@@ -258,17 +262,5 @@ GridData GridScattered(const PointTable& table, const ReadOptions& options, cons
                        WordFor(method), FormatRounded(static_cast<float>(raster.cell)));
     return grid;
 }
-
-#else
-
-GridData GridScattered(const PointTable& table, const ReadOptions&, const Progress&) {
-    throw Failure(
-        table.file + ": " +
-        Translate(
-            "Files",
-            "the points are scattered; this program was built without GDAL, which makes grids of them"));
-}
-
-#endif
 
 } // namespace KivoViewer
