@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Searches for inputs that break something: scripts/fuzz.sh [seconds for each target, 1800] [formula|reader|plotter]...
+# Searches for inputs that break something: scripts/fuzz.sh [seconds for each target, 1800] [formula|reader|session|plotter]...
 # Wants clang. What is found is left in build-fuzz/findings and makes the script fail; inputs that reach code
 # which no other one reaches are merged into the corpus that the tests replay.
 set -euo pipefail
@@ -8,20 +8,20 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 . scripts/sanitizers.sh
 seconds=${1:-1800}
 targets=("${@:2}")
-[ ${#targets[@]} -gt 0 ] || targets=(formula reader plotter)
+[ ${#targets[@]} -gt 0 ] || targets=(formula reader session plotter)
 
 install_packages "${kivo_run_packages[@]}" libgtest-dev libgmock-dev libxcb-xtest0-dev clang libclang-rt-14-dev
 cmake --preset fuzz
-cmake --build --preset fuzz --target kivo-fuzz-plotter kivo-fuzz-reader kivo-fuzz-formula
+cmake --build --preset fuzz --target kivo-fuzz-plotter kivo-fuzz-reader kivo-fuzz-formula kivo-fuzz-session
 unset DISPLAY WAYLAND_DISPLAY
 
 # What the search begins with, beside the corpus: the files that the readers are for.
 seeds=$(mktemp -d)
 trap 'rm -rf "$seeds"' EXIT
-mkdir "$seeds/reader" "$seeds/formula" "$seeds/plotter"
+mkdir "$seeds/reader" "$seeds/formula" "$seeds/session" "$seeds/plotter"
 for file in viewer/tests/data/*; do
     for kind in 0 1 2; do
-        { printf '%b' "\\x0$kind"; head -c 2000 "$file"; } >"$seeds/reader/$kind-$(basename "$file")"
+        { printf '%b' "\\x0$kind\\0"; head -c 2000 "$file"; } >"$seeds/reader/$kind-$(basename "$file")"
     done
 done
 printf '%s\n' '' '' 'sin(x) * cos(y) / (1 + x^2)' >"$seeds/formula/waves"

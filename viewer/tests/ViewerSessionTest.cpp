@@ -125,6 +125,8 @@ TEST_F(ViewerSessionTest, SaysWhatIsWrong) {
     EXPECT_EQ(messageOf("{" + surface + R"(, "settings": {"of a later version": "1", "title": 3}})"), "");
     EXPECT_THAT(messageOf("{" + surface + R"(, "points": [{}]})"), HasSubstr("a.kivo: expected a colour"));
     EXPECT_EQ(messageOf("{" + surface + R"(, "view": {"zoom": "large"}, "mode": 17})"), "");
+    EXPECT_EQ(messageOf(R"({"kivo-session": 1, "surfaces": [{"file": "a\u0000b.asc", "color": "values"}]})"),
+              "a.kivo: a name of a file ends before its text does");
 }
 
 TEST_F(ViewerSessionTest, TakesSettingsBackAsAWhole) {

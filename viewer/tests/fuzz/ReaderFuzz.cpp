@@ -3,6 +3,7 @@
 #include "Failure.h"
 #include "GridReader.h"
 #include "PointFile.h"
+#include "Progress.h"
 
 #include <cmath>
 #include <cstddef>
@@ -38,7 +39,8 @@ void Check(const KivoViewer::PointFile& file) {
         Require(std::isfinite(coordinate));
 }
 
-KivoViewer::ReadOptions OptionsOf(unsigned int bits) {
+// What the user says of a file. What would make the grid of scattered points large is left to what these are.
+KivoViewer::ReadOptions OptionsOf(unsigned int bits, unsigned int moreBits) {
     constexpr KivoViewer::GridMethod methods[] = {KivoViewer::GridMethod::linear,
                                                   KivoViewer::GridMethod::nearest,
                                                   KivoViewer::GridMethod::inverseDistance};
@@ -47,24 +49,50 @@ KivoViewer::ReadOptions OptionsOf(unsigned int bits) {
     if ((bits & 2U) != 0) options.decimalMark = ',';
     if ((bits & 4U) != 0) options.region = KivoViewer::Region{-2.0, 20.0, 0.0, 30.0};
     if ((bits & 24U) != 0) options.method = methods[(bits >> 3U & 3U) - 1U];
+    if ((moreBits & 1U) != 0) options.columns = {"all"};
+    if ((moreBits & 2U) != 0) options.columns = {"x", "north", "h"};
+    if ((moreBits & 4U) != 0) options.decimalMark = '.';
+    if ((moreBits & 8U) != 0) options.radius = 1.5;
+    if ((moreBits & 16U) != 0)
+        options.askForGrid = [](std::size_t, KivoViewer::GridMethod& method, double& cell) {
+            method = KivoViewer::GridMethod::nearest;
+            cell *= 2.0;
+            return true;
+        };
     return options;
+}
+
+void ReadPoints(std::string_view text, const KivoViewer::ReadOptions& options) {
+    const KivoViewer::PointFile file = KivoViewer::ReadPoints(text, "points.csv", options);
+    Check(file);
+    std::size_t count = 0;
+    for (const KivoViewer::PointFile& group : KivoViewer::GroupsOf(file)) {
+        Check(group);
+        count += group.Count();
+    }
+    Require(count == file.Count());
 }
 
 } // namespace
 
-/// The first byte chooses the file's name, whether it holds a grid or single points, and what the user says
-/// of it; the rest is its text.
+/// The first two bytes choose the file's name, whether it holds a grid or single points, what the user says
+/// of it, and whether reading is given up; the rest is its text.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    if (size == 0) return 0;
-    const std::string_view text(reinterpret_cast<const char*>(data) + 1, size - 1);
-    const KivoViewer::ReadOptions options = OptionsOf(data[0] >> 2U);
+    if (size < 2) return 0;
+    const std::string_view text(reinterpret_cast<const char*>(data) + 2, size - 2);
+    const KivoViewer::ReadOptions options = OptionsOf(data[0] >> 2U, data[1]);
+    const bool goesOn = (data[1] & 32) == 0;
     try {
         if ((data[0] & 2) != 0)
-            Check(KivoViewer::ReadPoints(text, "points.csv", options));
+            ReadPoints(text, options);
         else
-            Check(KivoViewer::ReadGrid(text, (data[0] & 1) != 0 ? "grid.csv" : "grid.txt", {}, options));
+            Check(KivoViewer::ReadGrid(
+                text, (data[0] & 1) != 0 ? "grid.csv" : "grid.txt", [goesOn](double) { return goesOn; },
+                options));
     } catch (const KivoViewer::Failure& failure) {
         Require(!KivoViewer::OneLine(failure.what()).empty());
+    } catch (const KivoViewer::Cancelled&) {
+        Require(!goesOn);
     }
     return 0;
 }
