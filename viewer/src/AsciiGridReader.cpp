@@ -84,10 +84,6 @@ Header ReadHeader(TextLines& lines, std::vector<std::string_view>& fields) {
     for (const Entry* entry :
          {&header.columns, &header.rows, &header.x, &header.y, &header.cellX, &header.cellY})
         if (!entry->value) lines.Fail(Filled(Translate("Files", "the header lacks %1"), entry->name));
-    const double points = *header.columns.value * *header.rows.value;
-    if (points > static_cast<double>(maxPointCount))
-        lines.FailAt(header.rows.line,
-                     Filled(Translate("Files", "too many points; at most %1 can be shown"), maxPointCount));
     return header;
 }
 
@@ -99,20 +95,51 @@ bool IsSame(double number, double noData) {
 }
 
 void ReadRow(const TextLines& lines, const std::vector<std::string_view>& fields, double noData,
-             std::vector<double>& z) {
+             const GridSpan& wanted, std::vector<double>& z) {
     constexpr double hole = std::numeric_limits<double>::quiet_NaN();
-    for (const std::string_view field : fields) {
+    for (std::size_t i = 0; i < wanted.Size(); ++i) {
+        const std::string_view field = fields[wanted.At(i)];
         const std::optional<double> number = ParseNumber(field);
         z.push_back(number && IsSame(*number, noData) ? hole : ValueIn(lines, field));
     }
 }
 
+// The cells of an axis that are wanted. Rows are counted from the north, and have places from the south.
+GridSpan CellsOf(const Entry& start, const Entry& cell, std::size_t count,
+                 const std::optional<std::pair<double, double>>& range, bool isReversed) {
+    if (!range) return {0, count};
+    const double corner = *start.value - (start.corner ? 0.0 : 0.5 * *cell.value);
+    GridSpan span = CellsWithin(corner, *cell.value, count, range->first, range->second);
+    if (isReversed) span.first = count - span.first - span.count;
+    return span;
+}
+
+// The rows and columns that are read: of a grid with too many points a region alone, or some of them.
+GridWindow WindowOf(const TextLines& lines, const Header& header, const ReadOptions& options) {
+    const auto columns = static_cast<std::size_t>(*header.columns.value);
+    const auto rows = static_cast<std::size_t>(*header.rows.value);
+    const bool isTooLarge =
+        *header.columns.value * *header.rows.value > static_cast<double>(options.mostPoints);
+    std::optional<std::pair<double, double>> rangeX, rangeY;
+    if (isTooLarge && options.region) {
+        rangeX = {options.region->x0, options.region->x1};
+        rangeY = {options.region->y0, options.region->y1};
+    }
+    const GridSpan spanX = CellsOf(header.x, header.cellX, columns, rangeX, false);
+    const GridSpan spanY = CellsOf(header.y, header.cellY, rows, rangeY, true);
+    if (rangeX) CheckRegion(lines.Name(), spanX.count, spanY.count);
+    return WindowOf(lines.Name() + ":" + std::to_string(header.rows.line), spanX, spanY, options.mostPoints);
+}
+
 // Centres of the cells along an axis.
-std::vector<double> Centers(const TextLines& lines, const Entry& start, const Entry& cell,
-                            std::size_t count) {
+// @param indexOf  the i-th cell that is wanted, counted from the corner
+template <typename IndexOf>
+std::vector<double> Centers(const TextLines& lines, const Entry& start, const Entry& cell, std::size_t count,
+                            IndexOf indexOf) {
     std::vector<double> centers;
     for (std::size_t i = 0; i < count; ++i) {
-        centers.push_back(*start.value + (static_cast<double>(i) + (start.corner ? 0.5 : 0.0)) * *cell.value);
+        const double index = static_cast<double>(indexOf(i));
+        centers.push_back(*start.value + (index + (start.corner ? 0.5 : 0.0)) * *cell.value);
         if (!FitsSinglePrecision(centers.back()))
             lines.FailAt(cell.line, Translate("Files", "the cells reach beyond single precision"));
         if (!IsLastInOrder(centers))
@@ -123,17 +150,18 @@ std::vector<double> Centers(const TextLines& lines, const Entry& start, const En
 }
 
 // Line by line, for what is not as it should be.
-std::vector<double> ReadRows(TextLines& lines, std::size_t columns, std::size_t rows, double noData) {
+std::vector<double> ReadRows(TextLines& lines, std::size_t columns, std::size_t rows, double noData,
+                             const GridWindow& window) {
     std::vector<std::string_view> fields;
     std::vector<double> z;
     std::size_t row = 0;
     do {
         if (row == rows) lines.Fail(Filled(Translate("Files", "more than %1 rows"), rows));
+        if (!window.rows.Has(row++)) continue;
         SplitFields(lines.Line(), ' ', fields);
         if (fields.size() != columns)
             lines.Fail(Filled(Translate("Files", "expected %1 values, found %2"), columns, fields.size()));
-        ReadRow(lines, fields, noData, z);
-        ++row;
+        ReadRow(lines, fields, noData, window.columns, z);
     } while (lines.Next());
     if (row != rows) lines.Fail(Filled(Translate("Files", "expected %1 rows, found %2"), rows, row));
     return z;
@@ -150,19 +178,25 @@ bool IsAsciiGridHeader(std::string_view line) {
     return entry && entry != &header.cellX && entry != &header.cellY; // which name columns, too
 }
 
-GridData ReadAsciiGrid(TextLines& lines) {
+GridData ReadAsciiGrid(TextLines& lines, const ReadOptions& options) {
     std::vector<std::string_view> fields;
     const Header header = ReadHeader(lines, fields);
     const auto columns = static_cast<std::size_t>(*header.columns.value);
     const auto rows = static_cast<std::size_t>(*header.rows.value);
-    const std::vector<double> x = Centers(lines, header.x, header.cellX, columns);
-    std::vector<double> y = Centers(lines, header.y, header.cellY, rows);
-    std::reverse(y.begin(), y.end()); // the northernmost row comes first
+    const GridWindow window = WindowOf(lines, header, options);
+    const std::vector<double> x = Centers(lines, header.x, header.cellX, window.columns.Size(),
+                                          [&](std::size_t i) { return window.columns.At(i); });
+    const std::vector<double> y =
+        Centers(lines, header.y, header.cellY, window.rows.Size(), [&](std::size_t i) {
+            return rows - 1 - window.rows.At(i);
+        }); // the northernmost row comes first
 
-    if (const auto z =
-            ReadValueBlock(lines.FromHere(), columns, rows, *header.noData.value, lines.Reporting()))
-        return MakeGrid(lines.Name(), x, y, *z);
-    return MakeGrid(lines.Name(), x, y, ReadRows(lines, columns, rows, *header.noData.value));
+    const ValueBlock block = {lines.FromHere(), columns, rows, *header.noData.value};
+    auto z = ReadValueBlock(block, window, lines.Reporting());
+    if (!z) z = ReadRows(lines, columns, rows, *header.noData.value, window);
+    GridData grid = MakeGrid(lines.Name(), x, y, *z);
+    grid.note = window.Note();
+    return grid;
 }
 
 } // namespace KivoViewer

@@ -45,30 +45,6 @@ bool IsWanted(GDALDriverH driver) {
     throw Failure(path + ": " + OneLine(CPLGetLastErrorMsg()));
 }
 
-// The part of a raster that is read, and the step from one row or column of it to the next: an odd number, so
-// that the middle of each block of cells is a cell.
-struct Window {
-    int column = 0;
-    int row = 0;
-    int columns = 0;
-    int rows = 0;
-    int step = 1;
-
-    int ReadColumns() const { return columns / step; }
-    int ReadRows() const { return rows / step; }
-};
-
-// As many points as a screen has pixels, with which the plot still keeps up.
-constexpr double reducedPointCount = 4e6;
-
-int StepFor(double columns, double rows) {
-    if (columns * rows <= static_cast<double>(maxPointCount)) return 1;
-    int step = 3;
-    while (std::floor(columns / step) * std::floor(rows / step) > reducedPointCount)
-        step += 2;
-    return step;
-}
-
 // GDAL's coefficients, of which the second to fourth would turn the raster, say how a place follows from
 // column and row. Rasters without a place count from 0.
 struct Placement {
@@ -89,37 +65,16 @@ struct Placement {
     }
 };
 
-// The cells along an axis whose centres lie in a range.
-// @param first, count  of the cells; changed
-void Narrow(double corner, double step, double from, double to, int& first, int& count) {
-    const double a = (from - corner) / step - 0.5;
-    const double b = (to - corner) / step - 0.5;
-    const double begin = std::clamp(std::ceil(std::min(a, b)), 0.0, static_cast<double>(count));
-    const double end = std::clamp(std::floor(std::max(a, b)) + 1.0, begin, static_cast<double>(count));
-    first = static_cast<int>(begin);
-    count = static_cast<int>(end - begin);
-}
-
-Window WindowOf(GDALDatasetH dataset, const Placement& place, const std::optional<Region>& region,
-                const std::string& path) {
-    Window window;
-    window.columns = GDALGetRasterXSize(dataset);
-    window.rows = GDALGetRasterYSize(dataset);
-    if (region) {
-        Narrow(place.x, place.columnStep, region->x0, region->x1, window.column, window.columns);
-        Narrow(place.y, place.rowStep, region->y0, region->y1, window.row, window.rows);
-        CheckRegion(path, static_cast<std::size_t>(window.columns), static_cast<std::size_t>(window.rows));
+GridWindow WindowOf(GDALDatasetH dataset, const Placement& place, const ReadOptions& options,
+                    const std::string& path) {
+    GridSpan columns = {0, static_cast<std::size_t>(GDALGetRasterXSize(dataset))};
+    GridSpan rows = {0, static_cast<std::size_t>(GDALGetRasterYSize(dataset))};
+    if (const auto& region = options.region) {
+        columns = CellsWithin(place.x, place.columnStep, columns.count, region->x0, region->x1);
+        rows = CellsWithin(place.y, place.rowStep, rows.count, region->y0, region->y1);
+        CheckRegion(path, columns.count, rows.count);
     }
-    window.step = StepFor(window.columns, window.rows);
-    return window;
-}
-
-// Of the cells that are read.
-std::vector<double> Centers(const std::string& path, double corner, double step, int first, int every,
-                            int count) {
-    const int middleCell = first + every / 2;
-    const double middle = middleCell + 0.5;
-    return EvenCoordinates(path, corner + middle * step, every * step, static_cast<std::size_t>(count));
+    return WindowOf(path, columns, rows, options.mostPoints);
 }
 
 // How stored values become those of the surface.
@@ -153,20 +108,22 @@ private:
     }
 };
 
-std::vector<double> ReadValues(GDALRasterBandH band, const Window& window, const std::string& path,
+std::vector<double> ReadValues(GDALRasterBandH band, const GridWindow& window, const std::string& path,
                                const Progress& progress) {
     constexpr int rowsAtOnce = 32;
     const Meaning meaning(band);
-    const int columns = window.ReadColumns();
-    const int rows = window.ReadRows();
-    std::vector<double> block(static_cast<std::size_t>(columns) * rowsAtOnce);
+    const int step = static_cast<int>(window.columns.step);
+    const int columns = static_cast<int>(window.columns.Size());
+    const int rows = static_cast<int>(window.rows.Size());
+    std::vector<double> block(window.columns.Size() * rowsAtOnce);
     std::vector<double> z;
-    z.reserve(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows));
+    z.reserve(window.Size());
     for (int r = 0; r < rows; r += rowsAtOnce) {
         Report(progress, static_cast<double>(r) / rows);
         const int count = std::min(rowsAtOnce, rows - r);
-        if (GDALRasterIO(band, GF_Read, window.column, window.row + r * window.step, columns * window.step,
-                         count * window.step, block.data(), columns, count, GDT_Float64, 0, 0) != CE_None)
+        const int first = static_cast<int>(window.rows.first) + r * step;
+        if (GDALRasterIO(band, GF_Read, static_cast<int>(window.columns.first), first, columns * step,
+                         count * step, block.data(), columns, count, GDT_Float64, 0, 0) != CE_None)
             Fail(path);
         const auto end = block.begin() + static_cast<std::ptrdiff_t>(columns) * count;
         std::transform(block.begin(), end, std::back_inserter(z),
@@ -246,20 +203,12 @@ int BandOf(GDALDatasetH dataset, const ReadOptions& options, const std::string& 
     return std::max(options.band, 1);
 }
 
-// Of odd steps.
-std::string WordsForStep(int step) {
-    if (step % 10 == 1 && step % 100 != 11) return Translate("Files", "every %1st of %2 x %3 points");
-    if (step % 10 == 3 && step % 100 != 13) return Translate("Files", "every %1rd of %2 x %3 points");
-    return Translate("Files", "every %1th of %2 x %3 points");
-}
-
-std::string NoteOn(GDALDatasetH dataset, int band, bool wasChosen, const Window& window) {
+std::string NoteOn(GDALDatasetH dataset, int band, bool wasChosen, const GridWindow& window) {
     std::string note;
     const int bands = GDALGetRasterCount(dataset);
     if (bands > 1 && !wasChosen) note = Filled(Translate("Files", "band %1 of %2"), band, bands);
-    if (window.step == 1) return note;
-    return note + (note.empty() ? "" : ", ") +
-           Filled(WordsForStep(window.step), window.step, window.columns, window.rows);
+    if (!window.IsReduced()) return note;
+    return note + (note.empty() ? "" : ", ") + window.Note();
 }
 
 // A title says of GDAL's names for a part what is beyond the format.
@@ -299,11 +248,13 @@ std::optional<GridData> ReadWithGdal(const std::string& path, const ReadOptions&
     if (!dataset) Fail(path);
     const int band = BandOf(dataset.get(), options, path);
     const Placement place(dataset.get(), path);
-    const Window window = WindowOf(dataset.get(), place, options.region, path);
-    GridData grid = MakeGrid(
-        path, Centers(path, place.x, place.columnStep, window.column, window.step, window.ReadColumns()),
-        Centers(path, place.y, place.rowStep, window.row, window.step, window.ReadRows()),
-        ReadValues(GDALGetRasterBand(dataset.get(), band), window, path, progress));
+    const GridWindow window = WindowOf(dataset.get(), place, options, path);
+    const auto centers = [&path](double corner, double step, const GridSpan& span) {
+        return EvenCoordinates(path, corner + step / 2.0, step, span);
+    };
+    GridData grid = MakeGrid(path, centers(place.x, place.columnStep, window.columns),
+                             centers(place.y, place.rowStep, window.rows),
+                             ReadValues(GDALGetRasterBand(dataset.get(), band), window, path, progress));
     grid.title = TitleOf(path);
     grid.note = NoteOn(dataset.get(), band, options.band > 0, window);
     return grid;

@@ -9,9 +9,6 @@
 
 namespace KivoViewer {
 
-/// The most points that a grid may have: what the plot makes of them then still fits a desktop's memory.
-constexpr std::size_t maxPointCount = std::size_t{1} << 24;
-
 /// A rectangular grid; x and y rise. A value that is not a number is a hole. All numbers are differences to
 /// an origin, so that single precision holds what national grids and large values have behind the point.
 struct GridData {

@@ -79,10 +79,11 @@ bool IsLastInOrder(const std::vector<double>& coordinates) {
     return coordinates[1] > coordinates[0] ? last > previous : last < previous;
 }
 
-std::vector<double> EvenCoordinates(const std::string& name, double first, double step, std::size_t count) {
+std::vector<double> EvenCoordinates(const std::string& name, double first, double step,
+                                    const GridSpan& span) {
     std::vector<double> coordinates;
-    for (std::size_t i = 0; i < count; ++i) {
-        coordinates.push_back(first + static_cast<double>(i) * step);
+    for (std::size_t i = 0; i < span.Size(); ++i) {
+        coordinates.push_back(first + static_cast<double>(span.At(i)) * step);
         if (!FitsSinglePrecision(coordinates.back()))
             throw Failure(name + ": " + Translate("Files", "the cells reach beyond single precision"));
         if (!IsLastInOrder(coordinates))
@@ -92,10 +93,16 @@ std::vector<double> EvenCoordinates(const std::string& name, double first, doubl
     return coordinates;
 }
 
+std::string TooManyPoints(std::size_t mostPoints) {
+    return Filled(Translate("Files", "too many points; at most %1 can be shown"), mostPoints);
+}
+
+void FailForSize(const std::string& name, std::size_t mostPoints) {
+    throw Failure(name + ": " + TooManyPoints(mostPoints));
+}
+
 void CheckSize(const std::string& name, double columns, double rows) {
-    if (!(columns * rows <= static_cast<double>(maxPointCount)))
-        throw Failure(name + ": " +
-                      Filled(Translate("Files", "too many points; at most %1 can be shown"), maxPointCount));
+    if (!(columns * rows <= static_cast<double>(maxPointCount))) FailForSize(name, maxPointCount);
 }
 
 void CheckRegion(const std::string& name, std::size_t columns, std::size_t rows) {

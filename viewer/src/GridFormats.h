@@ -2,6 +2,7 @@
 #pragma once
 
 #include "GridData.h"
+#include "GridWindow.h"
 #include "Progress.h"
 #include "Table.h"
 #include "TextLines.h"
@@ -14,7 +15,7 @@ namespace KivoViewer {
 
 /// Whether a line opens an ESRI ASCII grid.
 bool IsAsciiGridHeader(std::string_view line);
-GridData ReadAsciiGrid(TextLines& lines);
+GridData ReadAsciiGrid(TextLines& lines, const ReadOptions& options);
 
 GridData ReadMatrix(TextLines& lines, const TableLayout& layout, const ReadOptions& options);
 
@@ -37,12 +38,18 @@ bool IsLastInOrder(const std::vector<double>& coordinates);
 /// Whether a text opens a Surfer grid, binary or as text.
 bool IsSurferGrid(std::string_view text);
 /// Reads a Surfer grid: version 6 as text (DSAA) or binary (DSBB), or version 7 (DSRB).
-GridData ReadSurferGrid(std::string_view text, const std::string& name, const Progress& progress);
+GridData ReadSurferGrid(std::string_view text, const std::string& name, const Progress& progress,
+                        const ReadOptions& options);
 
 /// Evenly spaced coordinates. Throws a Failure where double precision cannot tell neighbours apart.
-std::vector<double> EvenCoordinates(const std::string& name, double first, double step, std::size_t count);
+/// @param first  of all; those of the span are returned
+std::vector<double> EvenCoordinates(const std::string& name, double first, double step, const GridSpan& span);
 
-/// Throws a Failure where a grid of this size cannot be shown.
+/// Says that a grid has too many points.
+std::string TooManyPoints(std::size_t mostPoints);
+/// Throws a Failure that says so.
+[[noreturn]] void FailForSize(const std::string& name, std::size_t mostPoints);
+/// Throws it where a grid of this size cannot be shown.
 void CheckSize(const std::string& name, double columns, double rows);
 
 /// Throws a Failure where so few columns and rows lie in the region that is asked for that they make no

@@ -88,9 +88,37 @@ bool IsForGdal(const std::string& path) {
     return std::filesystem::is_regular_file(status) && IsForeign(ReadFileStart(path, startSize));
 }
 
+// Too many points to be kept: of a grid in order some rows and columns.
+std::optional<GridData> ReadLargePointGrid(const TextLines& start, const ReadOptions& options,
+                                           PointTable& table, PointChoice choice) {
+    choice.width = RowLength(table);
+    if (choice.width == 0 || table.total % choice.width != 0) return std::nullopt;
+    choice.window =
+        WindowOf(table.file, {0, choice.width}, {0, table.total / choice.width}, options.mostPoints);
+    TextLines lines = start;
+    table = ReadPointTable(lines, options, true, options.mostPoints, choice);
+    std::optional<GridData> grid = OrderedGrid(table);
+    if (grid) grid->note = choice.window->Note();
+    return grid;
+}
+
 GridData ReadPointGrid(TextLines& lines, const ReadOptions& options, const Progress& progress) {
-    const PointTable table = ReadPointTable(lines, options, true, maxPointCount);
-    std::optional<GridData> grid = options.method ? std::nullopt : FindGrid(table);
+    const TextLines start = lines;
+    PointChoice choice;
+    PointTable table = ReadPointTable(lines, options, true, options.mostPoints);
+    if (table.total > table.Count() && options.region) {
+        choice.region = options.region;
+        lines = start;
+        table = ReadPointTable(lines, options, true, options.mostPoints, choice);
+        if (table.Count() == 0) CheckRegion(table.file, 0, 0);
+    }
+    std::optional<GridData> grid;
+    if (table.total > table.Count()) {
+        const std::size_t lineBeyond = table.lineBeyond;
+        if (!options.method) grid = ReadLargePointGrid(start, options, table, choice);
+        if (!grid) lines.FailAt(lineBeyond, TooManyPoints(options.mostPoints));
+    }
+    if (!grid && !options.method) grid = FindGrid(table);
     if (!grid) grid = GridScattered(table, options, progress);
     if (!table.titles[0].empty()) std::copy(table.titles.begin(), table.titles.end(), grid->axisTitles);
     if (!table.note.empty()) grid->note = table.note + (grid->note.empty() ? "" : "; ") + grid->note;
@@ -99,11 +127,11 @@ GridData ReadPointGrid(TextLines& lines, const ReadOptions& options, const Progr
 
 GridData ReadWhole(std::string_view text, const std::string& name, const Progress& progress,
                    const ReadOptions& options) {
-    if (IsSurferGrid(text)) return ReadSurferGrid(text, name, progress);
+    if (IsSurferGrid(text)) return ReadSurferGrid(text, name, progress, options);
     TextLines lines(text, name, progress);
     TextLines first(text, name);
     if (!first.Next()) throw Failure(name + ": " + Translate("Files", "no data"));
-    if (IsAsciiGridHeader(first.Line())) return ReadAsciiGrid(lines);
+    if (IsAsciiGridHeader(first.Line())) return ReadAsciiGrid(lines, options);
     const TableLayout layout = LayoutOf(TextLines(text, name), options);
     return HoldsPoints(name, layout, options) ? ReadPointGrid(lines, options, progress)
                                               : ReadMatrix(lines, layout, options);

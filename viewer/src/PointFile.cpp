@@ -1,6 +1,7 @@
 #include "PointFile.h"
 
 #include "FileText.h"
+#include "GridFormats.h"
 #include "PointTable.h"
 
 #include <algorithm>
@@ -37,6 +38,7 @@ std::vector<PointFile> GroupsOf(const PointFile& file) {
 PointFile ReadPoints(std::string_view text, const std::string& name, const ReadOptions& options) {
     TextLines lines(text, name);
     PointTable table = ReadPointTable(lines, options, false, maxPoints);
+    if (table.total > table.Count()) lines.FailAt(table.lineBeyond, TooManyPoints(maxPoints));
     PointFile file;
     file.name = name.substr(name.find_last_of('/') + 1);
     file.labels = std::move(table.labels);

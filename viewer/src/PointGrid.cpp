@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <tuple>
 
 namespace KivoViewer {
 
@@ -53,18 +54,6 @@ bool FollowRows(const std::vector<double>& fast, const std::vector<double>& slow
     return isStrict(columns) && isStrict(rows);
 }
 
-std::optional<GridData> OrderedGrid(const PointTable& table) {
-    std::vector<double> columns, rows;
-    if (FollowRows(table.x, table.y, columns, rows)) return MakeGrid(table.file, columns, rows, table.z);
-    columns.clear();
-    rows.clear();
-    if (!FollowRows(table.y, table.x, columns, rows)) return std::nullopt;
-    std::vector<double> z(table.z.size());
-    for (std::size_t i = 0; i < z.size(); ++i)
-        z[i % columns.size() * rows.size() + i / columns.size()] = table.z[i];
-    return MakeGrid(table.file, rows, columns, z);
-}
-
 // @return nothing where two points are in one place, or there are far more places than points
 std::optional<Lattice> LatticeOf(const PointTable& table) {
     constexpr std::size_t mostPlaces = 10; // for each point
@@ -97,6 +86,33 @@ std::size_t CellCount(const Lattice& lattice) {
 }
 
 } // namespace
+
+std::size_t RowLength(const PointTable& table) {
+    for (const auto& [fast, slow] : {std::tie(table.x, table.y), std::tie(table.y, table.x)}) {
+        std::size_t length = 1;
+        while (length < slow.size() && slow[length] == slow[0])
+            ++length;
+        if (length < 2 || length == slow.size()) continue;
+        // A second row says the same.
+        const std::size_t second = std::min(length, slow.size() - length);
+        if (std::equal(fast.begin(), fast.begin() + static_cast<std::ptrdiff_t>(second),
+                       fast.begin() + static_cast<std::ptrdiff_t>(length)))
+            return length;
+    }
+    return 0;
+}
+
+std::optional<GridData> OrderedGrid(const PointTable& table) {
+    std::vector<double> columns, rows;
+    if (FollowRows(table.x, table.y, columns, rows)) return MakeGrid(table.file, columns, rows, table.z);
+    columns.clear();
+    rows.clear();
+    if (!FollowRows(table.y, table.x, columns, rows)) return std::nullopt;
+    std::vector<double> z(table.z.size());
+    for (std::size_t i = 0; i < z.size(); ++i)
+        z[i % columns.size() * rows.size() + i / columns.size()] = table.z[i];
+    return MakeGrid(table.file, rows, columns, z);
+}
 
 std::optional<GridData> FindGrid(const PointTable& table) {
     auto grid = OrderedGrid(table);

@@ -38,6 +38,9 @@ std::string WordFor(GridMethod method);
 /// for any other text.
 std::vector<std::string> ParseColumns(const std::string& text);
 
+/// The most points that a grid may have: what the plot makes of them then still fits a desktop's memory.
+constexpr std::size_t maxPointCount = std::size_t{1} << 24;
+
 /// How files are read.
 struct ReadOptions {
     int band = 0;                 ///< of a raster, from 1; 0 for the first
@@ -50,6 +53,7 @@ struct ReadOptions {
     double cell = 0.0;   ///< of a grid that is made; 0: from the density of the points
     double radius = 0.0; ///< of such a grid: the longest edge of a triangle, or how far a point reaches; 0:
                          ///< any, or three distances
+    std::size_t mostPoints = maxPointCount; ///< of a grid; of a larger one every k-th row and column is read
 
     /// Whether somebody is there to be asked where the file and all of this leave open what is taken for
     /// granted else: how a grid is made of scattered points, and the band of several.

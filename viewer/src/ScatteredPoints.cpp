@@ -256,8 +256,8 @@ GridData GridScattered(const PointTable& table, const ReadOptions& options, cons
     else
         FillByDistance(table.file, points, method, options.radius, raster, progress);
     GridData grid =
-        MakeGrid(table.file, EvenCoordinates(table.file, points.originX, raster.cell, raster.columns),
-                 EvenCoordinates(table.file, points.originY, raster.cell, raster.rows), raster.z);
+        MakeGrid(table.file, EvenCoordinates(table.file, points.originX, raster.cell, {0, raster.columns}),
+                 EvenCoordinates(table.file, points.originY, raster.cell, {0, raster.rows}), raster.z);
     grid.note = Filled(Translate("Files", "%1 scattered points, %2 on cells of %3"), points.x.size(),
                        WordFor(method), FormatRounded(static_cast<float>(raster.cell)));
     return grid;

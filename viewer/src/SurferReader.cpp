@@ -28,24 +28,39 @@ struct Extent {
     double x1 = 0.0;
     double y0 = 0.0;
     double y1 = 0.0;
+
+    double StepX() const { return (x1 - x0) / static_cast<double>(columns - 1); }
+    double StepY() const { return (y1 - y0) / static_cast<double>(rows - 1); }
 };
 
-void Check(const std::string& name, const Extent& extent) {
+GridWindow Check(const std::string& name, const Extent& extent, const ReadOptions& options) {
     if (extent.columns < 2 || extent.rows < 2)
         throw Failure(name + ": " +
                       Filled(Translate("Files", "a surface needs at least 2 x 2 points, found %1 x %2"),
                              extent.columns, extent.rows));
     if (!(extent.x0 < extent.x1) || !(extent.y0 < extent.y1))
         throw Failure(name + ": " + Translate("Files", "the ranges of x and y must rise"));
-    CheckSize(name, static_cast<double>(extent.columns), static_cast<double>(extent.rows));
+    const double points = static_cast<double>(extent.columns) * static_cast<double>(extent.rows);
+    GridSpan columns = {0, extent.columns}, rows = {0, extent.rows};
+    if (options.region && points > static_cast<double>(options.mostPoints)) {
+        const Region& region = *options.region;
+        const double dx = extent.StepX(), dy = extent.StepY();
+        columns = CellsWithin(extent.x0 - dx / 2.0, dx, extent.columns, region.x0, region.x1);
+        rows = CellsWithin(extent.y0 - dy / 2.0, dy, extent.rows, region.y0, region.y1);
+        CheckRegion(name, columns.count, rows.count);
+    }
+    return WindowOf(name, columns, rows, options.mostPoints);
 }
 
-GridData MakeGridOf(const std::string& name, const Extent& extent, const std::vector<double>& z) {
-    const auto coordinates = [&](double from, double to, std::size_t count) {
-        return EvenCoordinates(name, from, (to - from) / static_cast<double>(count - 1), count);
+GridData MakeGridOf(const std::string& name, const Extent& extent, const GridWindow& window,
+                    const std::vector<double>& z) {
+    const auto coordinates = [&](double from, double step, const GridSpan& span) {
+        return EvenCoordinates(name, from, step, span);
     };
-    return MakeGrid(name, coordinates(extent.x0, extent.x1, extent.columns),
-                    coordinates(extent.y0, extent.y1, extent.rows), z);
+    GridData grid = MakeGrid(name, coordinates(extent.x0, extent.StepX(), window.columns),
+                             coordinates(extent.y0, extent.StepY(), window.rows), z);
+    grid.note = window.Note();
+    return grid;
 }
 
 // ---- Text -----------------------------------------------------------------------------------------------
@@ -84,11 +99,29 @@ private:
     std::size_t m_next = 0;
 };
 
-GridData ReadText(TextLines& lines) {
+// The values that are wanted, of all.
+std::vector<double> TakeValues(NumberStream& numbers, const TextLines& lines, const Extent& extent,
+                               const GridWindow& window) {
+    const std::string last = Translate("Files", "the last value");
+    std::vector<double> z;
+    for (std::size_t r = 0; r < extent.rows; ++r)
+        for (std::size_t c = 0; c < extent.columns; ++c) {
+            const std::string_view field = numbers.Next(last);
+            if (!window.rows.Has(r) || !window.columns.Has(c)) continue;
+            const auto number = ParseNumber(field);
+            if (!number) lines.Fail(Filled(Translate("Files", "not a number: %1"), Quoted(field)));
+            z.push_back(ValueOrHole(*number, blank6));
+        }
+    if (numbers.HasNext())
+        lines.Fail(Filled(Translate("Files", "more than %1 values"), extent.columns * extent.rows));
+    return z;
+}
+
+GridData ReadText(TextLines& lines, const ReadOptions& options) {
     lines.Next(); // the mark
     NumberStream numbers(lines);
     const std::string ofX = Translate("Files", "the range of x"), ofY = Translate("Files", "the range of y"),
-                      ofZ = Translate("Files", "the range of z"), last = Translate("Files", "the last value");
+                      ofZ = Translate("Files", "the range of z");
     Extent extent;
     extent.columns = numbers.Count(Translate("Files", "the number of columns"));
     extent.rows = numbers.Count(Translate("Files", "the number of rows"));
@@ -98,17 +131,8 @@ GridData ReadText(TextLines& lines) {
     extent.y1 = numbers.Number(ofY);
     numbers.Next(ofZ); // of grids without a value it need not be a number that fits
     numbers.Next(ofZ);
-    Check(lines.Name(), extent);
-    std::vector<double> z;
-    for (std::size_t i = 0; i < extent.columns * extent.rows; ++i) {
-        const std::string_view field = numbers.Next(last);
-        const auto number = ParseNumber(field);
-        if (!number) lines.Fail(Filled(Translate("Files", "not a number: %1"), Quoted(field)));
-        z.push_back(ValueOrHole(*number, blank6));
-    }
-    if (numbers.HasNext())
-        lines.Fail(Filled(Translate("Files", "more than %1 values"), extent.columns * extent.rows));
-    return MakeGridOf(lines.Name(), extent, z);
+    const GridWindow window = Check(lines.Name(), extent, options);
+    return MakeGridOf(lines.Name(), extent, window, TakeValues(numbers, lines, extent, window));
 }
 
 // ---- Binary ---------------------------------------------------------------------------------------------
@@ -139,31 +163,39 @@ private:
 };
 
 template <typename T>
-std::vector<double> TakeValues(Bytes& bytes, const Extent& extent, double blank, const Progress& progress) {
+std::vector<double> TakeValues(Bytes& bytes, const Extent& extent, const GridWindow& window, double blank,
+                               const Progress& progress) {
     std::vector<double> z;
     for (std::size_t r = 0; r < extent.rows; ++r) {
         Report(progress, static_cast<double>(r) / static_cast<double>(extent.rows));
-        for (std::size_t c = 0; c < extent.columns; ++c)
-            z.push_back(ValueOrHole(static_cast<double>(bytes.Take<T>()), blank));
+        const std::string_view row = bytes.Take(extent.columns * sizeof(T));
+        for (std::size_t i = 0; window.rows.Has(r) && i < window.columns.Size(); ++i) {
+            T value;
+            std::memcpy(&value, row.data() + window.columns.At(i) * sizeof value, sizeof value);
+            z.push_back(ValueOrHole(static_cast<double>(value), blank));
+        }
     }
     return z;
 }
 
-GridData ReadBinary6(Bytes bytes, const std::string& name, const Progress& progress) {
+GridData ReadBinary6(Bytes bytes, const std::string& name, const Progress& progress,
+                     const ReadOptions& options) {
     Extent extent;
     extent.columns = bytes.Take<std::uint16_t>();
     extent.rows = bytes.Take<std::uint16_t>();
     for (double* const number : {&extent.x0, &extent.x1, &extent.y0, &extent.y1})
         *number = bytes.Take<double>();
     bytes.Take(2 * sizeof(double)); // the range of z
-    Check(name, extent);
-    return MakeGridOf(name, extent, TakeValues<float>(bytes, extent, blank6, progress));
+    const GridWindow window = Check(name, extent, options);
+    return MakeGridOf(name, extent, window, TakeValues<float>(bytes, extent, window, blank6, progress));
 }
 
 // Version 7 is made of sections: a mark of four letters, the size and the content.
-GridData ReadBinary7(Bytes bytes, const std::string& name, const Progress& progress) {
+GridData ReadBinary7(Bytes bytes, const std::string& name, const Progress& progress,
+                     const ReadOptions& options) {
     bytes.Take(bytes.Take<std::uint32_t>()); // the version
     Extent extent;
+    GridWindow window;
     double blank = 0.0;
     while (true) {
         const std::string_view mark = bytes.Take(4);
@@ -178,11 +210,12 @@ GridData ReadBinary7(Bytes bytes, const std::string& name, const Progress& progr
             extent.y1 = extent.y0 + section.Take<double>() * (static_cast<double>(extent.rows) - 1.0);
             section.Take(3 * sizeof(double)); // the range of z and a rotation that is not used
             blank = section.Take<double>();
-            Check(name, extent);
+            window = Check(name, extent, options);
         } else if (mark == "DATA") {
             if (extent.rows == 0)
                 throw Failure(name + ": " + Translate("Files", "values come before the size of the grid"));
-            return MakeGridOf(name, extent, TakeValues<double>(section, extent, blank, progress));
+            return MakeGridOf(name, extent, window,
+                              TakeValues<double>(section, extent, window, blank, progress));
         }
     }
 }
@@ -194,14 +227,16 @@ bool IsSurferGrid(std::string_view text) {
     return mark == "DSAA" || mark == "DSBB" || mark == "DSRB";
 }
 
-GridData ReadSurferGrid(std::string_view text, const std::string& name, const Progress& progress) {
+GridData ReadSurferGrid(std::string_view text, const std::string& name, const Progress& progress,
+                        const ReadOptions& options) {
     const std::string_view mark = text.substr(0, 4);
     if (mark == "DSAA") {
         TextLines lines(text, name, progress);
-        return ReadText(lines);
+        return ReadText(lines, options);
     }
     const Bytes bytes(text.substr(mark.size()), name);
-    return mark == "DSBB" ? ReadBinary6(bytes, name, progress) : ReadBinary7(bytes, name, progress);
+    return mark == "DSBB" ? ReadBinary6(bytes, name, progress, options)
+                          : ReadBinary7(bytes, name, progress, options);
 }
 
 } // namespace KivoViewer

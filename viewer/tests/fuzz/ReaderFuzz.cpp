@@ -59,6 +59,7 @@ KivoViewer::ReadOptions OptionsOf(unsigned int bits, unsigned int moreBits) {
             cell *= 2.0;
             return true;
         };
+    if ((moreBits & 64U) != 0) options.mostPoints = 40;
     return options;
 }
 
