@@ -1,6 +1,6 @@
-// Contours at levels of the host's choosing, and the XY plot filled between them. Both settings belong to the
-// plotter: they may be made before OnCreate and after it, with data or without, and stay until they are
-// made again, through new data, OnDestroy and OnCreate too.
+// Contours at levels of the host's choosing, their values at the lines, and the XY plot filled between them.
+// The settings belong to the plotter: they may be made before OnCreate and after it, with data or without,
+// and stay until they are made again, through new data, OnDestroy and OnCreate too.
 #pragma once
 
 #include "KivoFunctionPlotter.h"
@@ -26,5 +26,17 @@ KIVO_API int SetContourInterval(CKivoFunctionPlotter& plotter, int axis, double 
 /// @return 0
 KIVO_API int FillContours(CKivoFunctionPlotter& plotter, bool fill);
 KIVO_API bool AreContoursFilled(const CKivoFunctionPlotter& plotter); ///< @return whether they are
+
+/// Writes the values of the contours of equal z along their lines in the XY plot, filled or not: upright, one
+/// at each line that is long enough on the screen, more at long ones, in a gap of the line, where it is
+/// straightest; none meets another text or the border. The words are those of SetAxisLabelFormat, as they
+/// were when contours, origin or format last changed, else the digits that tell the levels apart. Those that
+/// there is no memory for later on are left out. Contours drawn as a picture have none.
+/// @param label  false, at first: lines alone
+/// @return 0; -1 when the plotter's context cannot be made current, or the system cannot draw the values:
+///         nothing changes then
+/// @throws std::bad_alloc  without memory for the values: nothing has changed then
+KIVO_API int LabelContours(CKivoFunctionPlotter& plotter, bool label);
+KIVO_API bool AreContoursLabeled(const CKivoFunctionPlotter& plotter); ///< @return whether they are
 
 } // namespace KivoDrawingTools

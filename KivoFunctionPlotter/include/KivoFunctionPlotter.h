@@ -43,6 +43,7 @@ class CKivoGridBox;
 class CKivoMeasurePointGroup;
 class CKivoMeasurePointGroupManager;
 class ReducedSurface;
+struct ContourLabels;
 struct GridView;
 struct PlacedImage;
 struct STextRenderer;
@@ -922,6 +923,7 @@ private:
 
     friend struct ContourAccess; // levels, and what fills between them, for KivoContours.h
     friend struct PointAccess;   // curves and groups, for KivoPoints.h
+    friend struct ScreenTexts;   // how data lie on the screen, for texts at places of them
 
     friend struct ColorMapAccess; // the gradients and what shows them, for KivoColorMap.h
     friend struct LegendAccess;   // the legends, and the fields of KivoLegend.h
@@ -994,6 +996,16 @@ private:
     double m_contourInterval[3] = {}; // between levels; 0: as many levels as are set
     double m_contourBase[3] = {};     // one of the levels
     bool m_areContoursFilled = false; // in the XY plot
+    class SOwnContourLabels {         // copies of a plotter have their own
+    public:
+        SOwnContourLabels();
+        SOwnContourLabels(const SOwnContourLabels& other);
+        SOwnContourLabels& operator=(const SOwnContourLabels& other);
+        ~SOwnContourLabels();
+
+        std::unique_ptr<ContourLabels> labels; // null while they are not asked for
+    };
+    SOwnContourLabels m_contourLabels;
 
     // Of KivoPoints.h
     bool m_arePointsFlat = false; // they are shown in flat plots

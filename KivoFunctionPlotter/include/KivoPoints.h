@@ -1,7 +1,10 @@
-// Curves and measure points: taken away again one by one, and shown in the flat plots.
+// Curves and measure points: taken away again one by one, shown in the flat plots, named one by one.
 #pragma once
 
 #include "KivoFunctionPlotter.h"
+
+#include <string>
+#include <vector>
 
 namespace KivoDrawingTools {
 
@@ -21,5 +24,17 @@ KIVO_API int RemoveMeasureGroup(CKivoFunctionPlotter& plotter, unsigned int inde
 /// @return 0
 KIVO_API int ShowPointsInFlatPlots(CKivoFunctionPlotter& plotter, bool show);
 KIVO_API bool ArePointsInFlatPlots(const CKivoFunctionPlotter& plotter); ///< @return whether they are shown
+
+/// Shows names beside the points of a measure group wherever the group is shown: right of the point, or on
+/// another side where they would meet another text or the border; a name that finds no room is left out.
+/// Names lie over all that is drawn, whatever hides their points. They belong to the group.
+/// @param index  of the group
+/// @param names  one for each point, in their order; those beyond the points are not kept, and points beyond
+///               the names, and those whose name is empty, have none. An empty list, as at first: no names
+/// @return 0; -2 for an index that no group has; -1 when the plotter's context cannot be made current, or the
+///         system cannot draw the names: nothing changes then
+/// @throws std::bad_alloc  without memory for the names: nothing has changed then
+KIVO_API int SetMeasurePointNames(CKivoFunctionPlotter& plotter, unsigned int index,
+                                  const std::vector<std::string>& names);
 
 } // namespace KivoDrawingTools

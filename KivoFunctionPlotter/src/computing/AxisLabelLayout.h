@@ -43,6 +43,12 @@ struct PlacedImage {
     ScreenVector up = {0.0, 1.0};    ///< right, turned left by a quarter; never points downwards
     double halfWidth = 0.0;
     double halfHeight = 0.0;
+
+    /// A corner, by -1 or 1 to the right and upwards.
+    ScreenVector Corner(double toRight, double upwards) const {
+        const double w = toRight * halfWidth, h = upwards * halfHeight;
+        return {center.x + w * right.x + h * up.x, center.y + w * right.y + h * up.y};
+    }
 };
 
 /// The projected box. Positions share any one origin, the viewport's lower left corner where its size is

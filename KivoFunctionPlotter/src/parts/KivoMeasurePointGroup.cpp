@@ -16,6 +16,14 @@ CKivoMeasurePointGroup::CKivoMeasurePointGroup(unsigned int pointCount, unsigned
 CKivoMeasurePointGroup::~CKivoMeasurePointGroup() {
     if (!m_isReference) delete[] m_points;
     ReleaseTextImage(&m_nameImage);
+    for (SKivoTexImage& image : m_pointNameImages)
+        ReleaseTextImage(&image);
+}
+
+void CKivoMeasurePointGroup::ForgetTextures() {
+    m_nameImage.texture = 0;
+    for (SKivoTexImage& image : m_pointNameImages)
+        image.texture = 0;
 }
 
 void CKivoMeasurePointGroup::SetName(const char* name) {

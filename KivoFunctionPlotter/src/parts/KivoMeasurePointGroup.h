@@ -4,6 +4,7 @@
 #include "KivoTypes.h"
 
 #include <string>
+#include <vector>
 
 namespace KivoDrawingTools {
 
@@ -22,6 +23,8 @@ public:
 
     /// Replaces the name and its image.
     void SetName(const char* name);
+    /// For textures that went with their context.
+    void ForgetTextures();
     /// Gives the group a colour of its own, 0x00BBGGRR.
     void SetColor(unsigned long color);
 
@@ -34,7 +37,9 @@ public:
     float m_ownColor[4] = {0.0f, 0.0f, 0.0f, 1.0f};
     std::string m_name;
     SKivoTexImage m_nameImage;
-    STextRenderer* m_textMaker; ///< not owned
+    std::vector<std::string> m_pointNames;        ///< of the first points; empty: none has one
+    std::vector<SKivoTexImage> m_pointNameImages; ///< one for each
+    STextRenderer* m_textMaker;                   ///< not owned
 };
 
 } // namespace KivoDrawingTools

@@ -1,6 +1,7 @@
 #include "KivoAxis.h"
 
 #include "Arguments.h"
+#include "ContourAccess.h"
 #include "drawing/GLScopes.h"
 #include "parts/AxisNumbers.h"
 #include "parts/KivoGradientColorRuler.h"
@@ -240,6 +241,7 @@ int AxisAccess::Change(CKivoFunctionPlotter& plotter, int axis, const AxisNumber
     plotter.AskForTraceWords();
     scale.KeepNew();
     if (legend) legend->KeepNew();
+    if (axis == 2) ContourAccess::FollowLevels(plotter);
     return isBound && !hasStayed ? -1 : 0;
 }
 

@@ -41,6 +41,7 @@ int ContourAccess::SetInterval(CKivoFunctionPlotter& plotter, int axis, double i
         throw;
     }
     all[axis]->swap(traced.records);
+    if (axis == 2) FollowLevels(plotter);
     return 0;
 }
 
@@ -125,6 +126,14 @@ int SetContourInterval(CKivoFunctionPlotter& plotter, int axis, double interval,
 int FillContours(CKivoFunctionPlotter& plotter, bool fill) {
     ContourAccess::SetFilled(plotter, fill);
     return 0;
+}
+
+int LabelContours(CKivoFunctionPlotter& plotter, bool label) {
+    return ContourAccess::SetLabeled(plotter, label);
+}
+
+bool AreContoursLabeled(const CKivoFunctionPlotter& plotter) {
+    return ContourAccess::AreLabeled(plotter);
 }
 
 bool AreContoursFilled(const CKivoFunctionPlotter& plotter) {

@@ -2,6 +2,7 @@
 
 #include "drawing/GLScopes.h"
 #include "parts/KivoMeasurePointGroupManager.h"
+#include "PointAccess.h"
 #include "window_system/WindowSystem.h"
 
 #include <cstddef>
@@ -19,15 +20,6 @@ void Erase(List& list, std::ptrdiff_t index) {
 }
 
 } // namespace
-
-// Reaches a plotter's curves and groups.
-struct PointAccess {
-    static int RemoveCurve(CKivoFunctionPlotter& plotter, int index);
-    static int RemoveGroup(CKivoFunctionPlotter& plotter, unsigned int index);
-
-    static void ShowFlat(CKivoFunctionPlotter& plotter, bool show) { plotter.m_arePointsFlat = show; }
-    static bool AreFlat(const CKivoFunctionPlotter& plotter) { return plotter.m_arePointsFlat; }
-};
 
 int PointAccess::RemoveCurve(CKivoFunctionPlotter& plotter, int index) {
     if (index < 0 || static_cast<std::size_t>(index) >= plotter.m_curveData.size()) return badIndex;

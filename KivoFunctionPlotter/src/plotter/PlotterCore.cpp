@@ -13,6 +13,7 @@
 #include "parts/TextRenderer.h"
 #include "PictureDrawing.h"
 #include "PlotType.h"
+#include "PointAccess.h"
 #include "ReducedSurface.h"
 #include "SurfaceLayers.h"
 #include "ViewState.h"
@@ -194,6 +195,7 @@ int CKivoFunctionPlotter::ReleaseIsoContour() {
     FreeContours(m_flatXIsoContours);
     FreeContours(m_flatYIsoContours);
     FreeArray(m_isoContourTexels);
+    ContourAccess::ForgetLabels(*this);
     return 0;
 }
 
@@ -274,7 +276,7 @@ void CKivoFunctionPlotter::ForgetNameTextures() {
     for (int axis = 0; m_gridBox && axis < 3; ++axis)
         m_gridBox->m_axisTitleImage[axis].texture = 0;
     for (unsigned int i = 0; i < GetNumMeasureGroups(); ++i)
-        FindMeasureGroup(i)->m_nameImage.texture = 0;
+        FindMeasureGroup(i)->ForgetTextures();
 }
 
 // ---- Rendering context and window hooks -----------------------------------------------------------------
@@ -356,6 +358,7 @@ int CKivoFunctionPlotter::Init(HWND hWnd, int fontSize, bool accelerated) {
     InitRuler(m_zColorRuler, m_zGradientColor);
     ApplyStartView();
     ViewAccess::KeepAwaited(*this, before);
+    ContourAccess::FollowLevels(*this);
     return 0;
 }
 
@@ -639,6 +642,7 @@ void CKivoFunctionPlotter::DrawNormalPlot() {
     glDisable(GL_DEPTH_TEST);
     RenderPlotName();
     glDisable(GL_LIGHTING); // the title's quad leaves it on, and the bar shows the gradient's own colours
+    PointAccess::DrawNames(*this);
     RenderTraceLegend();
     if (m_zColorRuler) m_zColorRuler->Render(m_legendViewport, m_legendViewVolume);
     if (m_hasGroupNames) RenderGroupNames(false);
@@ -680,12 +684,15 @@ void CKivoFunctionPlotter::DrawProjectionPlot() {
         ScaleOtherTexts(*m_gridBox);
         (m_gridBox->*renderFrame)(PixelToWorld(1.0), m_axisScale);
     }
+    if (m_plotType == xyPlot) ContourAccess::LeaveGaps(*this);
     (this->*renderContours)();
+    if (m_plotType == xyPlot) ContourAccess::DrawLabels(*this);
     if (m_arePointsFlat) RenderFlatPoints();
 
     glDisable(GL_DEPTH_TEST);
     RenderPlotName();
     glDisable(GL_LIGHTING); // as in the 3-D plot
+    if (m_arePointsFlat) PointAccess::DrawNames(*this);
     if (m_arePointsFlat) RenderTraceLegend();
     if (listsNames) RenderGroupNames(false);
     if (ruler) ruler->Render(m_legendViewport, m_legendViewVolume);

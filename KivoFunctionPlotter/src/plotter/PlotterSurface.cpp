@@ -4,6 +4,7 @@
 #include "computing/ColorSpace.h"
 #include "computing/MarchingSquares.h"
 #include "computing/MeshArrays.h"
+#include "ContourAccess.h"
 #include "drawing/Camera.h"
 #include "drawing/ClipScope.h"
 #include "drawing/GLScopes.h"
@@ -454,6 +455,7 @@ int CKivoFunctionPlotter::SetIsoContourCount(unsigned int count) {
     m_flatZIsoContours.swap(z.records);
     m_flatXIsoContours.swap(x.records);
     m_flatYIsoContours.swap(y.records);
+    ContourAccess::FollowLevels(*this);
     return 0;
 }
 
@@ -465,6 +467,7 @@ void CKivoFunctionPlotter::CreateIsoContourData() {
         AssignFlatZIsoContourData();
     AssignFlatXIsoContourData();
     AssignFlatYIsoContourData();
+    ContourAccess::FollowLevels(*this);
 }
 
 void CKivoFunctionPlotter::AssignFlatZIsoContourData() {

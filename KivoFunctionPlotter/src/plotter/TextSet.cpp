@@ -1,5 +1,6 @@
 #include "TextSet.h"
 
+#include "ContourLabels.h"
 #include "parts/KivoGradientColorRuler.h"
 #include "parts/KivoGridBox.h"
 #include "parts/KivoMeasurePointGroupManager.h"
@@ -33,6 +34,9 @@ template <typename Visit>
 void VisitNames(CKivoMeasurePointGroupManager& groups, Visit visit) {
     for (CKivoMeasurePointGroup* const group : groups.m_groups)
         visit(group->m_nameImage, [&] { return group->m_name; });
+    for (CKivoMeasurePointGroup* const group : groups.m_groups)
+        for (std::size_t i = 0; i < group->m_pointNameImages.size(); ++i)
+            visit(group->m_pointNameImages[i], [&] { return group->m_pointNames[i]; });
 }
 
 bool HasRenderer(const STextRenderer* renderer) {
@@ -59,6 +63,9 @@ void TextSet::ForEachText(const CKivoFunctionPlotter& plotter, Visit visit) {
          {plotter.m_zColorRuler, plotter.m_xColorRuler, plotter.m_yColorRuler})
         if (ruler) VisitLabels(*ruler, visit);
     if (plotter.m_measureGroups) VisitNames(*plotter.m_measureGroups, visit);
+    if (!plotter.m_contourLabels.labels) return;
+    for (ContourLabel& label : plotter.m_contourLabels.labels->ofLevel)
+        visit(label.image, [&] { return label.text; });
 }
 
 SKivoStyle TextSet::StyleOf(const CKivoFunctionPlotter& plotter) {

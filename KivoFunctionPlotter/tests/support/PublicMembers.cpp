@@ -667,6 +667,14 @@ const std::vector<PublicMember> contourFunctions = {
         .Refuses(-3),
     Member("FillContours(flag)", none, [](P& p, A& a) { return FillContours(p, a.Flag(true)); }),
     Member("AreContoursFilled()", none, [](P& p, A&) { AreContoursFilled(p); }),
+    Member("LabelContours(flag)", bracketed,
+           [](P& p, A& a) {
+               const int result = LabelContours(p, a.Flag(true));
+               const int back = LabelContours(p, false);
+               return result != 0 ? result : back;
+           })
+        .Refuses(-1),
+    Member("AreContoursLabeled()", none, [](P& p, A&) { AreContoursLabeled(p); }),
 };
 
 // ---- KivoPoints.h
@@ -683,6 +691,13 @@ const std::vector<PublicMember> pointFunctions = {
     Member("ShowPointsInFlatPlots(flag)", none,
            [](P& p, A& a) { return ShowPointsInFlatPlots(p, a.Flag(true)); }),
     Member("ArePointsInFlatPlots()", none, [](P& p, A&) { ArePointsInFlatPlots(p); }),
+    Member("SetMeasurePointNames(group, text)", bracketed,
+           [](P& p, A& a) {
+               const unsigned int group = a.GroupIndex();
+               return SetMeasurePointNames(p, group, {a.Text("B 12"), "", "C"});
+           })
+        .Refuses(-1)
+        .Refuses(-2),
 };
 
 // ---- KivoLegend.h

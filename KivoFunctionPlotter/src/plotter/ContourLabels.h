@@ -1,0 +1,32 @@
+// The values of contours as texts, and the lines that they stand at.
+#pragma once
+
+#include "computing/ContourLabelLayout.h"
+#include "computing/LinePaths.h"
+#include "KivoTypes.h"
+
+#include <string>
+#include <vector>
+
+namespace KivoDrawingTools {
+
+struct ContourLabel {
+    float level;
+    std::string text;
+    SKivoTexImage image; ///< its texture belongs to the plotter's context
+};
+
+/// What LabelContours asks for. Texts are made when contours are traced or numbers change, lines when a frame
+/// needs them first.
+struct ContourLabels {
+    ContourLabels() = default;
+    ~ContourLabels();
+    ContourLabels(const ContourLabels&) = delete;
+    ContourLabels& operator=(const ContourLabels&) = delete;
+
+    std::vector<ContourLabel> ofLevel;
+    std::vector<LinePaths> lines;    ///< of the levels; empty before a frame needs them
+    std::vector<PlacedLabel> placed; ///< in the present frame
+};
+
+} // namespace KivoDrawingTools

@@ -1,0 +1,34 @@
+// What KivoPoints.h does with a plotter's curves and groups.
+#pragma once
+
+#include "computing/AxisLabelLayout.h"
+#include "KivoPoints.h"
+
+namespace KivoDrawingTools {
+
+struct PointAccess {
+    static int RemoveCurve(CKivoFunctionPlotter& plotter, int index);
+    static int RemoveGroup(CKivoFunctionPlotter& plotter, unsigned int index);
+
+    static void ShowFlat(CKivoFunctionPlotter& plotter, bool show) { plotter.m_arePointsFlat = show; }
+    static bool AreFlat(const CKivoFunctionPlotter& plotter) { return plotter.m_arePointsFlat; }
+
+    static int SetNames(CKivoFunctionPlotter& plotter, unsigned int index,
+                        const std::vector<std::string>& names);
+    /// Adds where a frame has names, and the points that they belong to.
+    static void AddPlaces(const CKivoFunctionPlotter& plotter, std::vector<PlacedImage>* places);
+    /// Draws the names of points, on a pale ground; depth and light have to be off.
+    static void DrawNames(const CKivoFunctionPlotter& plotter) noexcept;
+
+private:
+    struct NamedPoint;
+    struct PlacedName;
+    static std::vector<NamedPoint> NamedPoints(const CKivoFunctionPlotter& plotter);
+    static std::vector<PlacedName> PlaceNames(const CKivoFunctionPlotter& plotter,
+                                              const std::vector<NamedPoint>& points);
+    static std::vector<PlacedImage> Markers(const CKivoFunctionPlotter& plotter,
+                                            const std::vector<NamedPoint>& points);
+    static void DrawGround(const CKivoFunctionPlotter& plotter, const PlacedImage& place);
+};
+
+} // namespace KivoDrawingTools

@@ -1,0 +1,186 @@
+// Names beside measure points.
+#include "parts/KivoMeasurePointGroupManager.h"
+#include "parts/TextRenderer.h"
+#include "PointAccess.h"
+#include "ScreenTexts.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+namespace KivoDrawingTools {
+
+namespace {
+
+constexpr double nameGap = 3.0;         // pixels between a point and its name, more than images keep clear
+constexpr float groundOpacity = 0.7f;   // of what is behind a name
+constexpr std::size_t mostNames = 1000; // in a frame: all are compared with each other
+
+// Images go while the context is current.
+struct NewNames {
+    NewNames() = default;
+    ~NewNames() {
+        for (SKivoTexImage& image : images)
+            ReleaseTextImage(&image);
+    }
+    NewNames(const NewNames&) = delete;
+    NewNames& operator=(const NewNames&) = delete;
+
+    std::vector<std::string> texts;
+    std::vector<SKivoTexImage> images;
+};
+
+// Beside a point: to the right, to the left, above, below.
+PlacedImage PlaceBeside(ScreenVector point, double distance, const TextImageSize& size, int side) {
+    PlacedImage place;
+    place.isShown = true;
+    place.halfWidth = 0.5 * size.width;
+    place.halfHeight = 0.5 * size.height;
+    const double dx = distance + place.halfWidth;
+    const double dy =
+        place.halfHeight + std::max(distance, place.halfHeight + nameGap); // clear of those beside it
+    const ScreenVector offsets[] = {{dx, 0.0}, {-dx, 0.0}, {0.0, dy}, {0.0, -dy}};
+    place.center = {point.x + offsets[side].x, point.y + offsets[side].y};
+    return place;
+}
+
+bool IsInWindow(const PlacedImage& place, ScreenVector size) {
+    return place.center.x >= place.halfWidth && place.center.x <= size.x - place.halfWidth &&
+           place.center.y >= place.halfHeight && place.center.y <= size.y - place.halfHeight;
+}
+
+} // namespace
+
+struct PointAccess::NamedPoint {
+    ScreenVector at;
+    const SKivoTexImage* name;
+};
+
+struct PointAccess::PlacedName {
+    PlacedImage place;
+    const SKivoTexImage* image;
+};
+
+int PointAccess::SetNames(CKivoFunctionPlotter& plotter, unsigned int index,
+                          const std::vector<std::string>& names) {
+    CKivoMeasurePointGroup* const group = plotter.FindMeasureGroup(index);
+    if (!group) return -2;
+    const ContextInPlace context(plotter.m_hDC, plotter.m_hGLRC);
+    if (plotter.m_hGLRC && !context.IsCurrent()) return -1;
+    NewNames made;
+    const std::size_t count = std::min<std::size_t>(names.size(), group->m_pointCount);
+    made.texts.assign(names.begin(), names.begin() + static_cast<std::ptrdiff_t>(count));
+    made.images.resize(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        if (!context.IsCurrent() || made.texts[i].empty()) continue;
+        CreateTextImage(plotter.m_textRenderer, made.texts[i].c_str(), &made.images[i]);
+        if (!ScreenTexts::IsDrawable(made.images[i])) return -1;
+    }
+    group->m_pointNames.swap(made.texts);
+    group->m_pointNameImages.swap(made.images);
+    return 0;
+}
+
+// Those in the window, in the order of groups and points.
+std::vector<PointAccess::NamedPoint> PointAccess::NamedPoints(const CKivoFunctionPlotter& plotter) {
+    std::vector<NamedPoint> points;
+    const SpaceOnScreen space = ScreenTexts::Space(plotter);
+    const ScreenVector size = ScreenTexts::Size(plotter);
+    for (unsigned int g = 0; const CKivoMeasurePointGroup* group = plotter.FindMeasureGroup(g); ++g) {
+        if (!group->m_visible) continue;
+        const std::size_t stride = group->m_floatsPerPoint;
+        for (std::size_t k = 0; k < group->m_pointNameImages.size() && points.size() < mostNames; ++k) {
+            const SKivoTexImage& name = group->m_pointNameImages[k];
+            const float* const p = group->m_points + k * stride;
+            const float point[] = {p[0], stride > 1 ? p[1] : 0.0f, stride > 2 ? p[2] : 0.0f};
+            if (!ScreenTexts::IsDrawable(name) || plotter.IsCutAway(point)) continue;
+            const ScreenVector at = space.At(static_cast<double>(point[0]), static_cast<double>(point[1]),
+                                             static_cast<double>(point[2]));
+            const bool isSeen = at.x >= 0.0 && at.x <= size.x && at.y >= 0.0 && at.y <= size.y;
+            if (isSeen) points.push_back({at, &name});
+        }
+    }
+    return points;
+}
+
+std::vector<PlacedImage> PointAccess::Markers(const CKivoFunctionPlotter& plotter,
+                                              const std::vector<NamedPoint>& points) {
+    std::vector<PlacedImage> markers;
+    for (const NamedPoint& point : points) {
+        PlacedImage marker;
+        marker.isShown = true;
+        marker.center = point.at;
+        marker.halfWidth = marker.halfHeight = static_cast<double>(plotter.m_pointRadiusPixelSize);
+        markers.push_back(marker);
+    }
+    return markers;
+}
+
+// Each on the first side that is free.
+std::vector<PointAccess::PlacedName> PointAccess::PlaceNames(const CKivoFunctionPlotter& plotter,
+                                                             const std::vector<NamedPoint>& points) {
+    std::vector<PlacedName> placed;
+    if (points.empty()) return placed;
+    std::vector<PlacedImage> taken = ScreenTexts::Taken(plotter);
+    const std::vector<PlacedImage> markers = Markers(plotter, points);
+    taken.insert(taken.end(), markers.begin(), markers.end());
+    const ScreenVector size = ScreenTexts::Size(plotter);
+    const double distance = static_cast<double>(plotter.m_pointRadiusPixelSize) + nameGap;
+    for (const NamedPoint& point : points)
+        for (int side = 0; side < 4; ++side) {
+            const PlacedImage place =
+                PlaceBeside(point.at, distance, ScreenTexts::SizeOf(plotter, *point.name), side);
+            if (!IsInWindow(place, size) || MeetsAny(place, taken)) continue;
+            taken.push_back(place);
+            placed.push_back({place, point.name});
+            break;
+        }
+    return placed;
+}
+
+void PointAccess::AddPlaces(const CKivoFunctionPlotter& plotter, std::vector<PlacedImage>* places) {
+    const std::vector<NamedPoint> points = NamedPoints(plotter);
+    for (const PlacedName& name : PlaceNames(plotter, points))
+        places->push_back(name.place);
+    const std::vector<PlacedImage> markers = Markers(plotter, points);
+    places->insert(places->end(), markers.begin(), markers.end());
+}
+
+// Lines and dark surfaces behind a name would make it illegible.
+void PointAccess::DrawGround(const CKivoFunctionPlotter& plotter, const PlacedImage& place) {
+    const float* const ground = plotter.m_backgroundColor;
+    glColor4f(ground[0], ground[1], ground[2], groundOpacity);
+    glBegin(GL_QUADS);
+    for (const auto& [x, y] : {ScreenVector{-1, -1}, {1, -1}, {1, 1}, {-1, 1}}) {
+        const ScreenVector corner = place.Corner(x, y);
+        glVertex3d(corner.x, corner.y, 0.0);
+    }
+    glEnd();
+}
+
+void PointAccess::DrawNames(const CKivoFunctionPlotter& plotter) noexcept {
+    if (!plotter.m_measureGroups || plotter.m_plotViewport[2] <= 0) return;
+    try {
+        const std::vector<PlacedName> placed = PlaceNames(plotter, NamedPoints(plotter));
+        if (placed.empty()) return;
+        const ScreenTexts::PixelScope pixels(plotter);
+        glPushAttrib(GL_COLOR_BUFFER_BIT | GL_ENABLE_BIT);
+        glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+        glEnable(GL_BLEND);
+        for (const PlacedName& name : placed) {
+            DrawGround(plotter, name.place);
+            ScreenTexts::Draw(plotter, name.place, *name.image);
+        }
+        glPopAttrib();
+    } catch (...) { // no memory: a frame without names
+    }
+}
+
+// ---- The host's side ------------------------------------------------------------------------------------
+
+int SetMeasurePointNames(CKivoFunctionPlotter& plotter, unsigned int index,
+                         const std::vector<std::string>& names) {
+    return PointAccess::SetNames(plotter, index, names);
+}
+
+} // namespace KivoDrawingTools

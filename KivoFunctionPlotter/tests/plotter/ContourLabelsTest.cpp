@@ -1,0 +1,206 @@
+// The values of contours in the XY plot.
+#include "KivoAxis.h"
+#include "KivoContours.h"
+#include "KivoPicture.h"
+#include "KivoStyle.h"
+#include "support/Image.h"
+#include "support/PlotterProbe.h"
+#include "support/TestSurfaces.h"
+#include "support/TestWindow.h"
+
+#include <gtest/gtest.h>
+
+#include <new>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+using namespace KivoDrawingTools;
+
+namespace {
+
+bool IsRed(const unsigned char* rgb) {
+    return rgb[0] > 200 && rgb[1] < 60 && rgb[2] < 60;
+}
+
+bool IsDark(const unsigned char* rgb) {
+    return rgb[0] < 80 && rgb[1] < 80 && rgb[2] < 80;
+}
+
+class LabeledContours : public WindowTest {
+protected:
+    LabeledContours() {
+        ShowHill();
+        plotter.SetZGradientColor(0x0000FF, 0x0000FF);
+        SetContourInterval(plotter, 2, 0.5);
+        plotter.SwitchToXYProjectPlot();
+    }
+
+    void ShowHill() {
+        const TestSurface surface = HillSurface(30, 20);
+        plotter.SetData(surface.NewArray(), surface.columns, surface.rows, 1, surface.columns, 3);
+    }
+
+    TestPlot plot{GetParam(), 600, 450};
+    PlotterProbe& plotter = plot.plotter;
+};
+
+} // namespace
+
+TEST_P(LabeledContours, AreDrawnOnDemandInGapsOfTheLines) {
+    EXPECT_FALSE(AreContoursLabeled(plotter));
+    const Image lines = CaptureImage(plotter);
+    ASSERT_EQ(LabelContours(plotter, true), 0);
+    EXPECT_TRUE(AreContoursLabeled(plotter));
+    const Image labeled = CaptureImage(plotter);
+    EXPECT_GT(labeled.Count(IsDark), lines.Count(IsDark) + 100);
+    EXPECT_LT(labeled.Count(IsRed), lines.Count(IsRed) - 60) << "no gap";
+    EXPECT_EQ(Compare(CaptureImage(plotter), labeled).max, 0) << "another place in each frame";
+    EXPECT_EQ(LabelContours(plotter, true), 0);
+    EXPECT_EQ(Compare(CaptureImage(plotter), labeled).max, 0);
+    ASSERT_EQ(LabelContours(plotter, false), 0);
+    EXPECT_EQ(Compare(CaptureImage(plotter), lines).max, 0);
+}
+
+TEST_P(LabeledContours, AreInNoOtherPlot) {
+    void (*const plots[])(PlotterProbe&) = {[](PlotterProbe& p) { p.SwitchToNormalPlot(); },
+                                            [](PlotterProbe& p) { p.SwitchToYZProjectPlot(); },
+                                            [](PlotterProbe& p) { p.SwitchToZXProjectPlot(); }};
+    plotter.ShowZIsoContours(true);
+    for (const auto show : plots) {
+        show(plotter);
+        LabelContours(plotter, false);
+        const Image without = CaptureImage(plotter);
+        LabelContours(plotter, true);
+        EXPECT_EQ(Compare(CaptureImage(plotter), without).max, 0);
+    }
+}
+
+TEST_P(LabeledContours, AreReadableOnBands) {
+    FillContours(plotter, true);
+    const Image bands = CaptureImage(plotter);
+    ASSERT_EQ(LabelContours(plotter, true), 0);
+    const Image labeled = CaptureImage(plotter);
+    EXPECT_GT(Compare(labeled, bands).max, 200);
+    int uncovered = 0; // of the lines, which are as dark as the texts
+    for (int y = 0; y < bands.height; ++y)
+        for (int x = 0; x < bands.width; ++x)
+            if (IsDark(bands.Pixel(x, y)) && IsRed(labeled.Pixel(x, y))) ++uncovered;
+    EXPECT_GT(uncovered, 60);
+}
+
+TEST_P(LabeledContours, HaveTheWordsOfTheAxis) {
+    std::vector<double> asked, steps;
+    const auto note = [&](double value, double step) {
+        asked.push_back(value);
+        steps.push_back(step);
+        return std::to_string(value);
+    };
+    SetAxisOrigin(plotter, 2, 1000.0);
+    ASSERT_EQ(SetAxisLabelFormat(plotter, 2, note), 0);
+    asked.clear();
+    steps.clear();
+    LabelContours(plotter, true);
+    EXPECT_EQ(asked, (std::vector<double>{998.5, 999.0, 999.5, 1000.0, 1000.5, 1001.0, 1001.5}));
+    EXPECT_EQ(steps, std::vector<double>(7, 0.5));
+    asked.clear();
+    plotter.OnDraw();
+    EXPECT_TRUE(asked.empty()) << "a host may not be asked while a frame is drawn";
+    SetContourInterval(plotter, 2, 1.0, 0.25);
+    EXPECT_EQ(asked, (std::vector<double>{998.25, 999.25, 1000.25, 1001.25}));
+}
+
+TEST_P(LabeledContours, FollowTheirWords) {
+    LabelContours(plotter, true);
+    const Image plain = CaptureImage(plotter);
+    SetAxisLabelFormat(plotter, 2, [](double, double) { return std::string(); });
+    const Image empty = CaptureImage(plotter);
+    EXPECT_LT(empty.Count(IsDark), plain.Count(IsDark) - 100) << "without words there is nothing to draw";
+    SetAxisLabelFormat(plotter, 2, nullptr);
+    EXPECT_EQ(Compare(CaptureImage(plotter), plain).max, 0);
+    plotter.SetIsoContourCount(7);
+    SetContourInterval(plotter, 2, 0.7);
+    EXPECT_GT(Compare(CaptureImage(plotter), plain).max, 100);
+    SetContourInterval(plotter, 2, 0.5);
+    EXPECT_EQ(Compare(CaptureImage(plotter), plain).max, 0);
+}
+
+TEST_P(LabeledContours, OutliveDataAndWindows) {
+    LabelContours(plotter, true);
+    const Image before = CaptureImage(plotter);
+    ShowHill();
+    plotter.SwitchToXYProjectPlot();
+    EXPECT_EQ(Compare(CaptureImage(plotter), before).max, 0);
+    plotter.OnDestroy();
+    EXPECT_TRUE(AreContoursLabeled(plotter));
+    EXPECT_EQ(LabelContours(plotter, false), 0);
+    EXPECT_EQ(LabelContours(plotter, true), 0);
+    ShowHill(); // before there is a window
+    ASSERT_EQ(plotter.OnCreate(plot.window.Handle(), 600, 450, false), 0);
+    plotter.SwitchToXYProjectPlot();
+    EXPECT_GT(CaptureImage(plotter).Count(IsDark), 100);
+}
+
+TEST_P(LabeledContours, AreAsLargeAsTheStyleSays) {
+    LabelContours(plotter, true);
+    const Image plain = CaptureImage(plotter);
+    SKivoStyle style = GetStyle(plotter);
+    style.pixelScale = 2.0f;
+    SKivoPictureOptions options;
+    options.scale = 2.0f;
+    std::vector<unsigned char> rgba;
+    Image large;
+    ASSERT_EQ(CapturePicture(plotter, options, large.rgba, large.width, large.height), 0);
+    ASSERT_EQ(large.width, 2 * plain.width);
+    int agreeing = 0, dark = 0; // what is dark in the plain one is dark in the large one, or beside it
+    for (int y = 1; y + 1 < plain.height; ++y)
+        for (int x = 1; x + 1 < plain.width; ++x) {
+            if (!IsDark(plain.Pixel(x, y))) continue;
+            ++dark;
+            bool isFound = false;
+            for (int dy = -2; dy < 4; ++dy)
+                for (int dx = -2; dx < 4; ++dx)
+                    isFound = isFound || IsDark(large.Pixel(2 * x + dx, 2 * y + dy));
+            agreeing += isFound ? 1 : 0;
+        }
+    EXPECT_GT(agreeing, 0.95 * dark);
+    EXPECT_EQ(Compare(CaptureImage(plotter), plain).max, 0);
+    SetStyle(plotter, style);
+    EXPECT_GT(CaptureImage(plotter).Count(IsDark), plain.Count(IsDark));
+}
+
+TEST_P(LabeledContours, LetAHostDoAnythingWhileItIsAsked) {
+    void (*const doings[])(PlotterProbe&) = {
+        [](PlotterProbe& p) { LabelContours(p, false); },
+        [](PlotterProbe& p) { SetContourInterval(p, 2, 0.21); },
+        [](PlotterProbe& p) { p.SetIsoContourCount(3); },
+        [](PlotterProbe& p) { p.OnDraw(); },
+        [](PlotterProbe&) { throw std::runtime_error("no words"); },
+    };
+    for (const auto doing : doings) {
+        SetAxisLabelFormat(plotter, 2, nullptr);
+        LabelContours(plotter, true);
+        SetContourInterval(plotter, 2, 0.5);
+        SetAxisLabelFormat(plotter, 2, [&](double value, double) {
+            doing(plotter);
+            return std::to_string(value);
+        });
+        SetContourInterval(plotter, 2, 0.4);
+        plotter.OnDraw();
+        ShowHill();
+        plotter.OnDraw();
+    }
+}
+
+TEST_P(LabeledContours, AreNoneWithoutMemoryForTheirWords) {
+    SetAxisLabelFormat(plotter, 2, [this](double value, double) {
+        if (AreContoursLabeled(plotter)) throw std::bad_alloc();
+        return std::to_string(value);
+    });
+    const Image lines = CaptureImage(plotter);
+    EXPECT_THROW(LabelContours(plotter, true), std::bad_alloc);
+    EXPECT_FALSE(AreContoursLabeled(plotter));
+    EXPECT_EQ(Compare(CaptureImage(plotter), lines).max, 0);
+}
+
+KIVO_IN_ONE_WINDOW(LabeledContours);

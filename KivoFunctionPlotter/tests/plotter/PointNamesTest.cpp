@@ -1,0 +1,173 @@
+// Names beside measure points.
+#include "KivoContours.h"
+#include "KivoPicture.h"
+#include "KivoPoints.h"
+#include "support/Image.h"
+#include "support/PlotterProbe.h"
+#include "support/TestSurfaces.h"
+#include "support/TestWindow.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+using namespace KivoDrawingTools;
+
+namespace {
+
+struct Bounds {
+    int left = 1 << 20, right = -1, top = 1 << 20, bottom = -1;
+    bool IsEmpty() const { return right < 0; }
+};
+
+// Where two pictures differ.
+Bounds DifferenceOf(const Image& a, const Image& b) {
+    Bounds bounds;
+    for (int y = 0; y < a.height; ++y)
+        for (int x = 0; x < a.width; ++x)
+            if (!std::equal(a.Pixel(x, y), a.Pixel(x, y) + 3, b.Pixel(x, y))) {
+                bounds.left = std::min(bounds.left, x);
+                bounds.right = std::max(bounds.right, x);
+                bounds.top = std::min(bounds.top, y);
+                bounds.bottom = std::max(bounds.bottom, y);
+            }
+    return bounds;
+}
+
+bool IsCyan(const unsigned char* rgb) {
+    return rgb[0] < 60 && rgb[1] > 150 && rgb[2] > 150;
+}
+
+class PointNames : public WindowTest {
+protected:
+    PointNames() {
+        const TestSurface surface = HillSurface(30, 20);
+        plotter.SetData(surface.NewArray(), surface.columns, surface.rows, 1, surface.columns, 3);
+        plotter.SetZGradientColor(0x0000FF, 0x0000FF);
+        plotter.AddMeasurePoints(3, 3, points, "wells");
+        plotter.SetMeasureGroupColor(0, 0xFFFF00);
+        ShowPointsInFlatPlots(plotter, true);
+        plotter.SwitchToXYProjectPlot();
+    }
+
+    Bounds Marker() const {
+        Bounds bounds;
+        for (int y = 0; y < without.height; ++y)
+            for (int x = 0; x < without.width; ++x)
+                if (IsCyan(without.Pixel(x, y))) {
+                    bounds.left = std::min(bounds.left, x);
+                    bounds.right = std::max(bounds.right, x);
+                    bounds.top = std::min(bounds.top, y);
+                    bounds.bottom = std::max(bounds.bottom, y);
+                }
+        return bounds;
+    }
+
+    float points[9] = {0.0f, 0.0f, 3.0f, 0.0f, 0.0f, 3.0f, 0.0f, 0.0f, 3.0f}; // all at one place
+    TestPlot plot{GetParam(), 600, 450};
+    PlotterProbe& plotter = plot.plotter;
+    Image without;
+};
+
+} // namespace
+
+TEST_P(PointNames, StandRightOfTheirPoints) {
+    without = CaptureImage(plotter);
+    ASSERT_EQ(SetMeasurePointNames(plotter, 0, {"B 12"}), 0);
+    const Bounds name = DifferenceOf(CaptureImage(plotter), without), marker = Marker();
+    ASSERT_FALSE(name.IsEmpty());
+    EXPECT_GT(name.left, marker.right);
+    EXPECT_LT(name.left, marker.right + 10);
+    EXPECT_LT(name.top, marker.top + 4);
+    EXPECT_GT(name.bottom, marker.bottom - 4);
+    ASSERT_EQ(SetMeasurePointNames(plotter, 0, {}), 0);
+    EXPECT_EQ(Compare(CaptureImage(plotter), without).max, 0);
+}
+
+TEST_P(PointNames, TakeTheNextFreeSide) {
+    without = CaptureImage(plotter);
+    SetMeasurePointNames(plotter, 0, {"B 12", "C 13"});
+    const Bounds two = DifferenceOf(CaptureImage(plotter), without), marker = Marker();
+    EXPECT_LT(two.left, marker.left - 10);
+    EXPECT_GT(two.right, marker.right + 10);
+    SetMeasurePointNames(plotter, 0, {"B 12", "C 13", "D 14", "beyond the points"});
+    const Bounds three = DifferenceOf(CaptureImage(plotter), without);
+    EXPECT_LT(three.top, two.top - 5) << "above";
+    EXPECT_EQ(three.bottom, two.bottom) << "there are three points";
+    SetMeasurePointNames(plotter, 0, {"", "", "D 14"});
+    const Bounds last = DifferenceOf(CaptureImage(plotter), without);
+    EXPECT_GT(last.left, marker.right);
+}
+
+TEST_P(PointNames, AreShownWhereTheirGroupIs) {
+    SetMeasurePointNames(plotter, 0, {"B 12"});
+    const auto differs = [&] {
+        SetMeasurePointNames(plotter, 0, {});
+        without = CaptureImage(plotter);
+        SetMeasurePointNames(plotter, 0, {"B 12"});
+        return !DifferenceOf(CaptureImage(plotter), without).IsEmpty();
+    };
+    EXPECT_TRUE(differs());
+    plotter.SwitchToYZProjectPlot();
+    EXPECT_TRUE(differs());
+    plotter.SwitchToNormalPlot();
+    EXPECT_TRUE(differs());
+    plotter.ShowMeasureGroup(0, false);
+    EXPECT_FALSE(differs());
+    plotter.ShowMeasureGroup(0, true);
+    plotter.SwitchToXYProjectPlot();
+    ShowPointsInFlatPlots(plotter, false);
+    EXPECT_FALSE(differs());
+}
+
+TEST_P(PointNames, AreRefusedWithoutAGroup) {
+    EXPECT_EQ(SetMeasurePointNames(plotter, 1, {"B 12"}), -2);
+    EXPECT_EQ(RemoveMeasureGroup(plotter, 0), 0);
+    EXPECT_EQ(SetMeasurePointNames(plotter, 0, {"B 12"}), -2);
+    plotter.OnDraw();
+}
+
+TEST_P(PointNames, GoWithTheirGroup) {
+    without = CaptureImage(plotter);
+    float other[] = {0.0f, 0.0f, 3.0f};
+    plotter.AddMeasurePoints(1, 3, other, "other");
+    SetMeasurePointNames(plotter, 0, {"B 12"});
+    ASSERT_EQ(RemoveMeasureGroup(plotter, 0), 0);
+    plotter.SetMeasureGroupColor(0, 0xFFFF00);
+    EXPECT_EQ(Compare(CaptureImage(plotter), without).max, 0);
+}
+
+TEST_P(PointNames, KeepClearOfTheValuesOfContours) {
+    LabelContours(plotter, true);
+    const Image labels = CaptureImage(plotter);
+    for (int i = 0; i < 12; ++i) { // over the lines, whose values give way
+        points[0] = -2.5f + 0.6f * static_cast<float>(i);
+        SetMeasurePointNames(plotter, 0, {});
+        without = CaptureImage(plotter);
+        SetMeasurePointNames(plotter, 0, {"Well 7"});
+        const Image named = CaptureImage(plotter);
+        ASSERT_FALSE(DifferenceOf(named, without).IsEmpty()) << "a name is placed first";
+    }
+}
+
+TEST_P(PointNames, AreInLargePictures) {
+    SetMeasurePointNames(plotter, 0, {"B 12"});
+    SKivoPictureOptions options;
+    options.scale = 3.0f;
+    Image named, plain;
+    ASSERT_EQ(CapturePicture(plotter, options, named.rgba, named.width, named.height), 0);
+    SetMeasurePointNames(plotter, 0, {});
+    ASSERT_EQ(CapturePicture(plotter, options, plain.rgba, plain.width, plain.height), 0);
+    const Bounds large = DifferenceOf(named, plain);
+    SetMeasurePointNames(plotter, 0, {"B 12"});
+    const Image present = CaptureImage(plotter);
+    SetMeasurePointNames(plotter, 0, {});
+    const Bounds small = DifferenceOf(present, CaptureImage(plotter));
+    EXPECT_NEAR(large.left, 3 * small.left, 6);
+    EXPECT_NEAR(large.right, 3 * small.right, 6);
+    EXPECT_NEAR(large.bottom, 3 * small.bottom, 6);
+}
+
+KIVO_IN_ONE_WINDOW(PointNames);
