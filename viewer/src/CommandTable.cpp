@@ -154,13 +154,15 @@ void AddViewMenu(MenuTable& table) {
                      Command::resetView,
                      {}});
     AddLine(table);
-    AddToggles(table, menu, {"frame-lines", "grid-lines", "switch-planes", "auto-aspect", "fit-surfaces"});
+    AddToggles(
+        table, menu,
+        {"frame-lines", "grid-lines", "switch-planes", "auto-aspect", "show-exaggeration", "fit-surfaces"});
     AddLine(table);
-    AddToggles(table, menu, {"x-contours", "y-contours", "z-contours", "fill-contours"});
+    AddToggles(table, menu, {"x-contours", "y-contours", "z-contours", "fill-contours", "label-contours"});
     AddLine(table);
     AddToggles(table, menu, {"trace", "fit-digits", "reduce-while-moving", "keep-upright"});
     AddLine(table);
-    AddToggles(table, menu, {"legend", "colors-follow-range", "group-names"});
+    AddToggles(table, menu, {"legend", "colors-follow-range", "group-names", "point-labels"});
     AddLine(table);
     table.push_back({menu,
                      Translate("Menu", "Sur&faces"),
@@ -174,6 +176,13 @@ void AddViewMenu(MenuTable& table) {
                      Translate("Menu", "Show or hide the list of points and curves"),
                      Command::pointsPanel,
                      {}});
+    table.push_back(
+        {menu,
+         Translate("Menu", "Profi&le"),
+         "P",
+         Translate("Menu", "Draw a line in the flat plot of XY and show the heights along it, or not"),
+         Command::profilePanel,
+         {}});
 }
 
 // A key for each section of the side panel, so that every setting is within reach of the keyboard.
@@ -276,6 +285,8 @@ std::vector<InputUse> MouseUses() {
             {Translate("Input", "Right button"), Translate("Input", "Turn the 3-D plot freely")},
             {Translate("Input", "Shift + either, or middle"), Translate("Input", "Move the plot")},
             {Translate("Input", "Ctrl + either"), Translate("Input", "Zoom: down enlarges, up shrinks")},
+            {Translate("Input", "Left button, with the profile"),
+             Translate("Input", "Draw the line in the flat plot of XY")},
             {Translate("Input", "Double click"), Translate("Input", "Bring what is there to the middle")},
             {Translate("Input", "Wheel"), Translate("Input", "Zoom at the pointer")},
             {Translate("Input", "Move, while tracing"),

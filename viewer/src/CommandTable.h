@@ -33,6 +33,7 @@ enum class Command {
     settingsPanel,
     surfacesPanel,
     pointsPanel,
+    profilePanel, ///< with the line drawn in the XY plot
     undo,
     redo,
     resetSettings,

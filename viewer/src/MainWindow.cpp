@@ -59,6 +59,7 @@ MainWindow::MainWindow(const Content& content, const Options& options) : m_plot(
     m_history = new QUndoStack(this);
     m_watch = new FileWatch(this, [this] { Reload(); });
     MakePanels();
+    MakeProfile(options.profile);
     FillMenus();
     m_tracePoint = new QLabel(this);
     m_proportions = new QLabel(this);
@@ -131,6 +132,8 @@ QAction* MainWindow::MakeAction(const MenuEntry& entry) {
         action = m_surfacesDock->toggleViewAction();
     else if (entry.command == Command::pointsPanel)
         action = m_pointsDock->toggleViewAction();
+    else if (entry.command == Command::profilePanel)
+        action = m_profileDock->toggleViewAction();
     else
         action = new QAction(this);
     action->setText(QString::fromStdString(entry.label));
@@ -202,6 +205,8 @@ void MainWindow::Do(const MenuEntry& entry) {
         return ShowKeys();
     case Command::about:
         return ShowAbout();
+    case Command::profilePanel:
+        return ShowProfilePanel();
     case Command::none:
     case Command::openRecent: // a menu
     case Command::settingsPanel:
@@ -304,6 +309,7 @@ void MainWindow::RefreshControls() {
     m_panel->Refresh();
     m_surfaces->Refresh();
     m_points->Refresh();
+    RefreshProfile();
 }
 
 void MainWindow::ShowTrace(const float* point) {
@@ -326,9 +332,11 @@ void MainWindow::Place(const Options& options) {
     const bool isRestored = restoreGeometry(last.geometry);
     const bool hasSurfaces = !m_surfacesDock->isHidden();
     const bool hasPoints = !m_pointsDock->isHidden();
+    const bool hasProfile = !m_profileDock->isHidden();
     restoreState(last.panels);
     m_surfacesDock->setVisible(hasSurfaces);
     m_pointsDock->setVisible(hasPoints);
+    m_profileDock->setVisible(hasProfile);
     if (isRestored && IsUsable()) return;
     FitTo(options.width, options.height);
     if (isRestored) move(screen()->availableGeometry().topLeft());

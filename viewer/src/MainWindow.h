@@ -13,6 +13,7 @@
 #include <QMainWindow>
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,7 @@ namespace KivoViewer {
 class FileWatch;
 class PlotWidget;
 class PointsPanel;
+class ProfilePanel;
 class SettingsPanel;
 class SurfacesPanel;
 
@@ -95,6 +97,14 @@ private:
     void ChangeSurface(const SurfaceEntry& surface);
     void RemoveSurface(int number);
     void AddPointFiles(PointSet::Kind kind);
+    // Heights along a line.
+    void MakeProfile(const std::optional<ProfileLine>& line);
+    void ShowProfilePanel();
+    void ShowProfile(const ProfileLine& line);
+    void RefreshProfile();
+    void SaveProfileTable();
+    void SaveProfilePicture();
+
     void SavePicture();
     void CopyPicture();
     void Print();
@@ -112,6 +122,9 @@ private:
     QDockWidget* m_surfacesDock = nullptr;
     PointsPanel* m_points = nullptr;
     QDockWidget* m_pointsDock = nullptr;
+    ProfilePanel* m_profile = nullptr;
+    QDockWidget* m_profileDock = nullptr;
+    std::optional<ProfileLine> m_profileLine;
     QLabel* m_tracePoint = nullptr;
     std::vector<ToggleAction> m_toggles;
     std::vector<QAction*> m_modes;

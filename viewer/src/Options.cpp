@@ -62,6 +62,7 @@ struct Words {
     std::string method;
     std::string cell;
     std::string radius;
+    std::string profile;
     std::vector<std::string> opacities;
     std::vector<std::string> surfaceColors;
     bool wantsManualPage = false;
@@ -174,6 +175,21 @@ void DescribeReading(CLI::App& app, Options& options, Words& words) {
         ->type_name("NUMBER");
 }
 
+// Heights along a line.
+void DescribeProfile(CLI::App& app, Options& options, Words& words) {
+    auto* const profile =
+        app.add_option("--profile", words.profile,
+                       Translate("CommandLine", "Line over the plane of x and y whose heights are shown"))
+            ->type_name("X0:Y0:X1:Y1");
+    app.add_option(
+           "--profile-csv", options.profileTable,
+           Translate("CommandLine",
+                     "Write the heights along that line as a table of distance, x, y, z, and z2 and so on of "
+                     "other surfaces, or - for the standard output; needs no display"))
+        ->type_name("FILE")
+        ->needs(profile);
+}
+
 // From where a plot is shown.
 void DescribeViewpoint(CLI::App& app, Words& words) {
     app.add_option(
@@ -281,6 +297,7 @@ void Describe(CLI::App& app, Options& options, Words& words) {
         ->type_name("X,Y")
         ->needs(picture);
     DescribePicture(app, *picture, options.format, words);
+    DescribeProfile(app, options, words);
     DescribeSession(app, *file, *function, *picture, options);
 }
 
@@ -377,6 +394,14 @@ Range RangeOf(const std::string& option, const std::string& text) {
     }
 }
 
+ProfileLine ProfileOf(const std::string& text) {
+    try {
+        return ParseProfileLine(text);
+    } catch (const Failure& failure) {
+        throw Failure(std::string("--profile: ") + failure.what());
+    }
+}
+
 double PositiveNumber(const std::string& text) {
     const double number = ParseNumber(text).value_or(0.0);
     if (!(number > 0.0) || !std::isfinite(number))
@@ -443,7 +468,7 @@ Options ParseOptions(int argc, const char* const* argv) {
     // What is given empty was given by mistake, often an unset variable of a script.
     for (const std::string& file : options.files)
         if (file.empty()) throw Failure("FILE: " + Translate("CommandLine", "empty"));
-    for (const char* const name : {"--function", "--picture", "--session", "--minus"})
+    for (const char* const name : {"--function", "--picture", "--session", "--minus", "--profile-csv"})
         if (app.count(name) > 0 && app[name]->as<std::string>().empty())
             throw Failure(std::string(name) + ": " + Translate("CommandLine", "empty"));
     if (app.count("--x") > 0) options.x = RangeOf("--x", words.x);
@@ -465,6 +490,7 @@ Options ParseOptions(int argc, const char* const* argv) {
     ParseSettings(app, words, options);
     ParseViewpoint(app, words, options.settings, options.viewpoint);
     ParseSurfaces(words, options);
+    if (app.count("--profile") > 0) options.profile = ProfileOf(words.profile);
     return options;
 }
 

@@ -4,6 +4,7 @@
 #include "FormulaGrid.h"
 #include "Picture.h"
 #include "PlotSettings.h"
+#include "Profile.h"
 #include "ReadOptions.h"
 
 #include <memory>
@@ -47,6 +48,8 @@ struct Options {
     std::string sessionFile;                ///< to open, or empty
     std::shared_ptr<const Session> session; ///< that WithSession has added, or null
     bool hasMode = false;                   ///< whether the command line gives it
+    std::optional<ProfileLine> profile;     ///< along which heights are asked for
+    std::string profileTable;               ///< file for them, "-" for the standard output, or empty
     bool watches = false;                   ///< files are read again when they change
 };
 

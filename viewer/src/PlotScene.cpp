@@ -169,6 +169,7 @@ void PlotScene::ShowGrid(const GridData& grid) {
     ShowOrigin(grid.origin);
     KeepFirstSurface(grid);
     m_hasSurface = !grid.isBox;
+    m_isFirstBox = grid.isBox;
     KivoDrawingTools::ResetView(m_plotter); // the same grid is lit alike, whatever was shown before
 
     m_curves.clear();
@@ -267,9 +268,24 @@ void PlotScene::TakeSettings(const PlotSettings& wanted) {
 
 void PlotScene::ApplyTitles() {
     const PlotSettings settings = Effective();
-    m_plotter.SetPlotTitle(settings.title->c_str());
+    m_title.clear();
+    ShowTitle();
     for (int i = 0; i < 3; ++i)
         (m_plotter.*axisMembers[i].setTitle)(settings.axes[i].title->c_str());
+}
+
+// The lengths of the axes change on many ways; drawing the title anew takes time.
+void PlotScene::ShowTitle() {
+    if (!m_dataScale) return; // nothing is shown
+    std::string title = *Effective().title;
+    if (const auto exaggeration = m_settings.showsExaggeration ? Exaggeration() : std::nullopt) {
+        const std::string words =
+            "vertical exaggeration " + FormatRounded(static_cast<float>(*exaggeration)) + "x";
+        title = title.empty() ? words : title + " (" + words + ")";
+    }
+    if (title == m_title && !title.empty()) return;
+    m_plotter.SetPlotTitle(title.c_str());
+    m_title = title;
 }
 
 void PlotScene::FindRange(int axis, const AxisSettings& ends, float* range) const {
@@ -320,6 +336,7 @@ void PlotScene::KeepScale() {
         m_plotter.FitWithScale({1.0 / exaggeration, 1.0 / exaggeration, 1.0}); // Z keeps its length
     else if (!m_settings.fitsAspect && m_dataScale)
         m_plotter.FitWithScale(*m_dataScale);
+    if (m_settings.showsExaggeration) ShowTitle();
 }
 
 std::optional<double> PlotScene::Exaggeration() const {
@@ -394,6 +411,8 @@ void PlotScene::ApplySwitches() {
     for (int i = 0; i < 3; ++i)
         (m_plotter.*axisMembers[i].showContours)(settings.axes[i].showsContours);
     FillContours(m_plotter, settings.fillsContours);
+    if (LabelContours(m_plotter, settings.labelsContours) != 0)
+        throw Failure(std::string("cannot draw: ") + KivoDrawingTools::LastWindowError());
     m_plotter.SetFrameLineColor(settings.frameLineColor->Packed());
     m_plotter.SetPointRadiusPixelSize(*settings.pointSize);
     ShowMeasureGroupNames(m_plotter, settings.listsGroups);

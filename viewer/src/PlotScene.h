@@ -4,6 +4,7 @@
 #include "GridData.h"
 #include "PlotSettings.h"
 #include "PointFile.h"
+#include "Profile.h"
 
 #include <KivoFunctionPlotter.h>
 #include <KivoView.h>
@@ -51,6 +52,35 @@ std::optional<Color> ParseSurfaceColor(const std::string& text);
 /// The cells from one frame line to the next, of so many columns or rows of points.
 unsigned int FrameLineStep(std::size_t points);
 
+/// A place on a plane, of the data or of a window.
+struct PlanePoint {
+    double x;
+    double y;
+};
+
+/// Where the plane of x and y is in a window, in pixels from its upper left corner.
+struct FlatPlane {
+    double origin[2];   ///< of the point (0, 0)
+    double along[2][2]; ///< from there to a unit of x, and of y
+};
+
+/// The points of a surface, row by row, three floats each.
+struct PointGridView {
+    const float* points;
+    std::size_t columns;
+    std::size_t rows;
+};
+
+/// Heights of the surfaces that are shown, along a line.
+struct SceneProfile {
+    std::vector<ProfilePoint> points;
+    std::vector<std::string> names;           ///< of the surfaces
+    std::vector<std::optional<Color>> colors; ///< none where values give them
+};
+
+/// @return as long as the grid lives
+SurfaceHeights HeightsOf(const GridData& grid);
+
 /// The plotter, with what only a derived class can do.
 class ViewerPlotter : public KivoDrawingTools::CKivoFunctionPlotter {
 public:
@@ -65,6 +95,11 @@ public:
 
     /// The client point in the middle of the plot, beside the legend.
     KivoDrawingTools::POINT PlotCenter() const { return {m_plotViewport[2] / 2, m_plotViewport[3] / 2}; }
+
+    /// Of the surface that the axes are made for; before it may come a row of holes with the y of the next.
+    PointGridView FirstPoints() const;
+    /// None where another plot is shown.
+    std::optional<FlatPlane> XyPlane() const;
 
 private:
     double BoxDiagonal() const;
@@ -142,6 +177,7 @@ public:
     void ApplyLabels(); ///< how numbers are written; throws a Failure
     void ApplyFit();    ///< the surfaces that the axes are made for; throws as ApplyAxes
     void ApplyTrace();
+    void ApplyPointNames();
     /// How many times as long a unit of Z is drawn as one of X and Y; nothing where these differ.
     std::optional<double> Exaggeration() const;
 
@@ -163,14 +199,22 @@ public:
     /// @param point  as the plotter tells it
     std::string ReadOut(const float* point) const;
 
+    /// Heights along a line in absolute numbers.
+    SceneProfile ProfileAlong(const ProfileLine& line) const;
+    /// Where the XY plot has a place in absolute numbers, in pixels from the upper left corner, and the other
+    /// way round; none where another plot is shown.
+    std::optional<PlanePoint> PixelOf(double x, double y) const;
+    std::optional<PlanePoint> PlaceOf(double pixelX, double pixelY) const; ///< as above
+
 private:
     /// A surface with what is needed of its grid.
     struct ShownSurface {
         SurfaceEntry entry;
         std::size_t columns;
         std::size_t rows;
-        double min; ///< of its values
-        double max; ///< of its values
+        double min;         ///< of its values
+        double max;         ///< of its values
+        GridData grid = {}; ///< its numbers alone; of the first surface the plotter has them
     };
 
     /// A measure group, and what the plotter reads of it at each frame.
@@ -180,6 +224,7 @@ private:
     };
 
     static ShownSurface ShownOf(const GridData& grid);
+    SurfaceHeights FirstHeights() const;
     void ShowOrigin(const double* origin);
     void KeepFirstSurface(const GridData& grid);
     void FollowSurfaces(const KivoDrawingTools::SKivoView& view);
@@ -196,12 +241,14 @@ private:
     void CompleteColors(PlotSettings& settings) const;
     void KeepScale();
     void ForgetTrace();
+    void ShowTitle();
     void ReadAutomaticSettings(const GridData& grid);
 
     ViewerPlotter& m_plotter;
     PlotSettings m_settings;
     bool m_isDark = false;
     bool m_hasSurface = false;                                   ///< to be traced
+    bool m_isFirstBox = false;                                   ///< the first surface is none
     PlotSettings m_automatic;                                    ///< what holds where nothing is set
     std::optional<ViewerPlotter::AxisScale> m_dataScale;         ///< as the data gave it
     std::vector<PointSet> m_curves;                              ///< the plotter does not tell what it has
@@ -209,6 +256,7 @@ private:
     std::vector<ShownSurface> m_surfaces;                        ///< the first, and those over it
     double m_origin[3] = {0.0, 0.0, 0.0};                        ///< of all points of the plotter
     float m_dataRange[3][2] = {};                                ///< of the axes, as the data gave it
+    std::string m_title;                                         ///< that the plotter has
     std::string m_labelFormats[3] = {"plain", "plain", "plain"}; ///< that the plotter has
 };
 

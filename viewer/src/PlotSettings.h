@@ -68,6 +68,11 @@ struct PlotSettings {
     std::optional<Choice> legendNumbers;     ///< as set, fitted or round
     std::optional<unsigned> legendPrecision; ///< digits after the decimal point
     std::optional<unsigned> pointSize;       ///< radius of measure points in pixels
+
+    // What is written at places of the data, and beside the title.
+    bool labelsContours = false;    ///< the XY plot has the values of its contours at their lines
+    bool namesPoints = false;       ///< measure points have their names beside them
+    bool showsExaggeration = false; ///< the title tells how many times as long Z is drawn
 };
 
 /// How a surface looks. Not a setting: it goes with the surface.

@@ -4,6 +4,7 @@
 #include <KivoView.h>
 
 #include <QMouseEvent>
+#include <QPainter>
 
 #include <algorithm>
 #include <utility>
@@ -53,6 +54,8 @@ PictureFormat PlotWidget::Format() const {
 }
 
 void PlotWidget::mousePressEvent(QMouseEvent* event) {
+    const bool isPlainLeft = event->buttons() == Qt::LeftButton && event->modifiers() == Qt::NoModifier;
+    if (m_drawsProfiles && isPlainLeft && (m_lineStart = PlaceAt(event->position()))) return;
     const bool isAlone = event->buttons() == event->button(); // else a drag goes on as it began
     if (isAlone) setUpright(event->button() == Qt::LeftButton && m_scene.Settings().keepsUpright);
     KivoPlotWidget::mousePressEvent(event);
@@ -63,6 +66,66 @@ void PlotWidget::mouseDoubleClickEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return mousePressEvent(event);
     ShiftView(Scene().Plotter(), ToDevice(event->position()), m_scene.Plotter().PlotCenter());
     Redraw();
+}
+
+// ---- A line over the plot -------------------------------------------------------------------------------
+
+std::optional<PlanePoint> PlotWidget::PlaceAt(const QPointF& position) {
+    const double density = devicePixelRatioF();
+    return Scene().PlaceOf(position.x() * density, position.y() * density);
+}
+
+void PlotWidget::DrawLineTo(const QPointF& position) {
+    const auto end = PlaceAt(position);
+    if (!end || !profileDrawn) return;
+    const ProfileLine line = {m_lineStart->x, m_lineStart->y, end->x, end->y};
+    if (line.Length() > 0.0) profileDrawn(line);
+}
+
+void PlotWidget::mouseMoveEvent(QMouseEvent* event) {
+    if (!m_lineStart) return KivoPlotWidget::mouseMoveEvent(event);
+    DrawLineTo(event->position());
+}
+
+void PlotWidget::mouseReleaseEvent(QMouseEvent* event) {
+    if (!m_lineStart || event->button() != Qt::LeftButton) return KivoPlotWidget::mouseReleaseEvent(event);
+    DrawLineTo(event->position());
+    m_lineStart.reset();
+}
+
+void PlotWidget::ShowProfileLine(const std::optional<ProfileLine>& line) {
+    m_line = line;
+    m_marked.reset();
+    update();
+}
+
+void PlotWidget::MarkProfile(std::optional<double> distance) {
+    m_marked = distance;
+    update();
+}
+
+// In two colours, one of which is seen on whatever is below.
+void PlotWidget::paintEvent(QPaintEvent* event) {
+    KivoPlotWidget::paintEvent(event);
+    if (!m_line) return;
+    const double density = devicePixelRatioF();
+    const auto start = m_scene.PixelOf(m_line->x0, m_line->y0), end = m_scene.PixelOf(m_line->x1, m_line->y1);
+    if (!start || !end) return;
+    const QPointF from = QPointF(start->x, start->y) / density, to = QPointF(end->x, end->y) / density;
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (const QPen& pen : {QPen(Qt::white, 4.0), QPen(Qt::black, 2.0)}) {
+        painter.setPen(pen);
+        painter.drawLine(from, to);
+    }
+    painter.setBrush(Qt::black);
+    painter.setPen(QPen(Qt::white, 1.0));
+    painter.drawEllipse(from, 4.0, 4.0);
+    painter.drawEllipse(to, 4.0, 4.0);
+    if (!m_marked) return;
+    painter.setBrush(Qt::white);
+    painter.setPen(QPen(Qt::black, 2.0));
+    painter.drawEllipse(from + (to - from) * (*m_marked / m_line->Length()), 5.0, 5.0);
 }
 
 void PlotWidget::keyPressEvent(QKeyEvent* event) {

@@ -6,7 +6,9 @@
 
 #include <KivoPlotWidget.h>
 
+#include <functional>
 #include <memory>
+#include <optional>
 
 namespace KivoViewer {
 
@@ -29,17 +31,34 @@ public:
 
     QSize sizeHint() const override { return m_wantedSize; }
 
+    // ---- A line over the XY plot, by the left button without keys
+    /// A line has been drawn, or is being drawn.
+    std::function<void(const ProfileLine&)> profileDrawn;
+    void DrawProfiles(bool draws) { m_drawsProfiles = draws; }
+    void ShowProfileLine(const std::optional<ProfileLine>& line);
+    /// Marks a distance on the line.
+    void MarkProfile(std::optional<double> distance);
+
 protected:
+    void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
     PlotWidget(std::unique_ptr<ViewerPlotter> plotter, QWidget* parent);
     KivoDrawingTools::POINT ToDevice(const QPointF& position) const;
+    std::optional<PlanePoint> PlaceAt(const QPointF& position);
+    void DrawLineTo(const QPointF& position);
 
     PlotScene m_scene;
     QSize m_wantedSize;
+    bool m_drawsProfiles = false;
+    std::optional<ProfileLine> m_line;     ///< shown over the plot
+    std::optional<double> m_marked;        ///< distance on it
+    std::optional<PlanePoint> m_lineStart; ///< of the line that is being drawn
 };
 
 } // namespace KivoViewer

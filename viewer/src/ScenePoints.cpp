@@ -1,8 +1,11 @@
 // PlotScene: curves and measure points.
+#include "Failure.h"
 #include "PlotScene.h"
 
 #include <KivoPoints.h>
+#include <KivoWindow.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <iterator>
 
@@ -13,6 +16,7 @@ namespace {
 constexpr Color curveColors[] = {{255, 0, 0}, {0, 0, 0},     {255, 0, 255},
                                  {0, 96, 0},  {255, 128, 0}, {0, 0, 160}};
 constexpr float curveWidth = 2.0f;
+constexpr std::size_t mostPointNames = 5000; // each is a picture of its own
 
 } // namespace
 
@@ -43,6 +47,23 @@ void PlotScene::AddMeasureGroup(const PointFile& file) {
     m_groups.push_back({file, Differences(file)});
     m_plotter.AddMeasurePoints(static_cast<unsigned int>(file.Count()), 3, m_groups.back().differences.data(),
                                file.name.c_str());
+    if (m_settings.namesPoints) ApplyPointNames();
+}
+
+// Of a group that is one of several in a file, the points have its name in common.
+void PlotScene::ApplyPointNames() {
+    std::size_t left = mostPointNames;
+    unsigned int index = 0;
+    for (const MeasurePoints& group : m_groups) {
+        std::vector<std::string> names;
+        if (m_settings.namesPoints) names = group.file.labels;
+        if (m_settings.namesPoints && names.empty() && !group.file.group.empty())
+            names.assign(group.file.Count(), group.file.group);
+        names.resize(std::min(names.size(), left));
+        left -= names.size();
+        if (SetMeasurePointNames(m_plotter, index++, names) != 0)
+            throw Failure(std::string("cannot draw: ") + KivoDrawingTools::LastWindowError());
+    }
 }
 
 std::vector<PointSet> PlotScene::PointSets() {

@@ -84,7 +84,7 @@ std::optional<Color> ParseSurfaceColor(const std::string& text) {
 }
 
 PlotScene::ShownSurface PlotScene::ShownOf(const GridData& grid) {
-    ShownSurface shown = {{}, grid.ColumnCount(), grid.RowCount(), 0.0, 0.0};
+    ShownSurface shown = {{}, grid.ColumnCount(), grid.RowCount(), 0.0, 0.0, {}};
     shown.entry.name = OneLine(grid.title);
     shown.entry.path = grid.path;
     shown.entry.reading = grid.reading;
@@ -110,6 +110,10 @@ void PlotScene::AddSurface(const GridData& grid, const SurfaceLooks& looks) {
     const std::vector<float> points = PointsOf(grid, m_origin);
     ShownSurface shown = ShownOf(grid);
     shown.entry.looks = looks;
+    shown.grid.x = grid.x;
+    shown.grid.y = grid.y;
+    shown.grid.z = grid.z;
+    std::copy_n(grid.origin, 3, shown.grid.origin);
     m_surfaces.reserve(m_surfaces.size() + 1); // afterwards nothing may fail
     const KivoDrawingTools::SKivoView view = View();
     const auto columns = static_cast<unsigned int>(shown.columns);

@@ -135,6 +135,14 @@ void AddContourLevels(Table& table) {
                     &PlotScene::ApplySwitches};
     fill.key = "I";
     table.push_back(fill);
+    Setting label = {"Contours",
+                     "label-contours",
+                     "Label contours",
+                     "Values at the contours of the flat plot of XY",
+                     SettingField(&Plot::labelsContours),
+                     &PlotScene::ApplySwitches};
+    label.key = "V";
+    table.push_back(label);
 }
 
 void AddLines(Table& table) {
@@ -270,6 +278,14 @@ void AddShape(Table& table) {
         true};
     exaggeration.isNotNegative = true;
     table.push_back(exaggeration);
+    Setting words = {"View",
+                     "show-exaggeration",
+                     "Exaggeration in the title",
+                     "How many times as long Z is drawn as X and Y, behind the title of the plot",
+                     SettingField(&Plot::showsExaggeration),
+                     &PlotScene::ApplyTitles};
+    words.key = "E";
+    table.push_back(words);
 }
 
 void AddHand(Table& table) {
@@ -327,6 +343,14 @@ void AddView(Table& table) {
     table.push_back({Translate("Settings", "View"), "point-size", Translate("Settings", "Point size"),
                      Translate("Settings", "Radius of measure points in pixels"),
                      SettingField(&Plot::pointSize), &PlotScene::ApplySwitches, false, 1, maxPointSize});
+    Setting names = {"View",
+                     "point-labels",
+                     "Names of points",
+                     "Names beside measure points, as far as their file has them",
+                     SettingField(&Plot::namesPoints),
+                     &PlotScene::ApplyPointNames};
+    names.key = "M";
+    table.push_back(names);
 }
 
 Table MakeTable() {

@@ -11,6 +11,7 @@
 #include "PictureFile.h"
 #include "PictureMode.h"
 #include "Preferences.h"
+#include "ProfileMode.h"
 #include "Sample.h"
 #include "Session.h"
 #include "SettingTable.h"
@@ -101,8 +102,9 @@ int Run(int argc, char** argv) {
     }
     const Content content = LoadContent(options, ReadSample);
     TellNotes(content);
-    if (options.picture.empty()) return RunWindow(argv[0], content, options);
-    WritePicture(content, options);
+    if (options.picture.empty() && options.profileTable.empty()) return RunWindow(argv[0], content, options);
+    if (!options.profileTable.empty()) WriteTextFile(options.profileTable, ProfileText(content, options));
+    if (!options.picture.empty()) WritePicture(content, options);
     return 0;
 }
 
