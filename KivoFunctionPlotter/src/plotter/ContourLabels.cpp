@@ -83,9 +83,10 @@ std::vector<ContourLabel> ContourAccess::Words(const CKivoFunctionPlotter& plott
 
 // False where a text that says something cannot be drawn.
 bool ContourAccess::MakeLabels(CKivoFunctionPlotter& plotter) {
-    NewLabels made;
-    made.ofLevel = Words(plotter);
+    std::vector<ContourLabel> words = Words(plotter);
     const ContextInPlace context(plotter.m_hDC, plotter.m_hGLRC);
+    NewLabels made; // gone before the context is
+    made.ofLevel.swap(words);
     if (!plotter.m_contourLabels.labels) return true; // a host has switched them off while it was asked
     if (plotter.m_hGLRC && !context.IsCurrent()) return false;
     bool areDrawn = true;

@@ -639,10 +639,10 @@ void CKivoFunctionPlotter::DrawNormalPlot() {
     }
 
     glDisable(GL_LIGHTING);
+    PointAccess::DrawNames(*this);
     glDisable(GL_DEPTH_TEST);
     RenderPlotName();
     glDisable(GL_LIGHTING); // the title's quad leaves it on, and the bar shows the gradient's own colours
-    PointAccess::DrawNames(*this);
     RenderTraceLegend();
     if (m_zColorRuler) m_zColorRuler->Render(m_legendViewport, m_legendViewVolume);
     if (m_hasGroupNames) RenderGroupNames(false);

@@ -17,7 +17,8 @@ struct PointAccess {
                         const std::vector<std::string>& names);
     /// Adds where a frame has names, and the points that they belong to.
     static void AddPlaces(const CKivoFunctionPlotter& plotter, std::vector<PlacedImage>* places);
-    /// Draws the names of points, on a pale ground; depth and light have to be off.
+    /// Draws the names of points, on a pale ground, unlit. Where depth is tested, what hides a point hides
+    /// its name.
     static void DrawNames(const CKivoFunctionPlotter& plotter) noexcept;
 
 private:
@@ -28,7 +29,7 @@ private:
                                               const std::vector<NamedPoint>& points);
     static std::vector<PlacedImage> Markers(const CKivoFunctionPlotter& plotter,
                                             const std::vector<NamedPoint>& points);
-    static void DrawGround(const CKivoFunctionPlotter& plotter, const PlacedImage& place);
+    static void DrawGround(const CKivoFunctionPlotter& plotter, const PlacedName& name);
 };
 
 } // namespace KivoDrawingTools

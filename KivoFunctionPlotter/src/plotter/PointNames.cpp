@@ -53,11 +53,13 @@ bool IsInWindow(const PlacedImage& place, ScreenVector size) {
 
 struct PointAccess::NamedPoint {
     ScreenVector at;
+    double nearness; ///< of its name
     const SKivoTexImage* name;
 };
 
 struct PointAccess::PlacedName {
     PlacedImage place;
+    double nearness;
     const SKivoTexImage* image;
 };
 
@@ -81,7 +83,8 @@ int PointAccess::SetNames(CKivoFunctionPlotter& plotter, unsigned int index,
     return 0;
 }
 
-// Those in the window, in the order of groups and points.
+// Those in the window, in the order of groups and points. A name faces the viewer: what it is brought forward
+// by keeps a slope that the point lies on from cutting it.
 std::vector<PointAccess::NamedPoint> PointAccess::NamedPoints(const CKivoFunctionPlotter& plotter) {
     std::vector<NamedPoint> points;
     const SpaceOnScreen space = ScreenTexts::Space(plotter);
@@ -97,7 +100,10 @@ std::vector<PointAccess::NamedPoint> PointAccess::NamedPoints(const CKivoFunctio
             const ScreenVector at = space.At(static_cast<double>(point[0]), static_cast<double>(point[1]),
                                              static_cast<double>(point[2]));
             const bool isSeen = at.x >= 0.0 && at.x <= size.x && at.y >= 0.0 && at.y <= size.y;
-            if (isSeen) points.push_back({at, &name});
+            const double forward =
+                ScreenTexts::Pixels(plotter, 2.0 * ScreenTexts::SizeOf(plotter, name).height);
+            const double nearness = ScreenTexts::Nearness(plotter, point) + forward;
+            if (isSeen) points.push_back({at, std::min(nearness, 0.0), &name});
         }
     }
     return points;
@@ -132,7 +138,7 @@ std::vector<PointAccess::PlacedName> PointAccess::PlaceNames(const CKivoFunction
                 PlaceBeside(point.at, distance, ScreenTexts::SizeOf(plotter, *point.name), side);
             if (!IsInWindow(place, size) || MeetsAny(place, taken)) continue;
             taken.push_back(place);
-            placed.push_back({place, point.name});
+            placed.push_back({place, point.nearness, point.name});
             break;
         }
     return placed;
@@ -147,13 +153,13 @@ void PointAccess::AddPlaces(const CKivoFunctionPlotter& plotter, std::vector<Pla
 }
 
 // Lines and dark surfaces behind a name would make it illegible.
-void PointAccess::DrawGround(const CKivoFunctionPlotter& plotter, const PlacedImage& place) {
+void PointAccess::DrawGround(const CKivoFunctionPlotter& plotter, const PlacedName& name) {
     const float* const ground = plotter.m_backgroundColor;
     glColor4f(ground[0], ground[1], ground[2], groundOpacity);
     glBegin(GL_QUADS);
     for (const auto& [x, y] : {ScreenVector{-1, -1}, {1, -1}, {1, 1}, {-1, 1}}) {
-        const ScreenVector corner = place.Corner(x, y);
-        glVertex3d(corner.x, corner.y, 0.0);
+        const ScreenVector corner = name.place.Corner(x, y);
+        glVertex3d(corner.x, corner.y, name.nearness);
     }
     glEnd();
 }
@@ -164,12 +170,13 @@ void PointAccess::DrawNames(const CKivoFunctionPlotter& plotter) noexcept {
         const std::vector<PlacedName> placed = PlaceNames(plotter, NamedPoints(plotter));
         if (placed.empty()) return;
         const ScreenTexts::PixelScope pixels(plotter);
-        glPushAttrib(GL_COLOR_BUFFER_BIT | GL_ENABLE_BIT);
+        glPushAttrib(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT | GL_ENABLE_BIT);
+        glDepthMask(GL_FALSE); // a name and its ground have the same depth
         glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
         glEnable(GL_BLEND);
         for (const PlacedName& name : placed) {
-            DrawGround(plotter, name.place);
-            ScreenTexts::Draw(plotter, name.place, *name.image);
+            DrawGround(plotter, name);
+            ScreenTexts::Draw(plotter, name.place, *name.image, name.nearness);
         }
         glPopAttrib();
     } catch (...) { // no memory: a frame without names

@@ -11,8 +11,9 @@ namespace KivoDrawingTools {
 
 namespace {
 
-double PixelLength(const double* volume, const int* viewport, float scale) {
-    return (volume[1] - volume[0]) / viewport[2] * static_cast<double>(scale);
+// Before all that is drawn, but inside the volume.
+double NearestDepth(double nearPlane, double farPlane) {
+    return nearPlane + 0.001 * (farPlane - nearPlane);
 }
 
 } // namespace
@@ -20,8 +21,7 @@ double PixelLength(const double* volume, const int* viewport, float scale) {
 // As ApplyModelViewMatrix has it.
 SpaceOnScreen ScreenTexts::Space(const CKivoFunctionPlotter& plotter) {
     const double* const turned = plotter.m_rotationMatrix;
-    const double volume[] = {plotter.m_viewLeft, plotter.m_viewRight};
-    const double pixel = PixelLength(volume, plotter.m_plotViewport, plotter.m_pixelScale);
+    const double pixel = Pixels(plotter, 1.0);
     const double width = plotter.m_viewRight - plotter.m_viewLeft;
     const double height = plotter.m_viewTop - plotter.m_viewBottom;
     double origin[] = {width * plotter.m_panFractionX - plotter.m_viewLeft + turned[12],
@@ -36,6 +36,19 @@ SpaceOnScreen ScreenTexts::Space(const CKivoFunctionPlotter& plotter) {
     }
     space.origin = {origin[0] / pixel, origin[1] / pixel};
     return space;
+}
+
+double ScreenTexts::Pixels(const CKivoFunctionPlotter& plotter, double count) {
+    const double pixel = (plotter.m_viewRight - plotter.m_viewLeft) / plotter.m_plotViewport[2];
+    return pixel * static_cast<double>(plotter.m_pixelScale) * count;
+}
+
+double ScreenTexts::Nearness(const CKivoFunctionPlotter& plotter, const float* point) {
+    double nearness = plotter.m_rotationMatrix[14] + NearestDepth(plotter.m_viewNear, plotter.m_viewFar);
+    for (int k = 0; k < 3; ++k)
+        nearness += plotter.m_rotationMatrix[4 * k + 2] * plotter.m_axisScale[k] *
+                    (static_cast<double>(point[k]) + plotter.m_volumeTranslate[k]);
+    return nearness;
 }
 
 ScreenVector ScreenTexts::Size(const CKivoFunctionPlotter& plotter) {
@@ -64,9 +77,8 @@ std::vector<PlacedImage> ScreenTexts::Taken(const CKivoFunctionPlotter& plotter)
 }
 
 ScreenTexts::PixelScope::PixelScope(const CKivoFunctionPlotter& plotter) {
-    const double volume[] = {plotter.m_viewLeft, plotter.m_viewRight};
-    const double pixel = PixelLength(volume, plotter.m_plotViewport, plotter.m_pixelScale);
-    const double depth = plotter.m_viewNear + 0.001 * (plotter.m_viewFar - plotter.m_viewNear);
+    const double pixel = Pixels(plotter, 1.0);
+    const double depth = NearestDepth(plotter.m_viewNear, plotter.m_viewFar);
     glPushMatrix();
     glLoadIdentity();
     glTranslated(plotter.m_viewLeft, plotter.m_viewBottom, -depth);
@@ -74,8 +86,9 @@ ScreenTexts::PixelScope::PixelScope(const CKivoFunctionPlotter& plotter) {
 }
 
 void ScreenTexts::Draw(const CKivoFunctionPlotter& plotter, const PlacedImage& place,
-                       const SKivoTexImage& image) {
-    const float center[] = {static_cast<float>(place.center.x), static_cast<float>(place.center.y), 0.0f};
+                       const SKivoTexImage& image, double nearness) {
+    const float center[] = {static_cast<float>(place.center.x), static_cast<float>(place.center.y),
+                            static_cast<float>(nearness)};
     const float right[] = {static_cast<float>(place.right.x), static_cast<float>(place.right.y), 0.0f};
     const float up[] = {static_cast<float>(place.up.x), static_cast<float>(place.up.y), 0.0f};
     const double size = screenTextSize / static_cast<double>(plotter.m_pixelScale);

@@ -26,9 +26,14 @@ struct ScreenTexts {
     static TextImageSize SizeOf(const CKivoFunctionPlotter& plotter, const SKivoTexImage& image);
     /// What a plot shows beside its data, as far as the frame has drawn it.
     static std::vector<PlacedImage> Taken(const CKivoFunctionPlotter& plotter);
+    /// How near a point is to the viewer, as the third coordinate in a PixelScope; there 0 is before
+    /// everything.
+    static double Nearness(const CKivoFunctionPlotter& plotter, const float* point);
+    /// A length of so many pixels in the same units.
+    static double Pixels(const CKivoFunctionPlotter& plotter, double count);
     /// Draws a text, which a PixelScope has to be around.
     static void Draw(const CKivoFunctionPlotter& plotter, const PlacedImage& place,
-                     const SKivoTexImage& image);
+                     const SKivoTexImage& image, double nearness = 0.0);
 
     /// Has coordinates in these pixels for its life; what is drawn is nearer than the data.
     class PixelScope {

@@ -2,6 +2,7 @@
 #include "KivoContours.h"
 #include "KivoPicture.h"
 #include "KivoPoints.h"
+#include "KivoView.h"
 #include "support/Image.h"
 #include "support/PlotterProbe.h"
 #include "support/TestSurfaces.h"
@@ -120,6 +121,21 @@ TEST_P(PointNames, AreShownWhereTheirGroupIs) {
     plotter.SwitchToXYProjectPlot();
     ShowPointsInFlatPlots(plotter, false);
     EXPECT_FALSE(differs());
+}
+
+TEST_P(PointNames, AreHiddenWithTheirPoints) {
+    plotter.SwitchToNormalPlot();
+    SetViewAngles(plotter, 45.0, 90.0);
+    const auto isSeen = [this](float z) {
+        points[2] = z;
+        SetMeasurePointNames(plotter, 0, {});
+        without = CaptureImage(plotter);
+        SetMeasurePointNames(plotter, 0, {"B 12"});
+        return !DifferenceOf(CaptureImage(plotter), without).IsEmpty();
+    };
+    EXPECT_TRUE(isSeen(2.0f));
+    EXPECT_TRUE(isSeen(0.0f)) << "on the surface";
+    EXPECT_FALSE(isSeen(-2.5f)) << "below it, seen from above";
 }
 
 TEST_P(PointNames, AreRefusedWithoutAGroup) {
