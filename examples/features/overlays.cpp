@@ -3,6 +3,7 @@
 #include "SampleGrids.h"
 
 #include <KivoLegend.h>
+#include <KivoPoints.h>
 
 #include <cmath>
 #include <cstdio>
@@ -49,6 +50,14 @@ void GroupNames(CKivoFunctionPlotter& plotter) {
     // [docs: end]
 }
 
+void PointNames(CKivoFunctionPlotter& plotter) {
+    MeasurePoints(plotter);
+    // [docs: point-names]
+    SetMeasurePointNames(plotter, 0, {"low", "middle", "high"});
+    SetMeasurePointNames(plotter, 1, {"A1", "A2", "B1", "B2"});
+    // [docs: end]
+}
+
 void Traced(CKivoFunctionPlotter& plotter) {
     // [docs: trace]
     FitReadOutDigits(plotter, true); // no more digits than the ranges need, and no less
@@ -65,5 +74,6 @@ const std::vector<FeaturePicture> overlayPictures = {
     {"curve", Curve},
     {"measure-points", MeasurePoints},
     {"group-names", GroupNames},
+    {"point-names", PointNames},
     {"trace", Traced},
 };

@@ -2,6 +2,7 @@
 #include "FeaturePicture.h"
 #include "SampleGrids.h"
 
+#include <KivoContours.h>
 #include <KivoPicture.h>
 #include <KivoStyle.h>
 #include <KivoView.h>
@@ -16,6 +17,15 @@ namespace {
 
 void XyPlot(CKivoFunctionPlotter& plotter) {
     // [docs: xy-plot]
+    plotter.SwitchToXYProjectPlot();
+    // [docs: end]
+}
+
+void LabeledContours(CKivoFunctionPlotter& plotter) {
+    // [docs: labeled-contours]
+    SetContourInterval(plotter, 2, 2.5);
+    FillContours(plotter, true);
+    LabelContours(plotter, true);
     plotter.SwitchToXYProjectPlot();
     // [docs: end]
 }
@@ -226,6 +236,7 @@ void Unchanged(CKivoFunctionPlotter&) {}
 
 const std::vector<FeaturePicture> viewPictures = {
     {"xy-plot", XyPlot},
+    {"labeled-contours", LabeledContours},
     {"yz-plot", YzPlot},
     {"xz-plot", XzPlot},
     {"turned", Turned},

@@ -1,4 +1,5 @@
-// Contours at chosen levels, points in flat plots, and what is cut at the axes.
+// Contours at chosen levels and their values, points in flat plots and their names, and what is cut at the
+// axes.
 #include "Bindings.h"
 
 #include <KivoAxis.h>
@@ -33,11 +34,15 @@ void BindContours(Members& members) {
              "interval"_a, "base"_a = 0.0)
         .Add("FillContours", Told("fill_contours", &Kivo::FillContours), "fill"_a)
         .Add("AreContoursFilled", Asked(&Kivo::AreContoursFilled))
+        .Add("LabelContours", Told("label_contours", &Kivo::LabelContours), "label"_a)
+        .Add("AreContoursLabeled", Asked(&Kivo::AreContoursLabeled))
         .Add("RemoveCurve", Told("remove_curve", &Kivo::RemoveCurve), "index"_a)
         .Add("RemoveMeasureGroup", Told("remove_measure_group", &Kivo::RemoveMeasureGroup), "index"_a)
         .Add("ShowPointsInFlatPlots", Told("show_points_in_flat_plots", &Kivo::ShowPointsInFlatPlots),
              "show"_a)
         .Add("ArePointsInFlatPlots", Asked(&Kivo::ArePointsInFlatPlots))
+        .Add("SetMeasurePointNames", Told("set_measure_point_names", &Kivo::SetMeasurePointNames), "index"_a,
+             "names"_a)
         .Add("CutToAxis", Told("cut_to_axis", &Kivo::CutToAxis), "axis"_a, "cut"_a)
         .Add("IsCutToAxis", Asked(&Kivo::IsCutToAxis), "axis"_a)
         .Add("ReadOutNumber", Asked(&Kivo::ReadOutNumber), "axis"_a, "number"_a);

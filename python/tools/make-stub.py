@@ -40,7 +40,7 @@ def typed(signature):
     for old, new in ARGUMENTS.items():
         arguments = re.sub(rf'\b{re.escape(old)}(?![\w\[])', new, arguments)
     arguments = re.sub(r'\bself: [\w.]+', 'self', arguments)
-    arguments = re.sub(r'List\[(\w+)\[\d+\]\]', r'Sequence[\1]', arguments).replace('*args', '*args: Any')
+    arguments = re.sub(r'List\[(\w+)(?:\[\d+\])?\]', r'Sequence[\1]', arguments).replace('*args', '*args: Any')
     result = RESULTS.get(name, result).replace('numpy.ndarray[numpy.uint8]', 'npt.NDArray[np.uint8]')
     result = re.sub(r'List\[(\w+)(\[\d+\])?\]', r'list[\1]', result)
     text = f'{arguments} -> {result}'.replace('Tuple[', 'tuple[').replace('kivoplot._kivoplot.', '')
