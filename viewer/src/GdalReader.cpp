@@ -108,8 +108,51 @@ private:
     }
 };
 
-std::vector<double> ReadValues(GDALRasterBandH band, const GridWindow& window, const std::string& path,
-                               const Progress& progress) {
+// What GDAL leaves points out of it decompresses on one core, and whole rows of blocks on all of them. The
+// values are the same.
+// @return the height of the blocks of a raster for which this pays, else 0
+int HeightOfPackedBlocks(GDALDatasetH dataset, GDALRasterBandH band, const GridWindow& window) {
+    constexpr double mostCells = 32e6; // in memory
+    int width = 0, height = 0;
+    GDALGetBlockSize(band, &width, &height);
+    const bool isPacked = GDALGetMetadataItem(dataset, "COMPRESSION", "IMAGE_STRUCTURE") != nullptr &&
+                          GDALGetDescription(GDALGetDatasetDriver(dataset)) == std::string_view("GTiff");
+    const bool isDense = height >= static_cast<int>(window.rows.step) &&
+                         static_cast<double>(height) * static_cast<double>(window.columns.count) < mostCells;
+    return window.IsReduced() && isPacked && isDense && GDALGetOverviewCount(band) == 0 ? height : 0;
+}
+
+// @param Number  holds all values of the type
+template <typename Number>
+std::vector<double> ReadRowsOfBlocks(GDALRasterBandH band, GDALDataType type, std::size_t height,
+                                     const GridWindow& window, const std::string& path,
+                                     const Progress& progress) {
+    const Meaning meaning(band);
+    const GridSpan &columns = window.columns, &rows = window.rows;
+    const int width = static_cast<int>(columns.count);
+    std::vector<Number> cells(columns.count * height);
+    std::vector<double> z;
+    z.reserve(window.Size());
+    const std::size_t end = rows.first + rows.count;
+    for (std::size_t first = rows.first, next; first < end; first = next) {
+        Report(progress, static_cast<double>(first - rows.first) / static_cast<double>(rows.count));
+        next = std::min((first / height + 1) * height, end);
+        const int count = static_cast<int>(next - first);
+        if (GDALRasterIO(band, GF_Read, static_cast<int>(columns.first), static_cast<int>(first), width,
+                         count, cells.data(), width, count, type, 0, 0) != CE_None)
+            Fail(path);
+        for (std::size_t row = first; row < next; ++row) {
+            const Number* const values = cells.data() + (row - first) * columns.count;
+            for (std::size_t i = 0; rows.Has(row) && i < columns.Size(); ++i)
+                z.push_back(meaning.ValueOf(static_cast<double>(values[columns.At(i) - columns.first])));
+        }
+    }
+    Report(progress, 1.0);
+    return z;
+}
+
+std::vector<double> ReadSparsely(GDALRasterBandH band, const GridWindow& window, const std::string& path,
+                                 const Progress& progress) {
     constexpr int rowsAtOnce = 32;
     const Meaning meaning(band);
     const int step = static_cast<int>(window.columns.step);
@@ -131,6 +174,16 @@ std::vector<double> ReadValues(GDALRasterBandH band, const GridWindow& window, c
     }
     Report(progress, 1.0);
     return z;
+}
+
+std::vector<double> ReadValues(GDALDatasetH dataset, int number, const GridWindow& window,
+                               const std::string& path, const Progress& progress) {
+    GDALRasterBandH const band = GDALGetRasterBand(dataset, number);
+    const auto height = static_cast<std::size_t>(HeightOfPackedBlocks(dataset, band, window));
+    if (height == 0) return ReadSparsely(band, window, path, progress);
+    if (GDALDataTypeIsConversionLossy(GDALGetRasterDataType(band), GDT_Float32))
+        return ReadRowsOfBlocks<double>(band, GDT_Float64, height, window, path, progress);
+    return ReadRowsOfBlocks<float>(band, GDT_Float32, height, window, path, progress);
 }
 
 // The parts of a file that GDAL opens one at a time, by the names that it gives them.
@@ -254,7 +307,7 @@ std::optional<GridData> ReadWithGdal(const std::string& path, const ReadOptions&
     };
     GridData grid = MakeGrid(path, centers(place.x, place.columnStep, window.columns),
                              centers(place.y, place.rowStep, window.rows),
-                             ReadValues(GDALGetRasterBand(dataset.get(), band), window, path, progress));
+                             ReadValues(dataset.get(), band, window, path, progress));
     grid.title = TitleOf(path);
     grid.note = NoteOn(dataset.get(), band, options.band > 0, window);
     return grid;

@@ -150,6 +150,33 @@ TEST_F(ViewerRasterTest, ReducesByOddSteps) {
     EXPECT_EQ(grid.ColumnCount(), 1818U);
 }
 
+// Packed blocks are read in another way, and give the same.
+TEST_F(ViewerRasterTest, ReducesPackedBlocksAlike) {
+    const auto hills = [](int column, int row, int band) {
+        return column % 7 == 0 ? -1.0f
+                               : static_cast<float>(band) + 0.1f * static_cast<float>(row * 131 + column);
+    };
+    WriteGeoTiff(Path("plain.tif"), 130, 99, 2, hills);
+    WriteGeoTiff(Path("packed.tif"), 130, 99, 2, hills,
+                 {"TILED=YES", "BLOCKXSIZE=32", "BLOCKYSIZE=16", "COMPRESS=DEFLATE"});
+    for (const std::optional<Region>& region :
+         {std::optional<Region>(), std::optional<Region>(Region{1100, 2000, 4100, 4900})}) {
+        ReadOptions options;
+        options.band = 2;
+        options.region = region;
+        options.mostPoints = 600;
+        const GridData plain = ReadGridFile(Path("plain.tif"), {}, options);
+        EXPECT_EQ(plain.note, region ? "every 7th of 90 x 80 points" : "every 11th of 130 x 99 points");
+        const GridData packed = ReadGridFile(Path("packed.tif"), {}, options);
+        EXPECT_EQ(packed.note, plain.note);
+        EXPECT_TRUE(AreSame(packed.z, plain.z));
+        EXPECT_TRUE(AreSame(packed.x, plain.x));
+        EXPECT_EQ(packed.z[0], hills(region ? 13 : 5, region ? 83 : 93, 2));
+        const auto stop = [](double share) { return share == 0.0; };
+        EXPECT_THROW(ReadGridFile(Path("packed.tif"), stop, options), Cancelled);
+    }
+}
+
 } // namespace
 
 #endif
