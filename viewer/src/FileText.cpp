@@ -15,7 +15,6 @@ namespace KivoViewer {
 
 namespace {
 
-constexpr std::size_t maxFileSize = std::size_t{1} << 30;
 constexpr std::size_t blockSize = std::size_t{1} << 20;
 
 // Reads up to count bytes.

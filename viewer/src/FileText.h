@@ -11,7 +11,10 @@ namespace KivoViewer {
 /// What stands for the standard input in place of a file's name.
 constexpr const char* standardInput = "-";
 
-/// The bytes of a file of at most 1 GiB, or of the standard input. Throws a Failure that names the file, or
+/// The most bytes of a file that are read into memory: 1 GiB.
+constexpr std::size_t maxFileSize = std::size_t{1} << 30;
+
+/// The bytes of a file of at most that size, or of the standard input. Throws a Failure that names the file, or
 /// Cancelled.
 std::string ReadFileText(const std::string& path, const Progress& progress = {});
 

@@ -79,13 +79,21 @@ bool BeginsWithRow(const std::vector<std::vector<double>>& rows) {
         {points, matrix});
 }
 
+// Larger files than we take into memory GDAL reads row by row, where it knows the format.
+bool IsTooLarge(const std::filesystem::path& path) {
+    std::error_code error;
+    const auto size = std::filesystem::file_size(path, error);
+    return !error && size > maxFileSize;
+}
+
 // Of a pipe the start is not there a second time. What is no file may be a name that GDAL gives to a part of
 // one.
 bool IsForGdal(const std::string& path) {
     std::error_code error;
     const std::filesystem::file_status status = std::filesystem::status(path, error);
     if (!std::filesystem::exists(status)) return path.find(':') != std::string::npos;
-    return std::filesystem::is_regular_file(status) && IsForeign(ReadFileStart(path, startSize));
+    return std::filesystem::is_regular_file(status) &&
+           (IsTooLarge(path) || IsForeign(ReadFileStart(path, startSize)));
 }
 
 // Too many points to be kept: of a grid in order some rows and columns.

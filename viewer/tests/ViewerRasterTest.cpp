@@ -7,6 +7,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <filesystem>
 #include <fstream>
 #include <string>
 #include <vector>
@@ -175,6 +177,32 @@ TEST_F(ViewerRasterTest, ReducesPackedBlocksAlike) {
         const auto stop = [](double share) { return share == 0.0; };
         EXPECT_THROW(ReadGridFile(Path("packed.tif"), stop, options), Cancelled);
     }
+}
+
+// A Surfer grid of 1.2 GB, of which the disk holds nothing but the beginning.
+TEST_F(ViewerRasterTest, ReadsWhatExceedsTheMemoryByGdal) {
+    constexpr std::uint32_t side = 12500;
+    std::ofstream file(Path("huge.grd"), std::ios::binary);
+    const auto write = [&file](auto number) {
+        file.write(reinterpret_cast<const char*>(&number), sizeof number);
+    };
+    file << "DSRB";
+    for (const std::uint32_t number : {4U, 2U})
+        write(number);
+    file << "GRID";
+    for (const std::uint32_t number : {72U, side, side})
+        write(number);
+    for (const double number : {10.0, 20.0, 1.0, 1.0, 0.0, 9.0, 0.0, 1e38})
+        write(number);
+    file << "DATA";
+    write(side * side * 8U);
+    for (std::uint32_t i = 0; i < 10; ++i)
+        write(static_cast<double>(i));
+    file.close();
+    std::filesystem::resize_file(Path("huge.grd"), 112U + std::size_t{side} * side * 8U);
+    const GridData part = ReadRegion(Path("huge.grd"), {12, 15, 20, 21});
+    EXPECT_THAT(part.x, ElementsAre(12, 13, 14, 15));
+    EXPECT_THAT(part.z, ElementsAre(2, 3, 4, 5, 0, 0, 0, 0));
 }
 
 } // namespace
