@@ -18,7 +18,7 @@ kivo_test_packages=(
     wine wine64 g++-mingw-w64-x86-64
     python3-dev pybind11-dev python3-numpy python3-pil python3-pytest mypy python3-pyqt6 python3-tk python3-pil.imagetk
     python3-setuptools python3-wheel python3-pip python3-venv
-    dpkg-dev fakeroot file desktop-file-utils libxml2-utils abigail-tools valgrind python3)
+    dpkg-dev fakeroot file desktop-file-utils libxml2-utils abigail-tools valgrind locales python3)
 
 # What the benchmarks take on top of what the library takes; other libraries to compare with are optional.
 kivo_benchmark_packages=(libbenchmark-dev python3-matplotlib xvfb)

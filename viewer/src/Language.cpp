@@ -15,9 +15,7 @@ void ReplaceAll(std::string& text, std::string_view what, const std::string& val
 }
 
 std::string InEnglish(std::string text, int count) {
-    if (count < 0) return text;
-    ReplaceAll(text, "(s)", count == 1 ? "" : "s");
-    ReplaceAll(text, "%n", std::to_string(count));
+    if (count >= 0) ReplaceAll(text, "(s)", count == 1 ? "" : "s");
     return text;
 }
 
@@ -45,8 +43,10 @@ void SetDictionary(Dictionary wanted) {
 }
 
 std::string Translate(const char* context, const char* text, const char* comment, int count) {
-    const std::string found = dictionary ? dictionary(context, text, comment, count) : std::string();
-    return found.empty() ? InEnglish(text, count) : found;
+    std::string found = dictionary ? dictionary(context, text, comment, count) : std::string();
+    if (found.empty()) found = InEnglish(text, count);
+    if (count >= 0) ReplaceAll(found, "%n", std::to_string(count));
+    return found;
 }
 
 // In one go: a value may look like a place.

@@ -9,9 +9,9 @@
 
 namespace KivoViewer {
 
-/// Finds a text in another language; what it does not have is empty.
+/// Finds a text in another language, with %n as it is; what it does not have is empty.
 /// @param comment  tells texts of one context apart, or null
-/// @param count    of what %n in the text stands for; -1: of nothing
+/// @param count    that chooses among its plurals; -1: it has none
 using Dictionary =
     std::function<std::string(const char* context, const char* text, const char* comment, int count)>;
 

@@ -22,12 +22,14 @@
 #include <QMessageBox>
 #include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QStatusBar>
 #include <QTimer>
 #include <QUndoStack>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <cstddef>
 #include <utility>
 #include <vector>
@@ -225,6 +227,8 @@ void MainWindow::MakePanels() {
     m_panelArea->setWidgetResizable(true);
     m_panelArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_panelArea->setFocusPolicy(Qt::NoFocus);
+    const int bar = m_panelArea->verticalScrollBar()->sizeHint().width() + 2 * m_panelArea->frameWidth();
+    m_panelArea->setMinimumWidth(std::max(panelWidth, m_panel->LeastWidth() + bar));
     m_panelDock = MakeDock("settings", tr("Settings"), m_panelArea);
     m_surfaces = new SurfacesPanel(Scene(), {[this](const SurfaceEntry& surface) { ChangeSurface(surface); },
                                              [this](int number) { RemoveSurface(number); },
@@ -235,7 +239,7 @@ void MainWindow::MakePanels() {
 }
 
 QDockWidget* MainWindow::MakeDock(const char* name, const QString& title, QWidget* content) {
-    content->setMinimumWidth(panelWidth);
+    content->setMinimumWidth(std::max(panelWidth, content->minimumWidth()));
     auto* const dock = new QDockWidget(title, this);
     dock->setObjectName(name);
     dock->setWidget(content);

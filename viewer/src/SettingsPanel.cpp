@@ -19,6 +19,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -114,6 +115,15 @@ QWidget* SettingsPanel::OpenSection(const std::string& name) {
     return section.rows;
 }
 
+// Labels are as long as the language has them.
+int SettingsPanel::LeastWidth() const {
+    int width = 0;
+    for (const auto& [name, section] : m_sections)
+        width = std::max(width, section.rows->minimumSizeHint().width());
+    const QMargins margins = layout()->contentsMargins();
+    return width + margins.left() + margins.right();
+}
+
 // A heading that opens and closes what is below it.
 void SettingsPanel::AddSection(const std::string& name, bool isOpen) {
     auto* const heading = new QToolButton(this);
@@ -193,7 +203,10 @@ QWidget* SettingsPanel::MakeChoice(const Setting& setting) {
     const bool isOfColors = setting.name == "colors";
     for (const std::string& name : setting.choices)
         box->addItem(Words(WordForChoice(name)), Words(name));
-    if (isOfColors) box->setIconSize(SampleOf(std::vector<Color>()).size());
+    const QPixmap none = SampleOf(std::vector<Color>());
+    if (isOfColors) box->setIconSize(none.size());
+    for (int i = 0; i < box->count() && isOfColors; ++i)
+        box->setItemIcon(i, none); // as wide as it will be
     connect(box, &QComboBox::activated, this,
             [this, box, &setting] { Request(setting, box->currentData().toString().toStdString()); });
     m_refreshers.emplace_back([this, box, isOfColors, &setting] {
@@ -220,16 +233,16 @@ QWidget* SettingsPanel::MakeLine(const Setting& setting) {
 }
 
 QWidget* SettingsPanel::MakeColorButton(const Setting& setting) {
-    auto* const button = new QPushButton(this);
+    const QPixmap none = SampleOf(std::vector<Color>());
+    auto* const button = new QPushButton(none, "#000000", this); // as wide as it will be
+    button->setIconSize(none.size());
     connect(button, &QPushButton::clicked, this, [this, &setting] {
         const QColor before(Words(TextOf(setting, m_shown)));
         const QColor color = QColorDialog::getColor(before, this, Words(setting.help));
         if (color.isValid()) Request(setting, color.name().toStdString());
     });
     m_refreshers.emplace_back([this, button, &setting] {
-        const QPixmap sample = SampleOf({ParseColor(TextOf(setting, m_shown))});
-        button->setIconSize(sample.size());
-        button->setIcon(sample);
+        button->setIcon(SampleOf({ParseColor(TextOf(setting, m_shown))}));
         button->setText(Words(TextOf(setting, m_shown)));
         const bool isOfGradient = setting.name.find("gradient") != std::string::npos;
         button->setEnabled(!isOfGradient || m_shown.colors->name == "gradient"); // no table has ends

@@ -36,6 +36,8 @@ public:
     /// Opens a section and gives its first editor the keys.
     /// @return the section below its heading
     QWidget* OpenSection(const std::string& name);
+    /// That shows all of its labels and fields.
+    int LeastWidth() const;
 
 private:
     void AddSection(const std::string& name, bool isOpen);

@@ -748,11 +748,11 @@
     </message>
     <message>
         <source>Shift + either, or middle</source>
-        <translation>Umschalt + linke oder rechte, oder mittlere</translation>
+        <translation>Umschalt + Taste, oder mittlere</translation>
     </message>
     <message>
         <source>Ctrl + either</source>
-        <translation>Strg + linke oder rechte</translation>
+        <translation>Strg + Taste</translation>
     </message>
     <message>
         <source>Zoom: down enlarges, up shrinks</source>
@@ -776,7 +776,7 @@
     </message>
     <message>
         <source>Move, while tracing</source>
-        <translation>Bewegen, mit Punkt am Zeiger</translation>
+        <translation>Zeiger bewegen</translation>
     </message>
     <message>
         <source>Show the point of the surface under the pointer</source>
@@ -788,7 +788,7 @@
     </message>
     <message>
         <source>Open it; of several the others lie over the first</source>
-        <translation>Öffnen; von mehreren liegen die weiteren über der ersten</translation>
+        <translation>Öffnen; weitere liegen über der ersten</translation>
     </message>
     <message>
         <source>Shift + drop a file</source>
@@ -1225,7 +1225,7 @@
     </message>
     <message>
         <source>&amp;About</source>
-        <translation>&amp;Über</translation>
+        <translation>Ü&amp;ber</translation>
     </message>
     <message>
         <source>Tell what this program is</source>
@@ -1678,7 +1678,7 @@
     </message>
     <message>
         <source>A box of the same shape whatever the ranges of its axes</source>
-        <translation>Gleiche Form des Kastens, gleich welche Bereiche die Achsen haben</translation>
+        <translation>Form des Kastens unabhängig von den Bereichen der Achsen</translation>
     </message>
     <message>
         <source>Without a box of the same shape whatever the ranges of its axes</source>
@@ -1742,11 +1742,11 @@
     </message>
     <message>
         <source>Coordinates of the traced point with the digits that the axes need</source>
-        <translation>Koordinaten des Punktes am Zeiger mit den Stellen, die die Achsen brauchen</translation>
+        <translation>Koordinaten am Zeiger mit den Stellen, die die Achsen brauchen</translation>
     </message>
     <message>
         <source>Without coordinates of the traced point with the digits that the axes need</source>
-        <translation>Koordinaten des Punktes am Zeiger mit drei Nachkommastellen</translation>
+        <translation>Koordinaten am Zeiger mit drei Nachkommastellen</translation>
     </message>
     <message>
         <source>Point size</source>

@@ -46,7 +46,7 @@ std::vector<xcb_window_t> Desktop::ChildrenOf(xcb_window_t window) const {
 
 std::string Desktop::TitleOf(xcb_window_t window) const {
     constexpr std::uint32_t longest = 64; // in units of four bytes
-    for (const xcb_atom_t property : {xcb_atom_t{XCB_ATOM_WM_NAME}, Atom("_NET_WM_NAME")}) {
+    for (const xcb_atom_t property : {Atom("_NET_WM_NAME"), xcb_atom_t{XCB_ATOM_WM_NAME}}) {
         const auto cookie = xcb_get_property(m_connection, 0, window, property, XCB_ATOM_ANY, 0, longest);
         const Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(m_connection, cookie, nullptr));
         if (!reply || xcb_get_property_value_length(reply.get()) == 0) continue;
