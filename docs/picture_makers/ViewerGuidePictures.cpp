@@ -55,6 +55,11 @@ TEST_F(GuidePictures, Surfaces) {
     KeepWindow("surfaces");
 }
 
+TEST_F(GuidePictures, Language) {
+    Begin({"--z-contours", "--language", "ja"});
+    KeepWindow("japanese");
+}
+
 TEST_F(GuidePictures, Keys) {
     Begin({});
     Press(f1Key);
