@@ -23,136 +23,67 @@ void AddToggles(MenuTable& table, const std::string& menu, const std::vector<std
     }
 }
 
+void AddEntry(MenuTable& table, const std::string& menu, const std::string& label, const char* key,
+              const std::string& help, Command command) {
+    table.push_back({menu, label, key, help, command, {}});
+}
+
 void AddFileMenu(MenuTable& table) {
     const std::string menu = Translate("Menu", "&File");
-    table.push_back({menu,
-                     Translate("Menu", "&Open..."),
-                     "Ctrl+O",
-                     Translate("Menu", "Open a grid of points, or a session"),
-                     Command::open,
-                     {}});
-    table.push_back({menu,
-                     Translate("Menu", "Open &recent"),
-                     {},
-                     Translate("Menu", "Open a grid from before"),
-                     Command::openRecent,
-                     {}});
+    AddEntry(table, menu, Translate("Menu", "&Open..."), "Ctrl+O",
+             Translate("Menu", "Open a grid of points, or a session"), Command::open);
+    AddEntry(table, menu, Translate("Menu", "Open &recent"), "", Translate("Menu", "Open a grid from before"),
+             Command::openRecent);
     AddLine(table);
-    table.push_back({menu,
-                     Translate("Menu", "Add sur&face..."),
-                     "Ctrl+L",
-                     Translate("Menu", "Lay other grids of points over the one that is shown"),
-                     Command::addSurface,
-                     {}});
-    table.push_back({menu,
-                     Translate("Menu", "Su&btract a grid..."),
-                     "Ctrl+Shift+L",
-                     Translate("Menu", "Show by how much the first surface differs from another grid"),
-                     Command::subtract,
-                     {}});
-    table.push_back({menu,
-                     Translate("Menu", "Add measure &points..."),
-                     "Ctrl+M",
-                     Translate("Menu", "Add measure points"),
-                     Command::addPoints,
-                     {}});
-    table.push_back({menu,
-                     Translate("Menu", "Add &curves..."),
-                     "Ctrl+U",
-                     Translate("Menu", "Add curves"),
-                     Command::addCurves,
-                     {}});
+    AddEntry(table, menu, Translate("Menu", "Add sur&face..."), "Ctrl+L",
+             Translate("Menu", "Lay other grids of points over the one that is shown"), Command::addSurface);
+    AddEntry(table, menu, Translate("Menu", "Su&btract a grid..."), "Ctrl+Shift+L",
+             Translate("Menu", "Show by how much the first surface differs from another grid"),
+             Command::subtract);
+    AddEntry(table, menu, Translate("Menu", "Add measure &points..."), "Ctrl+M",
+             Translate("Menu", "Add measure points"), Command::addPoints);
+    AddEntry(table, menu, Translate("Menu", "Add &curves..."), "Ctrl+U", Translate("Menu", "Add curves"),
+             Command::addCurves);
     AddLine(table);
-    table.push_back({menu,
-                     Translate("Menu", "Sa&ve session..."),
-                     "Ctrl+Shift+S",
-                     Translate("Menu", "Save files, settings and view, to be opened again"),
-                     Command::saveSession,
-                     {}});
-    table.push_back({menu,
-                     Translate("Menu", "Read a&gain"),
-                     "F5",
-                     Translate("Menu", "Read the files again"),
-                     Command::reload,
-                     {}});
-    table.push_back({menu,
-                     Translate("Menu", "Read &as..."),
-                     "Ctrl+Shift+O",
-                     Translate("Menu", "See the first lines of the file, and choose how it is read"),
-                     Command::readAs,
-                     {}});
-    table.push_back({menu,
-                     Translate("Menu", "&Watch files"),
-                     {},
-                     Translate("Menu", "Read files again when they change"),
-                     Command::watchFiles,
-                     {}});
+    AddEntry(table, menu, Translate("Menu", "Sa&ve session..."), "Ctrl+Shift+S",
+             Translate("Menu", "Save files, settings and view, to be opened again"), Command::saveSession);
+    AddEntry(table, menu, Translate("Menu", "Read a&gain"), "F5", Translate("Menu", "Read the files again"),
+             Command::reload);
+    AddEntry(table, menu, Translate("Menu", "Read &as..."), "Ctrl+Shift+O",
+             Translate("Menu", "See the first lines of the file, and choose how it is read"),
+             Command::readAs);
+    AddEntry(table, menu, Translate("Menu", "&Watch files"), "",
+             Translate("Menu", "Read files again when they change"), Command::watchFiles);
     AddLine(table);
-    table.push_back({menu,
-                     Translate("Menu", "&Save picture..."),
-                     "Ctrl+S",
-                     Translate("Menu", "Save the plot as a picture of any size"),
-                     Command::savePicture,
-                     {}});
-    table.push_back({menu,
-                     Translate("Menu", "Cop&y picture"),
-                     "Ctrl+C",
-                     Translate("Menu", "Copy the plot to the clipboard"),
-                     Command::copyPicture,
-                     {}});
-    table.push_back({menu,
-                     Translate("Menu", "Pr&int..."),
-                     "Ctrl+P",
-                     Translate("Menu", "Print the plot"),
-                     Command::print,
-                     {}});
+    AddEntry(table, menu, Translate("Menu", "&Save picture..."), "Ctrl+S",
+             Translate("Menu", "Save the plot as a picture of any size"), Command::savePicture);
+    AddEntry(table, menu, Translate("Menu", "Cop&y picture"), "Ctrl+C",
+             Translate("Menu", "Copy the plot to the clipboard"), Command::copyPicture);
+    AddEntry(table, menu, Translate("Menu", "Pr&int..."), "Ctrl+P", Translate("Menu", "Print the plot"),
+             Command::print);
     AddLine(table);
-    table.push_back({menu,
-                     Translate("Menu", "&Quit"),
-                     "Ctrl+Q",
-                     Translate("Menu", "End the program"),
-                     Command::quit,
-                     {}});
+    AddEntry(table, menu, Translate("Menu", "&Quit"), "Ctrl+Q", Translate("Menu", "End the program"),
+             Command::quit);
 }
 
 void AddPlotMenu(MenuTable& table) {
     const std::string menu = Translate("Menu", "&Plot");
-    table.push_back({menu,
-                     Translate("Menu", "&3-D plot"),
-                     "0",
-                     Translate("Menu", "Show the 3-D plot"),
-                     Command::normalPlot,
-                     {}});
-    table.push_back({menu,
-                     Translate("Menu", "&XY projection"),
-                     "1",
-                     Translate("Menu", "Show the flat plot of XY"),
-                     Command::xyPlot,
-                     {}});
-    table.push_back({menu,
-                     Translate("Menu", "&YZ projection"),
-                     "2",
-                     Translate("Menu", "Show the flat plot of YZ"),
-                     Command::yzPlot,
-                     {}});
-    table.push_back({menu,
-                     Translate("Menu", "X&Z projection"),
-                     "3",
-                     Translate("Menu", "Show the flat plot of XZ"),
-                     Command::xzPlot,
-                     {}});
+    AddEntry(table, menu, Translate("Menu", "&3-D plot"), "0", Translate("Menu", "Show the 3-D plot"),
+             Command::normalPlot);
+    AddEntry(table, menu, Translate("Menu", "&XY projection"), "1",
+             Translate("Menu", "Show the flat plot of XY"), Command::xyPlot);
+    AddEntry(table, menu, Translate("Menu", "&YZ projection"), "2",
+             Translate("Menu", "Show the flat plot of YZ"), Command::yzPlot);
+    AddEntry(table, menu, Translate("Menu", "X&Z projection"), "3",
+             Translate("Menu", "Show the flat plot of XZ"), Command::xzPlot);
     AddLine(table);
     AddToggles(table, menu, {"inverse-x", "inverse-y", "inverse-z"});
 }
 
 void AddViewMenu(MenuTable& table) {
     const std::string menu = Translate("Menu", "&View");
-    table.push_back({menu,
-                     Translate("Menu", "&Reset view"),
-                     "Home",
-                     Translate("Menu", "Undo turning, moving and zooming"),
-                     Command::resetView,
-                     {}});
+    AddEntry(table, menu, Translate("Menu", "&Reset view"), "Home",
+             Translate("Menu", "Undo turning, moving and zooming"), Command::resetView);
     AddLine(table);
     AddToggles(
         table, menu,
@@ -164,25 +95,13 @@ void AddViewMenu(MenuTable& table) {
     AddLine(table);
     AddToggles(table, menu, {"legend", "colors-follow-range", "group-names", "point-labels"});
     AddLine(table);
-    table.push_back({menu,
-                     Translate("Menu", "Sur&faces"),
-                     "F8",
-                     Translate("Menu", "Show or hide the list of surfaces"),
-                     Command::surfacesPanel,
-                     {}});
-    table.push_back({menu,
-                     Translate("Menu", "&Points and curves"),
-                     "F10",
-                     Translate("Menu", "Show or hide the list of points and curves"),
-                     Command::pointsPanel,
-                     {}});
-    table.push_back(
-        {menu,
-         Translate("Menu", "Profi&le"),
-         "P",
-         Translate("Menu", "Draw a line in the flat plot of XY and show the heights along it, or not"),
-         Command::profilePanel,
-         {}});
+    AddEntry(table, menu, Translate("Menu", "Sur&faces"), "F8",
+             Translate("Menu", "Show or hide the list of surfaces"), Command::surfacesPanel);
+    AddEntry(table, menu, Translate("Menu", "&Points and curves"), "F10",
+             Translate("Menu", "Show or hide the list of points and curves"), Command::pointsPanel);
+    AddEntry(table, menu, Translate("Menu", "Profi&le"), "P",
+             Translate("Menu", "Draw a line in the flat plot of XY and show the heights along it, or not"),
+             Command::profilePanel);
 }
 
 // A key for each section of the side panel, so that every setting is within reach of the keyboard.
@@ -200,47 +119,23 @@ void AddSettingsMenu(MenuTable& table) {
                          Command::settingsSection, section});
     }
     AddLine(table);
-    table.push_back({menu,
-                     Translate("Menu", "Settings &panel"),
-                     "F9",
-                     Translate("Menu", "Show or hide the settings"),
-                     Command::settingsPanel,
-                     {}});
+    AddEntry(table, menu, Translate("Menu", "Settings &panel"), "F9",
+             Translate("Menu", "Show or hide the settings"), Command::settingsPanel);
     AddLine(table);
-    table.push_back({menu,
-                     Translate("Menu", "&Undo"),
-                     "Ctrl+Z",
-                     Translate("Menu", "Take the last change of a setting back"),
-                     Command::undo,
-                     {}});
-    table.push_back({menu,
-                     Translate("Menu", "Red&o"),
-                     "Ctrl+Shift+Z",
-                     Translate("Menu", "Make it again"),
-                     Command::redo,
-                     {}});
-    table.push_back({menu,
-                     Translate("Menu", "&Reset all settings"),
-                     "Shift+Home",
-                     Translate("Menu", "Take all settings back"),
-                     Command::resetSettings,
-                     {}});
+    AddEntry(table, menu, Translate("Menu", "&Undo"), "Ctrl+Z",
+             Translate("Menu", "Take the last change of a setting back"), Command::undo);
+    AddEntry(table, menu, Translate("Menu", "Red&o"), "Ctrl+Shift+Z", Translate("Menu", "Make it again"),
+             Command::redo);
+    AddEntry(table, menu, Translate("Menu", "&Reset all settings"), "Shift+Home",
+             Translate("Menu", "Take all settings back"), Command::resetSettings);
 }
 
 void AddHelpMenu(MenuTable& table) {
     const std::string menu = Translate("Menu", "&Help");
-    table.push_back({menu,
-                     Translate("Menu", "&Keys and mouse"),
-                     "F1",
-                     Translate("Menu", "Tell what keys and mouse do"),
-                     Command::showKeys,
-                     {}});
-    table.push_back({menu,
-                     Translate("Menu", "&About"),
-                     {},
-                     Translate("Menu", "Tell what this program is"),
-                     Command::about,
-                     {}});
+    AddEntry(table, menu, Translate("Menu", "&Keys and mouse"), "F1",
+             Translate("Menu", "Tell what keys and mouse do"), Command::showKeys);
+    AddEntry(table, menu, Translate("Menu", "&About"), "", Translate("Menu", "Tell what this program is"),
+             Command::about);
 }
 
 // As keyboards have them.

@@ -40,7 +40,7 @@ bool IsOneOf(const std::vector<std::string>& languages, const std::string& langu
 std::string LanguageOfDesktop() {
     const std::vector<std::string> languages = Languages();
     for (const QString& name : QLocale::system().uiLanguages()) {
-        const std::string language = name.left(2).toStdString();
+        std::string language = name.left(2).toStdString();
         if (IsOneOf(languages, language)) return language;
     }
     return english;
