@@ -19,16 +19,12 @@ namespace {
 
 constexpr int xyMode = 1;
 
-QString Words(const char* text) {
-    return QCoreApplication::translate("MainWindow", text);
-}
-
 } // namespace
 
 void MainWindow::MakeProfile(const std::optional<ProfileLine>& line) {
     m_profile = new ProfilePanel({[this](std::optional<double> distance) { m_plot->MarkProfile(distance); },
                                   [this] { SaveProfileTable(); }, [this] { SaveProfilePicture(); }});
-    m_profileDock = new QDockWidget(Words("Profile"), this);
+    m_profileDock = new QDockWidget(tr("Profile"), this);
     m_profileDock->setObjectName("profile");
     m_profileDock->setWidget(m_profile);
     addDockWidget(Qt::BottomDockWidgetArea, m_profileDock);
@@ -59,25 +55,26 @@ void MainWindow::RefreshProfile() {
 
 void MainWindow::SaveProfileTable() {
     QString path =
-        QFileDialog::getSaveFileName(this, Words("Save the profile"), "profile.csv", Words("Tables (*.csv)"));
+        QFileDialog::getSaveFileName(this, tr("Save the profile"), "profile.csv", tr("Tables") + " (*.csv)");
     if (path.isEmpty()) return;
     if (QFileInfo(path).suffix().isEmpty()) path += ".csv";
     Try(this, [&] {
         WriteTextFile(QFile::encodeName(path).toStdString(), ProfileTable(m_profile->Profile().points));
-        statusBar()->showMessage(Words("Saved %1").arg(path));
+        statusBar()->showMessage(tr("Saved %1").arg(path));
     });
 }
 
 void MainWindow::SaveProfilePicture() {
     constexpr double density = 2.0;
-    QString path = QFileDialog::getSaveFileName(this, Words("Save the picture of the profile"), "profile.png",
-                                                Words("Pictures (*.png *.jpg)"));
+    QString path = QFileDialog::getSaveFileName(this, tr("Save the picture of the profile"), "profile.png",
+                                                tr("Pictures") + " (*.png *.jpg)");
     if (path.isEmpty()) return;
     if (QFileInfo(path).suffix().isEmpty()) path += ".png";
     Try(this, [&] {
         if (!m_profile->Picture(density).save(path))
-            throw Failure(QFile::encodeName(path).toStdString() + ": cannot write it");
-        statusBar()->showMessage(Words("Saved %1").arg(path));
+            throw Failure(QFile::encodeName(path).toStdString() + ": " +
+                          tr("it cannot be written").toStdString());
+        statusBar()->showMessage(tr("Saved %1").arg(path));
     });
 }
 

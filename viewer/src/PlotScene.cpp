@@ -412,7 +412,7 @@ void PlotScene::ApplySwitches() {
         (m_plotter.*axisMembers[i].showContours)(settings.axes[i].showsContours);
     FillContours(m_plotter, settings.fillsContours);
     if (LabelContours(m_plotter, settings.labelsContours) != 0)
-        throw Failure(std::string("cannot draw: ") + KivoDrawingTools::LastWindowError());
+        throw Failure(Filled(Translate("Plot", "cannot draw: %1"), KivoDrawingTools::LastWindowError()));
     m_plotter.SetFrameLineColor(settings.frameLineColor->Packed());
     m_plotter.SetPointRadiusPixelSize(*settings.pointSize);
     ShowMeasureGroupNames(m_plotter, settings.listsGroups);

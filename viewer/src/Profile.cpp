@@ -1,6 +1,7 @@
 #include "Profile.h"
 
 #include "Failure.h"
+#include "Language.h"
 #include "Numbers.h"
 
 #include <algorithm>
@@ -155,13 +156,15 @@ ProfileLine ParseProfileLine(const std::string& text) {
         const std::size_t colon = i < 3 ? text.find(':', start) : text.size();
         const auto number =
             colon == std::string::npos ? std::nullopt : ParseNumber(text.substr(start, colon - start));
-        if (!number || !std::isfinite(*number)) throw Failure("expected X0:Y0:X1:Y1, found \"" + text + '"');
+        if (!number || !std::isfinite(*number))
+            throw Failure(Filled(Translate("CommandLine", "expected X0:Y0:X1:Y1, found \"%1\""), text));
         numbers[i] = *number;
         start = colon + 1;
     }
     const ProfileLine line = {numbers[0], numbers[1], numbers[2], numbers[3]};
     if (!(line.Length() > 0.0) || !std::isfinite(line.Length()))
-        throw Failure("expected two different points X0:Y0:X1:Y1, found \"" + text + '"');
+        throw Failure(Filled(
+            Translate("CommandLine", "expected two different points X0:Y0:X1:Y1, found \"%1\""), text));
     return line;
 }
 

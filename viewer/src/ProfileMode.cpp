@@ -1,6 +1,7 @@
 #include "ProfileMode.h"
 
 #include "Failure.h"
+#include "Language.h"
 #include "PictureFile.h"
 #include "PlotScene.h"
 #include "Profile.h"
@@ -31,7 +32,7 @@ std::string ProfileText(const Content& content, const Options& options) {
     if (!content.grid.isBox && IsSeen(options, 0)) heights.push_back(HeightsOf(content.grid));
     for (std::size_t i = 0; i < content.surfaces.size(); ++i)
         if (IsSeen(options, i + 1)) heights.push_back(HeightsOf(content.surfaces[i]));
-    if (heights.empty()) throw Failure("--profile: there is no surface");
+    if (heights.empty()) throw Failure("--profile: " + Translate("CommandLine", "there is no surface"));
     return ProfileTable(FollowLine(heights, *options.profile));
 }
 
@@ -42,11 +43,14 @@ void WriteTextFile(const std::string& path, const std::string& text) {
         if (output.open(stdout, QIODevice::WriteOnly) && output.write(bytes) == bytes.size() &&
             output.flush())
             return;
-        throw Failure("standard output: cannot write it: " + output.errorString().toStdString());
+        throw Failure(
+            Translate("Pictures", "standard output") + ": " +
+            Filled(Translate("Pictures", "cannot write it: %1"), output.errorString().toStdString()));
     }
     QSaveFile file(QFile::decodeName(path.c_str()));
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
-        throw Failure(path + ": cannot write it: " + file.errorString().toStdString());
+        throw Failure(path + ": " +
+                      Filled(Translate("Pictures", "cannot write it: %1"), file.errorString().toStdString()));
 }
 
 } // namespace KivoViewer

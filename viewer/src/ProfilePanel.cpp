@@ -22,10 +22,6 @@ namespace KivoViewer {
 
 namespace {
 
-QString Say(const char* text) {
-    return QCoreApplication::translate("ProfilePanel", text);
-}
-
 // From one number to another, at least a little apart.
 struct Span {
     double from = std::numeric_limits<double>::infinity();
@@ -163,8 +159,9 @@ void PaintProfile(QPainter& painter, const QRectF& area, const SceneProfile& pro
     painter.setRenderHint(QPainter::Antialiasing);
     if (profile.points.empty()) {
         painter.setPen(palette.color(QPalette::Text));
-        painter.drawText(area, Qt::AlignCenter | Qt::TextWordWrap,
-                         Say("Press, drag and release the left button in the flat plot of XY: the heights "
+        painter.drawText(
+            area, Qt::AlignCenter | Qt::TextWordWrap,
+            ProfilePanel::tr("Press, drag and release the left button in the flat plot of XY: the heights "
                              "along that line are shown here."));
         return;
     }
@@ -226,8 +223,8 @@ void ProfilePlot::PointAt(std::optional<double> distance) {
 ProfilePanel::ProfilePanel(Actions actions)
     : m_actions(std::move(actions)), m_plot(new ProfilePlot(this)), m_words(new QLabel(this)),
       m_buttons(new QWidget(this)) {
-    auto* const table = new QPushButton(Say("Save as &CSV..."), m_buttons);
-    auto* const picture = new QPushButton(Say("Save as p&icture..."), m_buttons);
+    auto* const table = new QPushButton(tr("Save as &CSV..."), m_buttons);
+    auto* const picture = new QPushButton(tr("Save as p&icture..."), m_buttons);
     connect(table, &QPushButton::clicked, this, [this] { m_actions.saveTable(); });
     connect(picture, &QPushButton::clicked, this, [this] { m_actions.savePicture(); });
     auto* const buttons = new QHBoxLayout(m_buttons);
@@ -259,7 +256,7 @@ void ProfilePanel::Point(std::optional<double> distance) {
         const auto say = [](double number) {
             return QString::fromStdString(FormatRounded(static_cast<float>(number)));
         };
-        words = Say("Distance %1").arg(say(*distance));
+        words = tr("Distance %1").arg(say(*distance));
         for (std::size_t i = 0; i < m_profile.names.size(); ++i) {
             const double height = HeightAt(m_profile.points, i, *distance);
             const QString name =

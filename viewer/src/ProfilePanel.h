@@ -3,6 +3,7 @@
 
 #include "PlotScene.h"
 
+#include <QCoreApplication>
 #include <QWidget>
 
 #include <functional>
@@ -43,6 +44,8 @@ private:
 };
 
 class ProfilePanel : public QWidget {
+    Q_DECLARE_TR_FUNCTIONS(ProfilePanel)
+
 public:
     struct Actions {
         std::function<void(std::optional<double>)> pointed; ///< the distance under the pointer

@@ -1,5 +1,6 @@
 // PlotScene: curves and measure points.
 #include "Failure.h"
+#include "Language.h"
 #include "PlotScene.h"
 
 #include <KivoPoints.h>
@@ -62,7 +63,7 @@ void PlotScene::ApplyPointNames() {
         names.resize(std::min(names.size(), left));
         left -= names.size();
         if (SetMeasurePointNames(m_plotter, index++, names) != 0)
-            throw Failure(std::string("cannot draw: ") + KivoDrawingTools::LastWindowError());
+            throw Failure(Filled(Translate("Plot", "cannot draw: %1"), KivoDrawingTools::LastWindowError()));
     }
 }
 

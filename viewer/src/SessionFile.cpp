@@ -47,7 +47,8 @@ QString Named(const std::string& path, const QDir& folder) {
 std::string Found(const QJsonValue& name, const QDir& folder) {
     const QString text = name.toString();
     if (text.isEmpty()) return {};
-    if (text.contains(QChar::Null)) throw Failure("a name of a file ends before its text does");
+    if (text.contains(QChar::Null))
+        throw Failure(Translate("Sessions", "a name of a file ends before its text does"));
     const bool isFile = !text.contains(':') || QFileInfo::exists(folder.absoluteFilePath(text));
     if (!isFile) return QFile::encodeName(text).toStdString();
     return QFile::encodeName(QDir::cleanPath(folder.absoluteFilePath(text))).toStdString();

@@ -135,10 +135,10 @@ void AddContourLevels(Table& table) {
                     &PlotScene::ApplySwitches};
     fill.key = "I";
     table.push_back(fill);
-    Setting label = {"Contours",
+    Setting label = {Translate("Settings", "Contours"),
                      "label-contours",
-                     "Label contours",
-                     "Values at the contours of the flat plot of XY",
+                     Translate("Settings", "Label contours"),
+                     Translate("Settings", "Values at the contours of the flat plot of XY"),
                      SettingField(&Plot::labelsContours),
                      &PlotScene::ApplySwitches};
     label.key = "V";
@@ -278,12 +278,13 @@ void AddShape(Table& table) {
         true};
     exaggeration.isNotNegative = true;
     table.push_back(exaggeration);
-    Setting words = {"View",
-                     "show-exaggeration",
-                     "Exaggeration in the title",
-                     "How many times as long Z is drawn as X and Y, behind the title of the plot",
-                     SettingField(&Plot::showsExaggeration),
-                     &PlotScene::ApplyTitles};
+    Setting words = {
+        Translate("Settings", "View"),
+        "show-exaggeration",
+        Translate("Settings", "Exaggeration in the title"),
+        Translate("Settings", "How many times as long Z is drawn as X and Y, behind the title of the plot"),
+        SettingField(&Plot::showsExaggeration),
+        &PlotScene::ApplyTitles};
     words.key = "E";
     table.push_back(words);
 }
@@ -343,10 +344,10 @@ void AddView(Table& table) {
     table.push_back({Translate("Settings", "View"), "point-size", Translate("Settings", "Point size"),
                      Translate("Settings", "Radius of measure points in pixels"),
                      SettingField(&Plot::pointSize), &PlotScene::ApplySwitches, false, 1, maxPointSize});
-    Setting names = {"View",
+    Setting names = {Translate("Settings", "View"),
                      "point-labels",
-                     "Names of points",
-                     "Names beside measure points, as far as their file has them",
+                     Translate("Settings", "Names of points"),
+                     Translate("Settings", "Names beside measure points, as far as their file has them"),
                      SettingField(&Plot::namesPoints),
                      &PlotScene::ApplyPointNames};
     names.key = "M";

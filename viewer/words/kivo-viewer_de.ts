@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE">
 <context>
+    <name>Background</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
     <name>Choices</name>
     <message>
         <source>gradient</source>
@@ -333,6 +340,26 @@
             <numerusform>%1-mal angegeben für %n Flächen</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Line over the plane of x and y whose heights are shown</source>
+        <translation>Linie über der Ebene von x und y, längs der die Höhen gezeigt werden</translation>
+    </message>
+    <message>
+        <source>Write the heights along that line as a table of distance, x, y, z, and z2 and so on of other surfaces, or - for the standard output; needs no display</source>
+        <translation>Höhen längs dieser Linie als Tabelle schreiben: distance, x, y, z, und z2 und so weiter von anderen Flächen; - ist die Standardausgabe; braucht keinen Bildschirm</translation>
+    </message>
+    <message>
+        <source>expected X0:Y0:X1:Y1, found &quot;%1&quot;</source>
+        <translation>X0:Y0:X1:Y1 erwartet, „%1“ gefunden</translation>
+    </message>
+    <message>
+        <source>expected two different points X0:Y0:X1:Y1, found &quot;%1&quot;</source>
+        <translation>zwei verschiedene Punkte X0:Y0:X1:Y1 erwartet, „%1“ gefunden</translation>
+    </message>
+    <message>
+        <source>there is no surface</source>
+        <translation>es gibt keine Fläche</translation>
+    </message>
 </context>
 <context>
     <name>Files</name>
@@ -555,10 +582,6 @@
         <translation>%1 verstreute Punkte, %2, Zellgröße %3</translation>
     </message>
     <message>
-        <source>the points are scattered; this program was built without GDAL, which makes grids of them</source>
-        <translation>die Punkte sind verstreut; dieses Programm wurde ohne GDAL gebaut, das daraus Gitter macht</translation>
-    </message>
-    <message>
         <source>the ranges of x and y must rise</source>
         <translation>die Bereiche von x und y müssen steigen</translation>
     </message>
@@ -632,6 +655,22 @@
     <message>
         <source>this is not a text file in UTF-8 or ASCII</source>
         <translation>dies ist keine Textdatei in UTF-8 oder ASCII</translation>
+    </message>
+    <message>
+        <source>Band %1</source>
+        <translation>Band %1</translation>
+    </message>
+    <message>
+        <source>%1 bands; --band says which</source>
+        <translation>%1 Bänder; --band legt fest, welches</translation>
+    </message>
+    <message>
+        <source>the method %1 is GDAL&apos;s, and this program was built without it</source>
+        <translation>das Verfahren %1 gehört zu GDAL, und dieses Programm wurde ohne GDAL gebaut</translation>
+    </message>
+    <message>
+        <source>the points are scattered; --grid says how a grid is made of them</source>
+        <translation>die Punkte sind verstreut; --grid legt fest, wie daraus ein Gitter wird</translation>
     </message>
 </context>
 <context>
@@ -810,6 +849,14 @@
         <source>Home</source>
         <translation>Pos1</translation>
     </message>
+    <message>
+        <source>Left button, with the profile</source>
+        <translation>Linke Taste, mit Profil</translation>
+    </message>
+    <message>
+        <source>Draw the line in the flat plot of XY</source>
+        <translation>Linie im ebenen Diagramm XY ziehen</translation>
+    </message>
 </context>
 <context>
     <name>Lists</name>
@@ -879,14 +926,6 @@
     <message>
         <source>MIT licence.</source>
         <translation>MIT-Lizenz.</translation>
-    </message>
-    <message>
-        <source>Reading %1...</source>
-        <translation>%1 wird gelesen...</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Abbrechen</translation>
     </message>
     <message>
         <source>Save picture</source>
@@ -988,6 +1027,34 @@
         <source>Subtract a grid of points</source>
         <translation>Gitter abziehen</translation>
     </message>
+    <message>
+        <source>The first surface is of no file</source>
+        <translation>Die erste Fläche stammt aus keiner Datei</translation>
+    </message>
+    <message>
+        <source>Reading...</source>
+        <translation>Wird gelesen...</translation>
+    </message>
+    <message>
+        <source>Profile</source>
+        <translation>Profil</translation>
+    </message>
+    <message>
+        <source>Save the profile</source>
+        <translation>Profil speichern</translation>
+    </message>
+    <message>
+        <source>Tables</source>
+        <translation>Tabellen</translation>
+    </message>
+    <message>
+        <source>Save the picture of the profile</source>
+        <translation>Bild des Profils speichern</translation>
+    </message>
+    <message>
+        <source>it cannot be written</source>
+        <translation>lässt sich nicht schreiben</translation>
+    </message>
 </context>
 <context>
     <name>Menu</name>
@@ -1054,10 +1121,6 @@
     <message>
         <source>Save files, settings and view, to be opened again</source>
         <translation>Dateien, Einstellungen und Ansicht zum späteren Öffnen speichern</translation>
-    </message>
-    <message>
-        <source>&amp;Read again</source>
-        <translation>&amp;Neu einlesen</translation>
     </message>
     <message>
         <source>Read the files again</source>
@@ -1231,6 +1294,26 @@
         <source>Tell what this program is</source>
         <translation>Zeigen, was dieses Programm ist</translation>
     </message>
+    <message>
+        <source>Read a&amp;gain</source>
+        <translation>&amp;Neu einlesen</translation>
+    </message>
+    <message>
+        <source>Read &amp;as...</source>
+        <translation>&amp;Einlesen als...</translation>
+    </message>
+    <message>
+        <source>See the first lines of the file, and choose how it is read</source>
+        <translation>Erste Zeilen der Datei sehen und festlegen, wie sie gelesen wird</translation>
+    </message>
+    <message>
+        <source>Profi&amp;le</source>
+        <translation>Prof&amp;il</translation>
+    </message>
+    <message>
+        <source>Draw a line in the flat plot of XY and show the heights along it, or not</source>
+        <translation>Profil längs einer Linie im ebenen Diagramm XY (ein/aus)</translation>
+    </message>
 </context>
 <context>
     <name>Pictures</name>
@@ -1322,6 +1405,159 @@
     </message>
 </context>
 <context>
+    <name>Preview</name>
+    <message>
+        <source>semicolons</source>
+        <translation>Semikolons</translation>
+    </message>
+    <message>
+        <source>commas</source>
+        <translation>Kommas</translation>
+    </message>
+    <message>
+        <source>tabs</source>
+        <translation>Tabulatoren</translation>
+    </message>
+    <message>
+        <source>blanks</source>
+        <translation>Leerzeichen</translation>
+    </message>
+    <message>
+        <source>decimal commas</source>
+        <translation>Dezimalkommas</translation>
+    </message>
+    <message>
+        <source>decimal points</source>
+        <translation>Dezimalpunkte</translation>
+    </message>
+    <message>
+        <source>A matrix of values: fields between %1, %2</source>
+        <translation>Eine Matrix von Werten: Felder zwischen %1, %2</translation>
+    </message>
+    <message>
+        <source>Points: fields between %1, %2</source>
+        <translation>Punkte: Felder zwischen %1, %2</translation>
+    </message>
+    <message>
+        <source>Points: fields between %1, %2, names of columns first</source>
+        <translation>Punkte: Felder zwischen %1, %2, zuerst Spaltennamen</translation>
+    </message>
+    <message>
+        <source>No text of whole lines</source>
+        <translation>Kein Text aus ganzen Zeilen</translation>
+    </message>
+    <message>
+        <source>A grid whose header says how it is read</source>
+        <translation>Ein Gitter, dessen Kopf sagt, wie es gelesen wird</translation>
+    </message>
+</context>
+<context>
+    <name>ProfilePanel</name>
+    <message>
+        <source>Press, drag and release the left button in the flat plot of XY: the heights along that line are shown here.</source>
+        <translation>Im ebenen Diagramm XY mit der linken Taste eine Linie ziehen: hier stehen die Höhen längs dieser Linie.</translation>
+    </message>
+    <message>
+        <source>Save as &amp;CSV...</source>
+        <translation>Als &amp;CSV speichern...</translation>
+    </message>
+    <message>
+        <source>Save as p&amp;icture...</source>
+        <translation>Als &amp;Bild speichern...</translation>
+    </message>
+    <message>
+        <source>Distance %1</source>
+        <translation>Entfernung %1</translation>
+    </message>
+</context>
+<context>
+    <name>ReadAsDialog</name>
+    <message>
+        <source>Read as</source>
+        <translation>Einlesen als</translation>
+    </message>
+    <message>
+        <source>&amp;Table of</source>
+        <translation>&amp;Tabelle von</translation>
+    </message>
+    <message>
+        <source>What it seems to be</source>
+        <translation>Wie es scheint</translation>
+    </message>
+    <message>
+        <source>Points</source>
+        <translation>Punkte</translation>
+    </message>
+    <message>
+        <source>Values, a matrix</source>
+        <translation>Werte, eine Matrix</translation>
+    </message>
+    <message>
+        <source>Column of &amp;x</source>
+        <translation>Spalte von &amp;x</translation>
+    </message>
+    <message>
+        <source>Column of &amp;y</source>
+        <translation>Spalte von &amp;y</translation>
+    </message>
+    <message>
+        <source>Column of &amp;z</source>
+        <translation>Spalte von &amp;z</translation>
+    </message>
+    <message>
+        <source>&amp;Decimal mark</source>
+        <translation>&amp;Dezimalzeichen</translation>
+    </message>
+    <message>
+        <source>Point</source>
+        <translation>Punkt</translation>
+    </message>
+    <message>
+        <source>Comma</source>
+        <translation>Komma</translation>
+    </message>
+    <message>
+        <source>&amp;Grid of scattered points</source>
+        <translation>&amp;Gitter verstreuter Punkte</translation>
+    </message>
+    <message>
+        <source>Asked for</source>
+        <translation>Wird erfragt</translation>
+    </message>
+    <message>
+        <source>Linear, on triangles</source>
+        <translation>Linear, auf Dreiecken</translation>
+    </message>
+    <message>
+        <source>Nearest point</source>
+        <translation>Nächster Punkt</translation>
+    </message>
+    <message>
+        <source>Mean by inverse distance</source>
+        <translation>Mittel nach inverser Distanz</translation>
+    </message>
+    <message>
+        <source>C&amp;ell size</source>
+        <translation>Z&amp;ellgröße</translation>
+    </message>
+    <message>
+        <source>&amp;Reach of a point</source>
+        <translation>&amp;Reichweite eines Punktes</translation>
+    </message>
+    <message>
+        <source>&amp;Band</source>
+        <translation>&amp;Band</translation>
+    </message>
+    <message>
+        <source>Re&amp;gion</source>
+        <translation>A&amp;usschnitt</translation>
+    </message>
+    <message>
+        <source>From the density of the points</source>
+        <translation>Nach der Dichte der Punkte</translation>
+    </message>
+</context>
+<context>
     <name>ReadDialogs</name>
     <message>
         <source>This file may be read in several ways:</source>
@@ -1358,6 +1594,10 @@
             <numerusform>%n Punkte, aus denen ein Gitter gebildet wird</numerusform>
         </translation>
     </message>
+    <message>
+        <source>&amp;Read as...</source>
+        <translation>&amp;Einlesen als...</translation>
+    </message>
 </context>
 <context>
     <name>Sessions</name>
@@ -1380,6 +1620,10 @@
     <message>
         <source>cannot be written: %1</source>
         <translation>lässt sich nicht schreiben: %1</translation>
+    </message>
+    <message>
+        <source>a name of a file ends before its text does</source>
+        <translation>der Name einer Datei endet vor ihrem Text</translation>
     </message>
 </context>
 <context>
@@ -1804,6 +2048,30 @@
         <source>Eleven numbers beside the bar with decimals that are set, eleven with those that they need, or round ones</source>
         <translation>Elf Zahlen neben dem Balken mit festen Nachkommastellen, elf mit so vielen wie nötig, oder runde</translation>
     </message>
+    <message>
+        <source>Label contours</source>
+        <translation>Höhenlinien beschriften</translation>
+    </message>
+    <message>
+        <source>Values at the contours of the flat plot of XY</source>
+        <translation>Werte an den Höhenlinien des ebenen Diagramms XY</translation>
+    </message>
+    <message>
+        <source>Exaggeration in the title</source>
+        <translation>Überhöhung im Titel</translation>
+    </message>
+    <message>
+        <source>How many times as long Z is drawn as X and Y, behind the title of the plot</source>
+        <translation>Wievielmal so lang wie X und Y ist Z gezeichnet, hinter dem Titel des Diagramms</translation>
+    </message>
+    <message>
+        <source>Names of points</source>
+        <translation>Namen der Punkte</translation>
+    </message>
+    <message>
+        <source>Names beside measure points, as far as their file has them</source>
+        <translation>Namen neben Messpunkten, soweit ihre Datei sie enthält</translation>
+    </message>
 </context>
 <context>
     <name>SettingsPanel</name>
@@ -1900,6 +2168,13 @@
     <message>
         <source>Colour of %1</source>
         <translation>Farbe von %1</translation>
+    </message>
+</context>
+<context>
+    <name>WindowReading</name>
+    <message>
+        <source>Reading %1...</source>
+        <translation>%1 wird gelesen...</translation>
     </message>
 </context>
 </TS>

@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ja_JP">
 <context>
+    <name>Background</name>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+</context>
+<context>
     <name>Choices</name>
     <message>
         <source>gradient</source>
@@ -332,6 +339,26 @@
             <numerusform>%n 個の曲面に対して %1 回指定されています</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Line over the plane of x and y whose heights are shown</source>
+        <translation>高さを示す xy 平面上の線</translation>
+    </message>
+    <message>
+        <source>Write the heights along that line as a table of distance, x, y, z, and z2 and so on of other surfaces, or - for the standard output; needs no display</source>
+        <translation>その線に沿う高さを表に書き出す: distance、x、y、z、ほかの曲面は z2 以降。- は標準出力。画面は不要</translation>
+    </message>
+    <message>
+        <source>expected X0:Y0:X1:Y1, found &quot;%1&quot;</source>
+        <translation>X0:Y0:X1:Y1 を指定してください: 「%1」</translation>
+    </message>
+    <message>
+        <source>expected two different points X0:Y0:X1:Y1, found &quot;%1&quot;</source>
+        <translation>異なる 2 点を X0:Y0:X1:Y1 の形で指定してください: 「%1」</translation>
+    </message>
+    <message>
+        <source>there is no surface</source>
+        <translation>曲面がありません</translation>
+    </message>
 </context>
 <context>
     <name>Files</name>
@@ -552,10 +579,6 @@
         <translation>散在する %1 点、%2、セルの大きさ %3</translation>
     </message>
     <message>
-        <source>the points are scattered; this program was built without GDAL, which makes grids of them</source>
-        <translation>点が散在しています。このプログラムは、格子を作る GDAL なしで構築されています</translation>
-    </message>
-    <message>
         <source>the ranges of x and y must rise</source>
         <translation>x と y の範囲は増えなければなりません</translation>
     </message>
@@ -628,6 +651,22 @@
     <message>
         <source>this is not a text file in UTF-8 or ASCII</source>
         <translation>UTF-8 または ASCII のテキストファイルではありません</translation>
+    </message>
+    <message>
+        <source>Band %1</source>
+        <translation>バンド %1</translation>
+    </message>
+    <message>
+        <source>%1 bands; --band says which</source>
+        <translation>バンドが %1 個あります。--band で指定してください</translation>
+    </message>
+    <message>
+        <source>the method %1 is GDAL&apos;s, and this program was built without it</source>
+        <translation>方法 %1 には GDAL が必要ですが、このプログラムは GDAL なしで構築されています</translation>
+    </message>
+    <message>
+        <source>the points are scattered; --grid says how a grid is made of them</source>
+        <translation>点が散在しています。格子の作り方を --grid で指定してください</translation>
     </message>
 </context>
 <context>
@@ -806,6 +845,14 @@
         <source>Home</source>
         <translation>Home</translation>
     </message>
+    <message>
+        <source>Left button, with the profile</source>
+        <translation>左ボタン（断面の表示中）</translation>
+    </message>
+    <message>
+        <source>Draw the line in the flat plot of XY</source>
+        <translation>XY の平面図に線を引く</translation>
+    </message>
 </context>
 <context>
     <name>Lists</name>
@@ -875,14 +922,6 @@
     <message>
         <source>MIT licence.</source>
         <translation>MIT ライセンス。</translation>
-    </message>
-    <message>
-        <source>Reading %1...</source>
-        <translation>%1 を読み込んでいます...</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>キャンセル</translation>
     </message>
     <message>
         <source>Save picture</source>
@@ -984,6 +1023,34 @@
         <source>Subtract a grid of points</source>
         <translation>格子を差し引く</translation>
     </message>
+    <message>
+        <source>The first surface is of no file</source>
+        <translation>最初の曲面はファイルのものではありません</translation>
+    </message>
+    <message>
+        <source>Reading...</source>
+        <translation>読み込んでいます...</translation>
+    </message>
+    <message>
+        <source>Profile</source>
+        <translation>断面</translation>
+    </message>
+    <message>
+        <source>Save the profile</source>
+        <translation>断面の保存</translation>
+    </message>
+    <message>
+        <source>Tables</source>
+        <translation>表</translation>
+    </message>
+    <message>
+        <source>Save the picture of the profile</source>
+        <translation>断面の画像の保存</translation>
+    </message>
+    <message>
+        <source>it cannot be written</source>
+        <translation>書き込めません</translation>
+    </message>
 </context>
 <context>
     <name>Menu</name>
@@ -1050,10 +1117,6 @@
     <message>
         <source>Save files, settings and view, to be opened again</source>
         <translation>ファイル、設定、視点を保存し、後で開けるようにする</translation>
-    </message>
-    <message>
-        <source>&amp;Read again</source>
-        <translation>読み込み直す(&amp;A)</translation>
     </message>
     <message>
         <source>Read the files again</source>
@@ -1227,6 +1290,26 @@
         <source>Tell what this program is</source>
         <translation>このプログラムについて示す</translation>
     </message>
+    <message>
+        <source>Read a&amp;gain</source>
+        <translation>読み込み直す(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Read &amp;as...</source>
+        <translation>読み方を選ぶ(&amp;D)...</translation>
+    </message>
+    <message>
+        <source>See the first lines of the file, and choose how it is read</source>
+        <translation>ファイルの最初の行を見て、読み方を選ぶ</translation>
+    </message>
+    <message>
+        <source>Profi&amp;le</source>
+        <translation>断面(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Draw a line in the flat plot of XY and show the heights along it, or not</source>
+        <translation>XY の平面図に引いた線に沿う高さ（オン／オフ）</translation>
+    </message>
 </context>
 <context>
     <name>Pictures</name>
@@ -1318,6 +1401,159 @@
     </message>
 </context>
 <context>
+    <name>Preview</name>
+    <message>
+        <source>semicolons</source>
+        <translation>セミコロン</translation>
+    </message>
+    <message>
+        <source>commas</source>
+        <translation>コンマ</translation>
+    </message>
+    <message>
+        <source>tabs</source>
+        <translation>タブ</translation>
+    </message>
+    <message>
+        <source>blanks</source>
+        <translation>空白</translation>
+    </message>
+    <message>
+        <source>decimal commas</source>
+        <translation>小数点はコンマ</translation>
+    </message>
+    <message>
+        <source>decimal points</source>
+        <translation>小数点は点</translation>
+    </message>
+    <message>
+        <source>A matrix of values: fields between %1, %2</source>
+        <translation>値の行列: 区切りは%1、%2</translation>
+    </message>
+    <message>
+        <source>Points: fields between %1, %2</source>
+        <translation>点: 区切りは%1、%2</translation>
+    </message>
+    <message>
+        <source>Points: fields between %1, %2, names of columns first</source>
+        <translation>点: 区切りは%1、%2、先頭は列名</translation>
+    </message>
+    <message>
+        <source>No text of whole lines</source>
+        <translation>行からなるテキストではありません</translation>
+    </message>
+    <message>
+        <source>A grid whose header says how it is read</source>
+        <translation>ヘッダーで読み方が決まる格子</translation>
+    </message>
+</context>
+<context>
+    <name>ProfilePanel</name>
+    <message>
+        <source>Press, drag and release the left button in the flat plot of XY: the heights along that line are shown here.</source>
+        <translation>XY の平面図で左ボタンを押して線を引くと、その線に沿う高さがここに表示されます。</translation>
+    </message>
+    <message>
+        <source>Save as &amp;CSV...</source>
+        <translation>CSV で保存(&amp;C)...</translation>
+    </message>
+    <message>
+        <source>Save as p&amp;icture...</source>
+        <translation>画像で保存(&amp;I)...</translation>
+    </message>
+    <message>
+        <source>Distance %1</source>
+        <translation>距離 %1</translation>
+    </message>
+</context>
+<context>
+    <name>ReadAsDialog</name>
+    <message>
+        <source>Read as</source>
+        <translation>読み方</translation>
+    </message>
+    <message>
+        <source>&amp;Table of</source>
+        <translation>表の内容(&amp;T)</translation>
+    </message>
+    <message>
+        <source>What it seems to be</source>
+        <translation>自動</translation>
+    </message>
+    <message>
+        <source>Points</source>
+        <translation>点</translation>
+    </message>
+    <message>
+        <source>Values, a matrix</source>
+        <translation>値の行列</translation>
+    </message>
+    <message>
+        <source>Column of &amp;x</source>
+        <translation>x の列(&amp;X)</translation>
+    </message>
+    <message>
+        <source>Column of &amp;y</source>
+        <translation>y の列(&amp;Y)</translation>
+    </message>
+    <message>
+        <source>Column of &amp;z</source>
+        <translation>z の列(&amp;Z)</translation>
+    </message>
+    <message>
+        <source>&amp;Decimal mark</source>
+        <translation>小数点(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Point</source>
+        <translation>点</translation>
+    </message>
+    <message>
+        <source>Comma</source>
+        <translation>コンマ</translation>
+    </message>
+    <message>
+        <source>&amp;Grid of scattered points</source>
+        <translation>散在する点の格子(&amp;G)</translation>
+    </message>
+    <message>
+        <source>Asked for</source>
+        <translation>確認する</translation>
+    </message>
+    <message>
+        <source>Linear, on triangles</source>
+        <translation>線形（三角形分割）</translation>
+    </message>
+    <message>
+        <source>Nearest point</source>
+        <translation>最近傍の点</translation>
+    </message>
+    <message>
+        <source>Mean by inverse distance</source>
+        <translation>逆距離加重平均</translation>
+    </message>
+    <message>
+        <source>C&amp;ell size</source>
+        <translation>セルの大きさ(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Reach of a point</source>
+        <translation>点の及ぶ距離(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Band</source>
+        <translation>バンド(&amp;B)</translation>
+    </message>
+    <message>
+        <source>Re&amp;gion</source>
+        <translation>範囲(&amp;N)</translation>
+    </message>
+    <message>
+        <source>From the density of the points</source>
+        <translation>点の密度による</translation>
+    </message>
+</context>
+<context>
     <name>ReadDialogs</name>
     <message>
         <source>This file may be read in several ways:</source>
@@ -1353,6 +1589,10 @@
             <numerusform>%n 点から格子を作ります</numerusform>
         </translation>
     </message>
+    <message>
+        <source>&amp;Read as...</source>
+        <translation>読み方を選ぶ(&amp;R)...</translation>
+    </message>
 </context>
 <context>
     <name>Sessions</name>
@@ -1375,6 +1615,10 @@
     <message>
         <source>cannot be written: %1</source>
         <translation>書き込めません: %1</translation>
+    </message>
+    <message>
+        <source>a name of a file ends before its text does</source>
+        <translation>ファイル名が途中で終わっています</translation>
     </message>
 </context>
 <context>
@@ -1799,6 +2043,30 @@
         <source>Eleven numbers beside the bar with decimals that are set, eleven with those that they need, or round ones</source>
         <translation>カラーバーの数値: 桁数を決めた 11 個、必要な桁数の 11 個、または切りのよい数値</translation>
     </message>
+    <message>
+        <source>Label contours</source>
+        <translation>等高線に値を表示</translation>
+    </message>
+    <message>
+        <source>Values at the contours of the flat plot of XY</source>
+        <translation>XY 平面図の等高線に値を書く</translation>
+    </message>
+    <message>
+        <source>Exaggeration in the title</source>
+        <translation>タイトルに鉛直誇張率</translation>
+    </message>
+    <message>
+        <source>How many times as long Z is drawn as X and Y, behind the title of the plot</source>
+        <translation>Z が X、Y の何倍の縮尺かをタイトルの後に示す</translation>
+    </message>
+    <message>
+        <source>Names of points</source>
+        <translation>点の名前</translation>
+    </message>
+    <message>
+        <source>Names beside measure points, as far as their file has them</source>
+        <translation>測定点のそばに名前を書く（ファイルにある場合）</translation>
+    </message>
 </context>
 <context>
     <name>SettingsPanel</name>
@@ -1895,6 +2163,13 @@
     <message>
         <source>Colour of %1</source>
         <translation>%1 の色</translation>
+    </message>
+</context>
+<context>
+    <name>WindowReading</name>
+    <message>
+        <source>Reading %1...</source>
+        <translation>%1 を読み込んでいます...</translation>
     </message>
 </context>
 </TS>
