@@ -83,6 +83,7 @@ void PlotWidget::DrawLineTo(const QPointF& position) {
 }
 
 void PlotWidget::mouseMoveEvent(QMouseEvent* event) {
+    if (!event->buttons().testFlag(Qt::LeftButton)) m_lineStart.reset(); // released elsewhere
     if (!m_lineStart) return KivoPlotWidget::mouseMoveEvent(event);
     DrawLineTo(event->position());
 }

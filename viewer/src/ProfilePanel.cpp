@@ -106,7 +106,7 @@ private:
 };
 
 // A surface of its own colours has that of the first curve: the text's.
-QColor ColorOf(const SceneProfile& profile, std::size_t surface, const QPalette& palette) {
+QColor CurveColor(const SceneProfile& profile, std::size_t surface, const QPalette& palette) {
     const std::optional<Color>& color = profile.colors[surface];
     return color ? ToQt(*color) : palette.color(QPalette::Highlight);
 }
@@ -169,7 +169,7 @@ void PaintProfile(QPainter& painter, const QRectF& area, const SceneProfile& pro
     PaintAxes(painter, frame, palette);
     painter.setClipRect(frame.Plot().adjusted(-1.0, -1.0, 1.0, 1.0));
     for (std::size_t i = profile.names.size(); i-- > 0;) {
-        painter.setPen(QPen(ColorOf(profile, i, palette), 2.0));
+        painter.setPen(QPen(CurveColor(profile, i, palette), 2.0));
         painter.drawPath(CurveOf(frame, profile, i));
     }
     if (!pointed) return;
@@ -179,7 +179,7 @@ void PaintProfile(QPainter& painter, const QRectF& area, const SceneProfile& pro
     for (std::size_t i = 0; i < profile.names.size(); ++i) {
         const double height = HeightAt(profile.points, i, *pointed);
         if (!std::isfinite(height)) continue;
-        painter.setBrush(ColorOf(profile, i, palette));
+        painter.setBrush(CurveColor(profile, i, palette));
         painter.drawEllipse(frame.At(*pointed, height), 4.0, 4.0);
     }
 }

@@ -8,13 +8,13 @@ namespace KivoDrawingTools {
 
 namespace {
 
-constexpr double sampleStep = 4.0;            // pixels
-constexpr double labelSpacing = 500.0;        // pixels of a line for each label
-constexpr double leastLength = 1.5;           // of a line, in widths of its label with gaps
-constexpr double mostBend = 0.4;              // of the line away from a straight one, in heights of the label
-constexpr double leastChord = 0.85;           // from end to end of a label, in lengths along the line
-constexpr std::size_t mostSamples = 1u << 20; // bounds the time that a frame takes
-constexpr std::size_t mostLabels = 400;       // likewise: all are compared with each other
+constexpr double sampleStep = 4.0;     // pixels
+constexpr double labelSpacing = 500.0; // pixels of a line for each label
+constexpr double leastLength = 1.5;    // of a line, in widths of its label with gaps
+constexpr double mostBend = 0.4;       // of the line away from a straight one, in heights of the label
+constexpr double leastChord = 0.85;    // from end to end of a label, in lengths along the line
+constexpr std::size_t mostLineSamples = 1u << 20; // bounds the time that a frame takes
+constexpr std::size_t mostContourLabels = 400;    // likewise: all are compared with each other
 
 // A part of a line that lies in the area, as points at even distances along it.
 struct Piece {
@@ -119,7 +119,7 @@ ScreenArea RoomForLines(const ScreenArea& area, const TextImageSize& label) {
 std::vector<Piece> CollectPieces(const std::vector<LabeledLines>& levels, const PlaneOnScreen& plane,
                                  const ScreenArea& area) {
     std::vector<Piece> pieces;
-    std::size_t samplesLeft = mostSamples;
+    std::size_t samplesLeft = mostLineSamples;
     PieceMaker maker(pieces, samplesLeft);
     for (std::size_t level = 0; level < levels.size(); ++level) {
         const LabeledLines& lines = levels[level];
@@ -219,7 +219,7 @@ std::vector<PlacedLabel> PlaceContourLabels(const std::vector<LabeledLines>& lev
         const double length = static_cast<double>(count) * sampleStep;
         const std::size_t sections =
             std::max<std::size_t>(1, static_cast<std::size_t>(length / labelSpacing));
-        for (std::size_t k = 0; k < sections && placed.size() < mostLabels; ++k) {
+        for (std::size_t k = 0; k < sections && placed.size() < mostContourLabels; ++k) {
             PlacedImage place;
             const TextImageSize& label = levels[piece.level].label;
             if (!FindFreePlace(piece, k * count / sections, (k + 1) * count / sections, label, taken, &place))

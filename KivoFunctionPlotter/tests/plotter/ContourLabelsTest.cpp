@@ -176,6 +176,7 @@ TEST_P(LabeledContours, LetAHostDoAnythingWhileItIsAsked) {
         [](PlotterProbe& p) { p.SetIsoContourCount(3); },
         [](PlotterProbe& p) { p.OnDraw(); },
         [](PlotterProbe&) { throw std::runtime_error("no words"); },
+        [](PlotterProbe& p) { p.OnDestroy(); },
     };
     for (const auto doing : doings) {
         SetAxisLabelFormat(plotter, 2, nullptr);
