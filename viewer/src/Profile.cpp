@@ -183,6 +183,7 @@ std::vector<ProfilePoint> FollowLine(const std::vector<SurfaceHeights>& surfaces
     }
     SortShares(shares);
     std::vector<Track> tracks;
+    tracks.reserve(surfaces.size());
     for (const SurfaceHeights& surface : surfaces)
         tracks.push_back(TrackOf(surface, line, shares));
     std::vector<ProfilePoint> profile;

@@ -1,6 +1,7 @@
 // The values of contours in the XY plot.
 #include "KivoAxis.h"
 #include "KivoContours.h"
+#include "KivoLegend.h"
 #include "KivoPicture.h"
 #include "KivoStyle.h"
 #include "support/Image.h"
@@ -111,6 +112,9 @@ TEST_P(LabeledContours, HaveTheWordsOfTheAxis) {
 }
 
 TEST_P(LabeledContours, FollowTheirWords) {
+    SKivoLegend hidden; // whose numbers have the same words
+    hidden.isShown = false;
+    SetLegend(plotter, 2, hidden);
     LabelContours(plotter, true);
     const Image plain = CaptureImage(plotter);
     SetAxisLabelFormat(plotter, 2, [](double, double) { return std::string(); });
