@@ -4,6 +4,7 @@
 #include "Language.h"
 #include "Numbers.h"
 #include "PointGrid.h"
+#include "Reach.h"
 #include "Triangles.h"
 
 #include <algorithm>
@@ -22,19 +23,6 @@ namespace KivoViewer {
 namespace {
 
 constexpr double noValue = std::numeric_limits<double>::quiet_NaN();
-
-struct Reach {
-    double least = std::numeric_limits<double>::infinity();
-    double most = -std::numeric_limits<double>::infinity();
-
-    explicit Reach(const std::vector<double>& numbers) {
-        for (const double number : numbers) {
-            least = std::min(least, number);
-            most = std::max(most, number);
-        }
-    }
-    double Length() const { return most - least; }
-};
 
 // The points with a value, as differences to the first corner, for which double precision has more digits.
 struct Points {

@@ -207,6 +207,25 @@ TEST(ContourLevels, OfHeightArePulledInFromTheExtremes) {
         EXPECT_NEAR(levels[k], 0.2 + 18.6 / 19 * k, 1e-5);
 }
 
+// The bands between the contours end at them.
+TEST(ContourLevels, OfHeightAreTheSameInDoublePrecision) {
+    std::mt19937 random(1);
+    std::uniform_real_distribution<float> part(-1.0f, 1.0f);
+    for (int power = -30; power <= 36; power += 3)
+        for (const unsigned int count : {2u, 3u, 10u, 20u, 200u}) {
+            const auto size = static_cast<float>(std::pow(10.0, power));
+            const float min = size * part(random), max = min + size * (1.1f + part(random));
+            SCOPED_TRACE(testing::Message() << count << " levels from " << min << " to " << max);
+            const std::vector<float> levels = ContourLevelsOfHeight(min, max, count);
+            const std::vector<float> doubled = LevelsAt(LevelStepsOf(min, max, count));
+            ASSERT_EQ(doubled.size(), levels.size());
+            for (std::size_t i = 0; i < levels.size(); ++i)
+                EXPECT_NEAR(levels[i], doubled[i], 1e-6f * (std::abs(min) + std::abs(max)));
+        }
+    EXPECT_EQ(LevelStepsOf(1, 2, 1).count, 0u);
+    EXPECT_TRUE(std::isnan(ContourLevelsOfHeight(1, 2, 1)[0]));
+}
+
 TEST(ContourLevels, OfXAndYLieInside) {
     const std::vector<float> levels = ContourLevelsInside(0, 21, 20);
     ASSERT_EQ(levels.size(), 20u);
