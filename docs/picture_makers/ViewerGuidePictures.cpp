@@ -34,7 +34,8 @@ TEST_F(GuidePictures, Window) {
 }
 
 TEST_F(GuidePictures, FlatPlot) {
-    Begin({"--mode", "1", "--title", "Cumberland Mountains, 20 contours"});
+    Begin({"--mode", "1", "--title", "Cumberland Mountains", "--fill-contours", "--label-contours",
+           "--contour-interval", "100", "--colors", "terrain"});
     KeepWindow("flat-plot");
 }
 
@@ -58,6 +59,20 @@ TEST_F(GuidePictures, Surfaces) {
 TEST_F(GuidePictures, Language) {
     Begin({"--z-contours", "--language", "ja"});
     KeepWindow("japanese");
+}
+
+TEST_F(GuidePictures, ReadAs) {
+    std::ofstream(Path("survey.csv")) << "station;east;north;height;quality\n"
+                                         "A 1;2600010,5;1200020,25;431,7;2\n"
+                                         "A 2;2600042,0;1200031,50;433,1;1\n"
+                                         "A 3;2600075,5;1200018,75;430,2;1\n"
+                                         "B 1;2600021,0;1200066,00;436,9;3\n"
+                                         "B 2;2600058,5;1200071,25;438,4;1\n";
+    Begin({Path("survey.csv")});
+    desktop->Key(controlKey, true);
+    PressWith(shiftKey, 'o');
+    desktop->Key(controlKey, false);
+    KeepPng(Grab(AreaOf(WaitForDialog("Read as"))), "read-as");
 }
 
 TEST_F(GuidePictures, Keys) {

@@ -52,6 +52,11 @@ void AddFileMenu(MenuTable& table) {
     AddEntry(table, menu, Translate("Menu", "Read &as..."), "Ctrl+Shift+O",
              Translate("Menu", "See the first lines of the file, and choose how it is read"),
              Command::readAs);
+    AddEntry(table, menu, Translate("Menu", "&Mark a region"), "Ctrl+R",
+             Translate("Menu", "Drag a rectangle in the flat plot of XY, to read that part in full detail"),
+             Command::markRegion);
+    AddEntry(table, menu, Translate("Menu", "Read t&he whole"), "Ctrl+Shift+R",
+             Translate("Menu", "Read the first surface's file without a region"), Command::readWhole);
     AddEntry(table, menu, Translate("Menu", "&Watch files"), "",
              Translate("Menu", "Read files again when they change"), Command::watchFiles);
     AddLine(table);

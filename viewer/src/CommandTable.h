@@ -19,6 +19,8 @@ enum class Command {
     saveSession,
     reload,
     readAs,
+    markRegion,
+    readWhole,
     watchFiles, ///< checked while they are
     savePicture,
     copyPicture,

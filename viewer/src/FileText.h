@@ -14,8 +14,8 @@ constexpr const char* standardInput = "-";
 /// The most bytes of a file that are read into memory: 1 GiB.
 constexpr std::size_t maxFileSize = std::size_t{1} << 30;
 
-/// The bytes of a file of at most that size, or of the standard input. Throws a Failure that names the file, or
-/// Cancelled.
+/// The bytes of a file of at most that size, or of the standard input. Throws a Failure that names the file,
+/// or Cancelled.
 std::string ReadFileText(const std::string& path, const Progress& progress = {});
 
 /// The first bytes of a file, at most this many. Throws a Failure that names the file.

@@ -62,6 +62,7 @@ MainWindow::MainWindow(const Content& content, const Options& options) : m_plot(
     m_watch = new FileWatch(this, [this] { Reload(); });
     MakePanels();
     MakeProfile(options.profile);
+    m_plot->regionMarked = [this](const Region& region) { ReadRegion(region); };
     FillMenus();
     m_tracePoint = new QLabel(this);
     m_proportions = new QLabel(this);
@@ -176,6 +177,10 @@ void MainWindow::Do(const MenuEntry& entry) {
         return Reload();
     case Command::readAs:
         return ReadAs();
+    case Command::markRegion:
+        return MarkRegion();
+    case Command::readWhole:
+        return ReadRegion(std::nullopt);
     case Command::watchFiles:
         m_isWatching = m_watching->isChecked();
         return WatchFiles();

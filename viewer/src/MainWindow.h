@@ -91,6 +91,10 @@ private:
     bool OpenPath(const QString& path);
     bool OpenReading(const Reading& reading);
     void ReadAs();
+    /// How the first surface was read; nothing where it is of no file, which is told.
+    std::optional<Reading> FirstReading();
+    void MarkRegion();
+    void ReadRegion(const std::optional<Region>& region);
     void OpenPaths(const QStringList& paths);
     void AddSurfaceFiles();
     void AddSurfacePaths(const QStringList& paths);

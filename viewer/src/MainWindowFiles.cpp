@@ -172,16 +172,36 @@ bool MainWindow::OpenReading(const Reading& reading) {
     });
 }
 
-// The first surface's file once more, otherwise.
-void MainWindow::ReadAs() {
+std::optional<Reading> MainWindow::FirstReading() {
     const SurfaceEntry first = Scene().Surfaces().front();
     if (first.path.empty()) {
         statusBar()->showMessage(tr("The first surface is of no file"));
-        return;
+        return std::nullopt;
     }
     Reading reading = {{}, first.path, first.reading};
     reading.options.asks = true;
-    if (AskHowToRead(this, reading, true)) OpenReading(reading);
+    return reading;
+}
+
+// The first surface's file once more, otherwise.
+void MainWindow::ReadAs() {
+    std::optional<Reading> reading = FirstReading();
+    if (reading && AskHowToRead(this, *reading, true)) OpenReading(*reading);
+}
+
+void MainWindow::MarkRegion() {
+    constexpr int xyMode = 1;
+    if (!FirstReading()) return;
+    if (Scene().Settings().mode != xyMode) ChangeMode(xyMode);
+    m_plot->MarkRegion();
+    statusBar()->showMessage(tr("Drag a rectangle with the left button; Escape ends it"));
+}
+
+void MainWindow::ReadRegion(const std::optional<Region>& region) {
+    std::optional<Reading> reading = FirstReading();
+    if (!reading) return;
+    reading->options.region = region;
+    OpenReading(*reading);
 }
 
 // The first is opened, the others are laid over it.

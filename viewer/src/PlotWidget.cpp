@@ -7,6 +7,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace KivoViewer {
@@ -55,6 +56,10 @@ PictureFormat PlotWidget::Format() const {
 
 void PlotWidget::mousePressEvent(QMouseEvent* event) {
     const bool isPlainLeft = event->buttons() == Qt::LeftButton && event->modifiers() == Qt::NoModifier;
+    if (std::exchange(m_marksRegion, false) && isPlainLeft && PlaceAt(event->position())) {
+        m_corner = m_oppositeCorner = event->position();
+        return;
+    }
     if (m_drawsProfiles && isPlainLeft && (m_lineStart = PlaceAt(event->position()))) return;
     const bool isAlone = event->buttons() == event->button(); // else a drag goes on as it began
     if (isAlone) setUpright(event->button() == Qt::LeftButton && m_scene.Settings().keepsUpright);
@@ -83,15 +88,44 @@ void PlotWidget::DrawLineTo(const QPointF& position) {
 }
 
 void PlotWidget::mouseMoveEvent(QMouseEvent* event) {
-    if (!event->buttons().testFlag(Qt::LeftButton)) m_lineStart.reset(); // released elsewhere
+    if (!event->buttons().testFlag(Qt::LeftButton)) { // released elsewhere
+        m_lineStart.reset();
+        m_corner.reset();
+    }
+    if (m_corner) {
+        m_oppositeCorner = event->position();
+        return update();
+    }
     if (!m_lineStart) return KivoPlotWidget::mouseMoveEvent(event);
     DrawLineTo(event->position());
 }
 
 void PlotWidget::mouseReleaseEvent(QMouseEvent* event) {
+    if (m_corner && event->button() == Qt::LeftButton) return EndRegion(event->position());
     if (!m_lineStart || event->button() != Qt::LeftButton) return KivoPlotWidget::mouseReleaseEvent(event);
     DrawLineTo(event->position());
     m_lineStart.reset();
+}
+
+// ---- A rectangle over the plot --------------------------------------------------------------------------
+
+// What is too small for a person's eye was no rectangle.
+void PlotWidget::EndRegion(const QPointF& position) {
+    constexpr double least = 4.0;
+    const QPointF start = *std::exchange(m_corner, std::nullopt);
+    update();
+    const auto a = PlaceAt(start), b = PlaceAt(position);
+    const QPointF sides = position - start;
+    if (!a || !b || !regionMarked || std::abs(sides.x()) < least || std::abs(sides.y()) < least) return;
+    regionMarked({std::min(a->x, b->x), std::max(a->x, b->x), std::min(a->y, b->y), std::max(a->y, b->y)});
+}
+
+void PlotWidget::PaintRegion() {
+    QPainter painter(this);
+    for (const QPen& pen : {QPen(Qt::white, 3.0), QPen(Qt::black, 1.0)}) {
+        painter.setPen(pen);
+        painter.drawRect(QRectF(*m_corner, m_oppositeCorner).normalized());
+    }
 }
 
 void PlotWidget::ShowProfileLine(const std::optional<ProfileLine>& line) {
@@ -108,6 +142,7 @@ void PlotWidget::MarkProfile(std::optional<double> distance) {
 // In two colours, one of which is seen on whatever is below.
 void PlotWidget::paintEvent(QPaintEvent* event) {
     KivoPlotWidget::paintEvent(event);
+    if (m_corner) PaintRegion();
     if (!m_line) return;
     const double density = devicePixelRatioF();
     const auto start = m_scene.PixelOf(m_line->x0, m_line->y0), end = m_scene.PixelOf(m_line->x1, m_line->y1);
@@ -130,6 +165,11 @@ void PlotWidget::paintEvent(QPaintEvent* event) {
 }
 
 void PlotWidget::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape) {
+        m_marksRegion = false;
+        m_corner.reset();
+        update();
+    }
     setUpright(m_scene.Settings().keepsUpright);
     KivoPlotWidget::keyPressEvent(event);
 }

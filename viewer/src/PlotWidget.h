@@ -39,6 +39,10 @@ public:
     /// Marks a distance on the line.
     void MarkProfile(std::optional<double> distance);
 
+    // ---- A rectangle over the XY plot, once, by the left button without keys
+    std::function<void(const Region&)> regionMarked;
+    void MarkRegion() { m_marksRegion = true; }
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -52,6 +56,8 @@ private:
     KivoDrawingTools::POINT ToDevice(const QPointF& position) const;
     std::optional<PlanePoint> PlaceAt(const QPointF& position);
     void DrawLineTo(const QPointF& position);
+    void EndRegion(const QPointF& position);
+    void PaintRegion();
 
     PlotScene m_scene;
     QSize m_wantedSize;
@@ -59,6 +65,9 @@ private:
     std::optional<ProfileLine> m_line;     ///< shown over the plot
     std::optional<double> m_marked;        ///< distance on it
     std::optional<PlanePoint> m_lineStart; ///< of the line that is being drawn
+    bool m_marksRegion = false;
+    std::optional<QPointF> m_corner; ///< of the rectangle that is being drawn
+    QPointF m_oppositeCorner;
 };
 
 } // namespace KivoViewer

@@ -16,7 +16,7 @@ namespace KivoViewer {
 
 namespace {
 
-constexpr std::size_t startSize = 65536; // bytes
+constexpr std::size_t previewSize = 65536; // bytes
 constexpr std::size_t mostRows = 30;
 constexpr std::size_t mostColumns = 30;
 constexpr std::size_t longestField = 60; // bytes
@@ -93,8 +93,8 @@ bool IsPlainFile(const std::string& path) {
 Preview PreviewOf(const std::string& path, const ReadOptions& options, bool isGrid) {
     Preview preview;
     if (!IsPlainFile(path)) return preview;
-    std::string start = ReadFileStart(path, startSize);
-    if (start.size() == startSize) start.resize(start.find_last_of('\n') + 1); // whole lines
+    std::string start = ReadFileStart(path, previewSize);
+    if (start.size() == previewSize) start.resize(start.find_last_of('\n') + 1); // whole lines
     const bool isText = start.find('\0') == std::string::npos;
     TextLines lines(start, path);
     TextLines first = lines;

@@ -296,6 +296,34 @@ TEST_F(ViewerWindowFilesTest, ReadsAFileOtherwise) {
     EXPECT_EQ(Compare(read, wanted).max, 0);
 }
 
+TEST_F(ViewerWindowFilesTest, ReadsAMarkedRegion) {
+    constexpr int side = 41; // of squares as large as half the plot's distance from one edge to the other
+    std::ofstream file(Path("plane.asc"));
+    file << "ncols 41\nnrows 41\nxllcenter 0\nyllcenter 0\ncellsize 1\n";
+    for (int y = side - 1; y >= 0; --y)
+        for (int x = 0; x < side; ++x)
+            file << x << (x == side - 1 ? '\n' : ' ');
+    file.close();
+    Start({Path("plane.asc"), "--mode", "1", "--size", "800x600"});
+    const Image region = After("region", [this] {
+        PressWith(controlKey, 'r');
+        Settle();
+        Drag(leftButton, 100, 70);
+        Settle();
+    });
+    const Image whole = After("whole", [this] {
+        desktop->Key(controlKey, true);
+        PressWith(shiftKey, 'r');
+        desktop->Key(controlKey, false);
+    });
+    ExpectStart(whole);
+    PressWith(controlKey, 'r'); // and thinks better of it
+    Settle();
+    Press(escapeKey);
+    const Image moved = After("moved", [this] { Drag(leftButton, 100, 70, shiftKey); });
+    EXPECT_GT(Compare(moved, region).mean, 0.2);
+}
+
 // What is refused may be read otherwise: here in the way that is suggested.
 TEST_F(ViewerWindowFilesTest, OffersToReadOtherwiseWhatItRefuses) {
     std::ofstream(Path("wells.csv")) << "2;2;1;900\n8;6;2;1000\n14;12;3;1150\n";

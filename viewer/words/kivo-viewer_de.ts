@@ -1055,6 +1055,10 @@
         <source>it cannot be written</source>
         <translation>lässt sich nicht schreiben</translation>
     </message>
+    <message>
+        <source>Drag a rectangle with the left button; Escape ends it</source>
+        <translation>Mit der linken Taste ein Rechteck ziehen; Escape beendet es</translation>
+    </message>
 </context>
 <context>
     <name>Menu</name>
@@ -1313,6 +1317,22 @@
     <message>
         <source>Draw a line in the flat plot of XY and show the heights along it, or not</source>
         <translation>Profil längs einer Linie im ebenen Diagramm XY (ein/aus)</translation>
+    </message>
+    <message>
+        <source>&amp;Mark a region</source>
+        <translation>&amp;Ausschnitt markieren</translation>
+    </message>
+    <message>
+        <source>Drag a rectangle in the flat plot of XY, to read that part in full detail</source>
+        <translation>Im ebenen Diagramm XY ein Rechteck ziehen, um diesen Teil in voller Auflösung zu lesen</translation>
+    </message>
+    <message>
+        <source>Read t&amp;he whole</source>
+        <translation>&amp;Wieder das Ganze lesen</translation>
+    </message>
+    <message>
+        <source>Read the first surface&apos;s file without a region</source>
+        <translation>Die Datei der ersten Fläche ohne Ausschnitt lesen</translation>
     </message>
 </context>
 <context>

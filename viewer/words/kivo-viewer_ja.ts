@@ -1051,6 +1051,10 @@
         <source>it cannot be written</source>
         <translation>書き込めません</translation>
     </message>
+    <message>
+        <source>Drag a rectangle with the left button; Escape ends it</source>
+        <translation>左ボタンで矩形をドラッグします。Escapeで中止します</translation>
+    </message>
 </context>
 <context>
     <name>Menu</name>
@@ -1309,6 +1313,22 @@
     <message>
         <source>Draw a line in the flat plot of XY and show the heights along it, or not</source>
         <translation>XY の平面図に引いた線に沿う高さ（オン／オフ）</translation>
+    </message>
+    <message>
+        <source>&amp;Mark a region</source>
+        <translation>範囲の指定(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Drag a rectangle in the flat plot of XY, to read that part in full detail</source>
+        <translation>XY の平面図で矩形をドラッグし、その部分を詳細に読み込む</translation>
+    </message>
+    <message>
+        <source>Read t&amp;he whole</source>
+        <translation>全体の再読み込み(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Read the first surface&apos;s file without a region</source>
+        <translation>最初の面のファイルを範囲指定なしで読み込む</translation>
     </message>
 </context>
 <context>

@@ -53,12 +53,7 @@ KivoViewer::ReadOptions OptionsOf(unsigned int bits, unsigned int moreBits) {
     if ((moreBits & 2U) != 0) options.columns = {"x", "north", "h"};
     if ((moreBits & 4U) != 0) options.decimalMark = '.';
     if ((moreBits & 8U) != 0) options.radius = 1.5;
-    if ((moreBits & 16U) != 0)
-        options.askForGrid = [](std::size_t, KivoViewer::GridMethod& method, double& cell) {
-            method = KivoViewer::GridMethod::nearest;
-            cell *= 2.0;
-            return true;
-        };
+    options.asks = (moreBits & 16U) != 0;
     if ((moreBits & 64U) != 0) options.mostPoints = 40;
     return options;
 }
