@@ -115,7 +115,7 @@ GridSpan CellsOf(const Entry& start, const Entry& cell, std::size_t count,
 }
 
 // The rows and columns that are read: of a grid with too many points a region alone, or some of them.
-GridWindow WindowOf(const TextLines& lines, const Header& header, const ReadOptions& options) {
+GridWindow WindowOfHeader(const TextLines& lines, const Header& header, const ReadOptions& options) {
     const auto columns = static_cast<std::size_t>(*header.columns.value);
     const auto rows = static_cast<std::size_t>(*header.rows.value);
     const bool isTooLarge =
@@ -183,7 +183,7 @@ GridData ReadAsciiGrid(TextLines& lines, const ReadOptions& options) {
     const Header header = ReadHeader(lines, fields);
     const auto columns = static_cast<std::size_t>(*header.columns.value);
     const auto rows = static_cast<std::size_t>(*header.rows.value);
-    const GridWindow window = WindowOf(lines, header, options);
+    const GridWindow window = WindowOfHeader(lines, header, options);
     const std::vector<double> x = Centers(lines, header.x, header.cellX, window.columns.Size(),
                                           [&](std::size_t i) { return window.columns.At(i); });
     const std::vector<double> y =

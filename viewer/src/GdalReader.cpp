@@ -65,8 +65,8 @@ struct Placement {
     }
 };
 
-GridWindow WindowOf(GDALDatasetH dataset, const Placement& place, const ReadOptions& options,
-                    const std::string& path) {
+GridWindow WindowOfRaster(GDALDatasetH dataset, const Placement& place, const ReadOptions& options,
+                          const std::string& path) {
     GridSpan columns = {0, static_cast<std::size_t>(GDALGetRasterXSize(dataset))};
     GridSpan rows = {0, static_cast<std::size_t>(GDALGetRasterYSize(dataset))};
     if (const auto& region = options.region) {
@@ -301,7 +301,7 @@ std::optional<GridData> ReadWithGdal(const std::string& path, const ReadOptions&
     if (!dataset) Fail(path);
     const int band = BandOf(dataset.get(), options, path);
     const Placement place(dataset.get(), path);
-    const GridWindow window = WindowOf(dataset.get(), place, options, path);
+    const GridWindow window = WindowOfRaster(dataset.get(), place, options, path);
     const auto centers = [&path](double corner, double step, const GridSpan& span) {
         return EvenCoordinates(path, corner + step / 2.0, step, span);
     };

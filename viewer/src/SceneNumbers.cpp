@@ -15,7 +15,7 @@ namespace KivoViewer {
 
 namespace {
 
-[[noreturn]] void FailToDraw() {
+[[noreturn]] void FailToShowNumbers() {
     throw Failure(Filled(Translate("Plot", "cannot draw: %1"), KivoDrawingTools::LastWindowError()));
 }
 
@@ -25,7 +25,7 @@ namespace {
 void PlotScene::ShowOrigin(const double* origin) {
     if (std::equal(origin, origin + 3, m_origin)) return;
     for (int i = 0; i < 3; ++i) {
-        if (SetAxisOrigin(m_plotter, i, origin[i]) != 0) FailToDraw();
+        if (SetAxisOrigin(m_plotter, i, origin[i]) != 0) FailToShowNumbers();
         m_origin[i] = origin[i];
     }
     m_plotter.AutoAdjustAxisLengthRatio(); // for the new ranges
@@ -53,7 +53,7 @@ void PlotScene::ApplyLabels() {
     for (int i = 0; i < 3; ++i) {
         const std::string& name = settings.axes[i].labels->name;
         if (name == m_labelFormats[i]) continue;
-        if (SetAxisLabelFormat(m_plotter, i, LabelFormatOf(name)) != 0) FailToDraw();
+        if (SetAxisLabelFormat(m_plotter, i, LabelFormatOf(name)) != 0) FailToShowNumbers();
         m_labelFormats[i] = name;
     }
 }
