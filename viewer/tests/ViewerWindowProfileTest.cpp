@@ -56,6 +56,8 @@ TEST_F(ViewerWindowProfileTest, AKeyOpensAndClosesIt) {
     Keep(open, "open");
     ASSERT_TRUE(FindWindows()) << "the flat plot, lower than before";
     const Image flat = Settled();
+    Drag(leftButton, 60, -30);
+    EXPECT_LT(ShareOfDifference(flat, Settled()), 0.02) << "a line, over a plot that stays where it is";
     Press('p');
     Rest();
     EXPECT_GT(ShareOfDifference(open, Whole()), 0.02);

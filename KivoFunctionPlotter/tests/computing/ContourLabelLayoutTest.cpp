@@ -121,17 +121,18 @@ TEST(LinePathsTest, LeaveOutWhatIsNoNumber) {
 TEST(ContourLabelLayoutTest, PutsOneAtALineAndMoreAtALongOne) {
     const LinePaths shortLine = OneLine({{100, 100}, {160, 100}});
     const LinePaths line = OneLine({{100, 200}, {300, 200}});
-    const LinePaths longLine = OneLine({{0, 300}, {1000, 300}});
+    const LinePaths longLine = OneLine({{0, 300}, {1900, 300}});
     const std::vector<LabeledLines> levels = {
         {&shortLine, {50, 12}}, {&line, {50, 12}}, {&longLine, {50, 12}}, {&line, {0, 12}}};
-    const std::vector<PlacedLabel> placed = PlaceContourLabels(levels, asItIs, window, {});
+    const std::vector<PlacedLabel> placed =
+        PlaceContourLabels(levels, asItIs, {{0.0, 0.0}, {2000.0, 700.0}}, {});
     std::map<std::size_t, int> counts;
     for (const PlacedLabel& label : placed) {
         ++counts[label.level];
         EXPECT_NEAR(label.image.center.y, 100.0 + 100.0 * static_cast<double>(label.level), 1e-9);
         EXPECT_DOUBLE_EQ(label.image.right.x, 1.0);
     }
-    EXPECT_EQ(counts, (std::map<std::size_t, int>{{1, 1}, {2, 2 - 1 + (1000 - 16) / 500 - 1}}))
+    EXPECT_EQ(counts, (std::map<std::size_t, int>{{1, 1}, {2, 3}}))
         << "none at the short one and none without a size";
     ASSERT_FALSE(placed.empty());
     for (const PlacedLabel& label : placed)
@@ -148,6 +149,9 @@ TEST(ContourLabelLayoutTest, StandsWhereTheLineIsStraight) {
     const LinePaths line = OneLine(points);
     const std::vector<PlacedLabel> placed = PlaceContourLabels({{&line, {60, 12}}}, asItIs, window, {});
     ASSERT_EQ(placed.size(), 1u);
+    points.pop_back();
+    const LinePaths saw = OneLine(points);
+    EXPECT_TRUE(PlaceContourLabels({{&saw, {60, 12}}}, asItIs, window, {}).empty());
     EXPECT_GT(placed[0].image.center.x, 500.0);
 }
 
