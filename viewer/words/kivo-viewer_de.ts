@@ -1100,7 +1100,7 @@
     </message>
     <message>
         <source>Show by how much the first surface differs from another grid</source>
-        <translation>Zeigen, um wie viel die erste Fläche von einem anderen Gitter abweicht</translation>
+        <translation>Abweichung der ersten Fläche von einem anderen Gitter</translation>
     </message>
     <message>
         <source>Add measure &amp;points...</source>
@@ -1308,7 +1308,7 @@
     </message>
     <message>
         <source>See the first lines of the file, and choose how it is read</source>
-        <translation>Erste Zeilen der Datei sehen und festlegen, wie sie gelesen wird</translation>
+        <translation>Erste Zeilen der Datei sehen und anders lesen</translation>
     </message>
     <message>
         <source>Profi&amp;le</source>
@@ -1918,7 +1918,7 @@
     </message>
     <message>
         <source>A list of the measure groups in the corner of the 3-D plot</source>
-        <translation>Liste der Messgruppen in der Ecke des 3D-Diagramms</translation>
+        <translation>Liste der Messgruppen in der Ecke</translation>
     </message>
     <message>
         <source>View</source>
@@ -2082,7 +2082,7 @@
     </message>
     <message>
         <source>How many times as long Z is drawn as X and Y, behind the title of the plot</source>
-        <translation>Wievielmal so lang wie X und Y ist Z gezeichnet, hinter dem Titel des Diagramms</translation>
+        <translation>Überhöhung hinter dem Titel des Diagramms</translation>
     </message>
     <message>
         <source>Names of points</source>
@@ -2090,7 +2090,7 @@
     </message>
     <message>
         <source>Names beside measure points, as far as their file has them</source>
-        <translation>Namen neben Messpunkten, soweit ihre Datei sie enthält</translation>
+        <translation>Namen neben Messpunkten, soweit vorhanden</translation>
     </message>
 </context>
 <context>
