@@ -57,6 +57,13 @@ def _number(name: str, value: Any) -> float:
     return number
 
 
+def _not_negative(name: str, value: Any) -> float:
+    number = _number(name, value)
+    if number < 0.0:
+        raise ValueError(f'{name}: expected 0 or more, found {value!r}')
+    return number
+
+
 def _count(least: int, most: int) -> Callable[[str, Any], int]:
     def parse(name: str, value: Any) -> int:
         if not isinstance(value, abstract.Integral) or isinstance(value, bool):
@@ -190,6 +197,10 @@ class Plot:
     inverse_z = Setting(_flag, 'view', 'Whether the 3-D plot mirrors the Z axis.', False)
     contours = Setting(_axes, 'switches', 'Axes of which the 3-D plot has contours, such as "z" or "xyz".', '')
     contour_count = Setting(_count(1, 500), 'contour_count', 'Number of contour levels of each axis.', 20)
+    contour_interval = Setting(_not_negative, 'contour_levels', 'Distance of the contour levels of equal z; 0 for as many as contour_count.', 0.0)
+    contour_base = Setting(_number, 'contour_levels', 'One of the contour levels, where they have an interval.', 0.0)
+    fill_contours = Setting(_flag, 'switches', 'Whether the flat plot of XY has a colour between two contours.', False)
+    label_contours = Setting(_flag, 'switches', 'Whether values stand at the contours of the flat plot of XY.', False)
     grid_lines = Setting(_flag, 'switches', 'Whether lines run from the ticks across the back planes.', True)
     frame_lines = Setting(_flag, 'switches', 'Whether there are lines on the surface.', True)
     x_line_step = Setting(_count(1, 100000), 'line_steps', 'Columns from one frame line to the next.')
@@ -373,7 +384,8 @@ class Plot:
         self._automatic = {f'{axis}_{what}': getattr(plotter, f'get_{axis}_axis_{member}')() for axis in AXES
                            for what, member in (('min', 'min'), ('max', 'max'), ('ticks', 'tick_mark_number'),
                                                 ('precision', 'floating_point_precision'))}
-        for group in ('fit', 'labels', 'colors', 'titles', 'switches', 'line_steps', 'contour_count', 'gradients', 'legend'):
+        for group in ('fit', 'labels', 'colors', 'titles', 'switches', 'line_steps', 'contour_count', 'contour_levels',
+                      'gradients', 'legend'):
             getattr(self, f'_apply_{group}')()
         plotter.auto_adjust_axis_length_ratio()
         self._apply_view()
@@ -410,6 +422,8 @@ class Plot:
         plotter.set_auto_switch_frame_planes(bool(self.switch_planes))
         for axis in AXES:
             getattr(plotter, f'show_{axis}_iso_contours')(axis in (self.contours or ''))
+        plotter.fill_contours(bool(self.fill_contours))
+        plotter.label_contours(bool(self.label_contours))
         plotter.set_frame_line_color(_colors.packed('frame_line_color', self.frame_line_color or '#000000'))
         plotter.set_point_radius_pixel_size(self.point_size or 4)
         plotter.show_measure_group_names(bool(self.group_names))
@@ -421,6 +435,9 @@ class Plot:
 
     def _apply_contour_count(self) -> None:
         self.plotter.set_iso_contour_count(self.contour_count or 20)
+
+    def _apply_contour_levels(self) -> None:
+        self.plotter.set_contour_interval(2, self.contour_interval or 0.0, (self.contour_base or 0.0) - self._grid.origin[2])
 
     def _apply_gradients(self) -> None:
         start = _colors.packed('gradient_start', self.gradient_start or '#0000ff')

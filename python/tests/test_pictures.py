@@ -11,6 +11,8 @@ from conftest import pixels_of, read_png
 
 LOOKS = [
     ({}, []),
+    ({'mode': 'xy', 'fill_contours': True, 'label_contours': True, 'contour_interval': 0.5, 'contour_base': 0.2},
+     ['--mode', '1', '--fill-contours', '--label-contours', '--contour-interval', '0.5', '--contour-base', '0.2']),
     ({'contours': 'xyz', 'contour_count': 7}, ['--x-contours', '--y-contours', '--z-contours', '--contour-count', '7']),
     ({'title': 'Ä plot', 'x_title': 'x', 'y_title': 'y (m)', 'z_title': 'T (°C)'},
      ['--title', 'Ä plot', '--x-title', 'x', '--y-title', 'y (m)', '--z-title', 'T (°C)']),
