@@ -114,7 +114,8 @@ bool HasLetters(const std::string& text) {
 // The letter that opens an entry of a menu, or nothing.
 std::string AccessKey(const std::string& label) {
     const std::size_t mark = label.find('&');
-    return mark == std::string::npos ? std::string() : label.substr(mark + 1, 1);
+    if (mark == std::string::npos) return {};
+    return {static_cast<char>(std::toupper(static_cast<unsigned char>(label[mark + 1])))};
 }
 
 // Names of data, colours and keys.
