@@ -694,7 +694,9 @@ const std::vector<PublicMember> pointFunctions = {
     Member("SetMeasurePointNames(group, text)", bracketed,
            [](P& p, A& a) {
                const unsigned int group = a.GroupIndex();
-               return SetMeasurePointNames(p, group, {a.Text("B 12"), "", "C"});
+               const int result = SetMeasurePointNames(p, group, {a.Text("B 12"), "", "C"});
+               const int back = SetMeasurePointNames(p, group, {});
+               return result != 0 ? result : back;
            })
         .Refuses(-1)
         .Refuses(-2),
