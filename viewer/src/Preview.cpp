@@ -38,6 +38,7 @@ void KeepLines(TextLines lines, Preview& preview) {
 
 void KeepFields(TextLines lines, const TableLayout& layout, Preview& preview) {
     std::vector<std::string_view> fields;
+    if (!layout.names.empty()) lines.Next();
     while (preview.rows.size() < mostRows && lines.Next()) {
         SplitRow(lines.Line(), layout, fields);
         preview.rows.emplace_back();

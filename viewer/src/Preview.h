@@ -13,8 +13,8 @@ struct Preview {
     /// A table of numbers, as which nothing but a text is read that is no grid with a header.
     bool isTable = false;
     std::vector<std::vector<std::string>>
-        rows;                       ///< fields of a table, or a line each of another text; in UTF-8
-    std::vector<std::string> names; ///< of a table's columns, their numbers where they have none
+        rows; ///< fields of a table without its names, or a line each of another text; in UTF-8
+    std::vector<std::string> names;            ///< of a table's columns, their numbers where they have none
     std::array<int, 3> columns = {-1, -1, -1}; ///< of x, y and z in a table of points, from 0
     std::string words;                         ///< how it is read, or why it cannot be, in one sentence
 };

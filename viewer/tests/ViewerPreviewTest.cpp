@@ -32,8 +32,8 @@ TEST_F(ViewerPreviewTest, TellsColumnsOfPoints) {
     EXPECT_TRUE(preview.isTable);
     EXPECT_THAT(preview.names, ElementsAre("name", "east", "north", "depth"));
     EXPECT_THAT(preview.columns, ElementsAre(1, 2, 3));
-    ASSERT_EQ(preview.rows.size(), 3U);
-    EXPECT_THAT(preview.rows[2], ElementsAre("B 2", "4,5", "5,5", "-6,75"));
+    ASSERT_EQ(preview.rows.size(), 2U);
+    EXPECT_THAT(preview.rows[1], ElementsAre("B 2", "4,5", "5,5", "-6,75"));
     EXPECT_EQ(preview.words, "Points: fields between semicolons, decimal commas, names of columns first");
 }
 
@@ -85,9 +85,8 @@ TEST_F(ViewerPreviewTest, KeepsLittleOfMuch) {
     std::string wide = "x";
     for (int i = 0; i < 30; ++i)
         wide += "\xc3\xa4"; // the 60th byte begins a character
-    const Preview preview = PreviewOf(Write("wide.csv", wide + ",y,z\n1,2,3\n"), {}, false);
+    const Preview preview = PreviewOf(Write("wide.csv", "name,x,y,z\n" + wide + ",1,2,3\n"), {}, false);
     EXPECT_EQ(preview.rows[0][0], wide.substr(0, 59));
-    EXPECT_EQ(preview.names[0], wide);
     EXPECT_EQ(PreviewOf(Write("one.txt", std::string(100000, '1')), {}, true).words,
               "No text of whole lines");
 }
