@@ -751,7 +751,7 @@
     </message>
     <message>
         <source>Turn the 3-D plot by five degrees, or move a flat one</source>
-        <translation>3D-Diagramm um fünf Grad drehen, ebenes verschieben</translation>
+        <translation>Um fünf Grad drehen, ebenes verschieben</translation>
     </message>
     <message>
         <source>Shift+arrows</source>
@@ -787,7 +787,7 @@
     </message>
     <message>
         <source>Shift + either, or middle</source>
-        <translation>Umschalt + Taste, oder mittlere</translation>
+        <translation>Umschalt + Taste, Mitte</translation>
     </message>
     <message>
         <source>Ctrl + either</source>
@@ -1100,7 +1100,7 @@
     </message>
     <message>
         <source>Show by how much the first surface differs from another grid</source>
-        <translation>Abweichung der ersten Fläche von einem anderen Gitter</translation>
+        <translation>Abweichung von einem anderen Gitter zeigen</translation>
     </message>
     <message>
         <source>Add measure &amp;points...</source>
@@ -1124,7 +1124,7 @@
     </message>
     <message>
         <source>Save files, settings and view, to be opened again</source>
-        <translation>Dateien, Einstellungen und Ansicht zum späteren Öffnen speichern</translation>
+        <translation>Dateien, Einstellungen und Ansicht speichern</translation>
     </message>
     <message>
         <source>Read the files again</source>
@@ -1316,7 +1316,7 @@
     </message>
     <message>
         <source>Draw a line in the flat plot of XY and show the heights along it, or not</source>
-        <translation>Profil längs einer Linie im ebenen Diagramm XY (ein/aus)</translation>
+        <translation>Höhen längs einer Linie zeigen (ein/aus)</translation>
     </message>
     <message>
         <source>&amp;Mark a region</source>
@@ -1324,7 +1324,7 @@
     </message>
     <message>
         <source>Drag a rectangle in the flat plot of XY, to read that part in full detail</source>
-        <translation>Im ebenen Diagramm XY ein Rechteck ziehen, um diesen Teil in voller Auflösung zu lesen</translation>
+        <translation>Ausschnitt im ebenen Diagramm XY ziehen und ganz lesen</translation>
     </message>
     <message>
         <source>Read t&amp;he whole</source>
@@ -1332,7 +1332,7 @@
     </message>
     <message>
         <source>Read the first surface&apos;s file without a region</source>
-        <translation>Die Datei der ersten Fläche ohne Ausschnitt lesen</translation>
+        <translation>Datei der ersten Fläche ohne Ausschnitt lesen</translation>
     </message>
 </context>
 <context>
@@ -1782,7 +1782,7 @@
     </message>
     <message>
         <source>Colours between the contours of the flat plot of XY</source>
-        <translation>Farben zwischen den Höhenlinien des ebenen Diagramms XY</translation>
+        <translation>Farben zwischen Höhenlinien im ebenen Diagramm</translation>
     </message>
     <message>
         <source>Grid lines</source>
@@ -1866,7 +1866,7 @@
     </message>
     <message>
         <source>First and last colour at the ends of the Z axis</source>
-        <translation>Erste und letzte Farbe an den Enden der Z-Achse</translation>
+        <translation>Farben bis an die Enden der Z-Achse</translation>
     </message>
     <message>
         <source>All axes: lowest value</source>
@@ -1942,7 +1942,7 @@
     </message>
     <message>
         <source>A box of the same shape whatever the ranges of its axes</source>
-        <translation>Form des Kastens unabhängig von den Bereichen der Achsen</translation>
+        <translation>Form des Kastens unabhängig von den Achsen</translation>
     </message>
     <message>
         <source>Without a box of the same shape whatever the ranges of its axes</source>
@@ -1970,7 +1970,7 @@
     </message>
     <message>
         <source>Fewer points of large grids while the plot moves</source>
-        <translation>Weniger Punkte großer Gitter, solange sich das Diagramm bewegt</translation>
+        <translation>Weniger Punkte großer Gitter beim Bewegen</translation>
     </message>
     <message>
         <source>Without fewer points of large grids while the plot moves</source>
@@ -1982,7 +1982,7 @@
     </message>
     <message>
         <source>Left button and arrows turn it like a turntable</source>
-        <translation>Linke Taste und Pfeile drehen wie einen Drehteller</translation>
+        <translation>Drehen wie auf einem Drehteller</translation>
     </message>
     <message>
         <source>Left button and arrows turn it freely</source>
@@ -2006,7 +2006,7 @@
     </message>
     <message>
         <source>Coordinates of the traced point with the digits that the axes need</source>
-        <translation>Koordinaten am Zeiger mit den Stellen, die die Achsen brauchen</translation>
+        <translation>Koordinaten am Zeiger mit den nötigen Stellen</translation>
     </message>
     <message>
         <source>Without coordinates of the traced point with the digits that the axes need</source>
@@ -2074,7 +2074,7 @@
     </message>
     <message>
         <source>Values at the contours of the flat plot of XY</source>
-        <translation>Werte an den Höhenlinien des ebenen Diagramms XY</translation>
+        <translation>Werte an Höhenlinien im ebenen Diagramm XY</translation>
     </message>
     <message>
         <source>Exaggeration in the title</source>
