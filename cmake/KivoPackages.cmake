@@ -73,6 +73,8 @@ if(KIVO_BUILD_PYTHON)
     math(EXPR next_python "${Python_VERSION_MINOR} + 1")
     set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS
         "python3 (>= 3.${Python_VERSION_MINOR}), python3 (<< 3.${next_python}), python3-numpy")
+    set(CPACK_DEBIAN_PYTHON_PACKAGE_CONTROL_EXTRA
+        "${PROJECT_SOURCE_DIR}/packaging/debian/python/postinst" "${PROJECT_SOURCE_DIR}/packaging/debian/python/prerm")
     set(CPACK_DEBIAN_PYTHON_PACKAGE_RECOMMENDS "python3-pil")
     set(CPACK_DEBIAN_PYTHON_PACKAGE_SUGGESTS "python3-pyqt6, python3-tk")
     set(CPACK_DEBIAN_PYTHON_DESCRIPTION "interactive 3-D plot of a surface, Python module

@@ -26,7 +26,7 @@ env -u DISPLAY "$build"/examples/feature_pictures "$pictures/features"
 steps=$(mktemp -d) # the program keeps a picture of each step, too
 trap 'rm -rf "$steps"' EXIT
 KIVO_TEST_OUTPUT=$steps scripts/with-display.sh "$build"/tests/kivo-viewer-pictures
-for name in window flat-plot points surfaces japanese keys; do
+for name in window flat-plot points surfaces read-as japanese keys; do
     cp "$steps/$name.png" "$pictures/viewer/$name.png"
 done
 [ "${1:-}" = --check ] || exit 0

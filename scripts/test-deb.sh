@@ -105,18 +105,27 @@ done
 # What they depend on is there to be installed.
 apt-get --quiet=2 --simulate install "$place"/*.deb
 
-# A root that has nothing but dpkg's own records; the linker's cache is made in it, too.
+# A root that has nothing but dpkg's own records; the linker's cache and what Python compiles are made in it, too.
 system=$place/root
 mkdir -p "$system"/var/lib/dpkg/{info,updates,triggers} "$system/etc" "$place/bin"
 touch "$system/var/lib/dpkg/status"
 printf '#!/bin/sh\nexec /sbin/ldconfig -r "$DPKG_ROOT"\n' >"$place/bin/ldconfig"
-chmod +x "$place/bin/ldconfig"
+cat >"$place/bin/py3compile" <<'PROGRAM'
+#!/bin/sh
+[ "$*" = "-p python3-kivoplot" ] && exec /usr/bin/python3 -m compileall -q "$DPKG_ROOT/usr/lib/python3/dist-packages/kivoplot"
+PROGRAM
+cat >"$place/bin/py3clean" <<'PROGRAM'
+#!/bin/sh
+[ "$*" = "-p python3-kivoplot" ] && exec rm -rf "$DPKG_ROOT/usr/lib/python3/dist-packages/kivoplot/__pycache__"
+PROGRAM
+chmod +x "$place"/bin/*
 in_root() {
     PATH=$place/bin:$PATH fakeroot dpkg --root="$system" --log="$place/dpkg.log" --force-not-root \
         --force-script-chrootless --force-depends "$@"
 }
 in_root --install "$place"/*.deb
 [ -z "$(in_root --verify)" ] || fail "files differ from their checksums"
+[ -d "$system/$python/kivoplot/__pycache__" ] || fail "the Python module is not compiled"
 
 grep -q "not stripped" <(file "$system/$libraries/libKivoFunctionPlotter.so.$version" "$system/usr/bin/kivo-viewer") &&
     fail "debug information is left"

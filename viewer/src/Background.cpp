@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QEventLoop>
+#include <QLabel>
 #include <QProgressBar>
 #include <QProgressDialog>
 #include <QThread>
@@ -75,8 +76,11 @@ private:
 };
 
 void WaitWithDialog(QWidget* parent, const QString& words, QEventLoop& loop, const Work& work) {
-    QProgressDialog dialog(words, QCoreApplication::translate("Background", "Cancel"), 0, 1, parent);
+    QProgressDialog dialog(QString(), QCoreApplication::translate("Background", "Cancel"), 0, 1, parent);
     dialog.setWindowTitle("Kivo Viewer");
+    auto* const label = new QLabel(words);
+    label->setTextFormat(Qt::PlainText); // of names of files
+    dialog.setLabel(label);
     dialog.setWindowModality(Qt::WindowModal);
     auto* const bar = new QProgressBar;
     dialog.setBar(bar); // setValue of the dialog itself would handle events
@@ -91,7 +95,21 @@ void WaitWithDialog(QWidget* parent, const QString& words, QEventLoop& loop, con
 
 std::atomic<int> worksGoingOn = 0;
 
+int waits = 0; // of the windows' thread, one in the other
+
+class WaitScope {
+public:
+    WaitScope() { ++waits; }
+    ~WaitScope() { --waits; }
+    WaitScope(const WaitScope&) = delete;
+    WaitScope& operator=(const WaitScope&) = delete;
+};
+
 } // namespace
+
+bool IsWaitingForBackground() {
+    return waits > 0;
+}
 
 bool IsWorkGoingOn() {
     return worksGoingOn > 0;
@@ -101,6 +119,7 @@ void RunInBackground(QWidget* parent, const QString& words, std::function<void(c
     const auto work = std::make_shared<Work>();
     work->action = std::move(action);
     const CloseRefusal refusal(parent->window());
+    const WaitScope scope;
     QEventLoop loop;
     QThread* const thread = QThread::create([work] {
         ++worksGoingOn;

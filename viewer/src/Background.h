@@ -31,6 +31,9 @@ Result MakeInBackground(QWidget* parent, const QString& words,
     return std::move(**result);
 }
 
+/// Whether somebody waits in one of these. What comes meanwhile, and reads files too, is better put off.
+bool IsWaitingForBackground();
+
 /// Whether something that nobody waits for has not ended yet. The program then ends without waiting for it,
 /// and without destroying what it may use.
 bool IsWorkGoingOn();

@@ -1,6 +1,7 @@
 #include "Content.h"
 
 #include "Difference.h"
+#include "Failure.h"
 #include "FormulaGrid.h"
 #include "GridReader.h"
 #include "PlotScene.h"
@@ -8,6 +9,7 @@
 #include "Session.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace KivoViewer {
 
@@ -17,6 +19,7 @@ GridData ReadWithPath(const std::string& path, const ReadOptions& reading, const
     GridData grid = ReadGridFile(path, progress, reading);
     grid.path = path;
     grid.reading = reading;
+    grid.reading.asks = false;
     return grid;
 }
 
@@ -87,21 +90,30 @@ Content LoadContent(const Options& options, GridData (*sample)(), const Progress
 }
 
 void ShowContent(PlotScene& scene, const Content& content, const Options& options) {
+    std::optional<Failure> firstFailure;
+    const auto attempt = [&firstFailure](const auto& show) {
+        try {
+            show();
+        } catch (const Failure& failure) {
+            if (!firstFailure) firstFailure = failure;
+        }
+    };
     scene.RemoveAllPoints();
     scene.Settings() = options.settings;
-    scene.ShowGrid(content.grid);
+    attempt([&] { scene.ShowGrid(content.grid); });
     SurfaceEntry first = scene.Surfaces().front();
     first.looks = options.looks.front();
     scene.ChangeSurface(first);
     for (std::size_t i = 0; i < content.surfaces.size(); ++i)
-        scene.AddSurface(content.surfaces[i], options.looks[i + 1]);
+        attempt([&] { scene.AddSurface(content.surfaces[i], options.looks[i + 1]); });
     for (const PointFile& file : content.measureGroups)
         for (const PointFile& group : GroupsOf(file))
-            scene.AddPoints(PointSet::Kind::measureGroup, group);
+            attempt([&] { scene.AddPoints(PointSet::Kind::measureGroup, group); });
     for (const PointFile& curve : content.curves)
-        scene.AddPoints(PointSet::Kind::curve, curve);
-    if (options.session) ShowSession(scene, *options.session);
+        attempt([&] { scene.AddPoints(PointSet::Kind::curve, curve); });
+    if (options.session) attempt([&] { ShowSession(scene, *options.session); });
     scene.ShowFrom(options.viewpoint);
+    if (firstFailure) throw Failure(*firstFailure);
 }
 
 } // namespace KivoViewer

@@ -27,7 +27,8 @@ Content LoadContent(const Options& options, GridData (*sample)(), const Progress
 /// How the grid is read that is subtracted from the first.
 const ReadOptions& MinusReadingOf(const Options& options);
 
-/// Shows it all as the options say. Throws as PlotScene::ShowGrid does.
+/// Shows it all as the options say. What cannot be shown so is left out; the first Failure of that is thrown
+/// when all the rest is shown.
 void ShowContent(PlotScene& scene, const Content& content, const Options& options);
 
 } // namespace KivoViewer

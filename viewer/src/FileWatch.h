@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QFileSystemWatcher>
+#include <QHash>
 #include <QStringList>
 #include <QTimer>
 
@@ -15,7 +16,11 @@ public:
     /// @param changed  called once a file has changed and then was left alone for a moment
     FileWatch(QObject* parent, std::function<void()> changed);
 
-    /// Watches these files in place of others.
+    /// These files are going to be read: what changes from now on is another state than the one that is read.
+    void Expect(const QStringList& paths);
+
+    /// Watches these files in place of others, for other states than those in which they were expected, or
+    /// are watched already; else than now.
     void Watch(const QStringList& paths);
 
 private:
@@ -23,6 +28,8 @@ private:
         QString path;
         qint64 size;
         qint64 modified; ///< in milliseconds
+
+        bool Differs(const State& other) const { return size != other.size || modified != other.modified; }
     };
 
     static State StateOf(const QString& path);
@@ -31,7 +38,8 @@ private:
     std::function<void()> m_changed;
     QFileSystemWatcher m_watcher;
     QTimer m_pause;
-    QList<State> m_states; ///< of the files, when they were read
+    QList<State> m_states;            ///< of the files, when they were read
+    QHash<QString, State> m_expected; ///< of files that are being read
 };
 
 } // namespace KivoViewer

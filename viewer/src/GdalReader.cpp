@@ -58,6 +58,8 @@ struct Placement {
         if (GDALGetGeoTransform(dataset, t) != CE_None) return;
         if (t[2] != 0.0 || t[4] != 0.0)
             throw Failure(path + ": " + Translate("Files", "the raster is rotated"));
+        if (!std::isnormal(t[1]) || !std::isnormal(t[5]) || !std::isfinite(t[0]) || !std::isfinite(t[3]))
+            throw Failure(path + ": " + Translate("Files", "its cells have no size or place"));
         x = t[0];
         columnStep = t[1];
         y = t[3];

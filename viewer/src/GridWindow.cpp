@@ -48,11 +48,13 @@ GridWindow WindowOf(const std::string& name, GridSpan columns, GridSpan rows, st
 }
 
 GridSpan CellsWithin(double corner, double step, std::size_t count, double from, double to) {
+    constexpr double rounding = 1e-9; // of a centre that is an end of the range
     const double a = (from - corner) / step - 0.5;
     const double b = (to - corner) / step - 0.5;
+    if (std::isnan(a) || std::isnan(b)) return {0, 0};
     const auto last = static_cast<double>(count);
-    const double begin = std::clamp(std::ceil(std::min(a, b)), 0.0, last);
-    const double end = std::clamp(std::floor(std::max(a, b)) + 1.0, begin, last);
+    const double begin = std::clamp(std::ceil(std::min(a, b) - rounding), 0.0, last);
+    const double end = std::clamp(std::floor(std::max(a, b) + rounding) + 1.0, begin, last);
     return {static_cast<std::size_t>(begin), static_cast<std::size_t>(end - begin)};
 }
 

@@ -59,7 +59,7 @@ MainWindow::MainWindow(const Content& content, const Options& options) : m_plot(
     setCentralWidget(m_plot);
     setAcceptDrops(true);
     m_history = new QUndoStack(this);
-    m_watch = new FileWatch(this, [this] { Reload(); });
+    m_watch = new FileWatch(this, [this] { WhenIdle([this] { Reload(); }); });
     MakePanels();
     MakeProfile(options.profile);
     m_plot->regionMarked = [this](const Region& region) { ReadRegion(region); };
@@ -160,36 +160,8 @@ void MainWindow::ConnectToggle(QAction* action, const Setting& setting) {
 }
 
 void MainWindow::Do(const MenuEntry& entry) {
+    if (DoWithFiles(entry.command)) return;
     switch (entry.command) {
-    case Command::open:
-        return OpenFile();
-    case Command::addSurface:
-        return AddSurfaceFiles();
-    case Command::addPoints:
-        return AddPointFiles(PointSet::Kind::measureGroup);
-    case Command::addCurves:
-        return AddPointFiles(PointSet::Kind::curve);
-    case Command::saveSession:
-        return SaveSession();
-    case Command::subtract:
-        return Subtract();
-    case Command::reload:
-        return Reload();
-    case Command::readAs:
-        return ReadAs();
-    case Command::markRegion:
-        return MarkRegion();
-    case Command::readWhole:
-        return ReadRegion(std::nullopt);
-    case Command::watchFiles:
-        m_isWatching = m_watching->isChecked();
-        return WatchFiles();
-    case Command::savePicture:
-        return SavePicture();
-    case Command::copyPicture:
-        return CopyPicture();
-    case Command::print:
-        return Print();
     case Command::quit:
         close();
         return;
@@ -214,12 +186,58 @@ void MainWindow::Do(const MenuEntry& entry) {
         return ShowAbout();
     case Command::profilePanel:
         return ShowProfilePanel();
-    case Command::none:
-    case Command::openRecent: // a menu
-    case Command::settingsPanel:
-    case Command::surfacesPanel:
-    case Command::pointsPanel: // the panels' own actions do that
+    default: // menus, and the panels' own actions
         return;
+    }
+}
+
+bool MainWindow::DoWithFiles(Command command) {
+    switch (command) {
+    case Command::open:
+        OpenFile();
+        return true;
+    case Command::addSurface:
+        AddSurfaceFiles();
+        return true;
+    case Command::addPoints:
+        AddPointFiles(PointSet::Kind::measureGroup);
+        return true;
+    case Command::addCurves:
+        AddPointFiles(PointSet::Kind::curve);
+        return true;
+    case Command::saveSession:
+        SaveSession();
+        return true;
+    case Command::subtract:
+        Subtract();
+        return true;
+    case Command::reload:
+        Reload();
+        return true;
+    case Command::readAs:
+        ReadAs();
+        return true;
+    case Command::markRegion:
+        MarkRegion();
+        return true;
+    case Command::readWhole:
+        ReadRegion(std::nullopt);
+        return true;
+    case Command::watchFiles:
+        m_isWatching = m_watching->isChecked();
+        WatchFiles();
+        return true;
+    case Command::savePicture:
+        SavePicture();
+        return true;
+    case Command::copyPicture:
+        CopyPicture();
+        return true;
+    case Command::print:
+        Print();
+        return true;
+    default:
+        return false;
     }
 }
 

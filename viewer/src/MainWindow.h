@@ -57,6 +57,8 @@ private:
     bool IsUsable() const;
 
     void Do(const MenuEntry& entry);
+    /// @return whether the command is one that reads or writes files
+    bool DoWithFiles(Command command);
     void Change(const Setting& setting, const PlotSettings& wanted);
     void ChangeMode(int mode);
     void OpenSection(const std::string& name);
@@ -84,8 +86,12 @@ private:
     void SaveSession();
     void Reload();
     void Subtract();
-    void ShowDifference(Session session);
+    void ShowAsking(Session& session, std::string& path, ReadOptions& reading);
+    void ShowFirstAs(const ReadOptions& reading, const KivoDrawingTools::SKivoView& view);
     void WatchFiles();
+
+    /// Does something that reads files once nothing else is being read or asked.
+    void WhenIdle(const std::function<void()>& action);
 
     void OpenFile();
     bool OpenPath(const QString& path);

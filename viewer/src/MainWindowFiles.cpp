@@ -1,5 +1,7 @@
 // MainWindow: opening files and giving the picture away.
+#include "Background.h"
 #include "Failure.h"
+#include "FileWatch.h"
 #include "GdalReader.h"
 #include "MainWindow.h"
 #include "PictureFile.h"
@@ -129,11 +131,21 @@ bool MainWindow::Try(QWidget* parent, const std::function<void()>& action) {
     } catch (const Cancelled&) {
         return false;
     } catch (const Failure& failure) {
-        QMessageBox::warning(parent, "Kivo Viewer", QString::fromStdString(OneLine(failure.what())));
+        QMessageBox message(QMessageBox::Warning, "Kivo Viewer",
+                            QString::fromStdString(OneLine(failure.what())), QMessageBox::Ok, parent);
+        message.setTextFormat(Qt::PlainText); // of names and fields of files
+        message.exec();
     } catch (const std::bad_alloc&) {
         QMessageBox::warning(parent, "Kivo Viewer", tr("There is not enough memory."));
     }
     return false;
+}
+
+// Readings in each other would end in the wrong order.
+void MainWindow::WhenIdle(const std::function<void()>& action) {
+    constexpr int milliseconds = 100;
+    if (!IsWaitingForBackground() && !QApplication::activeModalWidget()) return action();
+    QTimer::singleShot(milliseconds, this, [this, action] { WhenIdle(action); });
 }
 
 // ---- Files in -------------------------------------------------------------------------------------------
@@ -153,6 +165,7 @@ bool MainWindow::OpenPath(const QString& path) {
 
 bool MainWindow::OpenReading(const Reading& reading) {
     return Try(this, [&] {
+        m_watch->Expect({QFile::decodeName(reading.path.c_str())});
         const GridData grid = ReadGridForWindow(this, reading);
         const QString path = QFile::decodeName(reading.path.c_str());
         const KivoDrawingTools::SKivoView view = Scene().View();
@@ -186,13 +199,14 @@ std::optional<Reading> MainWindow::FirstReading() {
 // The first surface's file once more, otherwise.
 void MainWindow::ReadAs() {
     std::optional<Reading> reading = FirstReading();
-    if (reading && AskHowToRead(this, *reading, true)) OpenReading(*reading);
+    if (reading && AskHowToRead(this, *reading, true)) ShowFirstAs(reading->options, Scene().View());
 }
 
 void MainWindow::MarkRegion() {
     constexpr int xyMode = 1;
     if (!FirstReading()) return;
     if (Scene().Settings().mode != xyMode) ChangeMode(xyMode);
+    RefreshControls();
     m_plot->MarkRegion();
     statusBar()->showMessage(tr("Drag a rectangle with the left button; Escape ends it"));
 }
@@ -201,7 +215,10 @@ void MainWindow::ReadRegion(const std::optional<Region>& region) {
     std::optional<Reading> reading = FirstReading();
     if (!reading) return;
     reading->options.region = region;
-    OpenReading(*reading);
+    KivoDrawingTools::SKivoView view = Scene().View();
+    view.zoom = 1.0; // the region is another box
+    view.panX = view.panY = 0.0;
+    ShowFirstAs(reading->options, view);
 }
 
 // The first is opened, the others are laid over it.
@@ -217,6 +234,7 @@ void MainWindow::AddSurfaceFiles() {
 void MainWindow::AddSurfacePaths(const QStringList& paths) {
     for (const QString& path : paths)
         Try(this, [&] {
+            m_watch->Expect({path});
             const GridData grid = ReadGridForWindow(this, AskingReading(path));
             Scene().AddSurface(grid, UsualLooks(Scene().Surfaces().size()));
             RememberFile(path);
@@ -265,7 +283,7 @@ void MainWindow::dropEvent(QDropEvent* event) {
     const bool adds = (event->modifiers() & Qt::ShiftModifier) != 0;
     event->setDropAction(Qt::CopyAction); // with Shift the files would be moved
     event->accept();
-    QTimer::singleShot(0, this, [=] { adds ? AddSurfacePaths(paths) : OpenPaths(paths); });
+    QTimer::singleShot(0, this, [=] { WhenIdle([=] { adds ? AddSurfacePaths(paths) : OpenPaths(paths); }); });
 }
 
 void MainWindow::AddPointFiles(PointSet::Kind kind) {
@@ -274,6 +292,7 @@ void MainWindow::AddPointFiles(PointSet::Kind kind) {
         tr("Points x, y, z") + " (*.csv *.xyz *.txt *.dat);;" + AllFiles());
     for (const QString& path : paths)
         Try(this, [&] {
+            m_watch->Expect({path});
             const PointFile file = ReadPointsForWindow(this, path);
             const bool isCurve = kind == PointSet::Kind::curve;
             for (const PointFile& set : isCurve ? std::vector<PointFile>{file} : GroupsOf(file))

@@ -19,12 +19,31 @@
 
 #include <functional>
 #include <new>
+#include <optional>
 #include <string>
 #include <utility>
 
 namespace KivoViewer {
 
 namespace {
+
+// The file that GDAL's name for a part of it names, such as NETCDF:"sea.nc":depth; of other names themselves.
+QString FileIn(const QString& name) {
+    if (QFileInfo::exists(name)) return name;
+    QString inner = name.section(':', 1, -2);
+    inner.remove('"');
+    return !inner.isEmpty() && QFileInfo::exists(inner) ? inner : name;
+}
+
+// All that is going to be read.
+QStringList FilesOf(const Options& options) {
+    QStringList files;
+    for (const auto* const paths : {&options.files, &options.pointFiles, &options.curveFiles})
+        for (const std::string& path : *paths)
+            files.append(FileIn(QFile::decodeName(path.c_str())));
+    files.append(FileIn(QFile::decodeName(options.minus.c_str())));
+    return files;
+}
 
 // A change of settings that can be taken back. Changes of one number that follow each other are one.
 class SettingsStep : public QUndoCommand {
@@ -92,11 +111,17 @@ Session MainWindow::PresentSession() {
 // All of it, or nothing: files are read before anything is shown.
 void MainWindow::Show(Session session) {
     const Options options = WithSession(Options(), std::move(session));
+    m_watch->Expect(FilesOf(options));
     const Content content =
         MakeInBackground<Content>(this, tr("Reading..."), [options](const Progress& progress) {
             return LoadContent(options, ReadSample, progress);
         });
-    ShowContent(Scene(), content, options);
+    std::optional<Failure> failure; // of which the rest is shown
+    try {
+        ShowContent(Scene(), content, options);
+    } catch (const Failure& first) {
+        failure = first;
+    }
     m_function = {options.function, options.x, options.y};
     m_minus = options.minus;
     m_minusReading = MinusReadingOf(options);
@@ -108,6 +133,7 @@ void MainWindow::Show(Session session) {
     WatchFiles();
     m_plot->Redraw();
     RefreshControls();
+    if (failure) throw Failure(*failure);
 }
 
 bool MainWindow::OpenSession(const QString& path) {
@@ -147,20 +173,20 @@ void MainWindow::Reload() {
     }
 }
 
-// Asks what the subtracted file leaves open, until that is nothing.
-void MainWindow::ShowDifference(Session session) {
+// Asks what one file of the session leaves open, until that is nothing.
+void MainWindow::ShowAsking(Session& session, std::string& path, ReadOptions& reading) {
+    reading.asks = true;
     while (true) {
         try {
             return Show(session);
         } catch (const OpenQuestion& question) {
-            if (question.Readings().front().path.find(session.minus) == std::string::npos)
-                throw; // of another file
+            if (question.Readings().front().path.find(path) == std::string::npos) throw; // of another file
             const auto answer = AskForReading(this, question, true);
             if (!answer) throw Cancelled();
-            session.minus = answer->path;
-            session.minusReading = answer->options;
+            path = answer->path;
+            reading = answer->options;
         } catch (const GridQuestion& question) {
-            if (!AskForGrid(this, question, session.minusReading)) throw Cancelled();
+            if (!AskForGrid(this, question, reading)) throw Cancelled();
         }
     }
 }
@@ -173,10 +199,22 @@ void MainWindow::Subtract() {
         Session session = PresentSession();
         session.minus = QFile::encodeName(path).toStdString();
         session.minusReading = {};
-        session.minusReading.asks = true;
         session.settings = WithoutDataSettings(session.settings);
         session.surfaces.front().name.clear();
-        ShowDifference(std::move(session));
+        ShowAsking(session, session.minus, session.minusReading);
+        m_history->clear();
+    });
+}
+
+// The first surface's file otherwise, with all that is shown over it.
+void MainWindow::ShowFirstAs(const ReadOptions& reading, const KivoDrawingTools::SKivoView& view) {
+    Try(this, [&] {
+        Session session = PresentSession();
+        session.settings = WithoutDataSettings(session.settings);
+        session.view = view;
+        SurfaceEntry& first = session.surfaces.front();
+        first.reading = reading;
+        ShowAsking(session, first.path, first.reading);
         m_history->clear();
     });
 }
@@ -186,7 +224,7 @@ void MainWindow::WatchFiles() {
     if (m_isWatching) {
         const Session session = PresentSession();
         const auto add = [&paths](const std::string& path) {
-            if (!path.empty()) paths.append(QFile::decodeName(path.c_str()));
+            if (!path.empty()) paths.append(FileIn(QFile::decodeName(path.c_str())));
         };
         for (const SurfaceEntry& surface : session.surfaces)
             add(surface.path);

@@ -238,6 +238,22 @@ void DescribeSession(CLI::App& app, CLI::Option& file, CLI::Option& function, CL
         ->excludes(&picture);
 }
 
+void DescribePoints(CLI::App& app, CLI::Option& picture, Options& options, Words& words) {
+    app.add_option("--points", options.pointFiles,
+                   Translate("CommandLine", "Measure points, x y z in each line; may be repeated, a group "
+                                            "for each file or each name in it"))
+        ->type_name("FILE")
+        ->allow_extra_args(false);
+    app.add_option("--curve", options.curveFiles,
+                   Translate("CommandLine", "Points of a curve, x y z in each line; may be repeated"))
+        ->type_name("FILE")
+        ->allow_extra_args(false);
+    app.add_option("--trace-at", words.traceAt,
+                   Translate("CommandLine", "Trace the surface at this pixel of the picture"))
+        ->type_name("X,Y")
+        ->needs(&picture);
+}
+
 void Describe(CLI::App& app, Options& options, Words& words) {
     app.set_version_flag("--version", std::string("kivo-viewer ") + KIVO_VERSION,
                          Translate("CommandLine", "Display program version information and exit"));
@@ -283,19 +299,7 @@ void Describe(CLI::App& app, Options& options, Words& words) {
         ->check(CLI::Range(0, 3).description(""));
     DescribeViewpoint(app, words);
     DescribeSurfaces(app, words);
-    app.add_option("--points", options.pointFiles,
-                   Translate("CommandLine", "Measure points, x y z in each line; may be repeated, a group "
-                                            "for each file or each name in it"))
-        ->type_name("FILE")
-        ->allow_extra_args(false);
-    app.add_option("--curve", options.curveFiles,
-                   Translate("CommandLine", "Points of a curve, x y z in each line; may be repeated"))
-        ->type_name("FILE")
-        ->allow_extra_args(false);
-    app.add_option("--trace-at", words.traceAt,
-                   Translate("CommandLine", "Trace the surface at this pixel of the picture"))
-        ->type_name("X,Y")
-        ->needs(picture);
+    DescribePoints(app, *picture, options, words);
     DescribePicture(app, *picture, options.format, words);
     DescribeProfile(app, options, words);
     DescribeSession(app, *file, *function, *picture, options);

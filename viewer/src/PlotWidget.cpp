@@ -56,7 +56,8 @@ PictureFormat PlotWidget::Format() const {
 
 void PlotWidget::mousePressEvent(QMouseEvent* event) {
     const bool isPlainLeft = event->buttons() == Qt::LeftButton && event->modifiers() == Qt::NoModifier;
-    if (std::exchange(m_marksRegion, false) && isPlainLeft && PlaceAt(event->position())) {
+    if (m_marksRegion && isPlainLeft && PlaceAt(event->position())) {
+        m_marksRegion = false;
         m_corner = m_oppositeCorner = event->position();
         return;
     }

@@ -145,6 +145,11 @@ bool IsGap(const Track& track, std::size_t i) {
 
 } // namespace
 
+double SurfaceHeights::Height(std::size_t column, std::size_t row) const {
+    const float difference = z[(row * x.size() + column) * stride];
+    return std::isfinite(difference) ? AbsoluteNumber(zOrigin, difference) : noHeight;
+}
+
 double ProfileLine::Length() const {
     return std::hypot(x1 - x0, y1 - y0);
 }

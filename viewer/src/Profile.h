@@ -31,9 +31,8 @@ struct SurfaceHeights {
     std::size_t stride;    ///< floats from one point to the next
     double zOrigin;        ///< what is added to z
 
-    double Height(std::size_t column, std::size_t row) const {
-        return zOrigin + static_cast<double>(z[(row * x.size() + column) * stride]);
-    }
+    /// In absolute numbers, as they are meant; not a number in a hole.
+    double Height(std::size_t column, std::size_t row) const;
 };
 
 /// A place of the line. Between two of them that follow each other a surface is straight, where it has a

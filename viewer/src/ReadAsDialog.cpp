@@ -21,6 +21,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <cmath>
 #include <functional>
 #include <utility>
 
@@ -239,7 +240,7 @@ private:
     static bool ReadNumber(const QLineEdit& line, double& number) {
         if (line.text().trimmed().isEmpty()) return true;
         number = ParseNumber(line.text().trimmed().toStdString()).value_or(0.0);
-        return number > 0.0;
+        return number > 0.0 && std::isfinite(number);
     }
 
     bool ReadRegion(ReadOptions& options) const {

@@ -17,6 +17,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <cmath>
 
 namespace KivoViewer {
 
@@ -84,6 +85,7 @@ bool TellAndAskAgain(QWidget* parent, const Failure& failure, Reading& reading, 
                                 QMessageBox::ActionRole)
             : nullptr;
     message.setEscapeButton(QMessageBox::Ok);
+    message.setTextFormat(Qt::PlainText); // of names and fields of files
     message.exec();
     return again && message.clickedButton() == again && AskHowToRead(parent, reading, isGrid);
 }
@@ -105,7 +107,10 @@ bool AskForGrid(QWidget* parent, const GridQuestion& question, ReadOptions& opti
     form->addRow(QCoreApplication::translate("ReadDialogs", "&Cell size"), size);
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     form->addRow(buttons);
-    const auto typed = [size] { return ParseNumber(size->text().toStdString()).value_or(0.0); };
+    const auto typed = [size] {
+        const double number = ParseNumber(size->text().toStdString()).value_or(0.0);
+        return std::isfinite(number) ? number : 0.0;
+    };
     QObject::connect(size, &QLineEdit::textChanged, &dialog,
                      [buttons, typed] { buttons->button(QDialogButtonBox::Ok)->setEnabled(typed() > 0.0); });
     QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);

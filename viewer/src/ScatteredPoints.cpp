@@ -122,6 +122,15 @@ struct Triangle {
         return longest;
     }
 
+    double DoubleArea() const { return (x[1] - x[0]) * (y[2] - y[0]) - (x[2] - x[0]) * (y[1] - y[0]); }
+
+    // Points of one line, but for rounding: what lies between them is not known from these.
+    bool IsFlat() const {
+        constexpr double rounding = 1e-9;
+        const double edge = LongestEdge();
+        return !(std::abs(DoubleArea()) > rounding * edge * edge);
+    }
+
     // From where to where the triangle reaches at a height that it has.
     std::pair<double, double> WidthAt(double height) const {
         double left = std::numeric_limits<double>::infinity(), right = -left;
@@ -137,7 +146,7 @@ struct Triangle {
     }
 
     double ValueAt(double px, double py) const {
-        const double area = (x[1] - x[0]) * (y[2] - y[0]) - (x[2] - x[0]) * (y[1] - y[0]);
+        const double area = DoubleArea();
         const double dx = px - x[0], dy = py - y[0];
         const double b = std::clamp((dx * (y[2] - y[0]) - (x[2] - x[0]) * dy) / area, 0.0, 1.0);
         const double c = std::clamp(((x[1] - x[0]) * dy - dx * (y[1] - y[0])) / area, 0.0, 1.0 - b);
@@ -153,8 +162,8 @@ void Fill(const Triangle& triangle, Raster& raster) {
         const auto [left, right] = triangle.WidthAt(y);
         const auto [column0, column1] = CellsBetween(left, right, raster.cell, raster.columns);
         for (std::size_t column = column0; column < column1; ++column) {
-            const double value = triangle.ValueAt(static_cast<double>(column) * raster.cell, y);
-            if (std::isfinite(value)) raster.z[row * raster.columns + column] = value; // else it has no area
+            raster.z[row * raster.columns + column] =
+                triangle.ValueAt(static_cast<double>(column) * raster.cell, y);
         }
     }
 }
@@ -170,7 +179,7 @@ void FillLinearly(const std::string& name, const Points& points, double longestE
         if (i % trianglesBetweenReports == 0)
             Report(progress, 0.5 + 0.5 * static_cast<double>(i) / static_cast<double>(triangles.size()));
         const Triangle triangle(points, triangles[i]);
-        if (longestEdge > 0.0 && triangle.LongestEdge() > longestEdge) continue;
+        if (triangle.IsFlat() || (longestEdge > 0.0 && triangle.LongestEdge() > longestEdge)) continue;
         Fill(triangle, raster);
     }
 }

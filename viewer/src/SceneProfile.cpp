@@ -1,4 +1,5 @@
 // PlotScene: heights along a line, and places of the XY plot.
+#include "Numbers.h"
 #include "PlotScene.h"
 
 #include <cmath>
@@ -59,7 +60,7 @@ std::vector<double> AbsoluteNumbers(const float* numbers, std::size_t count, std
     std::vector<double> absolute;
     absolute.reserve(count);
     for (std::size_t i = 0; i < count; ++i)
-        absolute.push_back(origin + static_cast<double>(numbers[i * stride]));
+        absolute.push_back(AbsoluteNumber(origin, numbers[i * stride]));
     return absolute;
 }
 

@@ -1,6 +1,7 @@
 // Text grids of more points than can be shown: some rows and columns of them, or a part. The limit is low
 // here.
 #include "GridReader.h"
+#include "GridWindow.h"
 #include "Numbers.h"
 #include "ViewerData.h"
 
@@ -9,6 +10,7 @@
 
 #include <cstring>
 #include <functional>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -194,6 +196,17 @@ TEST(ViewerLargeGridTest, ReadsALargeRegionReduced) {
         EXPECT_EQ(part.RowCount(), 7U);
         EXPECT_EQ(AbsoluteNumber(part.origin[0], part.x[0]), X(2));
     }
+}
+
+TEST(ViewerLargeGridTest, TakesTheCentresUpToTheEndsOfARegion) {
+    for (std::size_t last = 1; last < 400; ++last) {
+        const double end = (static_cast<double>(last) + 0.5) / 10.0;
+        EXPECT_EQ(CellsWithin(0.0, 0.1, 1000, 0.05, end).count, last + 1) << end;
+        EXPECT_EQ(CellsWithin(0.0, 0.1, 1000, end, 99.95).first, last) << end;
+    }
+    EXPECT_EQ(CellsWithin(1.0, 0.0, 5, 1.0, 2.0).count, 0U);
+    const double huge = std::numeric_limits<double>::infinity();
+    EXPECT_EQ(CellsWithin(-huge, huge, 5, 1.0, 2.0).count, 0U);
 }
 
 TEST(ViewerLargeGridTest, RefusesWhatCannotBeReduced) {

@@ -131,6 +131,27 @@ TEST_F(ViewerGriddingTest, LeavesHolesOutsideTheHull) {
               101 * 102 / 2);
 }
 
+// The edges of a turned survey lie on lines, but for rounding: what is between three of their points alone is
+// no triangle.
+TEST_F(ViewerGriddingTest, KeepsToThePlaneAlongSlantedEdges) {
+    std::string text;
+    for (int i = 0; i <= 30; ++i)
+        for (int j = 0; j <= 30; ++j) {
+            const double x = 0.3 * i - 0.1 * j, y = 0.1 * i + 0.3 * j;
+            text += Line(x, y, Plane(x, y));
+        }
+    ReadOptions options;
+    options.method = GridMethod::linear;
+    options.cell = 0.1;
+    const GridData grid = ReadGrid(text, "turned.xyz", {}, options);
+    for (std::size_t i = 0; i < grid.z.size(); ++i) {
+        if (std::isnan(grid.z[i])) continue;
+        const double x = AbsoluteNumber(grid.origin[0], grid.x[i % grid.ColumnCount()]);
+        const double y = AbsoluteNumber(grid.origin[1], grid.y[i / grid.ColumnCount()]);
+        ASSERT_NEAR(AbsoluteNumber(grid.origin[2], grid.z[i]), Plane(x, y), 1e-4) << x << ", " << y;
+    }
+}
+
 TEST_F(ViewerGriddingTest, LeavesHolesBeyondTheRadius) {
     const std::string text = Scattered(500);
     for (const GridMethod method : {GridMethod::nearest, GridMethod::inverseDistance}) {

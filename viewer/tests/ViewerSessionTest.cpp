@@ -1,5 +1,6 @@
 // Sessions: what is written is read again, and shows the same.
 #include "Content.h"
+#include "Failure.h"
 #include "Options.h"
 #include "Session.h"
 #include "support/PrivateFolder.h"
@@ -70,6 +71,13 @@ TEST_F(ViewerSessionTest, ShowsAgainWhatWasShown) {
     EXPECT_EQ(m_scene.PointSets()[0].name, "Bohrungen");
     EXPECT_FALSE(m_scene.PointSets()[1].isShown);
     EXPECT_EQ(TextOf(FindSetting("exaggeration"), m_scene.Settings()), "0.5");
+}
+
+// An axis that cannot be leaves the rest, which would be gone for good when the file is right again.
+TEST_F(ViewerSessionTest, ShowsTheRestOfWhatCannotBeShown) {
+    EXPECT_THROW(Show(Of({hill, plane, "--points", wells, "--curve", flight, "--z-min", "1e6"})), Failure);
+    EXPECT_EQ(m_scene.Surfaces().size(), 2U);
+    EXPECT_EQ(m_scene.PointSets().size(), 2U);
 }
 
 TEST_F(ViewerSessionTest, GivesWayToTheCommandLine) {

@@ -324,6 +324,29 @@ TEST_F(ViewerWindowFilesTest, ReadsAMarkedRegion) {
     EXPECT_GT(Compare(moved, region).mean, 0.2);
 }
 
+TEST_F(ViewerWindowFilesTest, ReadsARegionOfWhatIsShown) {
+    std::ofstream above(Path("above.csv")), below(Path("below.csv"));
+    for (int row = 0; row < 21; ++row)
+        for (int column = 0; column < 21; ++column) {
+            above << row * column << (column == 20 ? '\n' : ',');
+            below << row * row << (column == 20 ? '\n' : ',');
+        }
+    above.close();
+    below.close();
+    Start({Path("above.csv"), "--minus", Path("below.csv"), "--mode", "1", "--size", "800x600"});
+    After("whole", [this] {
+        PressWith(controlKey, 'r');
+        Settle();
+        Drag(leftButton, 90, 70);
+        Settle();
+    });
+    desktop->Key(controlKey, true);
+    PressWith(shiftKey, 'r');
+    desktop->Key(controlKey, false);
+    EXPECT_TRUE(WaitFor([this] { return Compare(Settled(), m_start).max == 0; }))
+        << "it is no difference any more";
+}
+
 // What is refused may be read otherwise: here in the way that is suggested.
 TEST_F(ViewerWindowFilesTest, OffersToReadOtherwiseWhatItRefuses) {
     std::ofstream(Path("wells.csv")) << "2;2;1;900\n8;6;2;1000\n14;12;3;1150\n";

@@ -672,6 +672,10 @@
         <source>the points are scattered; --grid says how a grid is made of them</source>
         <translation>die Punkte sind verstreut; --grid legt fest, wie daraus ein Gitter wird</translation>
     </message>
+    <message>
+        <source>its cells have no size or place</source>
+        <translation>seine Zellen haben keine Größe oder keinen Ort</translation>
+    </message>
 </context>
 <context>
     <name>Formats</name>
@@ -1324,7 +1328,7 @@
     </message>
     <message>
         <source>Drag a rectangle in the flat plot of XY, to read that part in full detail</source>
-        <translation>Ausschnitt im ebenen Diagramm XY ziehen und ganz lesen</translation>
+        <translation>Im ebenen Diagramm XY ein Rechteck ziehen, um diesen Teil in voller Auflösung zu lesen</translation>
     </message>
     <message>
         <source>Read t&amp;he whole</source>
@@ -1332,7 +1336,7 @@
     </message>
     <message>
         <source>Read the first surface&apos;s file without a region</source>
-        <translation>Datei der ersten Fläche ohne Ausschnitt lesen</translation>
+        <translation>Die Datei der ersten Fläche ohne Ausschnitt lesen</translation>
     </message>
 </context>
 <context>

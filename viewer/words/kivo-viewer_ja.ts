@@ -668,6 +668,10 @@
         <source>the points are scattered; --grid says how a grid is made of them</source>
         <translation>点が散在しています。格子の作り方を --grid で指定してください</translation>
     </message>
+    <message>
+        <source>its cells have no size or place</source>
+        <translation>セルの大きさまたは位置がありません</translation>
+    </message>
 </context>
 <context>
     <name>Formats</name>
