@@ -20,8 +20,8 @@ struct LinePaths {
 };
 
 /// Joins segments that end where others do, but for the rounding of a float: what TraceLevelLines gives.
-/// Where more than two end, they are joined in pairs. Segments with a coordinate that is no finite number are
-/// left out.
+/// Where more than two end, they are joined in pairs. Segments without a length, and with a coordinate that is
+/// no finite number, are left out.
 /// @param points      three floats each, of which x and y are used; a pair of points a segment
 /// @param pointCount  even
 /// @return open lines, then closed ones, whose last point is the first one once more; each in the order of

@@ -108,6 +108,40 @@ TEST(LinePathsTest, CloseAroundAHill) {
     }
 }
 
+// At a grid point that lies on a line, segments without a length stand between the others.
+TEST(LinePathsTest, GoOnThroughPointsOfTheGrid) {
+    constexpr unsigned int side = 60;
+    for (const float offset : {0.0f, 1000.0f, 500000.0f})
+        for (const float slope : {1.0f, 2.0f, 0.0f, 0.999f}) {
+            TestSurface plane = PlaneSurface(side, side);
+            for (unsigned int i = 0; i < side * side; ++i) {
+                const auto x = static_cast<float>(i % side), y = static_cast<float>(i / side);
+                plane.points[3 * i] = offset + x;
+                plane.points[3 * i + 1] = offset + y;
+                plane.points[3 * i + 2] = x + slope * y;
+            }
+            const GridView grid = {plane.points.data(), side, side, 3, 3 * side};
+            for (const LevelLines& level : TraceLevelLines(grid, 2, {10.0f, 31.0f, 45.0f})) {
+                const LinePaths paths = JoinSegments(level.points.get(), level.pointCount);
+                EXPECT_EQ(paths.ends.size(), 1u) << offset << ", " << slope;
+                for (std::size_t i = 1; i < paths.points.size(); ++i)
+                    EXPECT_TRUE(paths.points[i].x != paths.points[i - 1].x ||
+                                paths.points[i].y != paths.points[i - 1].y);
+            }
+        }
+}
+
+// Both ends of a segment wait in one square.
+TEST(LinePathsTest, GoOnThroughShortSegments) {
+    constexpr float unit = 1.0f / 1048576.0f; // a square's side
+    const float begin = 0.25f + 0.1f * unit, end = 0.25f + 0.7f * unit;
+    const std::vector<float> points = {begin, 1, 0, end, 1, 0, 0.1f, 1, 0, begin, 1, 0, end, 1, 0, 1, 1, 0};
+    const LinePaths paths = JoinSegments(points.data(), points.size() / 3);
+    ASSERT_EQ(paths.ends, (std::vector<std::size_t>{4}));
+    EXPECT_EQ(paths.points[0].x, 0.1f);
+    EXPECT_EQ(paths.points[3].x, 1.0f);
+}
+
 TEST(LinePathsTest, LeaveOutWhatIsNoNumber) {
     constexpr float none = std::numeric_limits<float>::quiet_NaN();
     constexpr float endless = std::numeric_limits<float>::infinity();
