@@ -116,6 +116,8 @@ public:
     AxisBoxOnScreen m_screenBox;
     AxisLabelLayout m_labelLayout;
     double m_edgeDepth[3][2] = {}; ///< of the ends of the edges with ticks, 0 to 1
+    /// Labels and titles of the last frame of a flat plot, likewise.
+    std::vector<PlacedImage> m_flatTexts;
 
 private:
     static constexpr int planeAcross[] = {2, 0, 1}; // an axis's entry of m_backPlane
@@ -156,9 +158,9 @@ private:
     float HighSide(int axis) const;
     void RenderFrame(int horizontal, int vertical, bool isStaggered, double worldPerPixel,
                      const double* axisScale);
-    bool IsFlatLabelClear(const float* center, const SKivoTexImage& label) const;
-    float RenderHorizontalTicks(int horizontal, int vertical, bool isStaggered, const float* pixelSize) const;
-    float RenderVerticalTicks(int horizontal, int vertical, const float* pixelSize) const;
+    bool TakeFlatPlace(const float* center, const SKivoTexImage& image, bool isUpwards);
+    float RenderHorizontalTicks(int horizontal, int vertical, bool isStaggered, const float* pixelSize);
+    float RenderVerticalTicks(int horizontal, int vertical, const float* pixelSize);
 };
 
 } // namespace KivoDrawingTools

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <new>
 #include <vector>
 
 namespace KivoDrawingTools {
@@ -425,6 +426,7 @@ void CKivoGridBox::RenderFrame(int horizontal, int vertical, bool isStaggered, d
     const LineWidthScope lines(m_pixelScale);
     UpdateMirroring(axisScale);
     m_flatView = CurrentView();
+    m_flatTexts.clear();
     float pixelSize[3];
     for (int axis = 0; axis < 3; ++axis)
         pixelSize[axis] = static_cast<float>(worldPerPixel / axisScale[axis]);
@@ -441,7 +443,7 @@ void CKivoGridBox::RenderFrame(int horizontal, int vertical, bool isStaggered, d
     const SKivoTexImage& horizontalTitle = m_axisTitleImage[horizontal];
     const float titleV = vFrame - TickLength() * sv - labelRows - ScaledSize(horizontalTitle.height) * sv;
     const float* center = pen.At((hMin + hMax) / 2.0f, titleV);
-    if (!MeetsAny(FlatPlace(center, horizontalTitle, false), m_screenBox.others))
+    if (TakeFlatPlace(center, horizontalTitle, false))
         DrawFlatText(center, text.right, text.up, sh, sv, horizontalTitle);
 
     // The vertical title reads from bottom to top.
@@ -450,7 +452,7 @@ void CKivoGridBox::RenderFrame(int horizontal, int vertical, bool isStaggered, d
     const float titleH =
         hFrame - TickLength() * sh - labelWidth - ScaledSize(verticalTitle.height) * sh * 1.85f;
     center = pen.At(titleH, (vMin + vMax) / 2.0f);
-    if (!MeetsAny(FlatPlace(center, verticalTitle, true), m_screenBox.others))
+    if (TakeFlatPlace(center, verticalTitle, true))
         DrawFlatText(center, text.up, text.left, sv, sh, verticalTitle);
 }
 
@@ -478,14 +480,22 @@ PlacedImage CKivoGridBox::FlatPlace(const float* center, const SKivoTexImage& im
     return place;
 }
 
-// Whether a label meets no text of others.
-bool CKivoGridBox::IsFlatLabelClear(const float* center, const SKivoTexImage& label) const {
-    return !MeetsAny(FlatPlace(center, label, false), m_screenBox.others);
+// Whether a text meets none of others; its place is taken then. Without memory for that, what comes later may
+// meet it.
+bool CKivoGridBox::TakeFlatPlace(const float* center, const SKivoTexImage& image, bool isUpwards) {
+    PlacedImage place = FlatPlace(center, image, isUpwards);
+    if (MeetsAny(place, m_screenBox.others)) return false;
+    place.isShown = image.texture != 0 && image.pixels;
+    try {
+        if (place.isShown) m_flatTexts.push_back(place);
+    } catch (const std::bad_alloc&) {
+    }
+    return true;
 }
 
 // Returns the room that the labels take below the ticks; negative, as all lengths, where the axis scale is.
 float CKivoGridBox::RenderHorizontalTicks(int horizontal, int vertical, bool isStaggered,
-                                          const float* pixelSize) const {
+                                          const float* pixelSize) {
     const float vFrame = LowSide(vertical);
     const float vFar = HighSide(vertical);
     const float tickEnd = vFrame - TickLength() * pixelSize[vertical];
@@ -507,7 +517,7 @@ float CKivoGridBox::RenderHorizontalTicks(int horizontal, int vertical, bool isS
         tallest = std::max(tallest, label.height);
         float v = tickEnd - 0.5f * height;
         if (labels.IsInLowerRow(i)) v -= 1.15f * height;
-        if (i % stride == 0 && IsFlatLabelClear(pen.At(p, v), label))
+        if (i % stride == 0 && TakeFlatPlace(pen.At(p, v), label, false))
             DrawFlatText(pen.At(p, v), text.right, text.up, pixelSize[horizontal], pixelSize[vertical],
                          label);
     }
@@ -515,7 +525,7 @@ float CKivoGridBox::RenderHorizontalTicks(int horizontal, int vertical, bool isS
 }
 
 // Returns the width of the widest label, of the sign of the axis scale.
-float CKivoGridBox::RenderVerticalTicks(int horizontal, int vertical, const float* pixelSize) const {
+float CKivoGridBox::RenderVerticalTicks(int horizontal, int vertical, const float* pixelSize) {
     const float hFrame = LowSide(horizontal);
     const float hFar = HighSide(horizontal);
     const float tickEnd = hFrame - TickLength() * pixelSize[horizontal];
@@ -535,7 +545,7 @@ float CKivoGridBox::RenderVerticalTicks(int horizontal, int vertical, const floa
         const SKivoTexImage& label = images[i];
         const float width = ScaledSize(label.width) * pixelSize[horizontal];
         widest = std::max(widest, label.width);
-        if (i % stride == 0 && IsFlatLabelClear(pen.At(tickEnd - 0.8f * width, q), label))
+        if (i % stride == 0 && TakeFlatPlace(pen.At(tickEnd - 0.8f * width, q), label, false))
             DrawFlatText(pen.At(tickEnd - 0.8f * width, q), text.right, text.up, pixelSize[horizontal],
                          pixelSize[vertical], label);
     }

@@ -227,15 +227,25 @@ bool MeasureLine(const STextRenderer& renderer, const char* text, std::size_t le
     return true;
 }
 
+// Of an image that has the line.
+SIZE ExtentOf(const STextRenderer& renderer, const LineSize& line) {
+    const SIZE& room = line.room;
+    if (line.isTooWide) return {ScaledPixels(widestLine, renderer.m_pixelScale), 2 * room.cy};
+    return {std::max(room.cx, room.cy), room.cy};
+}
+
+bool IsReady(const STextRenderer* renderer) {
+    return renderer && renderer->m_windowDC && renderer->m_memoryDC && renderer->m_font;
+}
+
 // Measures and draws the text into an image that has a texture name and no pixels.
 int DrawTextImage(STextRenderer& renderer, const char* text, SKivoTexImage& image) {
     const std::size_t length = std::strlen(text);
     LineSize line = {};
     if (!MeasureLine(renderer, text, length, line)) return -1;
-    const SIZE& room = line.room;
-    image.width =
-        line.isTooWide ? ScaledPixels(widestLine, renderer.m_pixelScale) : std::max(room.cx, room.cy);
-    image.height = line.isTooWide ? 2 * room.cy : room.cy;
+    const SIZE extent = ExtentOf(renderer, line);
+    image.width = static_cast<int>(extent.cx);
+    image.height = static_cast<int>(extent.cy);
     if (!IsTextureSize(PaddedSize(image))) return -1;
     MeasureWords(renderer, text, length);
 
@@ -297,7 +307,7 @@ void ReleaseTextRenderer(STextRenderer* renderer) {
 
 int CreateTextImage(STextRenderer* renderer, const char* text, SKivoTexImage* image) {
     static std::atomic<std::uint64_t> drawings{0};
-    if (!renderer || !renderer->m_windowDC || !renderer->m_memoryDC || !renderer->m_font) return -1;
+    if (!IsReady(renderer)) return -1;
     image->drawing = ++drawings;
     if (image->texture == 0) glGenTextures(1, &image->texture);
     delete[] image->pixels;
@@ -308,6 +318,12 @@ int CreateTextImage(STextRenderer* renderer, const char* text, SKivoTexImage* im
         ReleaseTextImage(image); // neither a name without texture nor pixels that are not in it
         throw;
     }
+}
+
+SIZE TextImageExtent(const STextRenderer& renderer, const char* text) {
+    LineSize line = {};
+    if (!IsReady(&renderer) || !MeasureLine(renderer, text, std::strlen(text), line)) return {};
+    return ExtentOf(renderer, line);
 }
 
 int CreateLabelImage(STextRenderer* renderer, const std::string& text, SKivoTexImage* image) {

@@ -48,6 +48,10 @@ void ReleaseTextRenderer(STextRenderer* renderer);
 ///         pixels
 int CreateTextImage(STextRenderer* renderer, const char* text, SKivoTexImage* image);
 
+/// The size of the image that CreateTextImage would make of a text, without making it; 0 by 0 where the
+/// renderer has not been initialised.
+SIZE TextImageExtent(const STextRenderer& renderer, const char* text);
+
 /// A number as labels show it: fixed notation, in the classic locale.
 /// Infinities are "inf" and "-inf", and what is no number is "NaN", on every platform.
 /// @param precision  digits after the decimal point, of which at most 1000 are written: the others are zeros

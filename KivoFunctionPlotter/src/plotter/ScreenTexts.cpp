@@ -2,6 +2,7 @@
 
 #include "drawing/TexturedQuad.h"
 #include "parts/KivoGridBox.h"
+#include "parts/TextRenderer.h"
 #include "PlotType.h"
 
 #include <algorithm>
@@ -61,11 +62,32 @@ TextImageSize ScreenTexts::SizeOf(const CKivoFunctionPlotter& plotter, const SKi
     return {image.width * size, image.height * size};
 }
 
+// Where RenderTraceLegend draws it, after all others.
+void ScreenTexts::AddReadOut(const CKivoFunctionPlotter& plotter, std::vector<PlacedImage>* places) {
+    const bool isShown = plotter.m_plotType == normalPlot || plotter.m_arePointsFlat;
+    if (plotter.m_hasTracePoint == 0 || !isShown || !plotter.m_textRenderer) return;
+    const SIZE extent = TextImageExtent(*plotter.m_textRenderer, plotter.TraceText().c_str());
+    if (extent.cx <= 0) return;
+    const double scale = static_cast<double>(plotter.m_pixelScale);
+    const double margin = 0.01 * plotter.m_plotViewport[2] / scale;
+    PlacedImage place;
+    place.isShown = true;
+    place.halfWidth = 0.5 * static_cast<double>(extent.cx) / scale;
+    place.halfHeight = 0.5 * static_cast<double>(extent.cy) / scale;
+    place.center = {margin + place.halfWidth, margin + place.halfHeight};
+    places->push_back(place);
+}
+
 std::vector<PlacedImage> ScreenTexts::Taken(const CKivoFunctionPlotter& plotter) {
     std::vector<PlacedImage> taken;
     if (!plotter.m_gridBox) return taken;
     taken = plotter.m_gridBox->m_screenBox.others;
-    if (plotter.m_plotType != normalPlot) return taken;
+    AddReadOut(plotter, &taken);
+    if (plotter.m_plotType != normalPlot) {
+        const std::vector<PlacedImage>& texts = plotter.m_gridBox->m_flatTexts;
+        taken.insert(taken.end(), texts.begin(), texts.end());
+        return taken;
+    }
     const AxisLabelLayout& layout = plotter.m_gridBox->m_labelLayout;
     const auto isShown = [](const PlacedImage& place) { return place.isShown; };
     for (int axis = 0; axis < 3; ++axis) {

@@ -26,6 +26,8 @@ struct ScreenTexts {
     static TextImageSize SizeOf(const CKivoFunctionPlotter& plotter, const SKivoTexImage& image);
     /// What a plot shows beside its data, as far as the frame has drawn it.
     static std::vector<PlacedImage> Taken(const CKivoFunctionPlotter& plotter);
+    /// Adds where the coordinates of the traced point stand, if they do.
+    static void AddReadOut(const CKivoFunctionPlotter& plotter, std::vector<PlacedImage>* places);
     /// How near a point is to the viewer, as the third coordinate in a PixelScope; there 0 is before
     /// everything.
     static double Nearness(const CKivoFunctionPlotter& plotter, const float* point);

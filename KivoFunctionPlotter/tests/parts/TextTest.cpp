@@ -214,6 +214,16 @@ TEST_P(Text, SizesAndTextureShares) {
     }
 }
 
+TEST_P(Text, SizesAreToldWithoutAnImage) {
+    for (const std::string& text : {std::string("(1.000, 2.000)"), std::string("i"), std::string(200, 'W')}) {
+        Make(text.c_str());
+        const SIZE extent = TextImageExtent(Renderer(), text.c_str());
+        EXPECT_EQ(extent.cx, image.width) << text;
+        EXPECT_EQ(extent.cy, image.height) << text;
+    }
+    EXPECT_EQ(TextImageExtent(STextRenderer(), "i").cx, 0);
+}
+
 TEST_P(Text, AnEmptyTextIsATransparentSquare) {
     Make("");
     EXPECT_EQ(image.width, image.height);

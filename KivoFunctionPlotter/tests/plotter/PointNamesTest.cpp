@@ -3,6 +3,7 @@
 #include "KivoPicture.h"
 #include "KivoPoints.h"
 #include "KivoView.h"
+#include "parts/KivoGridBox.h"
 #include "support/Image.h"
 #include "support/PlotterProbe.h"
 #include "support/TestSurfaces.h"
@@ -35,6 +36,10 @@ Bounds DifferenceOf(const Image& a, const Image& b) {
                 bounds.bottom = std::max(bounds.bottom, y);
             }
     return bounds;
+}
+
+bool IsDark(const unsigned char* rgb) {
+    return rgb[0] < 80 && rgb[1] < 80 && rgb[2] < 80;
 }
 
 bool IsCyan(const unsigned char* rgb) {
@@ -173,6 +178,72 @@ TEST_P(PointNames, MakeValuesOfContoursGiveWay) {
                      both.bottom > name.bottom + 2;
     }
     EXPECT_GT(givingWay, 2);
+}
+
+// At points beyond the box, and over its edges.
+TEST_P(PointNames, LeaveTheNumbersOfTheAxesReadable) {
+    plotter.SetXAxisTitle("Easting in metres");
+    plotter.SetYAxisTitle("Northing in metres");
+    CKivoGridBox& box = *plotter.m_gridBox;
+    box.m_tickLength = 0.0f; // no other ink but that of texts
+    const float* const min = box.m_boxMin;
+    const float width = box.m_boxMax[0] - min[0], height = box.m_boxMax[1] - min[1];
+    int shown = 0;
+    for (int i = 0; i < 24; ++i) {
+        const float along = 0.045f * static_cast<float>(i / 2), beyond = 0.013f * static_cast<float>(i / 2);
+        const bool isLeft = i % 2 == 0;
+        points[0] = min[0] + (isLeft ? -beyond : along) * width;
+        points[1] = min[1] + (isLeft ? along : -beyond) * height;
+        SetMeasurePointNames(plotter, 0, {});
+        without = CaptureImage(plotter);
+        SetMeasurePointNames(plotter, 0, {"Well of the north"});
+        const Image named = CaptureImage(plotter);
+        shown += !DifferenceOf(named, without).IsEmpty();
+        int covered = 0;
+        for (int y = 0; y < named.height; ++y)
+            for (int x = 0; x < named.width; ++x)
+                covered += IsDark(without.Pixel(x, y)) && !IsDark(named.Pixel(x, y));
+        EXPECT_EQ(covered, 0) << "at " << points[0] << ", " << points[1];
+    }
+    EXPECT_GT(shown, 5);
+}
+
+// Where the coordinates of the traced point stand, in the lower left corner.
+TEST_P(PointNames, LeaveTheTracedPointReadable) {
+    SKivoView view = GetView(plotter);
+    view.zoom = 4.0;
+    SetView(plotter, view);
+    const auto isLower = [](const Image& image, const Bounds& bounds) {
+        return bounds.top > image.height - 40;
+    };
+    const Image untraced = CaptureImage(plotter);
+    plotter.m_hasTracePoint = 1;
+    plotter.m_tracePoint[0] = plotter.m_tracePoint[1] = 100.0f; // its mark is out of sight
+    without = CaptureImage(plotter);
+    const Bounds readOut = DifferenceOf(without, untraced);
+    ASSERT_TRUE(!readOut.IsEmpty() && isLower(untraced, readOut));
+    const auto meets = [&](const Image& image) {
+        int count = 0;
+        for (int y = readOut.top; y <= readOut.bottom; ++y)
+            for (int x = readOut.left; x <= readOut.right; ++x)
+                count += !std::equal(image.Pixel(x, y), image.Pixel(x, y) + 3, without.Pixel(x, y));
+        return count > 0;
+    };
+    int shown = 0;
+    for (int i = 0; i < 16; ++i) {
+        float near[3] = {}, far[3] = {};
+        plotter.BeginGLOperation();
+        plotter.UnProject({readOut.left + 12 * i - 20, readOut.top - i % 3}, near, far);
+        plotter.EndGLOperation();
+        std::copy(near, near + 2, points);
+        SetMeasurePointNames(plotter, 0, {});
+        without = CaptureImage(plotter);
+        SetMeasurePointNames(plotter, 0, {"Well 7"});
+        const Image named = CaptureImage(plotter);
+        shown += !DifferenceOf(named, without).IsEmpty();
+        EXPECT_FALSE(meets(named)) << i;
+    }
+    EXPECT_GT(shown, 8);
 }
 
 TEST_P(PointNames, AreInLargePictures) {
