@@ -3,6 +3,7 @@
 
 #include "KivoContours.h"
 
+#include <cstdint>
 #include <vector>
 
 namespace KivoDrawingTools {
@@ -36,7 +37,9 @@ struct ContourAccess {
 
 private:
     static std::vector<ContourLabel> Words(const CKivoFunctionPlotter& plotter);
-    static bool MakeLabels(CKivoFunctionPlotter& plotter);
+    static std::uint64_t NewRequest(CKivoFunctionPlotter& plotter);
+    static bool IsLatest(const CKivoFunctionPlotter& plotter, std::uint64_t request);
+    static bool MakeLabels(CKivoFunctionPlotter& plotter, std::uint64_t request);
     static ScreenArea Area(const CKivoFunctionPlotter& plotter, const PlaneOnScreen& plane);
     static void PlaceLabels(CKivoFunctionPlotter& plotter);
     static LevelSteps Bands(const CKivoFunctionPlotter& plotter);

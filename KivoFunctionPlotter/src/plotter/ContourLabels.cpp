@@ -12,8 +12,11 @@
 #include "window_system/WindowSystem.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
+#include <limits>
 
 namespace KivoDrawingTools {
 
@@ -31,6 +34,16 @@ struct NewLabels {
 
     std::vector<ContourLabel> ofLevel;
 };
+
+// Without the rounding of a float, which levels of this size are found with.
+double ExactLevel(float level, const LevelSteps& steps, double largest) {
+    const auto rounded = static_cast<double>(level);
+    if (!(steps.step > 0.0)) return rounded;
+    const double exact = steps.first + std::round((rounded - steps.first) / steps.step) * steps.step;
+    const double rounding = 4.0 * static_cast<double>(std::numeric_limits<float>::epsilon()) * largest;
+    const bool isRounded = std::fabs(exact - rounded) <= rounding; // or a derived class's own level
+    return isRounded ? exact : rounded;
+}
 
 } // namespace
 
@@ -69,49 +82,59 @@ std::vector<ContourLabel> ContourAccess::Words(const CKivoFunctionPlotter& plott
     std::vector<ContourLabel> labels;
     for (const SKivoIsoContour& contour : plotter.m_flatZIsoContours)
         labels.push_back({contour.level, {}, {}});
+    const double largest = std::max(std::fabs(static_cast<double>(min)), std::fabs(static_cast<double>(max)));
     // A host may trace other contours while it is asked.
     for (ContourLabel& label : labels) {
-        const auto level = static_cast<double>(label.level);
-        const double exact = steps.step > 0.0
-                                 ? steps.first + std::round((level - steps.first) / steps.step) * steps.step
-                                 : level;
-        const double value = axis.origin + exact;
+        const double value = axis.origin + ExactLevel(label.level, steps, largest);
         label.text = axis.Words(value, steps.step).value_or(numbers.Text(value));
     }
     return labels;
 }
 
+std::uint64_t ContourAccess::NewRequest(CKivoFunctionPlotter& plotter) {
+    static std::atomic<std::uint64_t> requests{0};
+    return plotter.m_contourLabels.labels->request = ++requests;
+}
+
+bool ContourAccess::IsLatest(const CKivoFunctionPlotter& plotter, std::uint64_t request) {
+    return plotter.m_contourLabels.labels && plotter.m_contourLabels.labels->request == request;
+}
+
 // False where a text that says something cannot be drawn.
-bool ContourAccess::MakeLabels(CKivoFunctionPlotter& plotter) {
+bool ContourAccess::MakeLabels(CKivoFunctionPlotter& plotter, std::uint64_t request) {
     std::vector<ContourLabel> words = Words(plotter);
     const ContextInPlace context(plotter.m_hDC, plotter.m_hGLRC);
     NewLabels made; // gone before the context is
     made.ofLevel.swap(words);
-    if (!plotter.m_contourLabels.labels) return true; // a host has switched them off while it was asked
-    if (plotter.m_hGLRC && !context.IsCurrent()) return false;
+    if (!IsLatest(plotter, request)) return true; // a host has switched them off, or has newer ones
+    ContourLabels& labels = *plotter.m_contourLabels.labels;
+    labels.lines.clear();
+    labels.isOutdated = plotter.m_hGLRC && !context.IsCurrent();
+    if (labels.isOutdated) return false;
     bool areDrawn = true;
     for (ContourLabel& label : made.ofLevel)
         if (context.IsCurrent() && !label.text.empty()) {
             CreateTextImage(plotter.m_textRenderer, label.text.c_str(), &label.image);
             areDrawn = areDrawn && ScreenTexts::IsDrawable(label.image);
         }
-    plotter.m_contourLabels.labels->ofLevel.swap(made.ofLevel);
-    plotter.m_contourLabels.labels->lines.clear();
+    labels.ofLevel.swap(made.ofLevel);
     return areDrawn;
 }
 
 void ContourAccess::FollowLevels(CKivoFunctionPlotter& plotter) noexcept {
     if (!plotter.m_contourLabels.labels) return;
+    const std::uint64_t request = NewRequest(plotter);
     try {
-        MakeLabels(plotter);
+        MakeLabels(plotter, request);
     } catch (...) {
-        ForgetLabels(plotter); // rather none than those of other contours
+        if (IsLatest(plotter, request)) ForgetLabels(plotter); // rather none than those of other contours
     }
 }
 
 void ContourAccess::ForgetLabels(CKivoFunctionPlotter& plotter) noexcept {
     ContourLabels* const labels = plotter.m_contourLabels.labels.get();
     if (!labels) return;
+    NewRequest(plotter);
     const ContextInPlace context(plotter.m_hDC, plotter.m_hGLRC);
     for (ContourLabel& label : labels->ofLevel)
         ReleaseTextImage(&label.image);
@@ -132,7 +155,7 @@ int ContourAccess::SetLabeled(CKivoFunctionPlotter& plotter, bool label) {
     labels = std::make_unique<ContourLabels>();
     bool areMade = false;
     try {
-        areMade = MakeLabels(plotter);
+        areMade = MakeLabels(plotter, NewRequest(plotter));
     } catch (...) {
         ForgetLabels(plotter);
         labels.reset();
@@ -170,16 +193,18 @@ ScreenArea ContourAccess::Area(const CKivoFunctionPlotter& plotter, const PlaneO
 
 void ContourAccess::PlaceLabels(CKivoFunctionPlotter& plotter) {
     ContourLabels& labels = *plotter.m_contourLabels.labels;
+    if (labels.isOutdated) return;
+    const std::vector<SKivoIsoContour>& contours = plotter.m_flatZIsoContours;
     if (labels.lines.empty())
-        for (const SKivoIsoContour& contour : plotter.m_flatZIsoContours)
+        for (const SKivoIsoContour& contour : contours)
             labels.lines.push_back(JoinSegments(contour.points, contour.pointCount));
-    if (labels.lines.size() != labels.ofLevel.size()) return;
+    if (labels.lines.size() != labels.ofLevel.size() || labels.lines.size() != contours.size()) return;
     const PointBox cut = plotter.CutBox();
     std::vector<LabeledLines> levels;
     for (std::size_t i = 0; i < labels.ofLevel.size(); ++i) {
         const ContourLabel& label = labels.ofLevel[i];
-        const bool isShown =
-            ScreenTexts::IsDrawable(label.image) && label.level >= cut.min[2] && label.level <= cut.max[2];
+        const bool isShown = label.level == contours[i].level && ScreenTexts::IsDrawable(label.image) &&
+                             label.level >= cut.min[2] && label.level <= cut.max[2];
         levels.push_back(
             {&labels.lines[i], isShown ? ScreenTexts::SizeOf(plotter, label.image) : TextImageSize()});
     }

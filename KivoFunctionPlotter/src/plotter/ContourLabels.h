@@ -5,6 +5,7 @@
 #include "computing/LinePaths.h"
 #include "KivoTypes.h"
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,10 @@ struct ContourLabels {
     ContourLabels(const ContourLabels&) = delete;
     ContourLabels& operator=(const ContourLabels&) = delete;
 
+    /// Number of the latest request for texts, among those of all plotters: a host that is asked for words
+    /// may ask for others meanwhile.
+    std::uint64_t request = 0;
+    bool isOutdated = false; ///< the context could not be made current for newer texts
     std::vector<ContourLabel> ofLevel;
     std::vector<LinePaths> lines;    ///< of the levels; empty before a frame needs them
     std::vector<PlacedLabel> placed; ///< in the present frame

@@ -11,9 +11,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <future>
 #include <new>
 #include <stdexcept>
 #include <string>
+#include <thread>
+#include <utility>
 #include <vector>
 
 using namespace KivoDrawingTools;
@@ -195,6 +199,61 @@ TEST_P(LabeledContours, LetAHostDoAnythingWhileItIsAsked) {
         ShowHill();
         plotter.OnDraw();
     }
+}
+
+// What a host asks for while it is asked is newer than what it was asked for.
+TEST_P(LabeledContours, AreTheLatest) {
+    bool isFirst = false;
+    SetAxisLabelFormat(plotter, 2, [&](double, double) { // of those within it is not asked
+        if (std::exchange(isFirst, false)) SetContourInterval(plotter, 2, 0.5, 0.25);
+        return std::string();
+    });
+    ASSERT_EQ(LabelContours(plotter, true), 0);
+    isFirst = true;
+    SetContourInterval(plotter, 2, 0.45);
+    const Image latest = CaptureImage(plotter);
+    LabelContours(plotter, false);
+    EXPECT_GT(latest.Count(IsDark), CaptureImage(plotter).Count(IsDark) + 100);
+}
+
+// Elsewhere a thread has the context.
+TEST_P(LabeledContours, AreNoneWhereTheContextWasElsewhereMeanwhile) {
+    ASSERT_EQ(LabelContours(plotter, true), 0);
+    const Image before = CaptureImage(plotter);
+    std::promise<bool> taken;
+    std::promise<void> done;
+    std::thread elsewhere([&] {
+        taken.set_value(wglMakeCurrent(plotter.m_hDC, plotter.m_hGLRC) != 0);
+        done.get_future().wait();
+        wglMakeCurrent(nullptr, nullptr);
+    });
+    const bool isTaken = taken.get_future().get();
+    SetContourInterval(plotter, 2, 0.5, 0.25);
+    done.set_value();
+    elsewhere.join();
+    ASSERT_TRUE(isTaken);
+    const Image meanwhile = CaptureImage(plotter);
+    LabelContours(plotter, false);
+    EXPECT_EQ(Compare(CaptureImage(plotter), meanwhile).max, 0)
+        << "values of other contours, or gaps for them";
+    LabelContours(plotter, true);
+    SetContourInterval(plotter, 2, 0.5);
+    EXPECT_EQ(Compare(CaptureImage(plotter), before).max, 0);
+}
+
+TEST_P(LabeledContours, SayTheLevelsOfADerivedClass) {
+    std::vector<double> asked;
+    const auto note = [&](double value, double) {
+        asked.push_back(value);
+        return std::to_string(value);
+    };
+    LabelContours(plotter, true);
+    plotter.m_flatZIsoContours[3].level = 0.125f;
+    SKivoLegend hidden; // whose numbers are asked for, too
+    hidden.isShown = false;
+    SetLegend(plotter, 2, hidden);
+    ASSERT_EQ(SetAxisLabelFormat(plotter, 2, note), 0);
+    EXPECT_EQ(std::count(asked.begin(), asked.end(), 0.125), 1);
 }
 
 TEST_P(LabeledContours, AreNoneWithoutMemoryForTheirWords) {
