@@ -40,7 +40,8 @@ constexpr double contourLabelGap = 3.0;
 
 /// Places labels along lines, one at each that is long enough, more at long ones: where the line is about
 /// straight, rather level and in the middle. Long lines come first. Texts are never upside down; none meets
-/// another, or one of the others, or leaves the area. The same lines and places give the same labels.
+/// another, or one of the others, or leaves the area. The same lines and places give the same labels, and
+/// while a view is moved each that stays moves with its line. There are 400 at most.
 std::vector<PlacedLabel> PlaceContourLabels(const std::vector<LabeledLines>& levels,
                                             const PlaneOnScreen& plane, const ScreenArea& area,
                                             const std::vector<PlacedImage>& others);

@@ -100,9 +100,10 @@ private:
 } // namespace
 
 LinePaths JoinSegments(const float* points, std::uint64_t pointCount) {
+    LinePaths paths;
+    if (pointCount / 2 > mostJoinedSegments) return paths;
     const auto count = static_cast<std::size_t>(pointCount);
     const SegmentEnds ends(points, count);
-    LinePaths paths;
     std::vector<bool> isTaken(count / 2, false);
     const auto follow = [&](std::size_t end) {
         paths.points.push_back(ends.At(end));

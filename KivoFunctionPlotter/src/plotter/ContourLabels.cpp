@@ -109,8 +109,8 @@ bool ContourAccess::MakeLabels(CKivoFunctionPlotter& plotter, std::uint64_t requ
     if (!IsLatest(plotter, request)) return true; // a host has switched them off, or has newer ones
     ContourLabels& labels = *plotter.m_contourLabels.labels;
     labels.lines.clear();
-    labels.isOutdated = plotter.m_hGLRC && !context.IsCurrent();
-    if (labels.isOutdated) return false;
+    labels.isGivenUp = plotter.m_hGLRC && !context.IsCurrent();
+    if (labels.isGivenUp) return false;
     bool areDrawn = true;
     for (ContourLabel& label : made.ofLevel)
         if (context.IsCurrent() && !label.text.empty()) {
@@ -191,13 +191,25 @@ ScreenArea ContourAccess::Area(const CKivoFunctionPlotter& plotter, const PlaneO
     return area;
 }
 
+// Once for all frames, also where there is no memory for it.
+void ContourAccess::JoinLines(const std::vector<SKivoIsoContour>& contours, ContourLabels* labels) {
+    constexpr std::uint64_t mostOfAll = 4 * mostJoinedSegments;
+    std::uint64_t left = mostOfAll;
+    labels->isGivenUp = true;
+    for (const SKivoIsoContour& contour : contours) {
+        const std::uint64_t segments = contour.pointCount / 2;
+        labels->lines.push_back(segments <= left ? JoinSegments(contour.points, contour.pointCount)
+                                                 : LinePaths());
+        left -= std::min({left, segments, mostJoinedSegments});
+    }
+    labels->isGivenUp = false;
+}
+
 void ContourAccess::PlaceLabels(CKivoFunctionPlotter& plotter) {
     ContourLabels& labels = *plotter.m_contourLabels.labels;
-    if (labels.isOutdated) return;
+    if (labels.isGivenUp) return;
     const std::vector<SKivoIsoContour>& contours = plotter.m_flatZIsoContours;
-    if (labels.lines.empty())
-        for (const SKivoIsoContour& contour : contours)
-            labels.lines.push_back(JoinSegments(contour.points, contour.pointCount));
+    if (labels.lines.empty()) JoinLines(contours, &labels);
     if (labels.lines.size() != labels.ofLevel.size() || labels.lines.size() != contours.size()) return;
     const PointBox cut = plotter.CutBox();
     std::vector<LabeledLines> levels;

@@ -28,7 +28,9 @@ struct ContourLabels {
     /// Number of the latest request for texts, among those of all plotters: a host that is asked for words
     /// may ask for others meanwhile.
     std::uint64_t request = 0;
-    bool isOutdated = false; ///< the context could not be made current for newer texts
+    /// None are shown before newer texts: the context could not be made current for these, or there was no
+    /// memory for their lines.
+    bool isGivenUp = false;
     std::vector<ContourLabel> ofLevel;
     std::vector<LinePaths> lines;    ///< of the levels; empty before a frame needs them
     std::vector<PlacedLabel> placed; ///< in the present frame

@@ -142,6 +142,14 @@ TEST(LinePathsTest, GoOnThroughShortSegments) {
     EXPECT_EQ(paths.points[3].x, 1.0f);
 }
 
+TEST(LinePathsTest, AreNoneOfTooManySegments) {
+    std::vector<float> points;
+    for (std::uint64_t i = 0; i <= mostJoinedSegments; ++i)
+        points.insert(points.end(), {1.0f, 2.0f, 0.0f, 3.0f, 4.0f, 0.0f});
+    EXPECT_TRUE(JoinSegments(points.data(), points.size() / 3).ends.empty());
+    EXPECT_FALSE(JoinSegments(points.data(), 10).ends.empty());
+}
+
 TEST(LinePathsTest, LeaveOutWhatIsNoNumber) {
     constexpr float none = std::numeric_limits<float>::quiet_NaN();
     constexpr float endless = std::numeric_limits<float>::infinity();
@@ -242,6 +250,61 @@ TEST(ContourLabelLayoutTest, KeepsAllRulesInEveryView) {
             EXPECT_EQ(again[i].image.center.x, placed[i].image.center.x);
     }
     EXPECT_GT(total, 500);
+}
+
+// Pixel by pixel, with most lines partly out of sight.
+TEST(ContourLabelLayoutTest, MovesLabelsWithTheirLines) {
+    const TestSurface surface = TerrainSurface(60, 50);
+    const TracedLevels traced(surface, 15);
+    std::vector<LabeledLines> levels;
+    for (const LinePaths& lines : traced.lines)
+        levels.push_back({&lines, {40.0, 12.0}});
+    PlaneOnScreen plane = {{-2000.0, -1500.0}, {43.7, 5.1}, {-5.1, 43.7}};
+    std::vector<PlacedLabel> before = PlaceContourLabels(levels, plane, window, {});
+    int staying = 0, total = 0;
+    for (int i = 0; i < 60; ++i) {
+        const ScreenVector step = {i % 3 == 0 ? 0.0 : 1.0, i % 2 == 0 ? 1.0 : 0.0};
+        plane.origin = {plane.origin.x + step.x, plane.origin.y + step.y};
+        const std::vector<PlacedLabel> after = PlaceContourLabels(levels, plane, window, {});
+        for (const PlacedLabel& label : before) {
+            double nearest = 1e9;
+            for (const PlacedLabel& other : after)
+                if (other.level == label.level)
+                    nearest =
+                        std::min(nearest, std::hypot(other.image.center.x - label.image.center.x - step.x,
+                                                     other.image.center.y - label.image.center.y - step.y));
+            if (nearest < 4.0) {
+                EXPECT_LT(nearest, 1e-9) << "crawls";
+            }
+            staying += nearest < 1e-9;
+            ++total;
+        }
+        before = after;
+    }
+    EXPECT_GT(total, 600);
+    EXPECT_GT(staying, 0.98 * total);
+}
+
+TEST(ContourLabelLayoutTest, StaysInsideAreasThatAreSmallerThanALabel) {
+    const LinePaths line = OneLine({{0.0f, 4.5f}, {1000.0f, 5.5f}});
+    for (const double height : {2.0, 5.0, 10.0, 14.0})
+        EXPECT_TRUE(PlaceContourLabels({{&line, {40, 12}}}, asItIs, {{0, 0}, {1000, height}}, {}).empty())
+            << height;
+    EXPECT_FALSE(PlaceContourLabels({{&line, {40, 12}}}, asItIs, {{0, -5}, {1000, 15}}, {}).empty());
+}
+
+// Scraps of lines at the border leave room for others.
+TEST(ContourLabelLayoutTest, SpendsNothingOnScraps) {
+    std::vector<LinePoint> points;
+    for (int i = 0; i < 70000; ++i) {
+        const float x = 100.0f + 0.01f * static_cast<float>(i);
+        points.insert(points.end(), {{x, -400.0f}, {x, -20.0f}});
+    }
+    const LinePaths scraps = OneLine(points), line = OneLine({{100, 300}, {300, 300}});
+    const std::vector<PlacedLabel> placed =
+        PlaceContourLabels({{&scraps, {40, 12}}, {&line, {40, 12}}}, asItIs, window, {});
+    ASSERT_EQ(placed.size(), 1u);
+    EXPECT_EQ(placed[0].level, 1u);
 }
 
 TEST(ContourLabelLayoutTest, HasNoneWhereNumbersAreNone) {
