@@ -31,9 +31,9 @@ KIVO_API bool AreContoursFilled(const CKivoFunctionPlotter& plotter); ///< @retu
 /// at each line that is long enough on the screen, more at long ones, in a gap of the line, where it is
 /// straightest; none meets another text or the border. The words are those of SetAxisLabelFormat, as they
 /// were when contours, origin or format last changed, else the digits that tell the levels apart. Those that
-/// there is no memory or no context for later on are left out. A frame has 400 values at most; a level of
-/// more than 1,048,576 segments, one for each cell that it crosses, has none, nor do levels beyond four times
-/// as many in all. Contours drawn as a picture have none.
+/// there is no memory or no context for later on are left out. A frame has 400 values at most. Of levels that
+/// cross more than 1,048,576 cells in all, as on noisy data, only those have values that fit into this sum,
+/// from the lowest on. Contours drawn as a picture have none.
 /// @param label  false, at first: lines alone
 /// @return 0; -1 when the plotter's context cannot be made current, or the system cannot draw the values:
 ///         nothing changes then

@@ -101,7 +101,6 @@ private:
 
 LinePaths JoinSegments(const float* points, std::uint64_t pointCount) {
     LinePaths paths;
-    if (pointCount / 2 > mostJoinedSegments) return paths;
     const auto count = static_cast<std::size_t>(pointCount);
     const SegmentEnds ends(points, count);
     std::vector<bool> isTaken(count / 2, false);
@@ -119,6 +118,12 @@ LinePaths JoinSegments(const float* points, std::uint64_t pointCount) {
     for (std::size_t end = 0; end < count; end += 2)
         if (ends.IsUsed(end) && !isTaken[end / 2]) follow(end);
     return paths;
+}
+
+LinePaths JoinSegments(const float* points, std::uint64_t pointCount, std::uint64_t& segmentsLeft) {
+    if (pointCount / 2 > segmentsLeft) return {};
+    segmentsLeft -= pointCount / 2;
+    return JoinSegments(points, pointCount);
 }
 
 } // namespace KivoDrawingTools

@@ -193,15 +193,10 @@ ScreenArea ContourAccess::Area(const CKivoFunctionPlotter& plotter, const PlaneO
 
 // Once for all frames, also where there is no memory for it.
 void ContourAccess::JoinLines(const std::vector<SKivoIsoContour>& contours, ContourLabels* labels) {
-    constexpr std::uint64_t mostOfAll = 4 * mostJoinedSegments;
-    std::uint64_t left = mostOfAll;
+    std::uint64_t segmentsLeft = 1u << 20; // a frame waits for it
     labels->isGivenUp = true;
-    for (const SKivoIsoContour& contour : contours) {
-        const std::uint64_t segments = contour.pointCount / 2;
-        labels->lines.push_back(segments <= left ? JoinSegments(contour.points, contour.pointCount)
-                                                 : LinePaths());
-        left -= std::min({left, segments, mostJoinedSegments});
-    }
+    for (const SKivoIsoContour& contour : contours)
+        labels->lines.push_back(JoinSegments(contour.points, contour.pointCount, segmentsLeft));
     labels->isGivenUp = false;
 }
 
@@ -238,7 +233,7 @@ void ContourAccess::LeaveGaps(CKivoFunctionPlotter& plotter) {
         PlaceLabels(plotter);
     } catch (...) { // no memory: the lines are drawn all the same
         labels->placed.clear();
-        labels->lines.clear();
+        if (labels->isGivenUp) labels->lines.clear();
     }
     if (labels->placed.empty()) return;
     glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_FALSE);

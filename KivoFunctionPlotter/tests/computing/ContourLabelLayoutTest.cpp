@@ -142,12 +142,15 @@ TEST(LinePathsTest, GoOnThroughShortSegments) {
     EXPECT_EQ(paths.points[3].x, 1.0f);
 }
 
-TEST(LinePathsTest, AreNoneOfTooManySegments) {
-    std::vector<float> points;
-    for (std::uint64_t i = 0; i <= mostJoinedSegments; ++i)
-        points.insert(points.end(), {1.0f, 2.0f, 0.0f, 3.0f, 4.0f, 0.0f});
-    EXPECT_TRUE(JoinSegments(points.data(), points.size() / 3).ends.empty());
-    EXPECT_FALSE(JoinSegments(points.data(), 10).ends.empty());
+TEST(LinePathsTest, AreNoneOfMoreSegmentsThanMayBeJoined) {
+    const std::vector<float> points = {0, 0, 0, 1, 0, 0, 1, 0, 0, 1, 1, 0, 1, 1, 0, 2, 2, 0};
+    std::uint64_t left = 4;
+    EXPECT_EQ(JoinSegments(points.data(), 6, left).ends.size(), 1u);
+    EXPECT_EQ(left, 1u);
+    EXPECT_TRUE(JoinSegments(points.data(), 4, left).ends.empty());
+    EXPECT_EQ(left, 1u);
+    EXPECT_EQ(JoinSegments(points.data(), 2, left).ends.size(), 1u);
+    EXPECT_EQ(left, 0u);
 }
 
 TEST(LinePathsTest, LeaveOutWhatIsNoNumber) {
