@@ -17,6 +17,10 @@ struct PointAccess {
                         const std::vector<std::string>& names);
     /// Adds where a frame has names, and the points that they belong to.
     static void AddPlaces(const CKivoFunctionPlotter& plotter, std::vector<PlacedImage>* places);
+    /// The images of names that a frame may draw in the present view, in the order of groups and points; of a
+    /// thousand at most all that its groups show, so that they stay the same while it moves.
+    static void CollectDrawnNames(const CKivoFunctionPlotter& plotter,
+                                  std::vector<const SKivoTexImage*>* names);
     /// Draws the names of points, on a pale ground, unlit. Where depth is tested, what hides a point hides
     /// its name.
     static void DrawNames(const CKivoFunctionPlotter& plotter) noexcept;

@@ -1,6 +1,7 @@
 // Names beside measure points.
 #include "parts/KivoMeasurePointGroupManager.h"
 #include "parts/TextRenderer.h"
+#include "PlotType.h"
 #include "PointAccess.h"
 #include "ScreenTexts.h"
 
@@ -150,6 +151,21 @@ void PointAccess::AddPlaces(const CKivoFunctionPlotter& plotter, std::vector<Pla
         places->push_back(name.place);
     const std::vector<PlacedImage> markers = Markers(plotter, points);
     places->insert(places->end(), markers.begin(), markers.end());
+}
+
+void PointAccess::CollectDrawnNames(const CKivoFunctionPlotter& plotter,
+                                    std::vector<const SKivoTexImage*>* names) {
+    names->clear();
+    const bool areShown = plotter.m_plotType == normalPlot || plotter.m_arePointsFlat;
+    if (!areShown || !plotter.m_measureGroups || plotter.m_plotViewport[2] <= 0) return;
+    for (unsigned int g = 0; const CKivoMeasurePointGroup* group = plotter.FindMeasureGroup(g); ++g)
+        if (group->m_visible)
+            for (const SKivoTexImage& image : group->m_pointNameImages)
+                if (ScreenTexts::IsDrawable(image)) names->push_back(&image);
+    if (names->size() <= mostNames) return;
+    names->clear();
+    for (const NamedPoint& point : NamedPoints(plotter))
+        names->push_back(point.name);
 }
 
 // Lines and dark surfaces behind a name would make it illegible.

@@ -4,6 +4,7 @@
 #include "parts/KivoGradientColorRuler.h"
 #include "parts/KivoGridBox.h"
 #include "parts/KivoMeasurePointGroupManager.h"
+#include "PointAccess.h"
 
 #include <cstddef>
 #include <string>
@@ -30,13 +31,18 @@ void VisitLabels(CKivoGradientColorRuler& ruler, Visit visit) {
     if (!ruler.m_legend.title.empty()) visit(ruler.m_titleImage, [&] { return ruler.m_legend.title; });
 }
 
+// Of points: all, or only some, which come in the same order.
 template <typename Visit>
-void VisitNames(CKivoMeasurePointGroupManager& groups, Visit visit) {
+void VisitNames(CKivoMeasurePointGroupManager& groups, const std::vector<const SKivoTexImage*>* only,
+                Visit visit) {
+    std::size_t next = 0;
     for (CKivoMeasurePointGroup* const group : groups.m_groups)
-        visit(group->m_nameImage, [&] { return group->m_name; });
-    for (CKivoMeasurePointGroup* const group : groups.m_groups)
-        for (std::size_t i = 0; i < group->m_pointNameImages.size(); ++i)
-            visit(group->m_pointNameImages[i], [&] { return group->m_pointNames[i]; });
+        for (std::size_t i = 0; i < group->m_pointNameImages.size(); ++i) {
+            SKivoTexImage& image = group->m_pointNameImages[i];
+            if (only && (next == only->size() || (*only)[next] != &image)) continue;
+            ++next;
+            visit(image, [&] { return group->m_pointNames[i]; });
+        }
 }
 
 bool HasRenderer(const STextRenderer* renderer) {
@@ -51,7 +57,7 @@ bool AreEqual(const SKivoStyle& a, const SKivoStyle& b) {
 }
 
 template <typename Visit>
-void TextSet::ForEachText(const CKivoFunctionPlotter& plotter, Visit visit) {
+void TextSet::ForEachText(const CKivoFunctionPlotter& plotter, Visit visit) const {
     if (plotter.m_plotTitleImage) visit(*plotter.m_plotTitleImage, [&] { return plotter.m_plotTitle; });
     const std::string* const axisTitles[] = {&plotter.m_xAxisTitle, &plotter.m_yAxisTitle,
                                              &plotter.m_zAxisTitle};
@@ -62,10 +68,13 @@ void TextSet::ForEachText(const CKivoFunctionPlotter& plotter, Visit visit) {
     for (CKivoGradientColorRuler* ruler :
          {plotter.m_zColorRuler, plotter.m_xColorRuler, plotter.m_yColorRuler})
         if (ruler) VisitLabels(*ruler, visit);
-    if (plotter.m_measureGroups) VisitNames(*plotter.m_measureGroups, visit);
-    if (!plotter.m_contourLabels.labels) return;
-    for (ContourLabel& label : plotter.m_contourLabels.labels->ofLevel)
-        visit(label.image, [&] { return label.text; });
+    if (plotter.m_contourLabels.labels)
+        for (ContourLabel& label : plotter.m_contourLabels.labels->ofLevel)
+            visit(label.image, [&] { return label.text; });
+    if (!plotter.m_measureGroups) return;
+    for (CKivoMeasurePointGroup* const group : plotter.m_measureGroups->m_groups)
+        visit(group->m_nameImage, [&] { return group->m_name; });
+    VisitNames(*plotter.m_measureGroups, m_isForFrames ? &m_drawnNames : nullptr, visit);
 }
 
 SKivoStyle TextSet::StyleOf(const CKivoFunctionPlotter& plotter) {
@@ -146,6 +155,8 @@ bool TextSet::Make(CKivoFunctionPlotter& plotter, const SKivoStyle& style) {
 }
 
 bool TextSet::MakeScaled(CKivoFunctionPlotter& plotter, float factor) {
+    m_isForFrames = true;
+    PointAccess::CollectDrawnNames(plotter, &m_drawnNames);
     const float scale = plotter.m_pixelScale * factor;
     const bool isMade = m_hasFonts && m_style.pixelScale == scale && m_style.inkColor == plotter.m_inkColor &&
                         m_style.textFace == plotter.m_textFace && m_style.boldText == plotter.m_boldText;

@@ -24,7 +24,8 @@ public:
     /// texts are others now.
     /// @return false when the system does not make a font, or the image of a text that the plotter has one of
     bool Make(CKivoFunctionPlotter& plotter, const SKivoStyle& style);
-    /// The same for the plotter's own style at another scale; without allocating where that is made already.
+    /// The same for the plotter's own style at another scale, for frames that are drawn now: without the
+    /// names of points that they do not show, and without allocating where that is made already.
     bool MakeScaled(CKivoFunctionPlotter& plotter, float factor);
 
     /// After Make: its style, fonts and images become the plotter's, and the plotter's become the set's.
@@ -46,7 +47,7 @@ private:
     class FontsInPlace;
 
     template <typename Visit>
-    static void ForEachText(const CKivoFunctionPlotter& plotter, Visit visit);
+    void ForEachText(const CKivoFunctionPlotter& plotter, Visit visit) const;
     bool MakeFonts(CKivoFunctionPlotter& plotter);
     bool MakeImages(CKivoFunctionPlotter& plotter);
     void ExchangeFonts(CKivoFunctionPlotter& plotter) noexcept;
@@ -56,6 +57,8 @@ private:
     STextRenderer m_renderer;
     unsigned int m_fontLists = 0;
     bool m_hasFonts = false;
+    bool m_isForFrames = false;                     ///< of all names of points only those that are drawn
+    std::vector<const SKivoTexImage*> m_drawnNames; ///< the plotter's, in their order
     std::vector<Entry> m_entries; ///< in the order in which the plotter's texts are gone through
 };
 

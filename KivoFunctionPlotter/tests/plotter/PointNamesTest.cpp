@@ -232,9 +232,10 @@ TEST_P(PointNames, LeaveTheTracedPointReadable) {
     int shown = 0;
     for (int i = 0; i < 16; ++i) {
         float near[3] = {}, far[3] = {};
-        plotter.BeginGLOperation();
-        plotter.UnProject({readOut.left + 12 * i - 20, readOut.top - i % 3}, near, far);
-        plotter.EndGLOperation();
+        {
+            const CurrentContext context(plotter);
+            plotter.UnProject({readOut.left + 12 * i - 20, readOut.top - i % 3}, near, far);
+        }
         std::copy(near, near + 2, points);
         SetMeasurePointNames(plotter, 0, {});
         without = CaptureImage(plotter);
@@ -262,6 +263,40 @@ TEST_P(PointNames, AreInLargePictures) {
     EXPECT_NEAR(large.left, 3 * small.left, 6);
     EXPECT_NEAR(large.right, 3 * small.right, 6);
     EXPECT_NEAR(large.bottom, 3 * small.bottom, 6);
+}
+
+// Their images take memory by the square of a picture's scale.
+TEST_P(PointNames, AreMadeForPicturesThatShowThem) {
+    const auto added = [this](int count) {
+        std::vector<float> many(3 * static_cast<std::size_t>(count));
+        for (int i = 0; i < count; ++i)
+            many[3 * static_cast<std::size_t>(i)] = i < 20 ? 0.0f : 100.0f; // far beyond the window
+        const std::vector<std::string> names(static_cast<std::size_t>(count), "W");
+        while (RemoveMeasureGroup(plotter, 0) == 0) {
+        }
+        plotter.AddMeasurePoints(static_cast<unsigned int>(count), 3, many.data(), "many");
+        SetMeasurePointNames(plotter, 0, names);
+        const auto textures = [this] {
+            const CurrentContext context(plotter);
+            int made = 0;
+            for (GLuint name = 1; name < 6000; ++name)
+                made += glIsTexture(name) ? 1 : 0;
+            return made;
+        };
+        const auto inPicture = [&](bool isShown) {
+            plotter.ShowMeasureGroup(0, isShown);
+            SKivoPictureOptions options;
+            options.scale = 2.0f;
+            Image picture;
+            CapturePicture(plotter, options, picture.rgba, picture.width, picture.height);
+            return textures();
+        };
+        inPicture(false);
+        const int hidden = inPicture(false);
+        return inPicture(true) - hidden;
+    };
+    EXPECT_EQ(added(30), 30) << "of some all, so that they stay the same";
+    EXPECT_EQ(added(1100), 20) << "of many those that are in the window";
 }
 
 KIVO_IN_ONE_WINDOW(PointNames);
