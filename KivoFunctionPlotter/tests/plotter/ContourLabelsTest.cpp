@@ -3,7 +3,9 @@
 #include "KivoContours.h"
 #include "KivoLegend.h"
 #include "KivoPicture.h"
+#include "KivoPoints.h"
 #include "KivoStyle.h"
+#include "KivoView.h"
 #include "support/Image.h"
 #include "support/PlotterProbe.h"
 #include "support/TestSurfaces.h"
@@ -199,6 +201,41 @@ TEST_P(LabeledContours, LetAHostDoAnythingWhileItIsAsked) {
         ShowHill();
         plotter.OnDraw();
     }
+}
+
+// In the lower left corner, which contours are moved across.
+TEST_P(LabeledContours, LeaveTheTracedPointReadable) {
+    ShowPointsInFlatPlots(plotter, true);
+    SKivoView view = GetView(plotter);
+    view.zoom = 4.0;
+    SetView(plotter, view);
+    const Image untraced = CaptureImage(plotter);
+    plotter.m_hasTracePoint = 1;
+    plotter.m_tracePoint[0] = plotter.m_tracePoint[1] = 100.0f; // its mark is out of sight
+    const Image traced = CaptureImage(plotter);
+    std::vector<std::pair<int, int>> readOut;
+    for (int y = 0; y < traced.height; ++y)
+        for (int x = 0; x < traced.width; ++x)
+            if (!std::equal(traced.Pixel(x, y), traced.Pixel(x, y) + 3, untraced.Pixel(x, y)))
+                readOut.emplace_back(x, y);
+    ASSERT_FALSE(readOut.empty());
+    int labeled = 0;
+    for (int i = 0; i < 12; ++i) {
+        view.panY = 0.03 * i;
+        SetView(plotter, view);
+        LabelContours(plotter, false);
+        const Image lines = CaptureImage(plotter);
+        LabelContours(plotter, true);
+        const Image values = CaptureImage(plotter);
+        labeled += values.Count(IsDark) > lines.Count(IsDark);
+        int meeting = 0;
+        for (const auto& [x, y] : readOut) // and what is beside its digits
+            for (const int dx : {-2, 0, 2})
+                meeting +=
+                    !std::equal(values.Pixel(x + dx, y), values.Pixel(x + dx, y) + 3, lines.Pixel(x + dx, y));
+        EXPECT_EQ(meeting, 0) << i;
+    }
+    EXPECT_GT(labeled, 6);
 }
 
 // What a host asks for while it is asked is newer than what it was asked for.
