@@ -15,7 +15,7 @@ constexpr double labelSpacing = 500.0; // pixels of a line for each label
 constexpr double leastLength = 1.5;    // of a line, in widths of its label with gaps
 constexpr double mostBend = 0.4;       // of the line away from a straight one, in heights of the label
 constexpr double leastChord = 0.85;    // from end to end of a label, in lengths along the line
-constexpr double borderGap = 2.0;      // pixels between a label and the border
+constexpr double labelBorderGap = 2.0; // pixels between a label and the border
 constexpr double longestLine = 1e12;   // pixels, that samples of a line can be numbered along
 constexpr double widestLabel = 1e6;    // likewise
 // They bound the time that a frame takes.
@@ -248,7 +248,7 @@ private:
     double m_sectionLength;
 };
 
-bool IsInside(const PlacedImage& image, const ScreenArea& area) {
+bool IsWithin(const PlacedImage& image, const ScreenArea& area) {
     return IsIn(image.Corner(-1, -1), area) && IsIn(image.Corner(1, -1), area) &&
            IsIn(image.Corner(1, 1), area) && IsIn(image.Corner(-1, 1), area);
 }
@@ -259,7 +259,7 @@ std::vector<Candidate> PlacesOf(const SampledLine& line, const TextImageSize& la
     const SlotFinder finder(line, label);
     for (const Run& run : line.runs)
         finder.Find(run, &places);
-    const auto isOutside = [&](const Candidate& place) { return !IsInside(place.image, area); };
+    const auto isOutside = [&](const Candidate& place) { return !IsWithin(place.image, area); };
     places.erase(std::remove_if(places.begin(), places.end(), isOutside), places.end());
     std::stable_sort(places.begin(), places.end(), [](const Candidate& a, const Candidate& b) {
         return a.section != b.section ? a.section < b.section : a.cost < b.cost;
@@ -301,7 +301,7 @@ std::vector<PlacedLabel> PlaceContourLabels(const std::vector<LabeledLines>& lev
     for (PlacedImage& other : taken.images)
         other.center = Difference(other.center, plane.origin);
     std::vector<PlacedLabel> placed;
-    const ScreenArea inside = Widened(ownArea, -borderGap);
+    const ScreenArea inside = Widened(ownArea, -labelBorderGap);
     for (const SampledLine& line : lines) {
         if (placed.size() >= mostContourLabels) break;
         std::int64_t labeledSection = -1;
