@@ -1,5 +1,6 @@
 // Every allocation made to fail in turn: std::bad_alloc or the documented result, nothing lost, and a plotter
 // that goes on working.
+#include "KivoContours.h"
 #include "parts/KivoGradientColor.h"
 #include "parts/KivoGridBox.h"
 #include "parts/TextRenderer.h"
@@ -322,6 +323,35 @@ TEST(AllocationFaults, AFrameAfterOneThatHasThrownIsWhole) {
             EXPECT_TRUE(CaptureImage(plot.plotter).rgba == expected.rgba);
         }
     }
+}
+
+// A frame does not try again what there was no memory for: it would try in each.
+TEST(AllocationFaults, ValuesOfContoursWithoutMemoryForTheirLinesWaitForOthers) {
+    RecordedPlot plot;
+    plot.Fill();
+    plot.plotter.SwitchToXYProjectPlot();
+    const auto ask = [&](bool label) {
+        LabelContours(plot.plotter, false);
+        if (label) LabelContours(plot.plotter, true);
+    };
+    ask(false);
+    const Image lines = CaptureImage(plot.plotter);
+    ask(true);
+    const Image values = CaptureImage(plot.plotter);
+    ASSERT_FALSE(values.rgba == lines.rgba);
+    int givenUp = 0;
+    bool hasFailed = true;
+    for (long n = 1; hasFailed; n = Next(n, Mode::onwards)) {
+        SCOPED_TRACE(Words("a frame", n, Mode::onwards));
+        ask(true);
+        hasFailed = Try(n, Mode::onwards, [&] { return plot.plotter.Renderscene(); }).hasFailed;
+        const Image next = CaptureImage(plot.plotter);
+        givenUp += next.rgba == lines.rgba;
+        EXPECT_TRUE(next.rgba == lines.rgba || next.rgba == values.rgba);
+    }
+    EXPECT_GT(givenUp, 3);
+    ask(true);
+    EXPECT_TRUE(CaptureImage(plot.plotter).rgba == values.rgba);
 }
 
 namespace {

@@ -231,12 +231,12 @@ TEST_P(PointNames, LeaveTheTracedPointReadable) {
     };
     int shown = 0;
     for (int i = 0; i < 16; ++i) {
-        float near[3] = {}, far[3] = {};
+        float nearest[3] = {}, farthest[3] = {};
         {
             const CurrentContext context(plotter);
-            plotter.UnProject({readOut.left + 12 * i - 20, readOut.top - i % 3}, near, far);
+            plotter.UnProject({readOut.left + 12 * i - 20, readOut.top - i % 3}, nearest, farthest);
         }
-        std::copy(near, near + 2, points);
+        std::copy(nearest, nearest + 2, points);
         SetMeasurePointNames(plotter, 0, {});
         without = CaptureImage(plotter);
         SetMeasurePointNames(plotter, 0, {"Well 7"});
