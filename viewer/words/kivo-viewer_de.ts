@@ -1328,7 +1328,7 @@
     </message>
     <message>
         <source>Drag a rectangle in the flat plot of XY, to read that part in full detail</source>
-        <translation>Im ebenen Diagramm XY ein Rechteck ziehen, um diesen Teil in voller Auflösung zu lesen</translation>
+        <translation>Ausschnitt im ebenen Diagramm XY ziehen und ganz lesen</translation>
     </message>
     <message>
         <source>Read t&amp;he whole</source>
@@ -1336,7 +1336,7 @@
     </message>
     <message>
         <source>Read the first surface&apos;s file without a region</source>
-        <translation>Die Datei der ersten Fläche ohne Ausschnitt lesen</translation>
+        <translation>Datei der ersten Fläche ohne Ausschnitt lesen</translation>
     </message>
 </context>
 <context>
