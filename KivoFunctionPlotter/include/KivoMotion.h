@@ -4,6 +4,7 @@
 #pragma once
 
 #include "KivoFunctionPlotter.h"
+#include "KivoPicture.h"
 
 namespace KivoDrawingTools {
 
@@ -15,8 +16,9 @@ namespace KivoDrawingTools {
 /// that leave no more, each with the values and the colour that it has. A cell between them is a hole where
 /// any point inside it or on its sides is no number, so that no hole is lost.
 /// Frame lines have the steps that come nearest to their own, at least a cell. Contours have their levels and
-/// run between the points that are kept, none through a hole or past its corners. Everything else is drawn as
-/// always; and so are grids that are small enough, and one for whose copy there is no memory.
+/// run between the points that are kept, none through a hole or past its corners. In the XY plot, where it is
+/// filled between its contours, bands and contours are those of the points that are kept. Everything else is
+/// drawn as always; and so are grids that are small enough, and one for whose copy there is no memory.
 ///
 /// A drag keeps what it began with; another setting counts from the next one. What is shown is copied at the
 /// first such frame, which reads no other points, and the copy goes with the data. Where numbers are missing
@@ -59,5 +61,11 @@ KIVO_API int SetRedrawRequest(CKivoFunctionPlotter& plotter, void (*request)(voi
 ///         a time that is not above 0
 /// @throws std::bad_alloc  as drawing a frame does
 KIVO_API unsigned int MotionDetailFor(CKivoFunctionPlotter& plotter, double milliseconds);
+
+/// The same, as long as it is wanted.
+/// @param stop  whether to leave the rest
+/// @return as above; 0 where it was stopped
+KIVO_API unsigned int MotionDetailFor(CKivoFunctionPlotter& plotter, double milliseconds,
+                                      const SKivoStopRequest& stop);
 
 } // namespace KivoDrawingTools

@@ -30,6 +30,15 @@ KIVO_API int CapturePicture(CKivoFunctionPlotter& plotter, std::vector<unsigned 
 KIVO_API int CapturePicture(CKivoFunctionPlotter& plotter, int wantedWidth, int wantedHeight,
                             std::vector<unsigned char>& rgba);
 
+/// Ends a drawing that takes long. The function is asked in the thread that draws, every few milliseconds of
+/// a large surface or picture; once it says yes, the rest is left. It must neither throw nor use the plotter,
+/// but may look at what another thread has set. Steps that are short in all but the largest plots, as making
+/// texts, are not broken off; nor is what a driver does by itself once it has been told what to draw.
+struct SKivoStopRequest {
+    bool (*isWanted)(void* context) = nullptr; ///< null: nobody is asked
+    void* context = nullptr;                   ///< what it is called with
+};
+
 /// How a picture is to be drawn. As it is made: as the window shows it, but not smoothed.
 struct SKivoPictureOptions {
     /// In pixels, 1 to 16384; 0 for the window's width times the scale.
@@ -52,6 +61,8 @@ struct SKivoPictureOptions {
     /// Whether it shows no more of the surface than a frame of a drag would: see SetMotionDetail of
     /// KivoMotion.h. For hosts that show pictures instead of a window.
     bool moving = false;
+    /// Whether to leave the rest of it; at first nobody is asked.
+    SKivoStopRequest stop;
 };
 
 /// The order of a pixel's four bytes.
@@ -85,7 +96,7 @@ KIVO_API int MeasurePicture(const CKivoFunctionPlotter& plotter, const SKivoPict
 /// @return 0; -1 when the plotter has no usable window or OpenGL context, or there is no memory for such a
 ///         picture: LastWindowError() says which; the pixels are then undefined, everything else is
 ///         unchanged. -3 for options beyond their limits, null or rows that are too short: then nothing is
-///         changed
+///         changed. -4 when it was stopped: the pixels are undefined, everything else is unchanged
 KIVO_API int DrawPicture(CKivoFunctionPlotter& plotter, const SKivoPictureOptions& options,
                          unsigned char* pixels, std::size_t rowBytes, KivoPixelOrder order);
 

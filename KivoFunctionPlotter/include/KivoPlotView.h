@@ -30,6 +30,9 @@ struct SKivoPlotViewEvents {
     /// The plot cannot be drawn any more, or not at all: Failure() has the words. Not called within the
     /// constructor.
     std::function<void()> failed;
+    /// A frame takes long, and frames that do are drawn in threads: see SetThreaded. DrawInThread() is to be
+    /// called in another thread, once for each time that this is.
+    std::function<void()> drawInThread;
     /// Lays the plotter out for another size, instead of the view, which calls OnSize and keeps how the plot
     /// is looked at: for plotters of derived classes that fit the plot in their own way.
     std::function<void(int width, int height)> layOut;
@@ -62,7 +65,8 @@ enum class KivoViewKey {
 };
 
 /// All positions and sizes are in pixels of the device, positions from the upper left corner of the control;
-/// ToPixels of KivoHost.h makes them of a toolkit's units. To be used in the thread that makes it.
+/// ToPixels of KivoHost.h makes them of a toolkit's units. To be used in the thread that makes it, but for
+/// DrawInThread().
 ///
 /// Frames are complete and smooth while nothing moves, and plain and reduced as SetMotionDetail of
 /// KivoMotion.h says while the hand moves the plot; a complete one follows when it rests.
@@ -97,7 +101,8 @@ public:
 
     /// Takes a copy of a grid of points, which the plotter's SetData is handed, and asks for a frame.
     /// @param points  x, y, z of the first row's points from one column to the next, then of the second row
-    /// @return 0; -3 for null, counts of 0 and counts whose product passes 32 bits: nothing changes then
+    /// @return 0; -3 for null, counts of 0 and counts whose product passes 32 bits, -1 while it is lent:
+    ///         nothing changes then
     /// @throws std::bad_alloc  without memory: as SetData
     int SetGrid(const float* points, unsigned int columns, unsigned int rows);
     /// The same for heights at evenly spaced places.
@@ -113,7 +118,7 @@ public:
     /// Takes colours of a toolkit's palette, and asks for a frame: for dark desktops.
     /// @param ink     inkColor of KivoStyle.h, 0x00BBGGRR; none: that of a new plot
     /// @param ground  what is behind the plot, as the ink
-    /// @return 0; -1 where SetStyle cannot draw the texts anew: nothing changes then
+    /// @return 0; -1 where SetStyle cannot draw the texts anew, or while it is lent: nothing changes then
     /// @throws std::bad_alloc  without memory: nothing changes either
     int SetColors(std::optional<unsigned long> ink, std::optional<unsigned long> ground);
 
@@ -137,6 +142,37 @@ public:
     void ReduceWhileMoving(bool reduce);
     /// Whether drags and arrows keep Z upright; at first they do not.
     void KeepUpright(bool upright);
+
+    // ---- Threads
+
+    /// Whether frames that take long are drawn in a thread of the control's, so that this one goes on: then
+    /// Draw() tries for some hundredths of a second; after that it asks for a thread, by the event, and gives
+    /// the image that there is, drawn as in a movement where something has changed since. At first, and
+    /// without the event, Draw() draws every frame, however long it takes.
+    ///
+    /// As long as a thread draws, members that reach the plotter stop it first, which takes some hundredths
+    /// of a second; the frame is due again then. Where Plotter() alone has stopped it several times in a row,
+    /// Plotter() waits until it is drawn. Off-screen only: in a host's window nothing changes.
+    ///
+    /// The thread calls what a derived plotter draws with, and a derived class's virtual members.
+    void SetThreaded(bool threaded);
+    /// Draws the frame that the event was about. To be called in any other thread; it returns when the frame
+    /// is drawn, or not wanted any more. TakeFrame() is to be called in the view's own thread after that. It
+    /// must have returned, or not be called any more, before the view goes.
+    void DrawInThread();
+    /// Takes the frame that a thread has drawn, where there is one, and asks for the control to be painted.
+    void TakeFrame();
+    /// Whether a thread draws, or is to.
+    bool IsDrawingInThread() const;
+
+    /// Gives the plotter away, for another thread to do with it what takes long, until TakeBack(). Meanwhile
+    /// Draw() gives the image that there is, Plotter() just names the plotter, sizes and requests for frames
+    /// are remembered, and what a hand does has no effect; SetGrid, SetHeights and SetColors return -1, and
+    /// change nothing. The plotter must be back before the view goes.
+    void Lend();
+    /// Ends that, and asks for a frame.
+    void TakeBack();
+    bool IsLent() const;
 
     // ---- The hand
 
@@ -167,6 +203,8 @@ public:
     /// The present frame, drawn if one is due; in a window on the screen it is drawn anew in any case. The
     /// pixels are valid until the next call of a member.
     SKivoPlotImage Draw();
+    /// A complete frame of what is shown now, however long it takes.
+    SKivoPlotImage DrawNow();
     /// Whether Draw would draw one.
     bool IsFrameDue() const;
     /// What was asked for by the wake event. At any other time it does no harm. Once for a plot that is slow

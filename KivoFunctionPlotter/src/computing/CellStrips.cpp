@@ -9,7 +9,8 @@ namespace KivoDrawingTools {
 
 namespace {
 
-constexpr std::size_t perCell = 6; // indices of two triangles
+constexpr std::size_t perCell = 6;        // indices of two triangles
+constexpr std::size_t stripsAtATime = 16; // between two questions whether to go on
 
 bool AreNumbers(const float* point) {
     return std::isfinite(point[0]) && std::isfinite(point[1]) && std::isfinite(point[2]);
@@ -67,7 +68,7 @@ CellStrips::CellStrips(const GridView& grid, std::vector<unsigned char> holes)
 }
 
 // Strips run across the direction of sight, as far as the grid has such.
-void CellStrips::Arrange(const float* nearness) {
+void CellStrips::Arrange(const float* nearness, DrawingStop* stop) {
     if (!HasCells()) return;
     const auto ascent = [&](const std::vector<Middle>& middles) {
         return Product(nearness, middles.back().point, 2) - Product(nearness, middles.front().point, 2);
@@ -86,7 +87,7 @@ void CellStrips::Arrange(const float* nearness) {
     };
     if (m_strips.empty() || all(order) != all(m_order)) {
         m_order = order;
-        FillIndices();
+        FillIndices(stop);
     }
     const std::vector<Middle>& middles = order.alongColumns ? m_columnMiddles : m_rowMiddles;
     const bool isReversed = order.alongColumns ? order.hasColumnsReversed : order.hasRowsReversed;
@@ -99,7 +100,7 @@ void CellStrips::Arrange(const float* nearness) {
     }
 }
 
-void CellStrips::FillIndices() {
+void CellStrips::FillIndices(DrawingStop* stop) {
     m_indices.clear();
     m_strips.clear();
     const std::size_t cellColumns = m_columns - 1, cellRows = m_rows - 1;
@@ -113,6 +114,11 @@ void CellStrips::FillIndices() {
                     m_order.hasRowsReversed ? cellRows - 1 - r : r);
         }
         m_strips.push_back({begin, m_indices.size(), 0.0f, 0.0f});
+        if (s % stripsAtATime == stripsAtATime - 1 && IsStopped(stop)) {
+            m_indices.clear(); // to be filled anew
+            m_strips.clear();
+            return;
+        }
     }
 }
 

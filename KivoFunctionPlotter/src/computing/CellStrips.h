@@ -1,6 +1,7 @@
 // The cells of grids in the order in which they are drawn where one shows through the other.
 #pragma once
 
+#include "DrawingStop.h"
 #include "GridView.h"
 
 #include <cstddef>
@@ -27,7 +28,8 @@ public:
 
     /// Puts the cells in order. It takes no memory.
     /// @param nearness  by how much a point comes nearer for each unit of its x, y and z
-    void Arrange(const float* nearness);
+    /// @param stop      asked between strips; there may be none of them once it is wanted
+    void Arrange(const float* nearness, DrawingStop* stop = nullptr);
 
     /// Of all triangles, as FillTriangleIndices splits cells; after Arrange.
     const std::vector<unsigned int>& Indices() const { return m_indices; }
@@ -40,7 +42,7 @@ private:
     };
 
     bool HasCells() const { return m_columns > 1 && m_rows > 1; }
-    void FillIndices();
+    void FillIndices(DrawingStop* stop);
     void AddCell(std::size_t column, std::size_t row);
 
     unsigned int m_columns = 0;

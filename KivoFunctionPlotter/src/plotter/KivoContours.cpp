@@ -7,6 +7,7 @@
 #include "drawing/LongDraws.h"
 #include "NewContours.h"
 #include "parts/KivoGradientColor.h"
+#include "PictureDrawing.h"
 #include "ReducedSurface.h"
 #include "window_system/WindowSystem.h"
 
@@ -84,7 +85,8 @@ void ContourAccess::UploadColors(const CKivoFunctionPlotter& plotter, const Leve
 // picture.
 void ContourAccess::Fill(const CKivoFunctionPlotter& plotter) {
     if (!plotter.HasDrawablePoints() || !plotter.m_indexArray || !plotter.m_zGradientColor) return;
-    const SurfaceArrays surface = plotter.WholeSurface();
+    const bool isReduced = plotter.m_isFrameReduced && plotter.m_reducedSurface;
+    const SurfaceArrays surface = isReduced ? plotter.m_reducedSurface->Arrays() : plotter.WholeSurface();
     const LevelSteps bands = Bands(plotter);
     int texels = 1;
     while (texels < static_cast<int>(bands.count) + 1)
@@ -107,7 +109,8 @@ void ContourAccess::Fill(const CKivoFunctionPlotter& plotter) {
         const ClipScope cut = plotter.CutScope(allAxes);
         surface.SetVertexPointer();
         glEnableClientState(GL_VERTEX_ARRAY);
-        DrawIndexed(GL_TRIANGLES, surface.triangles, surface.triangleIndexCount);
+        DrawIndexed(GL_TRIANGLES, surface.triangles, surface.triangleIndexCount,
+                    PictureAccess::Stop(plotter));
         glDisableClientState(GL_VERTEX_ARRAY);
     }
     glBindTexture(GL_TEXTURE_2D, 0);

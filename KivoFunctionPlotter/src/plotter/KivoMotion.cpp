@@ -2,6 +2,7 @@
 
 #include "computing/DetailSearch.h"
 #include "drawing/GLScopes.h"
+#include "PictureDrawing.h"
 #include "PlotType.h"
 #include "ReducedSurface.h"
 #include "window_system/WindowSystem.h"
@@ -82,7 +83,8 @@ struct MotionAccess {
                plotter.m_indexArray;
     }
 
-    static unsigned int DetailFor(CKivoFunctionPlotter& plotter, double milliseconds);
+    static unsigned int DetailFor(CKivoFunctionPlotter& plotter, double milliseconds,
+                                  const SKivoStopRequest& stop);
 
 private:
     static double DrawingTime(CKivoFunctionPlotter& plotter, unsigned int detail);
@@ -104,19 +106,23 @@ double MotionAccess::DrawingTime(CKivoFunctionPlotter& plotter, unsigned int det
     return least;
 }
 
-unsigned int MotionAccess::DetailFor(CKivoFunctionPlotter& plotter, double milliseconds) {
+// A frame that is stopped has taken all the time there is.
+unsigned int MotionAccess::DetailFor(CKivoFunctionPlotter& plotter, double milliseconds,
+                                     const SKivoStopRequest& request) {
     if (!(milliseconds > 0.0) || !HasSurface(plotter)) return 0;
     const HostContextScope host(nullptr); // in windows on a screen, too: nothing is presented
     const ContextScope context(plotter.m_hDC, plotter.m_hGLRC);
     if (!wglGetCurrentContext()) return 0;
+    const StopScope stop(plotter, request);
     const auto measure = [&](unsigned int pointsPerSide) {
+        if (IsStopped(PictureAccess::Stop(plotter))) return MeasuredFrame{2.0 * milliseconds, false};
         const double time = DrawingTime(plotter, pointsPerSide);
         return MeasuredFrame{time, !plotter.m_isFrameReduced && !plotter.m_areLayersReduced};
     };
     const unsigned int detail =
         DetailWithin(milliseconds, std::max(plotter.m_columnCount, plotter.m_rowCount), measure);
     plotter.m_reducedSurface.reset();
-    return detail;
+    return stop.WasStopped() ? 0 : detail;
 }
 
 int SetMotionDetail(CKivoFunctionPlotter& plotter, unsigned int pointsPerSide) {
@@ -139,7 +145,12 @@ bool IsDetailReduced(const CKivoFunctionPlotter& plotter) {
 }
 
 unsigned int MotionDetailFor(CKivoFunctionPlotter& plotter, double milliseconds) {
-    return MotionAccess::DetailFor(plotter, milliseconds);
+    return MotionAccess::DetailFor(plotter, milliseconds, {});
+}
+
+unsigned int MotionDetailFor(CKivoFunctionPlotter& plotter, double milliseconds,
+                             const SKivoStopRequest& stop) {
+    return MotionAccess::DetailFor(plotter, milliseconds, stop);
 }
 
 } // namespace KivoDrawingTools

@@ -18,6 +18,7 @@ namespace {
 constexpr int largestPictureSide = 16384;
 constexpr float largestPictureScale = 8.0f;
 constexpr float largestScaleInAll = 32.0f;
+constexpr int stopped = -4;
 
 // Makes a plotter's context current for the life of the object.
 class PlotterContext : public ContextScope {
@@ -172,7 +173,10 @@ int DrawPicture(CKivoFunctionPlotter& plotter, const SKivoPictureOptions& option
     const HostContextScope host(nullptr);
     const GLenum glOrder = order == KivoPixelOrder::bgra ? GL_BGRA : GL_RGBA;
     try {
-        return DrawPlanned(plotter, plan, {pixels, static_cast<std::ptrdiff_t>(rowBytes), glOrder});
+        const StopScope stop(plotter, options.stop);
+        const int drawn =
+            DrawPlanned(plotter, plan, {pixels, static_cast<std::ptrdiff_t>(rowBytes), glOrder});
+        return drawn == 0 && stop.WasStopped() ? stopped : drawn;
     } catch (const std::bad_alloc&) {
         return RefuseForMemory();
     }

@@ -73,7 +73,7 @@ void ReadRows(SPictureStore& store, const PictureTarget& target, int pictureHeig
     const std::size_t drawnRow = static_cast<std::size_t>(part.width) * side * 4;
     const int most = static_cast<int>(std::max<std::size_t>(store.strip.size() / (drawnRow * side), 1));
     const ReadingScope reading;
-    for (int row = 0; row < part.height; row += most) {
+    for (int row = 0; row < part.height && !IsStopped(store.stop); row += most) {
         const int count = std::min(most, part.height - row);
         glReadPixels(0, row * factor, part.width * factor, count * factor, store.readOrder, GL_UNSIGNED_BYTE,
                      store.strip.data());
@@ -297,6 +297,17 @@ SPictureStore::~SPictureStore() {
     ReleaseWindow(window);
 }
 
+StopScope::StopScope(CKivoFunctionPlotter& plotter, const SKivoStopRequest& request)
+    : m_stop(request.isWanted, request.context) {
+    if (!request.isWanted) return;
+    m_store = &PictureAccess::Store(plotter);
+    m_store->stop = &m_stop;
+}
+
+StopScope::~StopScope() {
+    if (m_store) m_store->stop = nullptr;
+}
+
 ViewScope::ViewScope(CKivoFunctionPlotter& plotter) : m_plotter(plotter), m_view(ViewAccess::Save(plotter)) {}
 
 ViewScope::~ViewScope() {
@@ -348,6 +359,11 @@ SPictureStore& PictureAccess::Store(CKivoFunctionPlotter& plotter) {
     return *store;
 }
 
+DrawingStop* PictureAccess::Stop(const CKivoFunctionPlotter& plotter) {
+    const SPictureStore* const store = plotter.m_pictures.store;
+    return store ? store->stop : nullptr;
+}
+
 void PictureAccess::ForgetTexts(CKivoFunctionPlotter& plotter) {
     SPictureStore* const store = plotter.m_pictures.store;
     if (store && store->context == plotter.m_hGLRC) store->texts.Release();
@@ -395,6 +411,7 @@ void PictureAccess::DrawParts(CKivoFunctionPlotter& plotter, const PicturePlan& 
     whole.Enlarge(factor);
     for (int y = 0; y < plan.height; y += rows)
         for (int x = 0; x < plan.width; x += columns) {
+            if (IsStopped(store.stop)) return;
             ViewState view = whole;
             view.ShiftTo(x * factor, y * factor);
             ViewAccess::Restore(plotter, view);

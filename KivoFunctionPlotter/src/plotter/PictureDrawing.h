@@ -2,7 +2,9 @@
 #pragma once
 
 #include "KivoFunctionPlotter.h"
+#include "KivoPicture.h"
 
+#include "computing/DrawingStop.h"
 #include "TextSet.h"
 #include "ViewState.h"
 #include "window_system/WindowSystem.h"
@@ -34,6 +36,7 @@ struct SPictureStore {
     std::vector<unsigned char> row;   ///< of a picture on white ground
     std::vector<unsigned char> frame; ///< a smooth window's, bottom row first
     SIZE frameSize = {};
+    DrawingStop* stop = nullptr; ///< asked while something is drawn that may be stopped
 };
 
 /// A picture that is asked for.
@@ -61,6 +64,22 @@ struct PicturePart {
     int width;
     int height;
     int factor; ///< so many times as large it is drawn
+};
+
+/// Has what is drawn ask whether to go on, as long as it lives.
+class StopScope {
+public:
+    /// @param request  empty: nobody is asked
+    StopScope(CKivoFunctionPlotter& plotter, const SKivoStopRequest& request);
+    ~StopScope();
+    StopScope(const StopScope&) = delete;
+    StopScope& operator=(const StopScope&) = delete;
+
+    bool WasStopped() const { return m_stop.WasWanted(); }
+
+private:
+    SPictureStore* m_store = nullptr; ///< null: nobody is asked
+    DrawingStop m_stop;
 };
 
 /// Puts the plotter's own view back, whatever ends the scope.
@@ -101,6 +120,8 @@ struct PictureAccess {
     static void PutFrame(CKivoFunctionPlotter& plotter);
 
     static SPictureStore& Store(CKivoFunctionPlotter& plotter);
+    /// To be asked by what takes long; null where nobody is.
+    static DrawingStop* Stop(const CKivoFunctionPlotter& plotter);
     /// Has the next picture make its texts anew; the context must be current.
     static void ForgetTexts(CKivoFunctionPlotter& plotter);
     /// Gives back all that is kept.

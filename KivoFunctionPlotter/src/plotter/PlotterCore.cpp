@@ -671,11 +671,13 @@ void CKivoFunctionPlotter::DrawProjectionPlot() {
     }
 
     ClearFrame();
+    const bool isFilled = m_areContoursFilled && m_plotType == xyPlot;
+    m_isFrameReduced = isFilled && m_detailOfFrame != 0 && ReduceSurface();
     ApplyModelViewMatrix();
 
     glDisable(GL_LIGHTING);
     const bool listsNames = m_arePointsFlat && m_hasGroupNames;
-    if (m_areContoursFilled && m_plotType == xyPlot) ContourAccess::Fill(*this);
+    if (isFilled) ContourAccess::Fill(*this);
     if (m_gridBox) {
         StyleGridBox();
         CollectOtherTexts(ruler, m_legendViewport, m_legendViewVolume, m_plotTitleImage, m_plotViewport,

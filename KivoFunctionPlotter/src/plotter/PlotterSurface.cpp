@@ -12,6 +12,7 @@
 #include "NewContours.h"
 #include "parts/KivoGradientColor.h"
 #include "parts/KivoGridBox.h"
+#include "PictureDrawing.h"
 #include "PlotType.h"
 #include "ReducedSurface.h"
 #include "SurfaceLayers.h"
@@ -370,7 +371,7 @@ void CKivoFunctionPlotter::DrawSurface(const SurfaceArrays& surface) {
             glDisable(GL_LIGHTING);
             glDisableClientState(GL_COLOR_ARRAY);
             glColor4fv(m_framelineColor);
-            DrawIndexed(GL_LINES, surface.lines, surface.lineIndexCount);
+            DrawIndexed(GL_LINES, surface.lines, surface.lineIndexCount, PictureAccess::Stop(*this));
             glEnable(GL_LIGHTING);
             glEnableClientState(GL_COLOR_ARRAY);
         }
@@ -380,7 +381,7 @@ void CKivoFunctionPlotter::DrawSurface(const SurfaceArrays& surface) {
     // the width of a line, and a bit.
     glPolygonOffset(m_pixelScale, 1.0f);
     glEnable(GL_POLYGON_OFFSET_FILL);
-    DrawIndexed(GL_TRIANGLES, surface.triangles, surface.triangleIndexCount);
+    DrawIndexed(GL_TRIANGLES, surface.triangles, surface.triangleIndexCount, PictureAccess::Stop(*this));
     glDisable(GL_POLYGON_OFFSET_FILL);
 
     glDisable(GL_TEXTURE_2D);
@@ -546,7 +547,8 @@ void CKivoFunctionPlotter::RenderFlatContours(const std::vector<SKivoIsoContour>
         glColor4fv(color);
         const float* const points = reduced ? (*reduced)[k].points.get() : contours[k].points;
         const std::uint64_t count = reduced ? (*reduced)[k].pointCount : contours[k].pointCount;
-        if (!reduced || points) DrawLines(points, static_cast<std::size_t>(count));
+        if (!reduced || points)
+            DrawLines(points, static_cast<std::size_t>(count), PictureAccess::Stop(*this));
     }
     glDisableClientState(GL_VERTEX_ARRAY);
     glPopMatrix();

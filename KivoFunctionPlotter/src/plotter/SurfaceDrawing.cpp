@@ -3,6 +3,7 @@
 #include "drawing/GLScopes.h"
 #include "drawing/LongDraws.h"
 #include "parts/KivoGradientColor.h"
+#include "PictureDrawing.h"
 #include "ReducedSurface.h"
 #include "SurfaceLayers.h"
 #include "window_system/WindowSystem.h"
@@ -61,7 +62,7 @@ void SetColors(const SurfacePart& part) {
     glTexImage2D(GL_TEXTURE_2D, 0, GL_ALPHA, 1, 1, 0, GL_ALPHA, GL_UNSIGNED_BYTE, &texel);
 }
 
-void DrawLinesOf(const SurfacePart& part, const float* color, float lineWidth) {
+void DrawLinesOf(const SurfacePart& part, const float* color, float lineWidth, DrawingStop* stop) {
     if (part.lineIndexCount == 0) return;
     const LineWidthScope width(lineWidth);
     glDisable(GL_LIGHTING);
@@ -69,7 +70,7 @@ void DrawLinesOf(const SurfacePart& part, const float* color, float lineWidth) {
     glDisableClientState(GL_COLOR_ARRAY);
     SetColor(color, part.looks->opacity);
     SetVertices(part);
-    DrawIndexed(GL_LINES, part.lines, part.lineIndexCount);
+    DrawIndexed(GL_LINES, part.lines, part.lineIndexCount, stop);
     glEnable(GL_LIGHTING);
 }
 
@@ -150,17 +151,18 @@ void SurfaceAccess::DrawOpaque(CKivoFunctionPlotter& plotter) {
     if (!plotter.m_surfaces.layers) return;
     Collect(plotter, true);
     if (plotter.m_surfaces.layers->parts.empty()) return;
+    DrawingStop* const stop = PictureAccess::Stop(plotter);
     float nearness[3];
     FindNearness(nearness);
     glEnableClientState(GL_VERTEX_ARRAY);
     for (const SurfacePart& part : plotter.m_surfaces.layers->parts) {
-        if (part.strips->Indices().empty()) part.strips->Arrange(nearness); // in any order
-        DrawLinesOf(part, plotter.m_framelineColor, plotter.m_pixelScale);
+        if (part.strips->Indices().empty()) part.strips->Arrange(nearness, stop); // in any order
+        DrawLinesOf(part, plotter.m_framelineColor, plotter.m_pixelScale, stop);
         SetVertices(part);
         SetColors(part);
         glPolygonOffset(plotter.m_pixelScale, 1.0f);
         glEnable(GL_POLYGON_OFFSET_FILL);
-        DrawIndexed(GL_TRIANGLES, part.strips->Indices().data(), part.strips->Indices().size());
+        DrawIndexed(GL_TRIANGLES, part.strips->Indices().data(), part.strips->Indices().size(), stop);
         glDisable(GL_POLYGON_OFFSET_FILL);
     }
     glDisableClientState(GL_VERTEX_ARRAY);
@@ -173,11 +175,12 @@ void SurfaceAccess::DrawSeeThrough(CKivoFunctionPlotter& plotter) {
     SurfaceLayers& layers = *plotter.m_surfaces.layers;
     Collect(plotter, false);
     if (layers.parts.empty()) return;
+    DrawingStop* const stop = PictureAccess::Stop(plotter);
     float nearness[3];
     FindNearness(nearness);
     layers.strips.clear();
     for (const SurfacePart& part : layers.parts) {
-        part.strips->Arrange(nearness);
+        part.strips->Arrange(nearness, stop);
         layers.strips.push_back(part.strips);
     }
 
@@ -196,11 +199,11 @@ void SurfaceAccess::DrawSeeThrough(CKivoFunctionPlotter& plotter) {
                 SetColors(part);
                 last = &part;
             }
-            DrawIndexed(GL_TRIANGLES, part.strips->Indices().data() + run.begin, run.end - run.begin);
+            DrawIndexed(GL_TRIANGLES, part.strips->Indices().data() + run.begin, run.end - run.begin, stop);
         }
     }
     for (const SurfacePart& part : layers.parts)
-        DrawLinesOf(part, plotter.m_framelineColor, plotter.m_pixelScale);
+        DrawLinesOf(part, plotter.m_framelineColor, plotter.m_pixelScale, stop);
     glDisableClientState(GL_VERTEX_ARRAY);
     glDisableClientState(GL_COLOR_ARRAY);
     glPopAttrib();

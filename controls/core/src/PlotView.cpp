@@ -38,6 +38,7 @@ CKivoPlotView::CKivoPlotView(SKivoPlotViewEvents events, HWND window,
 CKivoPlotView::~CKivoPlotView() = default;
 
 CKivoFunctionPlotter& CKivoPlotView::Plotter() {
+    m_core->RetrieveForHost();
     m_core->Follow();
     return m_core->Plotter();
 }
@@ -48,6 +49,7 @@ const std::string& CKivoPlotView::Failure() const {
 
 int CKivoPlotView::SetGrid(const float* points, unsigned int columns, unsigned int rows) {
     if (!points || !AreGridCounts(columns, rows)) return -3;
+    if (m_core->IsLent()) return -1;
     const std::size_t floats = std::size_t{columns} * rows * 3;
     std::unique_ptr<float[]> copy(new float[floats]); // not set to zero first
     std::copy(points, points + floats, copy.get());
@@ -60,6 +62,7 @@ int CKivoPlotView::SetHeights(const float* heights, unsigned int columns, unsign
     const double places[] = {xMin, xMax, yMin, yMax};
     const bool areFinite = std::all_of(places, places + 4, [](double place) { return std::isfinite(place); });
     if (!heights || !AreGridCounts(columns, rows) || !areFinite) return -3;
+    if (m_core->IsLent()) return -1;
     std::unique_ptr<float[]> points(new float[std::size_t{columns} * rows * 3]);
     float* end = points.get();
     for (unsigned int r = 0; r < rows; ++r)
@@ -73,6 +76,7 @@ int CKivoPlotView::SetHeights(const float* heights, unsigned int columns, unsign
 }
 
 int CKivoPlotView::SetColors(std::optional<unsigned long> ink, std::optional<unsigned long> ground) {
+    if (m_core->IsLent()) return -1;
     CKivoFunctionPlotter& plotter = Plotter();
     SKivoStyle style = GetStyle(plotter);
     style.inkColor = ink.value_or(SKivoStyle().inkColor);
@@ -110,6 +114,34 @@ void CKivoPlotView::KeepUpright(bool upright) {
     m_core->KeepUpright(upright);
 }
 
+void CKivoPlotView::SetThreaded(bool threaded) {
+    m_core->SetThreaded(threaded);
+}
+
+void CKivoPlotView::DrawInThread() {
+    m_core->DrawInThread();
+}
+
+void CKivoPlotView::TakeFrame() {
+    m_core->TakeFrame();
+}
+
+bool CKivoPlotView::IsDrawingInThread() const {
+    return m_core->IsDrawingInThread();
+}
+
+void CKivoPlotView::Lend() {
+    m_core->Lend();
+}
+
+void CKivoPlotView::TakeBack() {
+    m_core->TakeBack();
+}
+
+bool CKivoPlotView::IsLent() const {
+    return m_core->IsLent();
+}
+
 void CKivoPlotView::Press(KivoMouseButton button, unsigned int, POINT place) {
     m_core->Press(button, place);
 }
@@ -140,6 +172,10 @@ bool CKivoPlotView::PressKey(KivoViewKey key, unsigned int flags) {
 
 SKivoPlotImage CKivoPlotView::Draw() {
     return m_core->Draw();
+}
+
+SKivoPlotImage CKivoPlotView::DrawNow() {
+    return m_core->DrawNow();
 }
 
 bool CKivoPlotView::IsFrameDue() const {

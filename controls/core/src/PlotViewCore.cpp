@@ -26,6 +26,13 @@ constexpr double slowFrame = 100.0, fastFrame = 33.0;
 constexpr double movedFrame = 22.0;             // of a frame while the plot moves; showing it takes the rest
 constexpr unsigned int usualMotionDetail = 150; // points a side, with which most machines keep up
 constexpr unsigned int leastMotionDetail = 120; // with fewer, other things take the time
+// A frame that may be drawn at once is tried so long; movements, which all else waits for, a little longer.
+constexpr double trialOfFrame = 30.0, trialOfMovement = 60.0;
+constexpr double longFrame = 1000.0; // of one that was not drawn in that time: until it is
+constexpr int mostStopsByHost = 3;
+constexpr int stoppedPicture = -4; // as DrawPicture says it
+constexpr const char* outOfMemory =
+    "The plot: there is not enough memory; free some, or make the control smaller.";
 constexpr double otherFrame = 1.5; // times as long, or as short: another plot than the measured one
 
 constexpr double turnAcross = 160.0; // degrees of a drag across the control, as the plotter turns
@@ -37,6 +44,25 @@ constexpr double clickReach = 3.0; // units of the toolkit that a hand moves whi
 double MillisecondsSince(std::chrono::steady_clock::time_point begin) {
     return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - begin).count();
 }
+
+// A time that something may take.
+class Trial {
+public:
+    explicit Trial(double milliseconds)
+        : m_end(std::chrono::steady_clock::now() +
+                std::chrono::duration_cast<std::chrono::steady_clock::duration>(
+                    std::chrono::duration<double, std::milli>(milliseconds))) {}
+
+    SKivoStopRequest Stop() {
+        const auto isOver = [](void* self) {
+            return std::chrono::steady_clock::now() >= static_cast<Trial*>(self)->m_end;
+        };
+        return {isOver, this};
+    }
+
+private:
+    std::chrono::steady_clock::time_point m_end;
+};
 
 int Rounded(double pixels) {
     return static_cast<int>(std::lround(pixels));
@@ -82,9 +108,14 @@ PlotViewCore::PlotViewCore(SKivoPlotViewEvents events, HWND hostWindow,
         Plotter(), [](void* self) { static_cast<PlotViewCore*>(self)->Moved(); }, this);
 }
 
+PlotViewCore::~PlotViewCore() {
+    m_job.End(true);
+}
+
 // ---- What is shown
 
 void PlotViewCore::ShowGrid(std::unique_ptr<float[]> points, unsigned int columns, unsigned int rows) {
+    Retrieve();
     Plotter().SetData(points.release(), columns, rows, 1, columns, 3);
     Ask(Due::everything);
 }
@@ -99,6 +130,7 @@ void PlotViewCore::SetSize(int width, int height, double density) {
 }
 
 void PlotViewCore::SetSmoothing(int factor) {
+    Retrieve(); // who draws reads it
     m_smoothing = factor;
     Ask(Due::everything);
 }
@@ -106,12 +138,15 @@ void PlotViewCore::SetSmoothing(int factor) {
 void PlotViewCore::ReduceWhileMoving(bool reduce) {
     m_reduces = reduce;
     m_measuredTime = 0.0;
+    m_isDetailOld = IsLent();
+    if (IsLent()) return;
+    Retrieve();
     SetMotionDetail(Plotter(), reduce ? usualMotionDetail : 0);
 }
 
 // The window takes the control's size when something is drawn or pointed at: of a hundred sizes in a row one.
 void PlotViewCore::Follow() {
-    if (!HasSize()) return;
+    if (!HasSize() || IsLent()) return;
     FollowDensity();
     if (m_width == m_windowWidth && m_height == m_windowHeight) return;
     const bool isSized =
@@ -146,7 +181,8 @@ void PlotViewCore::LayOut(int width, int height) {
 // ---- The hand
 
 void PlotViewCore::Press(KivoMouseButton button, POINT place) {
-    if (m_drag) return;
+    if (m_drag || IsLent()) return;
+    Retrieve();
     Follow();
     m_drag = Drag{button, place, place, false};
     if (m_awaited == Awaited::measure) Await(Awaited::nothing, -1); // a movement may follow
@@ -154,6 +190,7 @@ void PlotViewCore::Press(KivoMouseButton button, POINT place) {
 }
 
 void PlotViewCore::Move(unsigned int flags, POINT place) {
+    if (IsLent()) return;
     if (m_drag) {
         const Drag before = *m_drag;
         const double reach = clickReach * m_density;
@@ -161,7 +198,9 @@ void PlotViewCore::Move(unsigned int flags, POINT place) {
                             std::abs(static_cast<double>(place.y) - before.start.y) > reach;
         m_drag->last = place;
         const bool isMoved = place.x != before.last.x || place.y != before.last.y;
-        if (isMoved) Drop(before, flags, place);
+        if (!isMoved) return;
+        Retrieve();
+        Drop(before, flags, place);
     } else if (Plotter().IsTracing()) {
         m_pointer = place;
         Ask(m_completeTime > fastFrame ? Due::movement : Due::everything);
@@ -202,17 +241,18 @@ bool PlotViewCore::Release(KivoMouseButton button) {
 }
 
 void PlotViewCore::Cancel() {
-    if (!m_drag) return;
+    if (!m_drag || IsLent()) return;
     m_drag.reset();
     if (m_awaited != Awaited::rest) return;
     if (IsCompleteSlow())
         AwaitRest();
     else
-        Ask(Due::everything);
+        Request(Due::everything);
 }
 
 void PlotViewCore::Zoom(double factor, POINT place) {
-    if (!(factor > 0.0) || !std::isfinite(factor)) return;
+    if (!(factor > 0.0) || !std::isfinite(factor) || IsLent()) return;
+    Retrieve();
     Follow();
     if (ZoomView(Plotter(), factor, place) == 0) Moved();
 }
@@ -231,6 +271,8 @@ bool PlotViewCore::TurnByKey(double right, double down, unsigned int flags) {
 }
 
 bool PlotViewCore::PressKey(KivoViewKey key, unsigned int flags) {
+    if (IsLent()) return false;
+    Retrieve();
     Follow();
     const auto switchTo = [this](int type, int (CKivoFunctionPlotter::*show)()) {
         if (Plotter().GetCurrentPlotType() != type) (Plotter().*show)();
@@ -280,10 +322,21 @@ void PlotViewCore::Moved() {
     Tell(m_events.viewChanged);
 }
 
-// A complete frame that is due stays due until the hand moves on.
+// What another thread draws is not wanted any more.
 void PlotViewCore::Ask(Due due) {
+    Retrieve();
+    m_isStale = true;
+    Request(due);
+}
+
+// A complete frame that is due stays due until the hand moves on.
+void PlotViewCore::Request(Due due) {
     m_due = due;
     if (due == Due::everything && m_awaited == Awaited::rest) Await(Awaited::nothing, -1);
+    RequestPaint();
+}
+
+void PlotViewCore::RequestPaint() {
     if (std::exchange(m_isAsked, true)) return;
     Tell(m_events.redraw);
 }
@@ -294,7 +347,7 @@ void PlotViewCore::Await(Awaited awaited, int milliseconds) {
 }
 
 bool PlotViewCore::IsCompleteSlow() const {
-    return m_completeTime > slowFrame;
+    return m_completeTime > slowFrame && !IsThreaded();
 }
 
 void PlotViewCore::AwaitRest() {
@@ -303,42 +356,95 @@ void PlotViewCore::AwaitRest() {
 
 void PlotViewCore::Wake() {
     const Awaited awaited = std::exchange(m_awaited, Awaited::nothing);
-    if (awaited == Awaited::rest) Ask(Due::everything);
+    if (awaited == Awaited::rest) Request(Due::everything);
     if (awaited == Awaited::measure) Measure();
 }
 
 // ---- Drawing
 
+SKivoPlotImage PlotViewCore::LastImage() const {
+    return HasSize() ? m_image : SKivoPlotImage{};
+}
+
 SKivoPlotImage PlotViewCore::Draw() {
     m_isAsked = false;
+    if (m_job.TakeDone()) TakeResult();
+    if (IsLent() || IsDrawingInThread()) return LastImage();
     if (m_bound.IsOnScreen() && m_due == Due::nothing)
         m_due = Due::everything; // others may have drawn over it
-    if (!IsFrameDue()) return HasSize() ? m_image : SKivoPlotImage{};
+    return DrawDue(true);
+}
+
+SKivoPlotImage PlotViewCore::DrawNow() {
+    if (IsLent()) return LastImage();
+    Retrieve();
+    m_isAsked = false;
+    m_due = Due::everything;
+    return DrawDue(false);
+}
+
+SKivoPlotImage PlotViewCore::DrawDue(bool mayUseThread) {
+    if (!IsFrameDue()) return LastImage();
     Follow();
-    const bool isComplete = m_due == Due::everything;
-    const auto begin = std::chrono::steady_clock::now();
     m_failure.clear();
     try {
         TracePointer();
-        if (m_bound.IsOnScreen())
-            Present();
+        if (mayUseThread && m_due == Due::everything && IsThreaded())
+            DrawWithThread();
         else
-            DrawImage();
+            DrawHere();
     } catch (const std::bad_alloc&) {
-        m_failure = "The plot: there is not enough memory; free some, or make the control smaller.";
+        m_failure = outOfMemory;
     }
-    if (!m_failure.empty()) {
-        m_due = Due::nothing; // until the next change: it may be there is memory then
-        m_image = {};
-        Tell(m_events.failed);
-        return {};
+    if (m_failure.empty()) return m_image;
+    m_due = Due::nothing; // until the next change: it may be there is memory then
+    m_image = {};
+    Tell(m_events.failed);
+    return {};
+}
+
+void PlotViewCore::DrawHere() {
+    const bool isComplete = m_due == Due::everything;
+    const auto begin = std::chrono::steady_clock::now();
+    if (m_bound.IsOnScreen()) {
+        Present();
+    } else {
+        m_next.pixels.swap(m_pixels); // one buffer is enough
+        DrawImage(m_next, !isComplete, {});
+        TakeImage();
     }
+    if (!m_failure.empty()) return;
     m_due = Due::nothing;
+    m_isStale = false;
+    if (isComplete) m_stopsByHost = 0;
     if (isComplete)
         TakeCompleteTime(MillisecondsSince(begin));
     else if (m_awaited != Awaited::rest)
         AwaitRest(); // whatever has asked for less, a complete frame follows
-    return m_image;
+}
+
+// A complete frame, at once where it is quick.
+void PlotViewCore::DrawWithThread() {
+    if (m_completeTime <= fastFrame && TryFor(trialOfFrame, false)) {
+        if (m_failure.empty()) TakeCompleteTime(m_next.milliseconds);
+        return;
+    }
+    m_completeTime = std::max(m_completeTime, longFrame);
+    if (m_isStale && m_reduces) TryFor(trialOfMovement, true); // else the image that there is
+    if (!m_failure.empty()) return;
+    m_due = Due::nothing;
+    StartJob(Job::frame, [this](const SKivoStopRequest& stop) { DrawImage(m_next, false, stop); });
+}
+
+// @return whether it has been drawn, or cannot be
+bool PlotViewCore::TryFor(double milliseconds, bool isMoving) {
+    Trial trial(milliseconds);
+    DrawImage(m_next, isMoving, trial.Stop());
+    if (m_next.result == stoppedPicture) return false;
+    TakeImage();
+    m_due = Due::nothing;
+    m_isStale = false;
+    return true;
 }
 
 void PlotViewCore::TracePointer() {
@@ -362,21 +468,41 @@ void PlotViewCore::Present() {
     m_image.height = m_windowHeight;
 }
 
-void PlotViewCore::DrawImage() {
+// It may be another thread that draws.
+void PlotViewCore::DrawImage(Drawing& drawing, bool isMoving, const SKivoStopRequest& stop) const {
+    const auto begin = std::chrono::steady_clock::now();
+    CKivoFunctionPlotter& plotter = m_bound.Plotter();
     SKivoPictureOptions options;
-    options.moving = m_due == Due::movement;
-    options.smoothing = options.moving ? 1 : m_smoothing;
-    SKivoPlotImage image;
-    int result = MeasurePicture(Plotter(), options, image.width, image.height);
-    if (result == 0) {
-        image.rowBytes = static_cast<std::size_t>(image.width) * 4;
-        m_pixels.resize(image.rowBytes * static_cast<std::size_t>(image.height));
-        image.pixels = m_pixels.data();
-        result = DrawPicture(Plotter(), options, m_pixels.data(), image.rowBytes, KivoPixelOrder::bgra);
+    options.moving = isMoving;
+    options.smoothing = isMoving ? 1 : m_smoothing;
+    options.stop = stop;
+    SKivoPlotImage& image = drawing.image;
+    drawing.failure.clear();
+    try {
+        drawing.result = MeasurePicture(plotter, options, image.width, image.height);
+        if (drawing.result == 0) {
+            image.rowBytes = static_cast<std::size_t>(image.width) * 4;
+            drawing.pixels.resize(image.rowBytes * static_cast<std::size_t>(image.height));
+            image.pixels = drawing.pixels.data();
+            drawing.result =
+                DrawPicture(plotter, options, drawing.pixels.data(), image.rowBytes, KivoPixelOrder::bgra);
+        }
+        const bool isFailed = drawing.result != 0 && drawing.result != stoppedPicture;
+        if (drawing.result == -1) drawing.failure = LastWindowError();
+        if (isFailed && drawing.failure.empty())
+            drawing.failure = "The plot: its window is gone, or its scale too large.";
+    } catch (const std::bad_alloc&) {
+        drawing.failure = outOfMemory;
+        drawing.result = -1;
     }
-    if (result == 0) m_image = image;
-    if (result == -1) m_failure = LastWindowError();
-    if (result != 0 && m_failure.empty()) m_failure = "The plot: its window is gone, or its scale too large.";
+    drawing.milliseconds = MillisecondsSince(begin);
+}
+
+void PlotViewCore::TakeImage() {
+    m_failure = m_next.failure;
+    if (m_next.result != 0) return;
+    m_pixels.swap(m_next.pixels);
+    m_image = m_next.image;
 }
 
 void PlotViewCore::TakeCompleteTime(double milliseconds) {
@@ -388,14 +514,116 @@ void PlotViewCore::TakeCompleteTime(double milliseconds) {
 }
 
 void PlotViewCore::Measure() {
-    if (m_drag || m_due != Due::nothing || !m_reduces) return; // after the next complete frame
+    if (m_drag || m_due != Due::nothing || !m_reduces || IsLent() || IsDrawingInThread())
+        return; // after the next complete frame
     m_measuredTime = m_completeTime;
-    try {
-        const unsigned int detail = MotionDetailFor(Plotter(), movedFrame);
-        SetMotionDetail(Plotter(), detail == 0 ? 0 : std::max(detail, leastMotionDetail));
-    } catch (const std::bad_alloc&) {
-        return; // what was taken before goes on
+    if (IsThreaded()) {
+        StartJob(Job::measurement,
+                 [this](const SKivoStopRequest& stop) { m_nextDetail = MeasuredDetail(stop); });
+        return;
     }
+    TakeMeasured(MeasuredDetail({}));
+}
+
+// @return none where there is no memory for it, or it was stopped
+std::optional<unsigned int> PlotViewCore::MeasuredDetail(const SKivoStopRequest& stop) const {
+    try {
+        const unsigned int detail = MotionDetailFor(m_bound.Plotter(), movedFrame, stop);
+        if (stop.isWanted && stop.isWanted(stop.context)) return std::nullopt;
+        return detail;
+    } catch (const std::bad_alloc&) {
+        return std::nullopt;
+    }
+}
+
+void PlotViewCore::TakeMeasured(std::optional<unsigned int> detail) {
+    if (!detail) return; // what was taken before goes on
+    SetMotionDetail(Plotter(), *detail == 0 ? 0 : std::max(*detail, leastMotionDetail));
+}
+
+// ---- Threads
+
+void PlotViewCore::SetThreaded(bool threaded) {
+    if (!threaded) Retrieve();
+    m_isThreaded = threaded;
+}
+
+bool PlotViewCore::IsThreaded() const {
+    return m_isThreaded && m_events.drawInThread && !m_bound.IsOnScreen();
+}
+
+void PlotViewCore::StartJob(Job purpose, ThreadedJob::Job job) {
+    m_purpose = purpose;
+    m_job.Start(std::move(job));
+    Tell(m_events.drawInThread);
+}
+
+void PlotViewCore::EndJob(bool isStopped) {
+    if (m_job.IsIdle()) return;
+    if (m_job.End(isStopped)) {
+        TakeResult();
+        return;
+    }
+    m_next.result = stoppedPicture; // before it began
+    m_nextDetail = std::nullopt;
+    TakeResult();
+}
+
+void PlotViewCore::Retrieve() {
+    EndJob(true);
+}
+
+// A host that looks at the plot all the time would never see it.
+void PlotViewCore::RetrieveForHost() {
+    if (m_job.IsIdle()) return;
+    if (++m_stopsByHost <= mostStopsByHost) return EndJob(true);
+    EndJob(false);
+    if (m_due == Due::everything) { // it had not begun
+        DrawNow();
+        RequestPaint();
+    }
+}
+
+void PlotViewCore::TakeFrame() {
+    if (m_job.TakeDone()) TakeResult();
+}
+
+// What was stopped is due again, but for what follows a complete frame anyway.
+void PlotViewCore::TakeResult() {
+    if (m_purpose == Job::measurement) {
+        if (m_nextDetail)
+            TakeMeasured(m_nextDetail);
+        else
+            m_measuredTime = 0.0;
+        return;
+    }
+    if (m_next.result == stoppedPicture) {
+        if (m_due == Due::nothing) Request(Due::everything);
+        return;
+    }
+    m_stopsByHost = 0;
+    TakeImage();
+    if (m_failure.empty()) {
+        TakeCompleteTime(m_next.milliseconds);
+    } else {
+        m_image = {};
+        Tell(m_events.failed);
+    }
+    RequestPaint();
+}
+
+void PlotViewCore::Lend() {
+    Retrieve();
+    m_drag.reset();
+    ++m_loans;
+}
+
+// How long the next frame takes is unknown.
+void PlotViewCore::TakeBack() {
+    if (m_loans == 0 || --m_loans > 0) return;
+    m_completeTime = 0.0;
+    if (m_isDetailOld) ReduceWhileMoving(m_reduces);
+    Ask(Due::everything);
 }
 
 } // namespace KivoDrawingTools

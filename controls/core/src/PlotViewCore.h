@@ -1,7 +1,9 @@
 // What CKivoPlotView does: when what is drawn, and what a hand does to the plot.
 #pragma once
 
+#include "KivoPicture.h"
 #include "KivoPlotView.h"
+#include "ThreadedJob.h"
 
 #include <memory>
 #include <optional>
@@ -20,7 +22,7 @@ public:
     BoundPlotter(const BoundPlotter&) = delete;
     BoundPlotter& operator=(const BoundPlotter&) = delete;
 
-    CKivoFunctionPlotter& Plotter() { return *m_plotter; }
+    CKivoFunctionPlotter& Plotter() const { return *m_plotter; }
     HWND Window() const { return m_window; }
     bool IsUsable() const { return m_isUsable; }
     /// Whether frames are presented in it.
@@ -37,6 +39,9 @@ class PlotViewCore {
 public:
     /// In a host's window, or with null in one without a screen.
     PlotViewCore(SKivoPlotViewEvents events, HWND hostWindow, std::unique_ptr<CKivoFunctionPlotter> plotter);
+    ~PlotViewCore();
+    PlotViewCore(const PlotViewCore&) = delete;
+    PlotViewCore& operator=(const PlotViewCore&) = delete;
 
     CKivoFunctionPlotter& Plotter() { return m_bound.Plotter(); }
     const std::string& Failure() const { return m_failure; }
@@ -61,7 +66,19 @@ public:
     void Ask(Due due);
     bool IsFrameDue() const { return m_due != Due::nothing && HasSize(); }
     SKivoPlotImage Draw();
+    SKivoPlotImage DrawNow();
     void Wake();
+
+    void SetThreaded(bool threaded);
+    void DrawInThread() { m_job.Run(); } ///< in the other thread
+    void TakeFrame();
+    bool IsDrawingInThread() const { return !m_job.IsIdle(); }
+    /// Has no other thread at the plotter any more.
+    void Retrieve();
+    void RetrieveForHost(); ///< the same, but lets frames end that would otherwise never
+    void Lend();
+    void TakeBack();
+    bool IsLent() const { return m_loans > 0; }
 
 private:
     struct Drag {
@@ -70,6 +87,16 @@ private:
         POINT last;
         bool hasMoved;
     };
+    /// What has been drawn, by whichever thread.
+    struct Drawing {
+        std::vector<unsigned char> pixels;
+        SKivoPlotImage image; ///< of the pixels
+        int result = 0;       ///< as of DrawPicture
+        std::string failure;  ///< why nothing was drawn
+        double milliseconds = 0.0;
+    };
+    /// What another thread does.
+    enum class Job { frame, measurement };
     /// What wakes the view.
     enum class Awaited { nothing, rest, measure };
 
@@ -84,10 +111,24 @@ private:
     void Await(Awaited awaited, int milliseconds);
     bool IsCompleteSlow() const;
     void TracePointer();
+    void Request(Due due);
+    void RequestPaint();
+    SKivoPlotImage LastImage() const;
+    SKivoPlotImage DrawDue(bool mayUseThread);
+    void DrawHere();
+    void DrawWithThread();
+    bool TryFor(double milliseconds, bool isMoving);
     void Present();
-    void DrawImage();
+    void DrawImage(Drawing& drawing, bool isMoving, const SKivoStopRequest& stop) const;
+    void TakeImage();
     void TakeCompleteTime(double milliseconds);
+    bool IsThreaded() const;
+    void StartJob(Job purpose, ThreadedJob::Job job);
+    void EndJob(bool isStopped);
+    void TakeResult();
     void Measure();
+    std::optional<unsigned int> MeasuredDetail(const SKivoStopRequest& stop) const;
+    void TakeMeasured(std::optional<unsigned int> detail);
 
     SKivoPlotViewEvents m_events;
     BoundPlotter m_bound;
@@ -110,10 +151,20 @@ private:
     Awaited m_awaited = Awaited::nothing;
     int m_smoothing = 2;
     bool m_reduces = true;
-    double m_completeTime = 0.0; ///< of the last complete frame, in milliseconds
-    double m_measuredTime = 0.0; ///< of the one that the detail was measured for
-    std::vector<unsigned char> m_pixels;
-    SKivoPlotImage m_image;
+    double m_completeTime = 0.0;         ///< of the last complete frame, in milliseconds
+    double m_measuredTime = 0.0;         ///< of the one that the detail was measured for
+    bool m_isStale = true;               ///< what the last frame shows has changed since
+    SKivoPlotImage m_image;              ///< the last frame
+    std::vector<unsigned char> m_pixels; ///< of it
+
+    bool m_isThreaded = false;
+    int m_loans = 0;
+    bool m_isDetailOld = false; ///< since it could not be set
+    Job m_purpose = Job::frame;
+    Drawing m_next;                           ///< while a job goes on, its own
+    std::optional<unsigned int> m_nextDetail; ///< as above
+    int m_stopsByHost = 0;                    ///< of frames in a row
+    ThreadedJob m_job;
 };
 
 } // namespace KivoDrawingTools

@@ -1,0 +1,351 @@
+// A plot that takes long to draw: what a thread does for it, and what it is stopped by.
+#include "KivoMotion.h"
+#include "KivoPicture.h"
+#include "KivoPlotView.h"
+#include "KivoView.h"
+#include "KivoWindow.h"
+#include "support/BarePlot.h"
+#include "support/TestSurfaces.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <memory>
+#include <string>
+#include <thread>
+#include <vector>
+
+using namespace KivoDrawingTools;
+
+namespace {
+
+constexpr int width = 240, height = 180;
+constexpr POINT middle = {140, 90};
+// No machine draws it in the time that a frame is tried for.
+constexpr unsigned int side = 700;
+
+const TestSurface& LargeHill() {
+    static const TestSurface hill = HillSurface(side, side);
+    return hill;
+}
+
+Image ImageOf(const SKivoPlotImage& shown) {
+    Image image(shown.width, shown.height);
+    for (int y = 0; y < shown.height; ++y)
+        for (int x = 0; x < shown.width; ++x) {
+            const unsigned char* const bgra = shown.pixels + y * shown.rowBytes + 4 * x;
+            const unsigned char rgba[] = {bgra[2], bgra[1], bgra[0], bgra[3]};
+            std::copy(rgba, rgba + 4, image.Pixel(x, y));
+        }
+    return image;
+}
+
+class PlotViewThread : public testing::Test {
+protected:
+    PlotViewThread() {
+        view.SetThreaded(true);
+        view.SetSize(width, height);
+    }
+    ~PlotViewThread() override {
+        view.Lend(); // stops the thread
+        if (thread.joinable()) thread.join();
+        view.TakeBack();
+    }
+
+    void ShowLargeHill() { ASSERT_EQ(view.SetGrid(LargeHill().points.data(), side, side), 0); }
+
+    SKivoPlotViewEvents Events() {
+        SKivoPlotViewEvents events;
+        events.redraw = [this] { ++redraws; };
+        events.wake = [this](int milliseconds) { wake = milliseconds; };
+        events.failed = [this] { ++failures; };
+        events.drawInThread = [this] { ++requests; };
+        return events;
+    }
+
+    // As a control does it.
+    void DrawInThread() {
+        std::thread([this] { view.DrawInThread(); }).join();
+        view.TakeFrame();
+    }
+
+    void BeginThread() {
+        if (thread.joinable()) thread.join();
+        thread = std::thread([this] { view.DrawInThread(); });
+    }
+
+    // What it shows at rest, drawn by another plotter.
+    Image Expected(const SKivoView& shown) {
+        KivoTest::BarePlot bare(width, height);
+        bare.plotter.SetData(LargeHill().NewArray(), side, side, 1, side, 3);
+        SetView(bare.plotter, shown);
+        return bare.Smooth();
+    }
+
+    int redraws = 0;
+    int wake = -1;
+    int failures = 0;
+    int requests = 0; // for a thread
+    CKivoPlotView view{Events()};
+    std::thread thread;
+};
+
+} // namespace
+
+// ---- Frames
+
+TEST_F(PlotViewThread, DrawsWhatTakesLong) {
+    ShowLargeHill();
+    const Image first = ImageOf(view.Draw());
+    EXPECT_EQ(requests, 1);
+    EXPECT_TRUE(view.IsDrawingInThread());
+    EXPECT_FALSE(view.IsFrameDue());
+    ASSERT_EQ(first.width, width) << "as in a movement";
+    redraws = 0;
+    DrawInThread();
+    EXPECT_EQ(redraws, 1);
+    EXPECT_FALSE(view.IsDrawingInThread());
+    const Image complete = ImageOf(view.Draw());
+    EXPECT_TRUE(ImagesAgree(complete, Expected(GetView(view.Plotter())), 0, 0, "thread-complete"));
+    EXPECT_NE(first.rgba, complete.rgba);
+    EXPECT_EQ(requests, 1) << "nothing has changed since";
+}
+
+TEST_F(PlotViewThread, DrawsNothingThatIsQuick) {
+    const TestSurface hill = HillSurface(12, 10);
+    view.SetGrid(hill.points.data(), 12, 10);
+    KivoTest::BarePlot bare(width, height);
+    bare.plotter.SetData(hill.NewArray(), 12, 10, 1, 12, 3);
+    view.Draw(); // makes its texts
+    view.Update();
+    EXPECT_TRUE(ImagesAgree(ImageOf(view.DrawNow()), bare.Smooth(), 0, 0, "thread-quick"));
+    EXPECT_FALSE(view.IsFrameDue());
+}
+
+TEST_F(PlotViewThread, IsNotAskedForWhereNobodyWantsOne) {
+    view.SetThreaded(false);
+    ShowLargeHill();
+    const Image complete = ImageOf(view.Draw());
+    EXPECT_EQ(requests, 0);
+    EXPECT_TRUE(ImagesAgree(complete, Expected(GetView(view.Plotter())), 0, 0, "no-thread"));
+}
+
+TEST_F(PlotViewThread, IsNotWaitedForByAPicture) {
+    ShowLargeHill();
+    view.Draw();
+    BeginThread();
+    const Image now = ImageOf(view.DrawNow());
+    EXPECT_TRUE(ImagesAgree(now, Expected(GetView(view.Plotter())), 0, 0, "thread-now"));
+    EXPECT_FALSE(view.IsDrawingInThread());
+}
+
+// A control may have no thread for it yet, or ever.
+TEST_F(PlotViewThread, ThatNeverComesIsDoneWithout) {
+    ShowLargeHill();
+    view.Draw();
+    const Image before = ImageOf(view.Draw());
+    EXPECT_EQ(ImageOf(view.Draw()).rgba, before.rgba);
+    view.Update();
+    EXPECT_FALSE(view.IsDrawingInThread());
+    EXPECT_TRUE(view.IsFrameDue());
+    view.Draw();
+    EXPECT_EQ(requests, 2);
+    view.SetThreaded(false);
+    EXPECT_TRUE(ImagesAgree(ImageOf(view.Draw()), Expected(GetView(view.Plotter())), 0, 0, "never-came"));
+    view.DrawInThread(); // late
+    view.TakeFrame();
+    EXPECT_FALSE(view.IsDrawingInThread());
+}
+
+// ---- What stops them
+
+TEST_F(PlotViewThread, IsStoppedByTheHand) {
+    ShowLargeHill();
+    view.Draw();
+    const Image before = ImageOf(view.DrawNow());
+    view.Update();
+    view.Draw();
+    for (int i = 1; i <= 5; ++i) {
+        BeginThread();
+        view.Press(KivoMouseButton::left, 0, middle);
+        view.Move(0, {middle.x + 7 * i, middle.y - 3 * i});
+        EXPECT_FALSE(view.IsDrawingInThread());
+        view.Draw(); // of the movement
+        EXPECT_FALSE(view.IsDrawingInThread());
+        view.Release(KivoMouseButton::left);
+        if (view.IsFrameDue())
+            view.Draw();
+        else
+            view.Wake();
+        view.Draw();
+        EXPECT_TRUE(view.IsDrawingInThread()) << i;
+    }
+    DrawInThread();
+    const Image after = ImageOf(view.Draw());
+    EXPECT_TRUE(ImagesAgree(after, Expected(GetView(view.Plotter())), 255, 0.02, "thread-after-hand"));
+    EXPECT_NE(after.rgba, before.rgba);
+}
+
+TEST_F(PlotViewThread, IsStoppedByEverythingThatChangesThePlot) {
+    ShowLargeHill();
+    view.Draw();
+    const std::vector<void (*)(CKivoPlotView&)> changes = {
+        [](CKivoPlotView& v) { v.Update(); },
+        [](CKivoPlotView& v) { v.SetSize(width - 1, height); },
+        [](CKivoPlotView& v) { v.SetSize(width, height); },
+        [](CKivoPlotView& v) { v.SetSmoothing(1); },
+        [](CKivoPlotView& v) { v.SetSmoothing(2); },
+        [](CKivoPlotView& v) { v.Wheel(120, middle); },
+        [](CKivoPlotView& v) { v.Pinch(0.9, middle); },
+        [](CKivoPlotView& v) { v.PressKey(KivoViewKey::left); },
+        [](CKivoPlotView& v) { v.PressKey(KivoViewKey::home); },
+        [](CKivoPlotView& v) { v.SetColors(0x404040, std::nullopt); },
+        [](CKivoPlotView& v) { v.SetColors(std::nullopt, std::nullopt); },
+        [](CKivoPlotView& v) { v.ReduceWhileMoving(false); },
+        [](CKivoPlotView& v) { v.ReduceWhileMoving(true); },
+        [](CKivoPlotView& v) { v.SetGrid(LargeHill().points.data(), side, side); },
+    };
+    for (std::size_t i = 0; i < changes.size(); ++i) {
+        if (!view.IsDrawingInThread()) {
+            view.Update();
+            view.Draw();
+        }
+        ASSERT_TRUE(view.IsDrawingInThread()) << i;
+        changes[i](view);
+        EXPECT_FALSE(view.IsDrawingInThread()) << i;
+        EXPECT_TRUE(view.IsFrameDue()) << i;
+        view.Draw();
+    }
+    view.SetSmoothing(2);
+    view.Update();
+    EXPECT_TRUE(
+        ImagesAgree(ImageOf(view.DrawNow()), Expected(GetView(view.Plotter())), 255, 0.02, "thread-changed"));
+}
+
+// Whoever looks at the plot all the time sees it in the end.
+TEST_F(PlotViewThread, IsWaitedForWhereAHostLooksAgainAndAgain) {
+    ShowLargeHill();
+    view.Draw();
+    int looks = 0;
+    while (view.IsDrawingInThread() && looks < 20) {
+        view.Plotter();
+        ++looks;
+        EXPECT_FALSE(view.IsDrawingInThread());
+        view.Draw();
+    }
+    EXPECT_EQ(looks, 4);
+    EXPECT_TRUE(ImagesAgree(ImageOf(view.Draw()), Expected(GetView(view.Plotter())), 0, 0, "thread-looks"));
+}
+
+// ---- Failures
+
+TEST_F(PlotViewThread, TellsThatNothingCanBeDrawn) {
+    ShowLargeHill();
+    view.ReduceWhileMoving(false);
+    view.Draw();
+    ASSERT_TRUE(view.IsDrawingInThread());
+    view.Plotter().OnDestroy();
+    view.Draw();
+    ASSERT_TRUE(view.IsDrawingInThread());
+    EXPECT_EQ(failures, 0);
+    DrawInThread();
+    EXPECT_EQ(failures, 1);
+    EXPECT_FALSE(view.Failure().empty());
+    EXPECT_EQ(view.Draw().pixels, nullptr);
+}
+
+// ---- Measuring
+
+TEST_F(PlotViewThread, MeasuresHowMuchToShowWhileItMoves) {
+    ShowLargeHill();
+    view.Draw();
+    DrawInThread();
+    view.Draw();
+    ASSERT_GT(wake, 0);
+    view.Wake();
+    EXPECT_TRUE(view.IsDrawingInThread());
+    EXPECT_EQ(requests, 2);
+    BeginThread();
+    view.Press(KivoMouseButton::left, 0, middle); // stops it
+    EXPECT_FALSE(view.IsDrawingInThread());
+    view.Release(KivoMouseButton::left);
+    view.Update();
+    view.Draw();
+    DrawInThread(); // the frame
+    view.Wake();
+    EXPECT_TRUE(view.IsDrawingInThread()) << "it was not measured";
+    DrawInThread();
+    view.PressKey(KivoViewKey::left);
+    view.Draw();
+    EXPECT_FALSE(view.IsDrawingInThread());
+    const Image moved = ImageOf(view.Draw());
+    view.Wake();
+    view.Draw();
+    DrawInThread();
+    EXPECT_NE(ImageOf(view.Draw()).rgba, moved.rgba) << "movements show less";
+}
+
+// ---- Lent
+
+TEST_F(PlotViewThread, ALentPlotterIsAnothers) {
+    const TestSurface hill = HillSurface(12, 10);
+    view.SetGrid(hill.points.data(), 12, 10);
+    const Image before = ImageOf(view.DrawNow());
+    view.Press(KivoMouseButton::left, 0, middle);
+    view.Lend();
+    EXPECT_TRUE(view.IsLent());
+    redraws = 0;
+    std::thread other([&, &plotter = view.Plotter()] {
+        plotter.SetData(LargeHill().NewArray(), side, side, 1, side, 3);
+        plotter.SetPlotTitle("by another");
+    });
+    view.Move(0, {middle.x + 20, middle.y});
+    view.Wheel(120, middle);
+    EXPECT_FALSE(view.PressKey(KivoViewKey::home));
+    EXPECT_EQ(view.SetGrid(hill.points.data(), 12, 10), -1);
+    EXPECT_EQ(view.SetHeights(hill.points.data(), 3, 3, 0, 1, 0, 1), -1);
+    EXPECT_EQ(view.SetColors(0, 0), -1);
+    view.Update();
+    view.SetSize(width + 20, height);
+    view.ReduceWhileMoving(false);
+    view.Wake();
+    EXPECT_EQ(ImageOf(view.Draw()).rgba, before.rgba);
+    EXPECT_EQ(ImageOf(view.DrawNow()).rgba, before.rgba);
+    other.join();
+    view.TakeBack();
+    EXPECT_FALSE(view.IsLent());
+    EXPECT_GT(redraws, 0);
+    const Image after = ImageOf(view.DrawNow());
+    EXPECT_EQ(after.width, width + 20);
+    KivoTest::BarePlot bare(width + 20, height);
+    bare.plotter.SetData(LargeHill().NewArray(), side, side, 1, side, 3);
+    bare.plotter.SetPlotTitle("by another");
+    EXPECT_TRUE(ImagesAgree(after, bare.Smooth(), 0, 0, "lent"));
+}
+
+TEST_F(PlotViewThread, LoansMayLieInEachOther) {
+    view.TakeBack(); // of nothing
+    view.Lend();
+    view.Lend();
+    view.TakeBack();
+    EXPECT_TRUE(view.IsLent());
+    view.TakeBack();
+    EXPECT_FALSE(view.IsLent());
+    EXPECT_NE(view.DrawNow().pixels, nullptr);
+}
+
+// ---- In a host's window
+
+TEST_F(PlotViewThread, DrawsNothingInAHostsWindow) {
+    const HWND window = CreateOffscreenWindow(width, height);
+    {
+        CKivoPlotView inWindow(Events(), window);
+        inWindow.SetThreaded(true);
+        inWindow.SetSize(width, height);
+        inWindow.SetGrid(LargeHill().points.data(), side, side);
+        inWindow.Draw();
+        EXPECT_EQ(requests, 0);
+    }
+    ReleaseWindow(window);
+}
