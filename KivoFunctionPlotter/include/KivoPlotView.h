@@ -151,10 +151,9 @@ public:
     /// without the event, Draw() draws every frame, however long it takes.
     ///
     /// As long as a thread draws, members that reach the plotter stop it first, which takes some hundredths
-    /// of a second; the frame is due again then. Where Plotter() alone has stopped it several times in a row,
-    /// Plotter() waits until it is drawn. Off-screen only: in a host's window nothing changes.
-    ///
-    /// The thread calls what a derived plotter draws with, and a derived class's virtual members.
+    /// of a second; the frame is due again then. So a host gets the plotter from Plotter() each time that it
+    /// comes back from its event loop. Where that has stopped a frame several times in a row and nothing was
+    /// asked for, it waits until the frame is drawn. Off-screen only: in a host's window nothing changes.
     void SetThreaded(bool threaded);
     /// Draws the frame that the event was about. To be called in any other thread; it returns when the frame
     /// is drawn, or not wanted any more. TakeFrame() is to be called in the view's own thread after that. It
@@ -168,7 +167,7 @@ public:
     /// Gives the plotter away, for another thread to do with it what takes long, until TakeBack(). Meanwhile
     /// Draw() gives the image that there is, Plotter() just names the plotter, sizes and requests for frames
     /// are remembered, and what a hand does has no effect; SetGrid, SetHeights and SetColors return -1, and
-    /// change nothing. The plotter must be back before the view goes.
+    /// change nothing. Nobody else may be at the plotter when the view goes.
     void Lend();
     /// Ends that, and asks for a frame.
     void TakeBack();

@@ -326,6 +326,7 @@ void PlotViewCore::Moved() {
 void PlotViewCore::Ask(Due due) {
     Retrieve();
     m_isStale = true;
+    m_stopsByHost = 0; // it does not just look
     Request(due);
 }
 

@@ -40,6 +40,8 @@ class KIVO_QT6QUICK_API KivoPlotItem : public QQuickItem {
     Q_PROPERTY(PlotType plotType READ plotType WRITE setPlotType NOTIFY plotTypeChanged)
     Q_PROPERTY(bool tracing READ isTracing WRITE setTracing NOTIFY tracingChanged)
     Q_PROPERTY(bool upright READ isUpright WRITE setUpright NOTIFY uprightChanged)
+    Q_PROPERTY(
+        bool threadedDrawing READ isDrawingThreaded WRITE setThreadedDrawing NOTIFY threadedDrawingChanged)
     Q_PROPERTY(int smoothing READ smoothing WRITE setSmoothing NOTIFY smoothingChanged)
     Q_PROPERTY(QColor inkColor READ inkColor WRITE setInkColor NOTIFY inkColorChanged)
     Q_PROPERTY(QColor groundColor READ groundColor WRITE setGroundColor NOTIFY groundColorChanged)
@@ -64,7 +66,8 @@ public:
     /// shared; a program that links it statically calls this before it loads QML.
     static void registerType();
 
-    /// The plotter, for everything that is shown; refresh() shows it.
+    /// The plotter, for everything that is shown; refresh() shows it. With threaded drawing it is to be got
+    /// anew in each event.
     KivoDrawingTools::CKivoFunctionPlotter& plotter();
 
     /// Shows a copy of a grid of points, x, y, z of the first row's points from one column to the next, then
@@ -86,6 +89,10 @@ public:
     bool isTracing() const;
     /// Whether drags and arrows keep Z upright.
     bool isUpright() const;
+    /// Whether plots that take long are drawn in a thread of the item's, so that the program goes on: what
+    /// there is is shown meanwhile, as while the hand moves it, and whatever reaches the plotter stops the
+    /// thread. At first they are not. Then the thread calls what a derived plotter draws with.
+    bool isDrawingThreaded() const;
     /// By how many pixels each is averaged along both sides while nothing moves: 1 to 4.
     int smoothing() const;
     /// Of texts and axes: black at first.
@@ -105,6 +112,7 @@ public:
     void setPlotType(PlotType type);
     void setTracing(bool tracing);
     void setUpright(bool upright);
+    void setThreadedDrawing(bool threaded);
     void setInkColor(const QColor& color);
     void setGroundColor(const QColor& color);
     /// @}
@@ -130,6 +138,7 @@ signals:
     void plotTypeChanged();
     void tracingChanged();
     void uprightChanged();
+    void threadedDrawingChanged();
     void smoothingChanged();
     void inkColorChanged();
     void groundColorChanged();

@@ -45,6 +45,7 @@ class KIVO_QT6WIDGETS_API KivoPlotWidget : public QWidget {
     Q_PROPERTY(bool tracing READ isTracing WRITE setTracing)
     Q_PROPERTY(bool upright READ isUpright WRITE setUpright)
     Q_PROPERTY(bool reducedWhileMoving READ isReducedWhileMoving WRITE setReducedWhileMoving)
+    Q_PROPERTY(bool threadedDrawing READ isDrawingThreaded WRITE setThreadedDrawing)
     Q_PROPERTY(int smoothing READ smoothing WRITE setSmoothing)
     Q_PROPERTY(bool paletteFollowed READ isPaletteFollowed WRITE setPaletteFollowed)
 
@@ -70,7 +71,7 @@ public:
     ~KivoPlotWidget() override;
 
     /// The plotter, for everything that is shown; refresh() shows it. Window, size and pixel scale are the
-    /// widget's, as CKivoPlotView says.
+    /// widget's, as CKivoPlotView says. With threaded drawing it is to be got anew in each event.
     KivoDrawingTools::CKivoFunctionPlotter& plotter();
     /// What is between the widget and the plotter, for what the widget has no member for.
     KivoDrawingTools::CKivoPlotView& view();
@@ -94,6 +95,10 @@ public:
     bool isUpright() const;
     /// Whether large grids show fewer points while the hand moves them; at first they do.
     bool isReducedWhileMoving() const;
+    /// Whether plots that take long are drawn in a thread of the widget's, so that the program goes on: what
+    /// there is is shown meanwhile, as while the hand moves it, and whatever reaches the plotter stops the
+    /// thread. At first they are not. Then the thread calls what a derived plotter draws with.
+    bool isDrawingThreaded() const;
     /// By how many pixels each is averaged along both sides while nothing moves: 1 to 4, at first 2.
     int smoothing() const;
     /// Whether texts and ground have the colours Text and Base of the widget's palette, so that the plot is
@@ -122,6 +127,7 @@ public slots:
     void setTracing(bool tracing);
     void setUpright(bool upright);
     void setReducedWhileMoving(bool reduced);
+    void setThreadedDrawing(bool threaded);
     /// @}
     /// Factors other than 1 to 4 change nothing.
     void setSmoothing(int factor);

@@ -141,6 +141,16 @@ void KivoPlotItem::setUpright(bool upright) {
     emit uprightChanged();
 }
 
+bool KivoPlotItem::isDrawingThreaded() const {
+    return m_control->IsThreaded();
+}
+
+void KivoPlotItem::setThreadedDrawing(bool threaded) {
+    if (threaded == isDrawingThreaded()) return;
+    m_control->SetThreaded(threaded);
+    emit threadedDrawingChanged();
+}
+
 int KivoPlotItem::smoothing() const {
     return m_control->Smoothing();
 }

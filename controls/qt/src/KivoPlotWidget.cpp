@@ -101,6 +101,14 @@ void KivoPlotWidget::setReducedWhileMoving(bool reduced) {
     m_control->SetReducedWhileMoving(reduced);
 }
 
+bool KivoPlotWidget::isDrawingThreaded() const {
+    return m_control->IsThreaded();
+}
+
+void KivoPlotWidget::setThreadedDrawing(bool threaded) {
+    m_control->SetThreaded(threaded);
+}
+
 int KivoPlotWidget::smoothing() const {
     return m_control->Smoothing();
 }

@@ -78,13 +78,26 @@ std::optional<unsigned long> ColorRef(const QColor& color) {
     return static_cast<unsigned long>(color.blue() << 16 | color.green() << 8 | color.red());
 }
 
+// The pixels stay the view's.
+QImage ImageOf(const SKivoPlotImage& frame) {
+    if (!frame.pixels) return {};
+    return QImage(frame.pixels, frame.width, frame.height, static_cast<qsizetype>(frame.rowBytes),
+                  QImage::Format_RGB32);
+}
+
 } // namespace
 
 KivoQtControl::KivoQtControl(KivoQtHandlers handlers, std::unique_ptr<CKivoFunctionPlotter> plotter)
     : m_handlers(std::move(handlers)), m_view(Events(), std::move(plotter)) {
+    m_threads.setMaxThreadCount(1);
     if (m_view.Failure().empty()) return;
     m_hasFailed = true;
     SendLater();
+}
+
+// No thread is at the plotter after that, nor will one be.
+KivoQtControl::~KivoQtControl() {
+    m_view.Lend();
 }
 
 SKivoPlotViewEvents KivoQtControl::Events() {
@@ -110,6 +123,13 @@ SKivoPlotViewEvents KivoQtControl::Events() {
     events.failed = [this] {
         m_hasFailed = true;
         SendLater();
+    };
+    events.drawInThread = [this] {
+        m_threads.start([this] {
+            m_view.DrawInThread();
+            QMetaObject::invokeMethod(
+                this, [this] { m_view.TakeFrame(); }, Qt::QueuedConnection);
+        });
     };
     return events;
 }
@@ -194,6 +214,11 @@ void KivoQtControl::SetReducedWhileMoving(bool reduced) {
     if (std::exchange(m_isReduced, reduced) != reduced) m_view.ReduceWhileMoving(reduced);
 }
 
+void KivoQtControl::SetThreaded(bool threaded) {
+    m_isThreaded = threaded;
+    m_view.SetThreaded(threaded);
+}
+
 void KivoQtControl::SetSmoothing(int factor) {
     if (m_view.SetSmoothing(factor) == 0) m_smoothing = factor;
 }
@@ -218,14 +243,13 @@ void KivoQtControl::SetSize(double width, double height, double density, double 
 QImage KivoQtControl::Frame() {
     SKivoPlotImage frame;
     WithinEvent([&] { frame = m_view.Draw(); });
-    if (!frame.pixels) return {};
-    return QImage(frame.pixels, frame.width, frame.height, static_cast<qsizetype>(frame.rowBytes),
-                  QImage::Format_RGB32);
+    return ImageOf(frame);
 }
 
 QImage KivoQtControl::Picture() {
-    m_view.Update();
-    return Frame().copy();
+    SKivoPlotImage frame;
+    WithinEvent([&] { frame = m_view.DrawNow(); });
+    return ImageOf(frame).copy();
 }
 
 // ---- Input

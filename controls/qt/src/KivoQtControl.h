@@ -10,6 +10,7 @@
 #include <QList>
 #include <QObject>
 #include <QPointF>
+#include <QThreadPool>
 #include <QVector3D>
 
 #include <functional>
@@ -41,6 +42,9 @@ class KivoQtControl : public QObject {
 public:
     KivoQtControl(KivoQtHandlers handlers,
                   std::unique_ptr<KivoDrawingTools::CKivoFunctionPlotter> plotter = nullptr);
+    ~KivoQtControl() override;
+    KivoQtControl(const KivoQtControl&) = delete;
+    KivoQtControl& operator=(const KivoQtControl&) = delete;
 
     KivoDrawingTools::CKivoPlotView& View() { return m_view; }
     KivoDrawingTools::CKivoFunctionPlotter& Plotter() { return m_view.Plotter(); }
@@ -58,6 +62,8 @@ public:
     void SetUpright(bool upright);
     bool IsReducedWhileMoving() const { return m_isReduced; }
     void SetReducedWhileMoving(bool reduced);
+    bool IsThreaded() const { return m_isThreaded; }
+    void SetThreaded(bool threaded);
     int Smoothing() const { return m_smoothing; }
     void SetSmoothing(int factor);
     /// Those that are not valid are those of a new plot.
@@ -115,6 +121,7 @@ private:
     bool m_isUpright = false;
     bool m_isReduced = true;
     int m_smoothing = 2;
+    bool m_isThreaded = false;
     Qt::MouseButton m_pressed = Qt::NoButton; // that drags
     qsizetype m_fingers = 0;
     double m_span = 0.0; // between two fingers
@@ -129,4 +136,5 @@ private:
     std::optional<QVector3D> m_traced;
 
     KivoDrawingTools::CKivoPlotView m_view; // its events reach the others
+    QThreadPool m_threads;                  // of which there is one at most; waits for it at its end
 };

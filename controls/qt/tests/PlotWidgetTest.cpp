@@ -13,6 +13,7 @@
 #include <malloc.h>
 
 #include <algorithm>
+#include <cmath>
 #include <filesystem>
 #include <iterator>
 
@@ -82,7 +83,7 @@ TEST_F(PlotWidget, PropertiesAreThePlotters) {
     EXPECT_EQ(plot.plotType(), KivoPlotWidget::PlotType::YZ);
     set("tracing", true);
     EXPECT_TRUE(plot.plotter().IsTracing());
-    for (const char* const name : {"tracing", "upright", "reducedWhileMoving", "paletteFollowed"})
+    for (const char* const name : {"tracing", "upright", "reducedWhileMoving", "paletteFollowed", "threadedDrawing"})
         for (const bool value : {true, false})
             set(name, value);
     set("smoothing", 3);
@@ -116,6 +117,53 @@ TEST_F(PlotWidget, FollowsThePaletteOnDemand) {
     EXPECT_EQ(plot.picture().pixelColor(0, 0), QColor(0, 0, 60));
     plot.setPaletteFollowed(false);
     EXPECT_TRUE(AreSame(ImageOf(plot.picture()), light));
+}
+
+// ---- With a thread
+
+namespace {
+
+// Large enough that no machine draws it at once.
+constexpr int manyPoints = 700;
+
+std::vector<float> LargeGrid() {
+    std::vector<float> points;
+    for (int row = 0; row < manyPoints; ++row)
+        for (int column = 0; column < manyPoints; ++column) {
+            const auto x = static_cast<float>(column), y = static_cast<float>(row);
+            points.insert(points.end(), {x, y, 50.0f * std::sin(x / 60.0f) * std::cos(y / 90.0f)});
+        }
+    return points;
+}
+
+} // namespace
+
+TEST_F(PlotWidget, DrawsInAThreadOnDemand) {
+    const std::vector<float> points = LargeGrid();
+    EXPECT_FALSE(plot.isDrawingThreaded());
+    plot.setThreadedDrawing(true);
+    ASSERT_TRUE(plot.setGrid(points.data(), manyPoints, manyPoints));
+    ASSERT_TRUE(Comes([&] { return plot.view().IsDrawingInThread(); }));
+    const Image picture = ImageOf(plot.picture()); // which is not waited for
+    ASSERT_TRUE(plot.setGrid(points.data(), manyPoints, manyPoints));
+    ASSERT_TRUE(Comes([&] { return plot.view().IsDrawingInThread(); }));
+    ASSERT_TRUE(Comes([&] { return !plot.view().IsDrawingInThread() && !plot.view().IsFrameDue(); }));
+    EXPECT_TRUE(AreSame(ImageOf(plot.grab().toImage()), picture));
+}
+
+TEST_F(PlotWidget, MayGoWhileAThreadDraws) {
+    const std::vector<float> points = LargeGrid();
+    for (int i = 0; i < 3; ++i) {
+        auto other = std::make_unique<CountedPlot>();
+        other->setThreadedDrawing(true);
+        other->resize(width, height);
+        ASSERT_TRUE(other->setGrid(points.data(), manyPoints, manyPoints));
+        other->show();
+        ASSERT_TRUE(Comes([&] { return other->view().IsDrawingInThread(); }));
+        QTest::qWait(20 * i);
+        other.reset();
+    }
+    EXPECT_TRUE(AreSame(ImageOf(plot.grab().toImage()), ImageOf(plot.picture())));
 }
 
 // ---- What it tells
