@@ -170,7 +170,8 @@ public:
     /// change nothing. Nobody else may be at the plotter when the view goes.
     void Lend();
     /// Ends that, and asks for a frame.
-    void TakeBack();
+    /// @param isChanged  false: the other thread has only looked, and what is shown is not drawn again
+    void TakeBack(bool isChanged = true);
     bool IsLent() const;
 
     // ---- The hand

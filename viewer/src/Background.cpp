@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QEventLoop>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QProgressBar>
 #include <QProgressDialog>
@@ -12,6 +13,7 @@
 #include <atomic>
 #include <chrono>
 #include <exception>
+#include <optional>
 
 namespace KivoViewer {
 
@@ -43,14 +45,17 @@ struct Work {
     }
 };
 
-// A window stays as long as something is being read for it.
+// A window stays as long as something is done for it.
 class CloseRefusal : public QObject {
 public:
     explicit CloseRefusal(QWidget* window) { window->installEventFilter(this); }
 
 protected:
     bool eventFilter(QObject* object, QEvent* event) override {
-        if (event->type() != QEvent::Close) return QObject::eventFilter(object, event);
+        const bool closes =
+            event->type() == QEvent::Close || (event->type() == QEvent::KeyPress && // of a dialog
+                                               static_cast<QKeyEvent*>(event)->matches(QKeySequence::Cancel));
+        if (!closes) return QObject::eventFilter(object, event);
         event->ignore();
         return true;
     }
@@ -75,8 +80,13 @@ private:
     int m_timesSame = 0;
 };
 
-void WaitWithDialog(QWidget* parent, const QString& words, QEventLoop& loop, const Work& work) {
+void WaitWithDialog(QWidget* parent, const QString& words, bool mayEnd, QEventLoop& loop, const Work& work) {
     QProgressDialog dialog(QString(), QCoreApplication::translate("Background", "Cancel"), 0, 1, parent);
+    std::optional<CloseRefusal> refusal;
+    if (!mayEnd) {
+        dialog.setCancelButton(nullptr);
+        refusal.emplace(&dialog);
+    }
     dialog.setWindowTitle("Kivo Viewer");
     auto* const label = new QLabel(words);
     label->setTextFormat(Qt::PlainText); // of names of files
@@ -115,9 +125,12 @@ bool IsWorkGoingOn() {
     return worksGoingOn > 0;
 }
 
-void RunInBackground(QWidget* parent, const QString& words, std::function<void(const Progress&)> action) {
-    const auto work = std::make_shared<Work>();
-    work->action = std::move(action);
+namespace {
+
+// Does it in another thread and waits; throws what it throws.
+// @param mayEnd  whether the waiting may end before it is done
+// @return whether it is done
+bool Await(QWidget* parent, const QString& words, bool mayEnd, const std::shared_ptr<Work>& work) {
     const CloseRefusal refusal(parent->window());
     const WaitScope scope;
     QEventLoop loop;
@@ -132,12 +145,27 @@ void RunInBackground(QWidget* parent, const QString& words, std::function<void(c
     if (!thread->isRunning() && !work->isDone) work->Do(); // there is no thread to be had
     QTimer::singleShot(patience, &loop, &QEventLoop::quit);
     if (!work->isDone) loop.exec(QEventLoop::ExcludeUserInputEvents); // which wait until they are due
-    if (!work->isDone) WaitWithDialog(parent, words, loop, *work);
-    if (!work->isDone) {
-        work->isUnwanted = true;
-        throw Cancelled();
-    }
-    if (work->failure) std::rethrow_exception(work->failure);
+    if (!work->isDone) WaitWithDialog(parent, words, mayEnd, loop, *work);
+    if (!mayEnd && !work->isDone) thread->wait(); // where the program is to end
+    const bool isDone = work->isDone;
+    if (isDone && work->failure) std::rethrow_exception(work->failure);
+    return isDone;
+}
+
+} // namespace
+
+void RunInBackground(QWidget* parent, const QString& words, std::function<void(const Progress&)> action) {
+    const auto work = std::make_shared<Work>();
+    work->action = std::move(action);
+    if (Await(parent, words, true, work)) return;
+    work->isUnwanted = true;
+    throw Cancelled();
+}
+
+void RunToTheEnd(QWidget* parent, const QString& words, const std::function<void()>& action) {
+    const auto work = std::make_shared<Work>();
+    work->action = [&action](const Progress&) { action(); };
+    Await(parent, words, false, work);
 }
 
 } // namespace KivoViewer

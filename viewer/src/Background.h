@@ -20,7 +20,10 @@ namespace KivoViewer {
 /// @param action  owns all that it uses: it may go on when nobody waits for it any more. Asks nobody.
 void RunInBackground(QWidget* parent, const QString& words, std::function<void(const Progress&)> action);
 
-/// The same with a result.
+/// The same with what has to be done to its end: returns or throws after that, and nobody can end it.
+void RunToTheEnd(QWidget* parent, const QString& words, const std::function<void()>& action);
+
+/// RunInBackground with a result.
 template <class Result>
 Result MakeInBackground(QWidget* parent, const QString& words,
                         std::function<Result(const Progress&)> action) {

@@ -25,6 +25,7 @@ struct GridData {
 
     std::size_t ColumnCount() const { return x.size(); }
     std::size_t RowCount() const { return y.size(); }
+    std::size_t PointCount() const { return ColumnCount() * RowCount(); }
 };
 
 } // namespace KivoViewer

@@ -274,9 +274,10 @@ QDockWidget* MainWindow::MakeDock(const char* name, const QString& title, QWidge
 
 // What the plot cannot show is said and left as it was.
 void MainWindow::Change(const Setting& setting, const PlotSettings& wanted) {
+    if (m_plot->view().IsLent()) return WhenIdle([this, &setting, wanted] { Change(setting, wanted); });
     const PlotSettings before = std::exchange(Scene().Settings(), wanted);
     try {
-        (Scene().*setting.apply)();
+        ChangeScene(0, [&](PlotScene& scene) { (scene.*setting.apply)(); });
         const auto kind = static_cast<int>(&setting - AllSettings().data());
         Remember(QString::fromStdString(setting.label), IsToggle(setting) ? -1 : kind, before);
     } catch (const Failure& failure) {
@@ -314,7 +315,7 @@ void MainWindow::ResetSettings() {
     PlotSettings settings;
     settings.mode = Scene().Settings().mode;
     const PlotSettings before = std::exchange(Scene().Settings(), settings);
-    Scene().ApplyAll();
+    ChangeScene(0, [](PlotScene& scene) { scene.ApplyAll(); });
     Remember(tr("Reset all settings"), -1, before);
     m_plot->Redraw();
     RefreshControls();
@@ -340,6 +341,7 @@ void MainWindow::RefreshControls() {
 }
 
 void MainWindow::ShowTrace(const float* point) {
+    if (point && m_plot->view().IsLent()) return;
     m_tracePoint->setText(point ? QString::fromStdString(Scene().ReadOut(point)) : QString());
 }
 
@@ -396,6 +398,7 @@ void MainWindow::changeEvent(QEvent* event) {
 }
 
 void MainWindow::FollowTheme() {
+    if (m_plot->view().IsLent()) return WhenIdle([this] { FollowTheme(); });
     if (IsDark(palette()) == Scene().IsDark()) return;
     try {
         Scene().SetDark(IsDark(palette()));

@@ -12,6 +12,7 @@
 #include <QCoreApplication>
 #include <QMainWindow>
 
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <string>
@@ -90,6 +91,14 @@ private:
     void ShowFirstAs(const ReadOptions& reading, const KivoDrawingTools::SKivoView& view);
     void WatchFiles();
 
+    /// Does something with the scene that takes long where there are many points: in another thread then,
+    /// while the window is drawn. Throws what it throws.
+    /// @param points  that come to those of the scene
+    void ChangeScene(std::size_t points, const std::function<void(PlotScene&)>& action);
+    /// The same with a picture of it.
+    void TakePicture(const std::function<void(PlotScene&)>& draw);
+    void DoWithScene(const QString& words, bool isMany, bool isChanged,
+                     const std::function<void(PlotScene&)>& action);
     /// Does something that reads files once nothing else is being read or asked.
     void WhenIdle(const std::function<void()>& action);
 

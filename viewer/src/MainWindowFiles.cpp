@@ -141,6 +141,23 @@ bool MainWindow::Try(QWidget* parent, const std::function<void()>& action) {
     return false;
 }
 
+void MainWindow::ChangeScene(std::size_t points, const std::function<void(PlotScene&)>& action) {
+    constexpr std::size_t many = 300000; // which take some hundredths of a second
+    DoWithScene(tr("Preparing the plot..."), Scene().PointCount() + points >= many, true, action);
+}
+
+void MainWindow::TakePicture(const std::function<void(PlotScene&)>& draw) {
+    DoWithScene(tr("Drawing the picture..."), true, false, draw);
+}
+
+void MainWindow::DoWithScene(const QString& words, bool isMany, bool isChanged,
+                             const std::function<void(PlotScene&)>& action) {
+    PlotScene& scene = Scene();
+    if (!isMany) return action(scene);
+    const PlotWidget::Loan loan(*m_plot, isChanged);
+    RunToTheEnd(this, words, [&] { action(scene); });
+}
+
 // Readings in each other would end in the wrong order.
 void MainWindow::WhenIdle(const std::function<void()>& action) {
     constexpr int milliseconds = 100;
@@ -170,7 +187,7 @@ bool MainWindow::OpenReading(const Reading& reading) {
         const QString path = QFile::decodeName(reading.path.c_str());
         const KivoDrawingTools::SKivoView view = Scene().View();
         Scene().Settings() = WithoutDataSettings(Scene().Settings());
-        Scene().ShowGrid(grid);
+        ChangeScene(grid.PointCount(), [&](PlotScene& scene) { scene.ShowGrid(grid); });
         if (!m_path.isEmpty() && QFileInfo(path) == QFileInfo(m_path)) Scene().ShowView(view);
         m_path = path;
         m_function = {};
@@ -236,7 +253,9 @@ void MainWindow::AddSurfacePaths(const QStringList& paths) {
         Try(this, [&] {
             m_watch->Expect({path});
             const GridData grid = ReadGridForWindow(this, AskingReading(path));
-            Scene().AddSurface(grid, UsualLooks(Scene().Surfaces().size()));
+            ChangeScene(grid.PointCount(), [&](PlotScene& scene) {
+                scene.AddSurface(grid, UsualLooks(scene.Surfaces().size()));
+            });
             RememberFile(path);
         });
     if (paths.isEmpty()) return;
@@ -319,7 +338,8 @@ void MainWindow::SavePicture() {
     if (QFileInfo(path).suffix().isEmpty()) path += ".png";
     Try(this, [&] {
         CheckPictureName(NameOf(path), format.isTransparent);
-        WritePictureFile(NameOf(path), CaptureScene(Scene(), format), format);
+        TakePicture(
+            [&](PlotScene& scene) { WritePictureFile(NameOf(path), CaptureScene(scene, format), format); });
         statusBar()->showMessage(tr("Saved %1").arg(path));
     });
 }
@@ -327,7 +347,9 @@ void MainWindow::SavePicture() {
 void MainWindow::CopyPicture() {
     Try(this, [this] {
         const PictureFormat format = m_plot->Format();
-        QApplication::clipboard()->setImage(CopiedImage(CaptureScene(Scene(), format), format));
+        QImage image;
+        TakePicture([&](PlotScene& scene) { image = CopiedImage(CaptureScene(scene, format), format); });
+        QApplication::clipboard()->setImage(image);
         statusBar()->showMessage(tr("Copied the picture"));
     });
 }
@@ -347,8 +369,11 @@ void MainWindow::Print() {
         const QSizeF page = printer.pageRect(QPrinter::Inch).size() * format.dpi;
         format.width = std::clamp(qRound(page.width()), 1, maxPictureSize);
         format.height = std::clamp(qRound(page.height()), 1, maxPictureSize);
-        const LightScope light(Scene());
-        const QImage image = CopiedImage(CaptureScene(Scene(), format), format);
+        QImage image;
+        TakePicture([&](PlotScene& scene) {
+            const LightScope light(scene);
+            image = CopiedImage(CaptureScene(scene, format), format);
+        });
         QPainter painter;
         if (!painter.begin(&printer)) throw Failure(tr("the printer cannot be used").toStdString());
         painter.setRenderHint(QPainter::LosslessImageRendering); // by itself Qt takes JPEG

@@ -87,7 +87,7 @@ void MainWindow::TakeSettings(PlotSettings settings) {
     const PlotSettings before = Scene().Settings();
     settings.mode = before.mode;
     try {
-        Scene().TakeSettings(settings);
+        ChangeScene(0, [&](PlotScene& scene) { scene.TakeSettings(settings); });
     } catch (const Failure& failure) {
         Scene().Settings() = before;
         ShowWarning(QString::fromStdString(failure.what()));
@@ -118,7 +118,11 @@ void MainWindow::Show(Session session) {
         });
     std::optional<Failure> failure; // of which the rest is shown
     try {
-        ShowContent(Scene(), content, options);
+        std::size_t points = 0;
+        for (const GridData& grid : content.surfaces)
+            points += grid.PointCount();
+        ChangeScene(points + content.grid.PointCount(),
+                    [&](PlotScene& scene) { ShowContent(scene, content, options); });
     } catch (const Failure& first) {
         failure = first;
     }

@@ -163,14 +163,14 @@ void ViewerPlotter::ForgetScale() {
 }
 
 void PlotScene::ShowGrid(const GridData& grid) {
-    FitAxesToSurfaces(m_plotter, m_settings.fitsSurfaces);
-    ShowPointsInFlatPlots(m_plotter, true);
-    HandOver(m_plotter, grid);
+    FitAxesToSurfaces(Plotter(), m_settings.fitsSurfaces);
+    ShowPointsInFlatPlots(Plotter(), true);
+    HandOver(Plotter(), grid);
     ShowOrigin(grid.origin);
     KeepFirstSurface(grid);
     m_hasSurface = !grid.isBox;
     m_isFirstBox = grid.isBox;
-    KivoDrawingTools::ResetView(m_plotter); // the same grid is lit alike, whatever was shown before
+    KivoDrawingTools::ResetView(Plotter()); // the same grid is lit alike, whatever was shown before
 
     m_curves.clear();
     ReadAutomaticSettings(grid);
@@ -200,15 +200,15 @@ void PlotScene::CompleteColors(PlotSettings& settings) const {
 
 // To be called while the axes are as the data have them.
 void PlotScene::ReadAutomaticRanges() {
-    m_dataScale = m_plotter.Scale();
+    m_dataScale = Plotter().Scale();
     for (int i = 0; i < 3; ++i) {
         AxisSettings& axis = m_automatic.axes[i];
-        m_dataRange[i][0] = (m_plotter.*axisMembers[i].min)();
-        m_dataRange[i][1] = (m_plotter.*axisMembers[i].max)();
+        m_dataRange[i][0] = (Plotter().*axisMembers[i].min)();
+        m_dataRange[i][1] = (Plotter().*axisMembers[i].max)();
         axis.min = AbsoluteNumber(m_origin[i], m_dataRange[i][0]);
         axis.max = AbsoluteNumber(m_origin[i], m_dataRange[i][1]);
-        axis.tickCount = (m_plotter.*axisMembers[i].tickCount)();
-        axis.precision = (m_plotter.*axisMembers[i].precision)();
+        axis.tickCount = (Plotter().*axisMembers[i].tickCount)();
+        axis.precision = (Plotter().*axisMembers[i].precision)();
     }
     m_automatic.colorRange = ValuesOfSurfaces();
 }
@@ -271,7 +271,7 @@ void PlotScene::ApplyTitles() {
     m_title.clear();
     ShowTitle();
     for (int i = 0; i < 3; ++i)
-        (m_plotter.*axisMembers[i].setTitle)(settings.axes[i].title->c_str());
+        (Plotter().*axisMembers[i].setTitle)(settings.axes[i].title->c_str());
 }
 
 // The lengths of the axes change on many ways; drawing the title anew takes time.
@@ -284,7 +284,7 @@ void PlotScene::ShowTitle() {
         title = title.empty() ? words : title + " (" + words + ")";
     }
     if (title == m_title && !title.empty()) return;
-    m_plotter.SetPlotTitle(title.c_str());
+    Plotter().SetPlotTitle(title.c_str());
     m_title = title;
 }
 
@@ -312,20 +312,20 @@ void PlotScene::ApplyAxes() {
     bool isNewRange = false;
     for (int i = 0; i < 3; ++i) {
         const AxisSettings& axis = settings.axes[i];
-        CutToAxis(m_plotter, i, m_settings.axes[i].min || m_settings.axes[i].max);
+        CutToAxis(Plotter(), i, m_settings.axes[i].min || m_settings.axes[i].max);
         const AxisMembers& members = axisMembers[i];
-        isNewRange |= Change(m_plotter, members.min, members.setMin, ranges[i][0]);
-        isNewRange |= Change(m_plotter, members.max, members.setMax, ranges[i][1]);
-        Change(m_plotter, members.tickCount, members.setTickCount, *axis.tickCount);
-        Change(m_plotter, members.precision, members.setPrecision, *axis.precision);
+        isNewRange |= Change(Plotter(), members.min, members.setMin, ranges[i][0]);
+        isNewRange |= Change(Plotter(), members.max, members.setMax, ranges[i][1]);
+        Change(Plotter(), members.tickCount, members.setTickCount, *axis.tickCount);
+        Change(Plotter(), members.precision, members.setPrecision, *axis.precision);
     }
     if (isNewRange) ApplyAspect();
     if (isNewRange && m_settings.colorsFollowRange) ApplyColorRange();
 }
 
 void PlotScene::ApplyAspect() {
-    m_plotter.ForgetScale();
-    m_plotter.AutoAdjustAxisLengthRatio();
+    Plotter().ForgetScale();
+    Plotter().AutoAdjustAxisLengthRatio();
     KeepScale();
     if (m_settings.mode != 0) ApplyView(); // that was the 3-D plot's view
 }
@@ -333,14 +333,14 @@ void PlotScene::ApplyAspect() {
 void PlotScene::KeepScale() {
     const double exaggeration = m_settings.exaggeration.value_or(0.0);
     if (exaggeration > 0.0)
-        m_plotter.FitWithScale({1.0 / exaggeration, 1.0 / exaggeration, 1.0}); // Z keeps its length
+        Plotter().FitWithScale({1.0 / exaggeration, 1.0 / exaggeration, 1.0}); // Z keeps its length
     else if (!m_settings.fitsAspect && m_dataScale)
-        m_plotter.FitWithScale(*m_dataScale);
+        Plotter().FitWithScale(*m_dataScale);
     if (m_settings.showsExaggeration) ShowTitle();
 }
 
 std::optional<double> PlotScene::Exaggeration() const {
-    const ViewerPlotter::AxisScale scale = m_plotter.Scale();
+    const ViewerPlotter::AxisScale scale = Plotter().Scale();
     constexpr double rounding = 1e-6;
     if (!(std::abs(scale[0] - scale[1]) <= rounding * scale[0])) return std::nullopt;
     return scale[2] / scale[0];
@@ -350,23 +350,23 @@ std::optional<double> PlotScene::Exaggeration() const {
 void PlotScene::ApplyView() {
     const bool isFlat = m_settings.mode != 0;
     for (int i = 0; i < 3 && !isFlat; ++i)
-        (m_plotter.*axisMembers[i].setInverse)(m_settings.axes[i].isInverse);
-    if (m_plotter.GetCurrentPlotType() != m_settings.mode) ForgetTrace(); // it belongs to the other plot
-    SwitchMode(m_plotter, m_settings.mode);
+        (Plotter().*axisMembers[i].setInverse)(m_settings.axes[i].isInverse);
+    if (Plotter().GetCurrentPlotType() != m_settings.mode) ForgetTrace(); // it belongs to the other plot
+    SwitchMode(Plotter(), m_settings.mode);
     KeepScale();
 }
 
 void PlotScene::ResetView() {
-    KivoDrawingTools::ResetView(m_plotter);
+    KivoDrawingTools::ResetView(Plotter());
     KeepScale();
 }
 
 void PlotScene::ShowFrom(const Viewpoint& viewpoint) {
     double azimuth = 0.0;
     double elevation = 0.0;
-    GetViewAngles(m_plotter, azimuth, elevation);
+    GetViewAngles(Plotter(), azimuth, elevation);
     if (m_settings.mode == 0 && (viewpoint.azimuth || viewpoint.elevation))
-        SetViewAngles(m_plotter, viewpoint.azimuth.value_or(azimuth),
+        SetViewAngles(Plotter(), viewpoint.azimuth.value_or(azimuth),
                       viewpoint.elevation.value_or(elevation));
     KivoDrawingTools::SKivoView view = View();
     view.zoom = viewpoint.zoom.value_or(view.zoom);
@@ -374,12 +374,12 @@ void PlotScene::ShowFrom(const Viewpoint& viewpoint) {
 }
 
 void PlotScene::ShowView(const KivoDrawingTools::SKivoView& view) {
-    SetView(m_plotter, view);
+    SetView(Plotter(), view);
 }
 
 void PlotScene::Resize(int width, int height) {
     const KivoDrawingTools::SKivoView view = View();
-    m_plotter.OnSize(0, width, height);
+    Plotter().OnSize(0, width, height);
     KeepScale();
     if (m_dataScale) ShowView(view);
 }
@@ -387,10 +387,10 @@ void PlotScene::Resize(int width, int height) {
 // Curves of the ink's colour stay that.
 void PlotScene::ApplyColors() {
     const PlotSettings settings = Effective();
-    KivoDrawingTools::SKivoStyle style = GetStyle(m_plotter);
+    KivoDrawingTools::SKivoStyle style = GetStyle(Plotter());
     const unsigned long before = std::exchange(style.inkColor, settings.ink->Packed());
-    SetPlotterStyle(m_plotter, style);
-    m_plotter.SetBackgroundColor(settings.background->Packed());
+    SetPlotterStyle(Plotter(), style);
+    Plotter().SetBackgroundColor(settings.background->Packed());
     for (PointSet curve : m_curves) {
         if (curve.color.Packed() != before) continue;
         curve.color = *settings.ink;
@@ -405,42 +405,42 @@ void PlotScene::SetDark(bool isDark) {
 
 void PlotScene::ApplySwitches() {
     const PlotSettings settings = Effective();
-    m_plotter.ShowGridLines(settings.showsGridLines);
-    m_plotter.ShowFrameLines(settings.showsFrameLines);
-    m_plotter.SetAutoSwitchFramePlanes(settings.switchesPlanes);
+    Plotter().ShowGridLines(settings.showsGridLines);
+    Plotter().ShowFrameLines(settings.showsFrameLines);
+    Plotter().SetAutoSwitchFramePlanes(settings.switchesPlanes);
     for (int i = 0; i < 3; ++i)
-        (m_plotter.*axisMembers[i].showContours)(settings.axes[i].showsContours);
-    FillContours(m_plotter, settings.fillsContours);
-    if (LabelContours(m_plotter, settings.labelsContours) != 0)
+        (Plotter().*axisMembers[i].showContours)(settings.axes[i].showsContours);
+    FillContours(Plotter(), settings.fillsContours);
+    if (LabelContours(Plotter(), settings.labelsContours) != 0)
         throw Failure(Filled(Translate("Plot", "cannot draw: %1"), KivoDrawingTools::LastWindowError()));
-    m_plotter.SetFrameLineColor(settings.frameLineColor->Packed());
-    m_plotter.SetPointRadiusPixelSize(*settings.pointSize);
-    ShowMeasureGroupNames(m_plotter, settings.listsGroups);
-    FitReadOutDigits(m_plotter, settings.fitsReadOut);
+    Plotter().SetFrameLineColor(settings.frameLineColor->Packed());
+    Plotter().SetPointRadiusPixelSize(*settings.pointSize);
+    ShowMeasureGroupNames(Plotter(), settings.listsGroups);
+    FitReadOutDigits(Plotter(), settings.fitsReadOut);
 }
 
 void PlotScene::ApplyLineSteps() {
     const PlotSettings settings = Effective();
-    m_plotter.SetFrameLineStep(*settings.axes[0].lineStep, *settings.axes[1].lineStep);
+    Plotter().SetFrameLineStep(*settings.axes[0].lineStep, *settings.axes[1].lineStep);
 }
 
 void PlotScene::ApplyContourCount() {
-    m_plotter.SetIsoContourCount(*Effective().contourCount);
+    Plotter().SetIsoContourCount(*Effective().contourCount);
 }
 
 void PlotScene::ApplyContourLevels() {
     constexpr int z = 2;
     const PlotSettings settings = Effective();
-    SetContourInterval(m_plotter, z, *settings.contourInterval, *settings.contourBase - m_origin[z]);
+    SetContourInterval(Plotter(), z, *settings.contourInterval, *settings.contourBase - m_origin[z]);
 }
 
 void PlotScene::ApplyGradients() {
     const PlotSettings settings = Effective();
     for (int i = 0; i < 3; ++i) // Z last: the others leave the context current
-        (m_plotter.*axisMembers[i].setGradient)(settings.axes[i].gradientStart->Packed(),
+        (Plotter().*axisMembers[i].setGradient)(settings.axes[i].gradientStart->Packed(),
                                                 settings.axes[i].gradientEnd->Packed());
     for (int i = 0; i < 3; ++i) // no name of a table: the gradient
-        SetColorMap(m_plotter, i, settings.colors->name.c_str());
+        SetColorMap(Plotter(), i, settings.colors->name.c_str());
 }
 
 void PlotScene::ApplyColorRange() {
@@ -450,13 +450,13 @@ void PlotScene::ApplyColorRange() {
         from = Difference(z, m_settings.colorRange->from);
         to = Difference(z, m_settings.colorRange->to);
     } else if (m_settings.colorsFollowRange) {
-        from = m_plotter.GetZAxisMin();
-        to = m_plotter.GetZAxisMax();
+        from = Plotter().GetZAxisMin();
+        to = Plotter().GetZAxisMax();
     }
     if (m_settings.colorRange && from == to)
         throw Failure(Filled(Translate("Plot", "the colours need a wider range than %1"),
                              TextOf(FindSetting("color-range"), m_settings)));
-    if (SetColorRange(m_plotter, z, from, to) != 0)
+    if (SetColorRange(Plotter(), z, from, to) != 0)
         throw Failure(Filled(Translate("Plot", "the colours cannot have the range %1"),
                              TextOf(FindSetting("color-range"), m_settings)));
 }
@@ -465,23 +465,23 @@ void PlotScene::ApplyLegend() {
     const PlotSettings settings = Effective();
     const std::vector<std::string>& names = FindSetting("legend-numbers").choices;
     const auto name = std::find(names.begin(), names.end(), settings.legendNumbers->name);
-    m_plotter.SetGradientColorRuleFloatingPointPrecision(*settings.legendPrecision);
+    Plotter().SetGradientColorRuleFloatingPointPrecision(*settings.legendPrecision);
     for (int i = 0; i < 3; ++i) {
         KivoDrawingTools::SKivoLegend legend;
         legend.isShown = settings.showsLegend;
         legend.numbers = static_cast<KivoDrawingTools::KivoLegendNumbers>(name - names.begin());
         if (i == 2) legend.title = *settings.legendTitle;
-        if (SetLegend(m_plotter, i, legend) != 0)
+        if (SetLegend(Plotter(), i, legend) != 0)
             throw Failure(Filled(Translate("Plot", "cannot draw: %1"), KivoDrawingTools::LastWindowError()));
     }
 }
 
 void PlotScene::ApplyTrace() {
-    m_plotter.Trace(m_settings.traces && m_hasSurface);
+    Plotter().Trace(m_settings.traces && m_hasSurface);
 }
 
 void PlotScene::ForgetTrace() {
-    m_plotter.Trace(false);
+    Plotter().Trace(false);
     ApplyTrace();
 }
 

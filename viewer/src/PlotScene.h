@@ -10,9 +10,11 @@
 #include <KivoView.h>
 
 #include <array>
+#include <functional>
 #include <list>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace KivoViewer {
@@ -110,11 +112,18 @@ private:
 class PlotScene {
 public:
     /// @param plotter  draws nothing any more once the scene is gone, whose points it reads
-    explicit PlotScene(ViewerPlotter& plotter) : m_plotter(plotter) {}
+    /// @param reach    called before anything reaches the plotter: no other thread may be at it then
+    explicit PlotScene(ViewerPlotter& plotter, std::function<void()> reach = {})
+        : m_plotter(plotter), m_reach(std::move(reach)) {}
     PlotScene(const PlotScene&) = delete;
     PlotScene& operator=(const PlotScene&) = delete;
 
-    ViewerPlotter& Plotter() { return m_plotter; }
+    ViewerPlotter& Plotter() const {
+        if (m_reach) m_reach();
+        return m_plotter;
+    }
+    /// Of all surfaces: what takes long is in proportion to it.
+    std::size_t PointCount() const;
 
     /// Shows a grid with the present settings in the start view. Curves and other surfaces go with the grid
     /// that they lay over, measure groups stay. Throws a Failure where an axis range cannot be; the grid is
@@ -160,7 +169,7 @@ public:
     /// Shows the plot from somewhere else, as far as that is given; the flat plots are not turned.
     void ShowFrom(const Viewpoint& viewpoint);
     /// How the plot is looked at, for ShowView after another grid was shown.
-    KivoDrawingTools::SKivoView View() const { return GetView(m_plotter); }
+    KivoDrawingTools::SKivoView View() const { return GetView(Plotter()); }
     void ShowView(const KivoDrawingTools::SKivoView& view);
     /// Lays the plot out for a window of another size, in the same view.
     void Resize(int width, int height);
@@ -244,7 +253,8 @@ private:
     void ShowTitle();
     void ReadAutomaticSettings(const GridData& grid);
 
-    ViewerPlotter& m_plotter;
+    ViewerPlotter& m_plotter; ///< by Plotter() alone
+    std::function<void()> m_reach;
     PlotSettings m_settings;
     bool m_isDark = false;
     bool m_hasSurface = false;                                   ///< to be traced

@@ -23,10 +23,11 @@ PlotWidget::PlotWidget(QWidget* parent) : PlotWidget(std::make_unique<ViewerPlot
 PlotWidget::PlotWidget(std::unique_ptr<ViewerPlotter> plotter, QWidget* parent)
     : KivoPlotWidget(
           std::move(plotter), [this](int width, int height) { m_scene.Resize(width, height); }, parent),
-      m_scene(static_cast<ViewerPlotter&>(KivoPlotWidget::plotter())) {
+      m_scene(static_cast<ViewerPlotter&>(KivoPlotWidget::plotter()), [this] { KivoPlotWidget::plotter(); }) {
     setContextMenuPolicy(Qt::PreventContextMenu); // the menus of the window have it all
     setMinimumSize(160, 120);
     view().SetSmoothing(usualSmoothing);
+    setThreadedDrawing(true);
 }
 
 PlotScene& PlotWidget::Scene() {
@@ -140,15 +141,24 @@ void PlotWidget::MarkProfile(std::optional<double> distance) {
     update();
 }
 
-// In two colours, one of which is seen on whatever is below.
-void PlotWidget::paintEvent(QPaintEvent* event) {
-    KivoPlotWidget::paintEvent(event);
-    if (m_corner) PaintRegion();
+// While the plot is another thread's, it shows what it did.
+void PlotWidget::FindLine() {
+    if (view().IsDrawingInThread() || view().IsLent()) return;
+    m_lineOnScreen.reset();
     if (!m_line) return;
     const double density = devicePixelRatioF();
     const auto start = m_scene.PixelOf(m_line->x0, m_line->y0), end = m_scene.PixelOf(m_line->x1, m_line->y1);
-    if (!start || !end) return;
-    const QPointF from = QPointF(start->x, start->y) / density, to = QPointF(end->x, end->y) / density;
+    if (start && end)
+        m_lineOnScreen = QLineF(start->x / density, start->y / density, end->x / density, end->y / density);
+}
+
+// In two colours, one of which is seen on whatever is below.
+void PlotWidget::paintEvent(QPaintEvent* event) {
+    FindLine(); // before a thread draws
+    KivoPlotWidget::paintEvent(event);
+    if (m_corner) PaintRegion();
+    if (!m_line || !m_lineOnScreen) return;
+    const QPointF from = m_lineOnScreen->p1(), to = m_lineOnScreen->p2();
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     for (const QPen& pen : {QPen(Qt::white, 4.0), QPen(Qt::black, 2.0)}) {

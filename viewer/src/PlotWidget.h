@@ -6,6 +6,8 @@
 
 #include <KivoPlotWidget.h>
 
+#include <QLineF>
+
 #include <functional>
 #include <memory>
 #include <optional>
@@ -18,6 +20,21 @@ namespace KivoViewer {
 class PlotWidget : public KivoPlotWidget {
 public:
     explicit PlotWidget(QWidget* parent);
+
+    /// Has the scene be another thread's alone, as long as it lives; shows changes then.
+    class Loan {
+    public:
+        Loan(PlotWidget& plot, bool isChanged) : m_plot(plot), m_isChanged(isChanged) {
+            m_plot.view().Lend();
+        }
+        ~Loan() { m_plot.view().TakeBack(m_isChanged); }
+        Loan(const Loan&) = delete;
+        Loan& operator=(const Loan&) = delete;
+
+    private:
+        PlotWidget& m_plot;
+        bool m_isChanged;
+    };
 
     /// What is shown, laid out for the present size; Redraw() shows changes of it.
     PlotScene& Scene();
@@ -57,12 +74,14 @@ private:
     std::optional<PlanePoint> PlaceAt(const QPointF& position);
     void DrawLineTo(const QPointF& position);
     void EndRegion(const QPointF& position);
+    void FindLine();
     void PaintRegion();
 
     PlotScene m_scene;
     QSize m_wantedSize;
     bool m_drawsProfiles = false;
-    std::optional<ProfileLine> m_line;     ///< shown over the plot
+    std::optional<ProfileLine> m_line; ///< shown over the plot
+    std::optional<QLineF> m_lineOnScreen;
     std::optional<double> m_marked;        ///< distance on it
     std::optional<PlanePoint> m_lineStart; ///< of the line that is being drawn
     bool m_marksRegion = false;

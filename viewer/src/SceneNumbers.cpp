@@ -25,10 +25,10 @@ namespace {
 void PlotScene::ShowOrigin(const double* origin) {
     if (std::equal(origin, origin + 3, m_origin)) return;
     for (int i = 0; i < 3; ++i) {
-        if (SetAxisOrigin(m_plotter, i, origin[i]) != 0) FailToShowNumbers();
+        if (SetAxisOrigin(Plotter(), i, origin[i]) != 0) FailToShowNumbers();
         m_origin[i] = origin[i];
     }
-    m_plotter.AutoAdjustAxisLengthRatio(); // for the new ranges
+    Plotter().AutoAdjustAxisLengthRatio(); // for the new ranges
     for (MeasurePoints& group : m_groups) {
         const std::vector<float> differences = Differences(group.file);
         std::copy(differences.begin(), differences.end(),
@@ -53,7 +53,7 @@ void PlotScene::ApplyLabels() {
     for (int i = 0; i < 3; ++i) {
         const std::string& name = settings.axes[i].labels->name;
         if (name == m_labelFormats[i]) continue;
-        if (SetAxisLabelFormat(m_plotter, i, LabelFormatOf(name)) != 0) FailToShowNumbers();
+        if (SetAxisLabelFormat(Plotter(), i, LabelFormatOf(name)) != 0) FailToShowNumbers();
         m_labelFormats[i] = name;
     }
 }
@@ -63,8 +63,8 @@ void PlotScene::ApplyLabels() {
 std::string PlotScene::ReadOut(const float* point) const {
     std::string text;
     for (int i = 0; i < 3; ++i)
-        text += std::string(i > 0 ? "   " : "") + "xyz"[i] + " = " + ReadOutNumber(m_plotter, i, point[i]);
-    const int traced = TracedSurface(m_plotter);
+        text += std::string(i > 0 ? "   " : "") + "xyz"[i] + " = " + ReadOutNumber(Plotter(), i, point[i]);
+    const int traced = TracedSurface(Plotter());
     for (const ShownSurface& surface : m_surfaces)
         if (m_surfaces.size() > 1 && surface.entry.number == traced) text += "   " + surface.entry.name;
     return text;

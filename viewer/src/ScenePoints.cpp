@@ -30,7 +30,7 @@ void PlotScene::AddPoints(PointSet::Kind kind, const PointFile& file) {
 
 void PlotScene::AddCurve(const PointFile& file) {
     std::vector<float> points = Differences(file); // the plotter takes them as changeable, and copies them
-    const int index = m_plotter.AddCurveData(points.data(), static_cast<unsigned int>(file.Count()), 3);
+    const int index = Plotter().AddCurveData(points.data(), static_cast<unsigned int>(file.Count()), 3);
     PointSet curve;
     curve.kind = PointSet::Kind::curve;
     curve.index = m_curves.size();
@@ -40,13 +40,13 @@ void PlotScene::AddCurve(const PointFile& file) {
     curve.color = curveColors[m_curves.size() % std::size(curveColors)];
     if (curve.color.Packed() == Color{0, 0, 0}.Packed()) curve.color = *Effective().ink;
     m_curves.push_back(curve);
-    m_plotter.SetCurveColor(index, curve.color.Packed());
-    m_plotter.SetCurveWidth(index, curveWidth);
+    Plotter().SetCurveColor(index, curve.color.Packed());
+    Plotter().SetCurveWidth(index, curveWidth);
 }
 
 void PlotScene::AddMeasureGroup(const PointFile& file) {
     m_groups.push_back({file, Differences(file)});
-    m_plotter.AddMeasurePoints(static_cast<unsigned int>(file.Count()), 3, m_groups.back().differences.data(),
+    Plotter().AddMeasurePoints(static_cast<unsigned int>(file.Count()), 3, m_groups.back().differences.data(),
                                file.name.c_str());
     if (m_settings.namesPoints) ApplyPointNames();
 }
@@ -62,7 +62,7 @@ void PlotScene::ApplyPointNames() {
             names.assign(group.file.Count(), group.file.group);
         names.resize(std::min(names.size(), left));
         left -= names.size();
-        if (SetMeasurePointNames(m_plotter, index++, names) != 0)
+        if (SetMeasurePointNames(Plotter(), index++, names) != 0)
             throw Failure(Filled(Translate("Plot", "cannot draw: %1"), KivoDrawingTools::LastWindowError()));
     }
 }
@@ -82,9 +82,9 @@ PointSet PlotScene::MeasureGroup(std::size_t index, const PointFile& file) {
     group.path = file.path;
     group.reading = file.reading;
     group.group = file.group;
-    m_plotter.GetMeasureGroupName(number, &group.name);
-    group.color = UnpackColor(m_plotter.GetMeasureGroupColor(number));
-    group.isShown = m_plotter.IsShowMeasureGroup(number);
+    Plotter().GetMeasureGroupName(number, &group.name);
+    group.color = UnpackColor(Plotter().GetMeasureGroupColor(number));
+    group.isShown = Plotter().IsShowMeasureGroup(number);
     return group;
 }
 
@@ -92,28 +92,28 @@ void PlotScene::ChangePoints(const PointSet& set) {
     if (set.kind == PointSet::Kind::measureGroup) return ChangeMeasureGroup(set);
     m_curves[set.index] = set;
     const int index = static_cast<int>(set.index);
-    m_plotter.SetCurveVisibility(index, set.isShown);
-    m_plotter.SetCurveColor(index, set.color.Packed());
+    Plotter().SetCurveVisibility(index, set.isShown);
+    Plotter().SetCurveColor(index, set.color.Packed());
 }
 
 void PlotScene::ChangeMeasureGroup(const PointSet& group) {
     const auto number = static_cast<unsigned int>(group.index);
     const PointSet before = MeasureGroup(group.index, {});
-    m_plotter.ShowMeasureGroup(number, group.isShown);
-    if (group.name != before.name) m_plotter.SetMeasureGroupName(number, group.name.c_str());
+    Plotter().ShowMeasureGroup(number, group.isShown);
+    if (group.name != before.name) Plotter().SetMeasureGroupName(number, group.name.c_str());
     // The colours of the plotter's own palette lie between those of a display.
     if (group.color.Packed() != before.color.Packed())
-        m_plotter.SetMeasureGroupColor(number, group.color.Packed());
+        Plotter().SetMeasureGroupColor(number, group.color.Packed());
 }
 
 void PlotScene::RemovePoints(PointSet::Kind kind, std::size_t index) {
     const auto offset = static_cast<std::ptrdiff_t>(index);
     if (kind == PointSet::Kind::curve) {
-        if (RemoveCurve(m_plotter, static_cast<int>(index)) != 0) return;
+        if (RemoveCurve(Plotter(), static_cast<int>(index)) != 0) return;
         m_curves.erase(m_curves.begin() + offset);
         for (std::size_t i = 0; i < m_curves.size(); ++i)
             m_curves[i].index = i;
-    } else if (RemoveMeasureGroup(m_plotter, static_cast<unsigned int>(index)) == 0) {
+    } else if (RemoveMeasureGroup(Plotter(), static_cast<unsigned int>(index)) == 0) {
         m_groups.erase(std::next(m_groups.begin(), offset));
     }
 }
@@ -126,7 +126,7 @@ void PlotScene::RemoveAllPoints() {
 }
 
 void PlotScene::TraceAt(int x, int y) {
-    if (m_hasSurface) m_plotter.Trace(KivoDrawingTools::POINT{x, y});
+    if (m_hasSurface) Plotter().Trace(KivoDrawingTools::POINT{x, y});
 }
 
 } // namespace KivoViewer

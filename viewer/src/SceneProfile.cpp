@@ -36,7 +36,7 @@ std::optional<FlatPlane> ViewerPlotter::XyPlane() const {
 }
 
 std::optional<PlanePoint> PlotScene::PixelOf(double x, double y) const {
-    const auto plane = m_plotter.XyPlane();
+    const auto plane = Plotter().XyPlane();
     if (!plane) return std::nullopt;
     const double dx = x - m_origin[0], dy = y - m_origin[1];
     return PlanePoint{plane->origin[0] + dx * plane->along[0][0] + dy * plane->along[1][0],
@@ -44,7 +44,7 @@ std::optional<PlanePoint> PlotScene::PixelOf(double x, double y) const {
 }
 
 std::optional<PlanePoint> PlotScene::PlaceOf(double pixelX, double pixelY) const {
-    const auto plane = m_plotter.XyPlane();
+    const auto plane = Plotter().XyPlane();
     if (!plane) return std::nullopt;
     const double px = pixelX - plane->origin[0], py = pixelY - plane->origin[1];
     const auto& [x, y] = plane->along;
@@ -74,7 +74,7 @@ SurfaceHeights HeightsOf(const GridData& grid) {
 
 // The plotter has the points of the first surface.
 SurfaceHeights PlotScene::FirstHeights() const {
-    const PointGridView first = m_plotter.FirstPoints();
+    const PointGridView first = Plotter().FirstPoints();
     constexpr std::size_t stride = 3;
     return {AbsoluteNumbers(first.points, first.columns, stride, m_origin[0]),
             AbsoluteNumbers(first.points ? first.points + 1 : nullptr, first.rows, stride * first.columns,

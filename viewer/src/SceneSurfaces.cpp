@@ -118,7 +118,7 @@ void PlotScene::AddSurface(const GridData& grid, const SurfaceLooks& looks) {
     const KivoDrawingTools::SKivoView view = View();
     const auto columns = static_cast<unsigned int>(shown.columns);
     const auto rows = static_cast<unsigned int>(shown.rows);
-    shown.entry.number = KivoDrawingTools::AddSurface(m_plotter, points.data(), columns, rows, 1, columns, 3,
+    shown.entry.number = KivoDrawingTools::AddSurface(Plotter(), points.data(), columns, rows, 1, columns, 3,
                                                       ToPlotter(shown.entry, columns, rows));
     if (shown.entry.number <= 0)
         throw Failure(grid.title + ": " + Translate("Plot", "it cannot be laid over another surface"));
@@ -126,6 +126,13 @@ void PlotScene::AddSurface(const GridData& grid, const SurfaceLooks& looks) {
     m_hasSurface = true;
     ApplyTrace();
     FollowSurfaces(view);
+}
+
+std::size_t PlotScene::PointCount() const {
+    std::size_t count = 0;
+    for (const ShownSurface& surface : m_surfaces)
+        count += surface.columns * surface.rows;
+    return count;
 }
 
 std::vector<SurfaceEntry> PlotScene::Surfaces() const {
@@ -141,16 +148,16 @@ void PlotScene::ChangeSurface(const SurfaceEntry& surface) {
         if (shown.entry.number != surface.number) continue;
         SKivoSurface values = ToPlotter(surface, shown.columns, shown.rows);
         SKivoSurface present;
-        GetSurface(m_plotter, surface.number, &present);
+        GetSurface(Plotter(), surface.number, &present);
         if (surface.number == 0) std::copy_n(present.frameLineStep, 2, values.frameLineStep);
-        SetSurface(m_plotter, surface.number, values);
+        SetSurface(Plotter(), surface.number, values);
         shown.entry = surface;
     }
 }
 
 void PlotScene::RemoveSurface(int number) {
     const KivoDrawingTools::SKivoView view = View();
-    if (KivoDrawingTools::RemoveSurface(m_plotter, number) != 0) return;
+    if (KivoDrawingTools::RemoveSurface(Plotter(), number) != 0) return;
     const auto isIt = [number](const ShownSurface& surface) { return surface.entry.number == number; };
     m_surfaces.erase(std::remove_if(m_surfaces.begin(), m_surfaces.end(), isIt), m_surfaces.end());
     FollowSurfaces(view);
@@ -171,9 +178,9 @@ void PlotScene::FollowRanges(const KivoDrawingTools::SKivoView& view) {
 }
 
 void PlotScene::ApplyFit() {
-    if (AxesFitSurfaces(m_plotter) == m_settings.fitsSurfaces) return;
+    if (AxesFitSurfaces(Plotter()) == m_settings.fitsSurfaces) return;
     const KivoDrawingTools::SKivoView view = View();
-    FitAxesToSurfaces(m_plotter, m_settings.fitsSurfaces);
+    FitAxesToSurfaces(Plotter(), m_settings.fitsSurfaces);
     FollowRanges(view);
 }
 

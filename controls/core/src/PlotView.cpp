@@ -134,8 +134,8 @@ void CKivoPlotView::Lend() {
     m_core->Lend();
 }
 
-void CKivoPlotView::TakeBack() {
-    m_core->TakeBack();
+void CKivoPlotView::TakeBack(bool isChanged) {
+    m_core->TakeBack(isChanged);
 }
 
 bool CKivoPlotView::IsLent() const {

@@ -619,12 +619,18 @@ void PlotViewCore::Lend() {
     ++m_loans;
 }
 
-// How long the next frame takes is unknown.
-void PlotViewCore::TakeBack() {
-    if (m_loans == 0 || --m_loans > 0) return;
-    m_completeTime = 0.0;
+// What was given away because it takes long takes long to draw, too.
+void PlotViewCore::TakeBack(bool isChanged) {
+    if (m_loans == 0) return;
+    m_isChanged |= isChanged;
+    if (--m_loans > 0) return;
     if (m_isDetailOld) ReduceWhileMoving(m_reduces);
-    Ask(Due::everything);
+    if (std::exchange(m_isChanged, false)) {
+        m_completeTime = std::max(m_completeTime, longFrame);
+        Ask(Due::everything);
+    } else if (m_due != Due::nothing) {
+        RequestPaint();
+    }
 }
 
 } // namespace KivoDrawingTools

@@ -77,7 +77,7 @@ public:
     void Retrieve();
     void RetrieveForHost(); ///< the same, but lets frames end that would otherwise never
     void Lend();
-    void TakeBack();
+    void TakeBack(bool isChanged);
     bool IsLent() const { return m_loans > 0; }
 
 private:
@@ -159,6 +159,7 @@ private:
 
     bool m_isThreaded = false;
     int m_loans = 0;
+    bool m_isChanged = false;   ///< in one of them
     bool m_isDetailOld = false; ///< since it could not be set
     Job m_purpose = Job::frame;
     Drawing m_next;                           ///< while a job goes on, its own

@@ -324,6 +324,28 @@ TEST_F(PlotViewThread, ALentPlotterIsAnothers) {
     EXPECT_TRUE(ImagesAgree(after, bare.Smooth(), 0, 0, "lent"));
 }
 
+TEST_F(PlotViewThread, NothingIsDrawnAgainForALookAtALentPlotter) {
+    const TestSurface hill = HillSurface(12, 10);
+    view.SetGrid(hill.points.data(), 12, 10);
+    view.DrawNow();
+    view.Lend();
+    view.TakeBack(false);
+    EXPECT_FALSE(view.IsFrameDue());
+    view.Lend();
+    view.Lend();
+    view.TakeBack();
+    view.TakeBack(false);
+    EXPECT_TRUE(view.IsFrameDue()) << "the inner one has changed it";
+    redraws = 0;
+    view.Draw();
+    view.Lend();
+    view.Update();
+    view.Draw();
+    view.TakeBack(false);
+    EXPECT_TRUE(view.IsFrameDue());
+    EXPECT_EQ(redraws, 2) << "one that was asked for meanwhile comes then";
+}
+
 TEST_F(PlotViewThread, LoansMayLieInEachOther) {
     view.TakeBack(); // of nothing
     view.Lend();
