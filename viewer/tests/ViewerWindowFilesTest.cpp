@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdint>
 #include <cstring>
 #include <filesystem>
@@ -395,6 +396,34 @@ TEST_F(ViewerWindowFilesTest, ReadsLargeFilesWithAWayOut) {
     Keep(progress, "progress");
     ExpectStart(Settled());
     EXPECT_FALSE(m_viewer->WaitForExit(std::chrono::milliseconds(0)));
+}
+
+// What takes long is done by threads, and shows the same in the end.
+TEST_F(ViewerWindowFilesTest, ShowsALargeGridWhole) {
+    constexpr int side = 700;
+    std::ofstream file(Path("large.asc"));
+    file << "ncols 700\nnrows 700\nxllcorner 0\nyllcorner 0\ncellsize 1\n";
+    for (int y = 0; y < side; ++y) {
+        for (int x = 0; x < side; ++x)
+            file << std::sin(0.03 * x) * std::cos(0.02 * y) << ' ';
+        file << '\n';
+    }
+    file.close();
+    const Image opened = After("open", [this] {
+        OpenByDialog(Path("large.asc"));
+        WaitForNoDialog();
+    });
+    const Image drawn = After("contours", [] { Press('z'); });
+    Drag(leftButton, 150, 40);
+    EXPECT_GT(Compare(Settled(), drawn).mean, 0.01);
+    const Image back = After("home", [] { Press(homeKey); });
+    EXPECT_EQ(Compare(back, drawn).max, 0);
+    Start({Path("large.asc"), "--size", "800x600"});
+    EXPECT_EQ(Compare(opened, m_start).max, 0);
+    Press('z');
+    Settle();
+    Keep(Settled(), "contours-again");
+    EXPECT_TRUE(WaitFor([&] { return Compare(Settled(), drawn).max == 0; }));
 }
 
 TEST_F(ViewerWindowFilesTest, ListsRecentFiles) {

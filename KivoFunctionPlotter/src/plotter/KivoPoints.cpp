@@ -12,7 +12,7 @@ namespace KivoDrawingTools {
 
 namespace {
 
-constexpr int badIndex = -2;
+constexpr int noSuchPoints = -2;
 
 template <typename List>
 void Erase(List& list, std::ptrdiff_t index) {
@@ -22,7 +22,7 @@ void Erase(List& list, std::ptrdiff_t index) {
 } // namespace
 
 int PointAccess::RemoveCurve(CKivoFunctionPlotter& plotter, int index) {
-    if (index < 0 || static_cast<std::size_t>(index) >= plotter.m_curveData.size()) return badIndex;
+    if (index < 0 || static_cast<std::size_t>(index) >= plotter.m_curveData.size()) return noSuchPoints;
     Erase(plotter.m_curveData, index);
     Erase(plotter.m_curvePointCounts, index);
     Erase(plotter.m_curveVisible, index);
@@ -33,7 +33,7 @@ int PointAccess::RemoveCurve(CKivoFunctionPlotter& plotter, int index) {
 
 int PointAccess::RemoveGroup(CKivoFunctionPlotter& plotter, unsigned int index) {
     CKivoMeasurePointGroup* const group = plotter.FindMeasureGroup(index);
-    if (!group) return badIndex;
+    if (!group) return noSuchPoints;
     const ContextScope context(plotter.m_hDC, plotter.m_hGLRC);
     if (plotter.m_hGLRC && !wglGetCurrentContext()) return -1;
     Erase(plotter.m_measureGroups->m_groups, static_cast<std::ptrdiff_t>(index));

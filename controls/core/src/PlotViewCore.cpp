@@ -27,7 +27,7 @@ constexpr double movedFrame = 22.0;             // of a frame while the plot mov
 constexpr unsigned int usualMotionDetail = 150; // points a side, with which most machines keep up
 constexpr unsigned int leastMotionDetail = 120; // with fewer, other things take the time
 // A frame that may be drawn at once is tried so long; movements, which all else waits for, a little longer.
-constexpr double trialOfFrame = 30.0, trialOfMovement = 60.0;
+constexpr double trialOfFrame = 30.0, trialOfMovement = 60.0, forever = 1e9;
 constexpr double longFrame = 1000.0; // of one that was not drawn in that time: until it is
 constexpr int mostStopsByHost = 3;
 constexpr int stoppedPicture = -4; // as DrawPicture says it
@@ -431,7 +431,8 @@ void PlotViewCore::DrawWithThread() {
         return;
     }
     m_completeTime = std::max(m_completeTime, longFrame);
-    if (m_isStale && m_reduces) TryFor(trialOfMovement, true); // else the image that there is
+    const double trial = m_image.pixels ? trialOfMovement : forever; // rather than none
+    if (m_isStale && m_reduces) TryFor(trial, true);
     if (!m_failure.empty()) return;
     m_due = Due::nothing;
     StartJob(Job::frame, [this](const SKivoStopRequest& stop) { DrawImage(m_next, false, stop); });
