@@ -99,6 +99,24 @@ TEST_P(StoppedPicture, OfSurfacesThatShowThrough) {
     ExpectStopsEverywhere("through", 1, 10);
 }
 
+// Its order is made by the first frame, which is stopped.
+TEST_P(StoppedPicture, BeforeTheOrderOfASurfaceThatShowsThrough) {
+    const TestSurface hill = HillSurface(300, 300);
+    SKivoSurface looks;
+    looks.opacity = 0.5f;
+    Show(hill);
+    ASSERT_EQ(SetSurface(plotter, 0, looks), 0);
+    const Image whole = Whole(1);
+    for (int i = 0; i < 20; ++i) {
+        Show(hill);
+        Questions questions;
+        questions.yesTo = i;
+        Image stopped;
+        EXPECT_EQ(Draw(questions, 1, stopped), -4) << i;
+        EXPECT_TRUE(ImagesAgree(Whole(1), whole, 0, 0, "order")) << i;
+    }
+}
+
 TEST_P(StoppedPicture, OfAnOpaqueSurfaceOverTheFirst) {
     Show(HillSurface(20, 20));
     const TestSurface saddle = SaddleSurface(250, 250);
@@ -111,6 +129,17 @@ TEST_P(StoppedPicture, OfAFilledFlatPlot) {
     ASSERT_EQ(FillContours(plotter, true), 0);
     plotter.SwitchToXYProjectPlot();
     ExpectStopsEverywhere("filled", 2, 5);
+}
+
+TEST_P(StoppedPicture, OfManyContours) {
+    Show(NoiseSurface(200, 200));
+    ASSERT_EQ(plotter.SetIsoContourCount(30), 0);
+    plotter.SwitchToXYProjectPlot();
+    ExpectStopsEverywhere("contours", 1, 25);
+}
+
+TEST_P(StoppedPicture, OfAnEmptyPlot) {
+    ExpectStopsEverywhere("empty", 1, 1);
 }
 
 TEST_P(StoppedPicture, WithoutGround) {

@@ -74,9 +74,11 @@ protected:
         view.TakeFrame();
     }
 
+    // It has most likely begun; all holds before that, too.
     void BeginThread() {
         if (thread.joinable()) thread.join();
         thread = std::thread([this] { view.DrawInThread(); });
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
 
     // What it shows at rest, drawn by another plotter.
@@ -326,6 +328,15 @@ TEST_F(PlotViewThread, ALentPlotterIsAnothers) {
     bare.plotter.SetData(LargeHill().NewArray(), side, side, 1, side, 3);
     bare.plotter.SetPlotTitle("by another");
     EXPECT_TRUE(ImagesAgree(after, bare.Smooth(), 0, 0, "lent"));
+}
+
+TEST_F(PlotViewThread, ALoanEndsADrag) {
+    view.Press(KivoMouseButton::left, 0, middle);
+    view.Lend();
+    view.TakeBack();
+    view.Draw();
+    view.Move(0, {middle.x + 30, middle.y});
+    EXPECT_FALSE(view.IsFrameDue());
 }
 
 TEST_F(PlotViewThread, NothingIsDrawnAgainForALookAtALentPlotter) {
