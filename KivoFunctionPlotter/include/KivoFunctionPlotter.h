@@ -104,8 +104,9 @@ public:
     int OnCreate(HWND hWnd, int cx, int cy, int fontSize, bool accelerated);
 
     /// Gives back the data, the fonts and the OpenGL context, and forgets the traced point. Afterwards the
-    /// object may be destroyed or bound to a window again, where titles and names of measure groups show once
-    /// they have been set anew. Calling it twice does no harm.
+    /// object may be destroyed or bound to a window again, where titles show once they have been set anew;
+    /// measure groups stay, with the names that KivoLegend.h lists and those of KivoPoints.h. Calling it
+    /// twice does no harm.
     /// @return 0, or -1 when the OpenGL context could not be deleted; everything else is freed all the same
     int OnDestroy();
 
@@ -469,7 +470,9 @@ public:
     /// and it must live as long as the plotter. A changed array shows in the next frame.
     /// @param points          pointCount * floatsPerPoint floats
     /// @param floatsPerPoint  the first three are x, y, z; those that are missing are 0
-    /// @param name            UTF-8, not null; its image is made now, so add groups after OnCreate
+    /// @param name            UTF-8, not null; its image is made now, or without a window, as soon as there
+    /// is
+    ///                        one where names are listed (KivoLegend.h)
     /// @return 0; -3 for a null pointer or a count of 0
     /// @throws std::length_error  for more floats than memory has addresses for: there is no such group then
     int AddMeasurePoints(unsigned int pointCount, unsigned int floatsPerPoint, float* points,

@@ -26,7 +26,8 @@ KIVO_API int SetLegend(CKivoFunctionPlotter& plotter, int axis, const SKivoLegen
 
 /// Lists names and colours of the measure groups that are shown, in the upper right corner of the 3-D plot.
 /// @param show  false, at first: no list
-/// @return 0
+/// @return 0; -1 when names that no window has drawn yet want the plotter's context, and it cannot be made
+///         current: nothing changes then
 KIVO_API int ShowMeasureGroupNames(CKivoFunctionPlotter& plotter, bool show);
 /// @return whether they are listed
 KIVO_API bool IsShowMeasureGroupNames(const CKivoFunctionPlotter& plotter);

@@ -28,7 +28,7 @@ KIVO_API bool ArePointsInFlatPlots(const CKivoFunctionPlotter& plotter); ///< @r
 /// Shows names beside the points of a measure group wherever the group is shown: right of the point, or on
 /// another side where they would meet another text or the border; a name that finds no room is left out, and
 /// so are those beyond the first 1,000 in the window, by groups and points. What hides a point in the 3-D
-/// plot hides its name. They belong to the group, and are to be set again when a window is bound anew.
+/// plot hides its name. They belong to the group, and stay through new data, OnDestroy and OnCreate.
 /// @param index  of the group
 /// @param names  one for each point, in their order; those beyond the points are not kept, and points beyond
 ///               the names, and those whose name is empty, have none. An empty list, as at first: no names

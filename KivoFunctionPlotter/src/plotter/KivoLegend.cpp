@@ -3,6 +3,7 @@
 #include "Arguments.h"
 #include "drawing/GLScopes.h"
 #include "parts/KivoGradientColorRuler.h"
+#include "PointAccess.h"
 #include "window_system/WindowSystem.h"
 
 #include <utility>
@@ -32,7 +33,6 @@ struct LegendAccess {
     }
     static int Set(CKivoFunctionPlotter& plotter, CKivoGradientColorRuler& ruler, const SKivoLegend& legend);
 
-    static void ShowGroupNames(CKivoFunctionPlotter& plotter, bool show) { plotter.m_hasGroupNames = show; }
     static bool HasGroupNames(const CKivoFunctionPlotter& plotter) { return plotter.m_hasGroupNames; }
     static void FitReadOut(CKivoFunctionPlotter& plotter, bool fit) { plotter.m_hasFittedReadOut = fit; }
     static bool HasFittedReadOut(const CKivoFunctionPlotter& plotter) { return plotter.m_hasFittedReadOut; }
@@ -68,8 +68,7 @@ int SetLegend(CKivoFunctionPlotter& plotter, int axis, const SKivoLegend& legend
 }
 
 int ShowMeasureGroupNames(CKivoFunctionPlotter& plotter, bool show) {
-    LegendAccess::ShowGroupNames(plotter, show);
-    return 0;
+    return PointAccess::ListGroups(plotter, show);
 }
 
 bool IsShowMeasureGroupNames(const CKivoFunctionPlotter& plotter) {

@@ -270,7 +270,7 @@ int CKivoFunctionPlotter::Release() {
     return result;
 }
 
-// The textures of titles and group names go with the context. Their names mean nothing in another one.
+// The textures of titles and of names go with the context. Their names mean nothing in another one.
 void CKivoFunctionPlotter::ForgetNameTextures() {
     if (m_plotTitleImage) m_plotTitleImage->texture = 0;
     for (int axis = 0; m_gridBox && axis < 3; ++axis)
@@ -356,6 +356,7 @@ int CKivoFunctionPlotter::Init(HWND hWnd, int fontSize, bool accelerated) {
     InitRuler(m_xColorRuler, m_xGradientColor);
     InitRuler(m_yColorRuler, m_yGradientColor);
     InitRuler(m_zColorRuler, m_zGradientColor);
+    PointAccess::MakeMissingImages(*this);
     ApplyStartView();
     ViewAccess::KeepAwaited(*this, before);
     ContourAccess::FollowLevels(*this);

@@ -15,6 +15,11 @@ struct PointAccess {
 
     static int SetNames(CKivoFunctionPlotter& plotter, unsigned int index,
                         const std::vector<std::string>& names);
+    /// Lists the names of groups in frames, which wants images of them.
+    static int ListGroups(CKivoFunctionPlotter& plotter, bool list);
+    /// For a context that is new, and current: makes the images of names that went with another one, or that
+    /// there was none for. A name that cannot be drawn is left out.
+    static void MakeMissingImages(CKivoFunctionPlotter& plotter) noexcept;
     /// Adds where a frame has names, and the points that they belong to.
     static void AddPlaces(const CKivoFunctionPlotter& plotter, std::vector<PlacedImage>* places);
     /// The images of names that a frame may draw in the present view, in the order of groups and points; of a

@@ -45,6 +45,14 @@ PlacedImage PlaceBeside(ScreenVector point, double distance, const TextImageSize
     return place;
 }
 
+void MakeIfMissing(STextRenderer* textMaker, const std::string& text, SKivoTexImage* image) noexcept {
+    if (ScreenTexts::IsDrawable(*image)) return;
+    try {
+        CreateTextImage(textMaker, text.c_str(), image);
+    } catch (...) { // no memory: the name is not shown
+    }
+}
+
 bool IsInWindow(const PlacedImage& place, ScreenVector size) {
     return place.center.x >= place.halfWidth && place.center.x <= size.x - place.halfWidth &&
            place.center.y >= place.halfHeight && place.center.y <= size.y - place.halfHeight;
@@ -81,6 +89,31 @@ int PointAccess::SetNames(CKivoFunctionPlotter& plotter, unsigned int index,
     }
     group->m_pointNames.swap(made.texts);
     group->m_pointNameImages.swap(made.images);
+    return 0;
+}
+
+// Names of groups alone want no image before they are listed.
+void PointAccess::MakeMissingImages(CKivoFunctionPlotter& plotter) noexcept {
+    for (unsigned int g = 0; CKivoMeasurePointGroup* const group = plotter.FindMeasureGroup(g); ++g) {
+        if (plotter.m_hasGroupNames) MakeIfMissing(group->m_textMaker, group->m_name, &group->m_nameImage);
+        for (std::size_t i = 0; i < group->m_pointNames.size(); ++i)
+            if (!group->m_pointNames[i].empty())
+                MakeIfMissing(group->m_textMaker, group->m_pointNames[i], &group->m_pointNameImages[i]);
+    }
+}
+
+int PointAccess::ListGroups(CKivoFunctionPlotter& plotter, bool list) {
+    bool isMissing = false;
+    for (unsigned int g = 0; const CKivoMeasurePointGroup* group = plotter.FindMeasureGroup(g); ++g)
+        isMissing = isMissing || !ScreenTexts::IsDrawable(group->m_nameImage);
+    if (!list || !isMissing || !plotter.m_hGLRC) {
+        plotter.m_hasGroupNames = list;
+        return 0;
+    }
+    const ContextInPlace context(plotter.m_hDC, plotter.m_hGLRC);
+    if (!context.IsCurrent()) return -1;
+    plotter.m_hasGroupNames = true;
+    MakeMissingImages(plotter);
     return 0;
 }
 

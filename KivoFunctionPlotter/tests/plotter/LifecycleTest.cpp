@@ -1,11 +1,16 @@
 // Construction, copying and the ways of giving back what a plotter holds.
 #include "KivoAxis.h"
+#include "KivoContours.h"
+#include "KivoLegend.h"
 #include "KivoMotion.h"
+#include "KivoPoints.h"
+#include "KivoStyle.h"
 #include "parts/KivoGradientColor.h"
 #include "parts/KivoGradientColorRuler.h"
 #include "parts/KivoGridBox.h"
 #include "parts/KivoMeasurePointGroupManager.h"
 #include "parts/TextRenderer.h"
+#include "support/FilledPlot.h"
 #include "support/Image.h"
 #include "support/PublicMembers.h"
 #include "support/TestSurfaces.h"
@@ -323,6 +328,14 @@ void ExpectSameValues(const PlotterProbe& copy, const PlotterProbe& source) {
     EXPECT_EQ(copy.m_curveVisible, source.m_curveVisible);
     EXPECT_EQ(copy.m_curveWidths, source.m_curveWidths);
     EXPECT_EQ(copy.m_curveColors.size(), source.m_curveColors.size());
+}
+
+// Data, titles, curve and traced point, with the groups that are there.
+void FillAgain(PlotterProbe& plotter) {
+    const unsigned int groups = plotter.GetNumMeasureGroups();
+    FillPlot(plotter);
+    while (plotter.GetNumMeasureGroups() > groups)
+        RemoveMeasureGroup(plotter, groups);
 }
 
 class LifecycleInWindow : public WindowTest {
@@ -669,6 +682,65 @@ TEST_P(LifecycleInWindow, SettingsBetweenTwoLivesTakeEffectInTheSecond) {
     set();
     EXPECT_EQ(plotter.Renderscene(), 0);
     EXPECT_TRUE(ImagesAgree(draw(), first, 2, 0.1, "set-between"));
+}
+
+// Data, titles and the traced point are given to it anew, as a host does; the rest is the plotter's.
+TEST_P(LifecycleInWindow, ASecondLifeShowsWhatTheFirstShowed) {
+    SKivoLegend legend;
+    legend.title = "metres";
+    ASSERT_EQ(SetLegend(plotter, 2, legend), 0);
+    LabelContours(plotter, true);
+    ShowMeasureGroupNames(plotter, true);
+    ShowPointsInFlatPlots(plotter, true);
+    FillPlot(plotter);
+    ASSERT_EQ(SetMeasurePointNames(plotter, 0, {"Well 1", "Well 2"}), 0);
+    const auto draw = [this](int (CKivoFunctionPlotter::*show)()) {
+        (plotter.*show)();
+        FillAgain(plotter);
+        EXPECT_EQ(plotter.Renderscene(), 0);
+        FillAgain(plotter); // lights stand where the camera of the moment puts them
+        return CaptureImage(plotter);
+    };
+    const Image space = draw(&CKivoFunctionPlotter::SwitchToNormalPlot);
+    const Image map = draw(&CKivoFunctionPlotter::SwitchToXYProjectPlot);
+    for (const float scale : {2.0f, 1.0f}) { // of the life that ends
+        SCOPED_TRACE(scale);
+        SKivoStyle style;
+        style.pixelScale = scale;
+        EXPECT_EQ(SetStyle(plotter, style), 0);
+        EXPECT_EQ(plotter.OnDestroy(), 0);
+        EXPECT_EQ(SetStyle(plotter, SKivoStyle()), 0);
+        ASSERT_EQ(plotter.OnCreate(plot.window.Handle(), 320, 240, true), 0);
+        EXPECT_TRUE(
+            ImagesAgree(draw(&CKivoFunctionPlotter::SwitchToNormalPlot), space, 0, 0, "second-space"));
+        EXPECT_TRUE(ImagesAgree(draw(&CKivoFunctionPlotter::SwitchToXYProjectPlot), map, 0, 0, "second-map"));
+    }
+}
+
+// Groups and names may be there before the first window, and the list be asked for at any time.
+TEST_P(LifecycleInWindow, NamesThatCameBeforeTheWindowShow) {
+    const auto name = [](PlotterProbe& p) {
+        for (unsigned int i = 0; i < p.GetNumMeasureGroups(); ++i)
+            EXPECT_EQ(SetMeasurePointNames(p, i, {"", "Well 2"}), 0);
+    };
+    FillPlot(plotter);
+    name(plotter);
+    const Image unlisted = CaptureImage(plotter);
+    EXPECT_EQ(ShowMeasureGroupNames(plotter, true), 0);
+    const Image listed = CaptureImage(plotter);
+    for (const bool isAskedBefore : {true, false}) {
+        SCOPED_TRACE(isAskedBefore);
+        PlotterProbe early;
+        FillPlot(early);
+        name(early);
+        const TestWindow other(GetParam(), 320, 240);
+        EXPECT_EQ(ShowMeasureGroupNames(early, isAskedBefore), 0);
+        ASSERT_EQ(early.OnCreate(other.Handle(), 320, 240, true), 0);
+        FillAgain(early);
+        EXPECT_EQ(Compare(CaptureImage(early), isAskedBefore ? listed : unlisted).max, 0);
+        EXPECT_EQ(ShowMeasureGroupNames(early, true), 0);
+        EXPECT_EQ(Compare(CaptureImage(early), listed).max, 0);
+    }
 }
 
 TEST_P(LifecycleInWindow, CreatingTwiceGivesAWorkingPlotter) {
