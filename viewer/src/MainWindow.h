@@ -120,6 +120,7 @@ private:
     void MakeProfile(const std::optional<ProfileLine>& line);
     void ShowProfilePanel();
     void ShowProfile(const ProfileLine& line);
+    void TakeProfile(const std::optional<ProfileLine>& line);
     void RefreshProfile();
     void SaveProfileTable();
     void SaveProfilePicture();

@@ -45,6 +45,12 @@ void MainWindow::ShowProfile(const ProfileLine& line) {
     RefreshProfile();
 }
 
+// The line of a session. One that is not seen stays as it is where there is no other.
+void MainWindow::TakeProfile(const std::optional<ProfileLine>& line) {
+    if (line || !m_profileDock->isHidden()) m_profileLine = line;
+    if (line) m_profileDock->show();
+}
+
 // Of what is shown now.
 void MainWindow::RefreshProfile() {
     const bool isOpen = !m_profileDock->isHidden();

@@ -105,6 +105,7 @@ Session MainWindow::PresentSession() {
     session.y = m_function.y;
     session.minus = m_minus;
     session.minusReading = m_minusReading;
+    if (!m_profileDock->isHidden()) session.profile = m_profileLine;
     return session;
 }
 
@@ -133,6 +134,7 @@ void MainWindow::Show(Session session) {
     m_path = options.files.empty() ? QString() : QFile::decodeName(options.files.front().c_str());
     m_surfacesDock->setVisible(!content.surfaces.empty() || m_surfacesDock->isVisible());
     m_pointsDock->setVisible(!options.session->points.empty() || m_pointsDock->isVisible());
+    TakeProfile(options.profile);
     ShowTitle(content.grid);
     WatchFiles();
     m_plot->Redraw();

@@ -177,17 +177,15 @@ void DescribeReading(CLI::App& app, Options& options, Words& words) {
 
 // Heights along a line.
 void DescribeProfile(CLI::App& app, Options& options, Words& words) {
-    auto* const profile =
-        app.add_option("--profile", words.profile,
-                       Translate("CommandLine", "Line over the plane of x and y whose heights are shown"))
-            ->type_name("X0:Y0:X1:Y1");
+    app.add_option("--profile", words.profile,
+                   Translate("CommandLine", "Line over the plane of x and y whose heights are shown"))
+        ->type_name("X0:Y0:X1:Y1");
     app.add_option(
            "--profile-csv", options.profileTable,
            Translate("CommandLine",
                      "Write the heights along that line as a table of distance, x, y, z, and z2 and so on of "
                      "other surfaces, or - for the standard output; needs no display"))
-        ->type_name("FILE")
-        ->needs(profile);
+        ->type_name("FILE");
 }
 
 // From where a plot is shown.

@@ -27,6 +27,11 @@ bool IsSeen(const Options& options, std::size_t index) {
 
 } // namespace
 
+void CheckProfileLine(const Options& options) {
+    if (!options.profile)
+        throw Failure(Filled(Translate("CommandLine", "%1 requires %2"), "--profile-csv", "--profile"));
+}
+
 std::string ProfileText(const Content& content, const Options& options) {
     std::vector<SurfaceHeights> heights;
     if (!content.grid.isBox && IsSeen(options, 0)) heights.push_back(HeightsOf(content.grid));

@@ -8,6 +8,9 @@
 
 namespace KivoViewer {
 
+/// Throws a Failure where neither the command line nor a session has a line, which a table needs.
+void CheckProfileLine(const Options& options);
+
 /// The table of heights along options.profile, of the surfaces that options show. Throws a Failure where
 /// there is none.
 std::string ProfileText(const Content& content, const Options& options);

@@ -22,6 +22,7 @@ Options WithSession(Options options, Session session) {
     options.x = session.x;
     options.y = session.y;
     if (options.minus.empty()) options.minus = session.minus;
+    if (!options.profile) options.profile = session.profile;
     options.files.clear();
     options.looks.clear();
     for (const SurfaceEntry& surface : session.surfaces) {

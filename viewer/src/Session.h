@@ -4,6 +4,7 @@
 #include "FormulaGrid.h"
 #include "PlotScene.h"
 #include "PlotSettings.h"
+#include "Profile.h"
 
 #include <KivoView.h>
 
@@ -26,6 +27,7 @@ struct Session {
     std::vector<PointSet> points;
     PlotSettings settings;
     std::optional<KivoDrawingTools::SKivoView> view;
+    std::optional<ProfileLine> profile; ///< whose heights are shown
 };
 
 /// @param path  of the file that the text is for: what lies beside or below it is named from there

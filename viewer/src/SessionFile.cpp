@@ -156,18 +156,23 @@ PointSet PointsFrom(const QJsonObject& object, const QDir& folder, std::size_t (
     return set;
 }
 
+// What is said of one of the session's entries begins with its name.
+template <typename Parse>
+void ParseEntry(const std::string& name, const QJsonValue& value, const Parse& parse) {
+    if (!value.isString()) return; // of a later version, or not there
+    try {
+        parse(value.toString().toStdString());
+    } catch (const Failure& failure) {
+        throw Failure(name + ": " + failure.what());
+    }
+}
+
 // Names that are none are of a later version.
 PlotSettings SettingsFrom(const QJsonObject& object) {
     PlotSettings settings;
-    for (const Setting& setting : AllSettings()) {
-        const QJsonValue value = object[Words(setting.name)];
-        if (!value.isString()) continue;
-        try {
-            SetFromText(setting, value.toString().toStdString(), settings);
-        } catch (const Failure& failure) {
-            throw Failure(setting.name + ": " + failure.what());
-        }
-    }
+    for (const Setting& setting : AllSettings())
+        ParseEntry(setting.name, object[Words(setting.name)],
+                   [&](const std::string& text) { SetFromText(setting, text, settings); });
     return settings;
 }
 
@@ -204,6 +209,8 @@ Session SessionFrom(const QJsonObject& object, const QDir& folder) {
     session.settings = SettingsFrom(object["settings"].toObject());
     session.settings.mode = std::clamp(object["mode"].toInt(), 0, 3);
     session.view = ViewFrom(object["view"].toObject());
+    ParseEntry("profile", object["profile"],
+               [&](const std::string& text) { session.profile = ParseProfileLine(text); });
     if (session.surfaces.empty()) throw Failure(Translate("Sessions", "it names no surface"));
     return session;
 }
@@ -223,6 +230,7 @@ std::string WriteSession(const Session& session, const std::string& path) {
                           {"mode", session.settings.mode},
                           {"settings", ToJson(session.settings)}};
     if (session.view) object["view"] = ToJson(*session.view);
+    if (session.profile) object["profile"] = Words(TextOf(*session.profile));
     if (!session.minus.empty()) {
         object["minus"] = Named(session.minus, folder);
         object["minus-reading"] = ToJson(session.minusReading);

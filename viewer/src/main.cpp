@@ -100,6 +100,7 @@ int Run(int argc, char** argv) {
         Session session = ReadSessionFile(options.sessionFile);
         options = WithSession(std::move(options), std::move(session));
     }
+    if (!options.profileTable.empty()) CheckProfileLine(options);
     const Content content = LoadContent(options, ReadSample);
     TellNotes(content);
     if (options.picture.empty() && options.profileTable.empty()) return RunWindow(argv[0], content, options);

@@ -254,10 +254,27 @@ TEST(ViewerProfileCommandTest, WritesATable) {
     EXPECT_THAT(run({"--profile", "0:1:2:1", "--profile-csv", folder.Path() + "/none/profile.csv"}).errors,
                 HasSubstr("cannot write it"));
     EXPECT_EQ(run({"--profile-csv", "-"}).exitCode, 2);
+    EXPECT_EQ(run({"--profile-csv", "-"}).errors, "kivo-viewer: --profile-csv requires --profile\n");
     EXPECT_THAT(run({"--profile", "0:1:2", "--profile-csv", "-"}).errors,
                 StartsWith("kivo-viewer: --profile: expected X0:Y0:X1:Y1, found"));
     EXPECT_THAT(run({"--profile", "0:1:2:1", "--profile-csv", "-", "--opacity", "0"}).errors,
                 HasSubstr("--profile: there is no surface"));
+}
+
+TEST(ViewerProfileCommandTest, FollowsTheLineOfASession) {
+    const PrivateFolder folder;
+    const std::string path = folder.Path() + "/plot.kivo", plain = folder.Path() + "/plain.kivo";
+    const std::string session = R"({"kivo-session": 1, "surfaces": [{"color": "values"}], )"
+                                R"("function": "x+10*y", "x": "0:2:3", "y": "0:1:2")";
+    std::ofstream(path) << session << R"(, "profile": "0:1:2:1"})";
+    std::ofstream(plain) << session << "}";
+    const ViewerResult output = RunViewer({path, "--profile-csv", "-"});
+    EXPECT_EQ(output.exitCode, 0) << output.errors;
+    EXPECT_EQ(output.output, "distance,x,y,z\n0,0,1,10\n1,1,1,11\n2,2,1,12\n");
+    EXPECT_EQ(RunViewer({path, "--profile", "0:0:1:0", "--profile-csv", "-"}).output,
+              "distance,x,y,z\n0,0,0,0\n1,1,0,1\n")
+        << "the command line counts more";
+    EXPECT_EQ(RunViewer({plain, "--profile-csv", "-"}).exitCode, 2);
 }
 
 // ---- Scenes ---------------------------------------------------------------------------------------------

@@ -2,6 +2,7 @@
 #include "Content.h"
 #include "Failure.h"
 #include "Options.h"
+#include "Profile.h"
 #include "Session.h"
 #include "support/PrivateFolder.h"
 #include "ViewerData.h"
@@ -103,6 +104,24 @@ TEST_F(ViewerSessionTest, KeepsFormulasAndTheSample) {
     EXPECT_EQ(m_scene.Surfaces()[0].name, "Hill") << "the sample";
 }
 
+TEST_F(ViewerSessionTest, KeepsTheLineOfAProfile) {
+    const ProfileLine line = {2600000.1, -1.0 / 3.0, 5e-324, 1200000.0000000002};
+    Session session = SessionOf(m_scene);
+    EXPECT_THAT(WriteSession(session, "a.kivo"), testing::Not(HasSubstr("profile")));
+    EXPECT_FALSE(ReadSession(WriteSession(session, "a.kivo"), "a.kivo").profile);
+    session.profile = line;
+    const std::string text = WriteSession(session, "a.kivo");
+    EXPECT_THAT(text, HasSubstr("\"2600000.1:-0.3333333333333333:5e-324:1200000.0000000002\""));
+    const Options options = WithSession(Of({}), ReadSession(text, "a.kivo"));
+    ASSERT_TRUE(options.profile);
+    EXPECT_EQ(options.profile->x0, line.x0);
+    EXPECT_EQ(options.profile->y0, line.y0);
+    EXPECT_EQ(options.profile->x1, line.x1);
+    EXPECT_EQ(options.profile->y1, line.y1);
+    const Options given = WithSession(Of({"--profile", "0:0:1:1"}), ReadSession(text, "a.kivo"));
+    EXPECT_EQ(given.profile->x0, 0.0) << "the command line counts more";
+}
+
 // A folder with data and session may be moved.
 TEST_F(ViewerSessionTest, NamesFilesFromItsFolder) {
     std::filesystem::create_directory(Path("data"));
@@ -131,6 +150,9 @@ TEST_F(ViewerSessionTest, SaysWhatIsWrong) {
     EXPECT_EQ(messageOf("{" + surface + R"(, "settings": {"x-ticks": "1"}})"),
               "a.kivo: x-ticks: expected a whole number from 2 to 200, found \"1\"");
     EXPECT_EQ(messageOf("{" + surface + R"(, "settings": {"of a later version": "1", "title": 3}})"), "");
+    EXPECT_EQ(messageOf("{" + surface + R"(, "profile": "1:2:3"})"),
+              "a.kivo: profile: expected X0:Y0:X1:Y1, found \"1:2:3\"");
+    EXPECT_EQ(messageOf("{" + surface + R"(, "profile": ["of a later version"]})"), "");
     EXPECT_THAT(messageOf("{" + surface + R"(, "points": [{}]})"), HasSubstr("a.kivo: expected a colour"));
     EXPECT_EQ(messageOf("{" + surface + R"(, "view": {"zoom": "large"}, "mode": 17})"), "");
     EXPECT_EQ(messageOf(R"({"kivo-session": 1, "surfaces": [{"file": "a\u0000b.asc", "color": "values"}]})"),

@@ -237,6 +237,26 @@ void ViewerWindow::WaitForNoDialog() {
     desktop->Focus(m_window);
 }
 
+void ViewerWindow::SaveSession(const std::string& name) {
+    desktop->Key(controlKey, true);
+    PressWith(shiftKey, 's');
+    desktop->Key(controlKey, false);
+    WaitForDialog("Save the session");
+    Type(Path(name));
+    Press(returnKey);
+    WaitForNoDialog();
+    Settle();
+}
+
+void ViewerWindow::OpenFile(const std::string& name) {
+    PressWith(controlKey, 'o');
+    WaitForDialog("Open a grid of points");
+    Type(Path(name));
+    Press(returnKey);
+    WaitForNoDialog();
+    Settle();
+}
+
 void ViewerWindow::Type(const std::string& text) {
     for (const char character : text) {
         const auto symbol = static_cast<xcb_keysym_t>(character);

@@ -125,6 +125,10 @@ protected:
     xcb_window_t WaitForDialog(const std::string& title);
     /// Waits until there is none but the main window, and gives that the keys.
     void WaitForNoDialog();
+    /// Saves the session as NAME.kivo in this test's folder.
+    void SaveSession(const std::string& name);
+    /// Opens a file of this test's folder by the window's dialog.
+    void OpenFile(const std::string& name);
     /// Presses the keys of a text of letters, digits, points, dashes and slashes.
     static void Type(const std::string& text);
     /// Presses a key while another is down.

@@ -4,12 +4,16 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <sstream>
 #include <string>
 
 using namespace KivoTest;
 using KivoDrawingTools::Compare;
 
 namespace {
+
+constexpr xcb_keysym_t f5Key = 0xffc2;
 
 const std::string hill = KIVO_TEST_DATA "/hill.csv";
 
@@ -46,6 +50,35 @@ TEST_F(ViewerWindowProfileTest, LeftButtonDrawsTheLine) {
     EXPECT_GT(changed, 0.0005) << "no other line";
     EXPECT_LT(changed, 0.02) << "the plot has moved";
     EXPECT_GT(ShareOfDifference(whole, Whole()), 0.005) << "the panel has the heights of the old line";
+}
+
+TEST_F(ViewerWindowProfileTest, ASessionKeepsTheLine) {
+    Start({hill, "--mode", "1", "--size", "800x600", "--profile", "-1:0:1:0"});
+    Drag(leftButton, 120, -60);
+    SaveSession("saved");
+    desktop->MovePointer(0, 0);
+    const Image drawn = Whole();
+    Start({Path("saved.kivo"), "--size", "800x600"});
+    desktop->MovePointer(0, 0);
+    const Image opened = Whole();
+    Keep(opened, "opened");
+    EXPECT_LT(ShareOfDifference(drawn, opened), 0.002) << "there is more than words in the status bar";
+
+    Start({hill, "--mode", "1", "--size", "800x600"});
+    const Image closed = Whole();
+    OpenFile("saved.kivo");
+    const Image shown = Whole();
+    EXPECT_GT(ShareOfDifference(closed, shown), 0.02) << "the panel is not shown";
+    Press('p');
+    Press(f5Key);
+    EXPECT_LT(ShareOfDifference(closed, Whole()), 0.01) << "there is more than the panel";
+    SaveSession("closed");
+    std::ifstream file(Path("closed.kivo"));
+    std::ostringstream text;
+    text << file.rdbuf();
+    EXPECT_EQ(text.str().find("profile"), std::string::npos) << "the panel is closed";
+    Press('p');
+    EXPECT_LT(ShareOfDifference(shown, Whole()), 0.002) << "files that are read again take the line away";
 }
 
 TEST_F(ViewerWindowProfileTest, AKeyOpensAndClosesIt) {

@@ -118,24 +118,13 @@ TEST_F(ViewerWindowSessionTest, WatchesItsFiles) {
 
 TEST_F(ViewerWindowSessionTest, SavesAndOpensASession) {
     Start({hill, "--size", "800x600", "--points", wells, "--colors", "viridis", "--zoom", "1.2"});
-    desktop->Key(controlKey, true);
-    PressWith(shiftKey, 's');
-    desktop->Key(controlKey, false);
-    WaitForDialog("Save the session");
-    Type(Path("saved"));
-    Press(returnKey);
-    WaitForNoDialog();
-    Settle();
+    SaveSession("saved");
     ASSERT_TRUE(std::filesystem::exists(Path("saved.kivo")));
     const Image saved = m_start;
     Start({Path("saved.kivo"), "--size", "800x600"});
     EXPECT_LE(Compare(m_start, saved).max, 2);
     Start({hill, "--size", "800x600"});
-    PressWith(controlKey, 'o');
-    WaitForDialog("Open a grid of points");
-    Type(Path("saved.kivo"));
-    Press(returnKey);
-    WaitForNoDialog();
+    OpenFile("saved.kivo");
     EXPECT_FALSE(Settled().rgba.empty());
 }
 
