@@ -4,16 +4,17 @@
 #include "Language.h"
 #include "Numbers.h"
 #include "Session.h"
+#include "SessionNames.h"
 #include "SettingTable.h"
 
-#include <QDir>
-#include <QFileInfo>
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSaveFile>
 
 #include <algorithm>
+#include <filesystem>
 
 namespace KivoViewer {
 
@@ -28,30 +29,6 @@ QString Words(const std::string& text) {
 
 std::string RangeText(const Range& range) {
     return FormatNumber(range.from) + ':' + FormatNumber(range.to) + ':' + std::to_string(range.count);
-}
-
-QDir FolderOf(const std::string& path) {
-    return QFileInfo(QFile::decodeName(path.c_str())).absoluteDir();
-}
-
-// From the folder of the session where it lies there, else with all folders; GDAL's names of variables as
-// they are.
-QString Named(const std::string& path, const QDir& folder) {
-    if (path.empty()) return {};
-    if (!QFileInfo::exists(QFile::decodeName(path.c_str()))) return QFile::decodeName(path.c_str());
-    const QString full = QFileInfo(QFile::decodeName(path.c_str())).absoluteFilePath();
-    const QString relative = folder.relativeFilePath(full);
-    return relative.startsWith("..") ? full : relative;
-}
-
-std::string Found(const QJsonValue& name, const QDir& folder) {
-    const QString text = name.toString();
-    if (text.isEmpty()) return {};
-    if (text.contains(QChar::Null))
-        throw Failure(Translate("Sessions", "a name of a file ends before its text does"));
-    const bool isFile = !text.contains(':') || QFileInfo::exists(folder.absoluteFilePath(text));
-    if (!isFile) return QFile::encodeName(text).toStdString();
-    return QFile::encodeName(QDir::cleanPath(folder.absoluteFilePath(text))).toStdString();
 }
 
 // ---- Out ------------------------------------------------------------------------------------------------
@@ -72,8 +49,8 @@ QJsonObject ToJson(const ReadOptions& reading) {
     return object;
 }
 
-QJsonObject ToJson(const SurfaceEntry& surface, const QDir& folder) {
-    return {{"file", Named(surface.path, folder)},
+QJsonObject ToJson(const SurfaceEntry& surface, const std::filesystem::path& folder) {
+    return {{"file", SessionName(surface.path, folder)},
             {"name", Words(surface.name)},
             {"shown", surface.isShown},
             {"lines", surface.hasLines},
@@ -82,9 +59,9 @@ QJsonObject ToJson(const SurfaceEntry& surface, const QDir& folder) {
             {"color", surface.looks.color ? Words(FormatColor(*surface.looks.color)) : QString("values")}};
 }
 
-QJsonObject ToJson(const PointSet& set, const QDir& folder) {
+QJsonObject ToJson(const PointSet& set, const std::filesystem::path& folder) {
     return {{"kind", set.kind == PointSet::Kind::curve ? "curve" : "points"},
-            {"file", Named(set.path, folder)},
+            {"file", SessionName(set.path, folder)},
             {"group", Words(set.group)},
             {"reading", ToJson(set.reading)},
             {"name", Words(set.name)},
@@ -129,9 +106,9 @@ ReadOptions ReadingFrom(const QJsonObject& object) {
     return reading;
 }
 
-SurfaceEntry SurfaceFrom(const QJsonObject& object, const QDir& folder) {
+SurfaceEntry SurfaceFrom(const QJsonObject& object, const std::filesystem::path& folder) {
     SurfaceEntry surface;
-    surface.path = Found(object["file"], folder);
+    surface.path = FileOf(object["file"], folder);
     surface.reading = ReadingFrom(object["reading"].toObject());
     surface.name = object["name"].toString().toStdString();
     surface.isShown = object["shown"].toBool(true);
@@ -142,12 +119,13 @@ SurfaceEntry SurfaceFrom(const QJsonObject& object, const QDir& folder) {
 }
 
 // @param counts  sets of either kind so far
-PointSet PointsFrom(const QJsonObject& object, const QDir& folder, std::size_t (&counts)[2]) {
+PointSet PointsFrom(const QJsonObject& object, const std::filesystem::path& folder,
+                    std::size_t (&counts)[2]) {
     PointSet set;
     const bool isCurve = object["kind"].toString() == "curve";
     if (isCurve) set.kind = PointSet::Kind::curve;
     set.index = counts[isCurve ? 1 : 0]++;
-    set.path = Found(object["file"], folder);
+    set.path = FileOf(object["file"], folder);
     set.reading = ReadingFrom(object["reading"].toObject());
     set.group = object["group"].toString().toStdString();
     set.name = object["name"].toString().toStdString();
@@ -192,14 +170,14 @@ std::optional<KivoDrawingTools::SKivoView> ViewFrom(const QJsonObject& object) {
     return view;
 }
 
-Session SessionFrom(const QJsonObject& object, const QDir& folder) {
+Session SessionFrom(const QJsonObject& object, const std::filesystem::path& folder) {
     Session session;
     session.function = object["function"].toString().toStdString();
     if (!session.function.empty()) {
         session.x = ParseRange(object["x"].toString().toStdString());
         session.y = ParseRange(object["y"].toString().toStdString());
     }
-    session.minus = Found(object["minus"], folder);
+    session.minus = FileOf(object["minus"], folder);
     session.minusReading = ReadingFrom(object["minus-reading"].toObject());
     for (const auto& surface : object["surfaces"].toArray())
         session.surfaces.push_back(SurfaceFrom(surface.toObject(), folder));
@@ -218,7 +196,7 @@ Session SessionFrom(const QJsonObject& object, const QDir& folder) {
 } // namespace
 
 std::string WriteSession(const Session& session, const std::string& path) {
-    const QDir folder = FolderOf(path);
+    const std::filesystem::path folder = FolderOf(path);
     QJsonArray surfaces, points;
     for (const SurfaceEntry& surface : session.surfaces)
         surfaces.append(ToJson(surface, folder));
@@ -232,7 +210,7 @@ std::string WriteSession(const Session& session, const std::string& path) {
     if (session.view) object["view"] = ToJson(*session.view);
     if (session.profile) object["profile"] = Words(TextOf(*session.profile));
     if (!session.minus.empty()) {
-        object["minus"] = Named(session.minus, folder);
+        object["minus"] = SessionName(session.minus, folder);
         object["minus-reading"] = ToJson(session.minusReading);
     }
     if (!session.function.empty()) {

@@ -136,6 +136,50 @@ TEST_F(ViewerSessionTest, NamesFilesFromItsFolder) {
     EXPECT_THAT(WriteSession(session, Path("elsewhere/plot.kivo")), HasSubstr(Path("moved/data/hill.csv")));
 }
 
+// File names are bytes: disks that were written in another encoding have such ones.
+TEST_F(ViewerSessionTest, NamesFilesByTheirBytes) {
+    const std::string folder = Path("H\xF6hen"), grid = folder + "/caf\xE9 50%.csv",
+                      points = Path("\xFF.csv");
+    const std::string minus = folder + "/\xEF\xBB\xBFmark.csv", over = folder + "/Gel\xC3\xA4nde 50%41.csv";
+    std::filesystem::create_directory(folder);
+    std::filesystem::copy_file(hill, grid);
+    std::filesystem::copy_file(wells, points);
+    std::filesystem::copy_file(plane, minus);
+    std::filesystem::copy_file(plane, over);
+    const std::string path = folder + "/plot.kivo";
+    Show(Of({grid, over, "--points", points, "--curve", points, "--minus", minus}));
+    Session saved = SessionOf(m_scene);
+    saved.minus = minus;
+    const std::string text = WriteSession(saved, path);
+    EXPECT_THAT(text, HasSubstr(R"("bytes": "caf%E9 50%25.csv")")) << "from the session's folder on";
+    EXPECT_THAT(text, HasSubstr("\"Gel\xC3\xA4nde 50%41.csv\"")) << "an ordinary name stays as it is";
+    EXPECT_THAT(text, HasSubstr("/%FF.csv\""));
+    std::ofstream(path) << text;
+
+    const Session read = ReadSessionFile(path);
+    EXPECT_EQ(read.surfaces[0].path, grid);
+    EXPECT_EQ(read.surfaces[1].path, over);
+    EXPECT_EQ(read.points[0].path, points);
+    EXPECT_EQ(read.points[1].path, points);
+    EXPECT_EQ(read.minus, minus);
+    Show(WithSession(Of({}), read));
+    EXPECT_EQ(m_scene.Surfaces()[0].path, grid);
+    EXPECT_EQ(m_scene.PointSets().size(), 2U);
+
+    std::filesystem::rename(folder, Path("moved")); // all of it but the points
+    EXPECT_EQ(ReadSessionFile(Path("moved/plot.kivo")).surfaces[0].path, Path("moved/caf\xE9 50%.csv"));
+    EXPECT_EQ(ReadSessionFile(Path("moved/plot.kivo")).points[0].path, points);
+}
+
+TEST_F(ViewerSessionTest, NamesWhatIsNoFileAsItIs) {
+    for (const std::string& name :
+         {std::string("NETCDF:\"sea.nc\":depth"), std::string("NETCDF:m\xE9r.nc:depth")}) {
+        Session session = SessionOf(m_scene);
+        session.surfaces[0].path = name;
+        EXPECT_EQ(ReadSession(WriteSession(session, "a.kivo"), "a.kivo").surfaces[0].path, name);
+    }
+}
+
 TEST_F(ViewerSessionTest, SaysWhatIsWrong) {
     const auto messageOf = [](const std::string& text) {
         return MessageOf([&] { ReadSession(text, "a.kivo"); });
@@ -156,6 +200,8 @@ TEST_F(ViewerSessionTest, SaysWhatIsWrong) {
     EXPECT_THAT(messageOf("{" + surface + R"(, "points": [{}]})"), HasSubstr("a.kivo: expected a colour"));
     EXPECT_EQ(messageOf("{" + surface + R"(, "view": {"zoom": "large"}, "mode": 17})"), "");
     EXPECT_EQ(messageOf(R"({"kivo-session": 1, "surfaces": [{"file": "a\u0000b.asc", "color": "values"}]})"),
+              "a.kivo: a name of a file ends before its text does");
+    EXPECT_EQ(messageOf(R"({"kivo-session": 1, "surfaces": [{"file": {"bytes": "a%00b"}}]})"),
               "a.kivo: a name of a file ends before its text does");
 }
 
