@@ -220,7 +220,6 @@ void MainWindow::ReadAs() {
 }
 
 void MainWindow::MarkRegion() {
-    constexpr int xyMode = 1;
     if (!FirstReading()) return;
     if (Scene().Settings().mode != xyMode) ChangeMode(xyMode);
     RefreshControls();

@@ -15,12 +15,6 @@
 
 namespace KivoViewer {
 
-namespace {
-
-constexpr int xyMode = 1;
-
-} // namespace
-
 void MainWindow::MakeProfile(const std::optional<ProfileLine>& line) {
     m_profile = new ProfilePanel({[this](std::optional<double> distance) { m_plot->MarkProfile(distance); },
                                   [this] { SaveProfileTable(); }, [this] { SaveProfilePicture(); }});

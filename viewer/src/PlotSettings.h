@@ -34,6 +34,8 @@ struct AxisSettings {
     std::optional<Color> gradientEnd;   ///< in place of the colour for all axes
 };
 
+constexpr int xyMode = 1; ///< the plot mode of the flat plot of XY
+
 /// What the user has set. What is not given is as the plotter and the data have it. SettingTable.h says what
 /// each is called.
 struct PlotSettings {
