@@ -310,6 +310,75 @@ TEST(ContourLabelLayoutTest, SpendsNothingOnScraps) {
     EXPECT_EQ(placed[0].level, 1u);
 }
 
+// ---- Limits that keep frames quick
+
+namespace {
+
+// Lines one above the other, each with room for one label.
+LinePaths LinesFrom(double bottom, int count) {
+    LinePaths paths;
+    for (int i = 0; i < count; ++i) {
+        const auto y = static_cast<float>(bottom + 20.0 * i);
+        paths.points.insert(paths.points.end(), {{100.0f, y}, {300.0f, y}});
+        paths.ends.push_back(paths.points.size());
+    }
+    return paths;
+}
+
+constexpr ScreenArea highWindow = {{0.0, 0.0}, {1000.0, 20000.0}};
+
+} // namespace
+
+TEST(ContourLabelLayoutTest, PutsFourHundredAtMost) {
+    for (const int count : {399, 400, 401, 900}) {
+        const LinePaths lines = LinesFrom(100.0, count);
+        const auto placed = PlaceContourLabels({{&lines, {40, 12}}}, asItIs, highWindow, {});
+        EXPECT_EQ(placed.size(), std::min<std::size_t>(static_cast<std::size_t>(count), 400)) << count;
+    }
+    // The sections of one line count, too.
+    const LinePaths line = OneLine({{0.0f, 10.0f}, {300000.0f, 10.0f}});
+    const ScreenArea wide = {{0.0, 0.0}, {300000.0, 20.0}};
+    EXPECT_EQ(PlaceContourLabels({{&line, {40, 12}}}, asItIs, wide, {}).size(), 400u);
+}
+
+// A million of samples, 4 pixels from each other: the lines after those have no labels.
+TEST(ContourLabelLayoutTest, LooksAlongSoMuchOfLinesAtMost) {
+    const LinePaths last = LinesFrom(10000.0, 1);
+    const auto labelsOfLast = [&last](int rows) {
+        std::vector<LinePoint> points; // to and fro, one row of 800 pixels above the other
+        for (int i = 0; i < rows; ++i) {
+            const float y = 100.0f + 0.5f * static_cast<float>(i);
+            points.push_back({i % 2 == 0 ? 100.0f : 900.0f, y});
+            points.push_back({i % 2 == 0 ? 900.0f : 100.0f, y});
+        }
+        const LinePaths longLine = OneLine(points);
+        const std::vector<LabeledLines> levels = {{&longLine, {40, 12}}, {&last, {40, 12}}};
+        const auto placed = PlaceContourLabels(levels, asItIs, highWindow, {});
+        return std::count_if(placed.begin(), placed.end(),
+                             [](const PlacedLabel& label) { return label.level == 1; });
+    };
+    EXPECT_EQ(labelsOfLast(100), 1);
+    EXPECT_EQ(labelsOfLast(5100), 0) << "1,020,000 samples, and those between the rows";
+}
+
+// Each place is compared with all other texts: with many of them, or many lines, the search ends some time.
+TEST(ContourLabelLayoutTest, ComparesWithSoManyTextsAtMost) {
+    PlacedImage other; // over all lines but the last
+    other.isShown = true;
+    other.center = {500.0, 1000.0};
+    other.halfWidth = 600.0;
+    other.halfHeight = 1200.0;
+    const LinePaths covered = OneLine({{0.0f, 100.0f}, {1000.0f, 110.0f}, {0.0f, 120.0f}, {1000.0f, 130.0f}});
+    const LinePaths last = LinesFrom(10000.0, 1);
+    const std::vector<LabeledLines> levels = {{&covered, {40, 12}}, {&last, {40, 12}}};
+    const auto labels = [&](std::size_t texts) {
+        return PlaceContourLabels(levels, asItIs, highWindow, std::vector<PlacedImage>(texts, other)).size();
+    };
+    EXPECT_EQ(labels(1), 1u);
+    EXPECT_EQ(labels(1000), 1u);
+    EXPECT_EQ(labels(100000), 0u);
+}
+
 TEST(ContourLabelLayoutTest, HasNoneWhereNumbersAreNone) {
     constexpr float endless = std::numeric_limits<float>::infinity();
     const LinePaths line = OneLine({{0, 0}, {endless, 0}, {300, 300}, {3e38f, -3e38f}});

@@ -293,6 +293,23 @@ TEST_P(LabeledContours, SayTheLevelsOfADerivedClass) {
     EXPECT_EQ(std::count(asked.begin(), asked.end(), 0.125), 1);
 }
 
+// A frame waits for the lines: a million of segments are joined at most, those of all levels together.
+TEST_P(LabeledContours, HaveLinesOfAMillionSegmentsAtMost) {
+    LabelContours(plotter, true);
+    const auto labels = [this](std::uint64_t segments) {
+        ShowHill();
+        plotter.SwitchToXYProjectPlot();
+        SKivoIsoContour& first = plotter.m_flatZIsoContours.front();
+        delete[] first.points;
+        first.points = new float[6 * segments](); // without a length, which draws nothing
+        first.pointCount = 2 * segments;
+        return CaptureImage(plotter).Count(IsDark);
+    };
+    const int all = labels(1);
+    EXPECT_GT(all, labels(1u << 20) + 100) << "no segments are left for the others";
+    EXPECT_EQ(labels((1u << 20) + 1), all) << "what is too much by itself takes nothing from the others";
+}
+
 TEST_P(LabeledContours, AreNoneWithoutMemoryForTheirWords) {
     SetAxisLabelFormat(plotter, 2, [this](double value, double) {
         if (AreContoursLabeled(plotter)) throw std::bad_alloc();

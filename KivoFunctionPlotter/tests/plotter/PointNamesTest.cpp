@@ -299,4 +299,29 @@ TEST_P(PointNames, AreMadeForPicturesThatShowThem) {
     EXPECT_EQ(added(1100), 20) << "of many those that are in the window";
 }
 
+// All names of a frame are compared with each other.
+TEST_P(PointNames, AreThoseOfTheFirstThousandInTheWindow) {
+    const auto isLastShown = [this](int inWindow, int beyond) {
+        const auto count = static_cast<std::size_t>(inWindow + beyond + 1);
+        std::vector<float> many(3 * count, 0.0f); // all at one place
+        for (std::size_t i = 0; i < static_cast<std::size_t>(beyond); ++i)
+            many[3 * i] = 100.0f; // far beyond the window
+        many[3 * count - 3] = -2.0f;
+        std::vector<std::string> names(count, "W");
+        while (RemoveMeasureGroup(plotter, 0) == 0) {
+        }
+        plotter.AddMeasurePoints(static_cast<unsigned int>(count), 3, many.data(), "many");
+        SetMeasurePointNames(plotter, 0, names);
+        const Image with = CaptureImage(plotter);
+        names.back().clear();
+        SetMeasurePointNames(plotter, 0, names);
+        const bool isShown = !DifferenceOf(with, CaptureImage(plotter)).IsEmpty();
+        RemoveMeasureGroup(plotter, 0); // before its points go
+        return isShown;
+    };
+    EXPECT_TRUE(isLastShown(999, 0));
+    EXPECT_FALSE(isLastShown(1000, 0));
+    EXPECT_TRUE(isLastShown(999, 200));
+}
+
 KIVO_IN_ONE_WINDOW(PointNames);
