@@ -65,6 +65,7 @@ MainWindow::MainWindow(const Content& content, const Options& options) : m_plot(
     m_plot->regionMarked = [this](const Region& region) { ReadRegion(region); };
     FillMenus();
     m_tracePoint = new QLabel(this);
+    m_tracePoint->setTextFormat(Qt::PlainText); // of names of files
     m_proportions = new QLabel(this);
     m_proportions->setToolTip(tr("How many times as long Z is drawn as X and Y"));
     statusBar()->addPermanentWidget(m_tracePoint);

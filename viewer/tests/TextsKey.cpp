@@ -1,5 +1,6 @@
 // Loaded into a program with Qt before everything else: the key F12 writes all texts of its windows to the
-// standard output, one in a line, behind the name of what has it. An action's follow those of its menu.
+// standard output, one in a line, behind the name of what has it. An action's follow those of its menu. What
+// is shown with its marks stands there once more as it is, as "plain", or as "rich" where marks are followed.
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
@@ -33,6 +34,17 @@ void TellMenu(const char* name, const QList<QAction*>& actions) {
     }
 }
 
+void TellMarks(const QString& text, bool isRich) {
+    QString line = text;
+    if (text.contains('<'))
+        std::printf("%s\t%s\n", isRich ? "rich" : "plain", qUtf8Printable(line.replace('\n', ' ')));
+}
+
+bool IsRich(const QLabel& label) {
+    return label.textFormat() == Qt::RichText ||
+           (label.textFormat() == Qt::AutoText && Qt::mightBeRichText(label.text()));
+}
+
 // What has not the room that it needs.
 void TellCut(const QWidget& widget, const QString& text) {
     if (widget.isVisible() && widget.width() < widget.minimumSizeHint().width()) Tell("cut", text);
@@ -43,6 +55,7 @@ void TellWidget(const QWidget& widget) {
     if (const auto* const menu = qobject_cast<const QMenu*>(&widget)) TellMenu("action", menu->actions());
     if (const auto* const label = qobject_cast<const QLabel*>(&widget)) {
         Tell("label", label->text());
+        TellMarks(label->text(), IsRich(*label));
         TellCut(widget, label->text());
     }
     if (const auto* const button = qobject_cast<const QAbstractButton*>(&widget)) {
@@ -59,10 +72,16 @@ void TellWidget(const QWidget& widget) {
     if (const auto* const tree = qobject_cast<const QTreeWidget*>(&widget)) {
         for (int i = 0; i < tree->columnCount(); ++i)
             Tell("column", tree->headerItem()->text(i));
-        for (int i = 0; i < tree->topLevelItemCount() * tree->columnCount(); ++i)
-            Tell("toolTip", tree->topLevelItem(i / tree->columnCount())->toolTip(i % tree->columnCount()));
+        for (int i = 0; i < tree->topLevelItemCount() * tree->columnCount(); ++i) {
+            const QTreeWidgetItem& item = *tree->topLevelItem(i / tree->columnCount());
+            const QString toolTip = item.toolTip(i % tree->columnCount());
+            Tell("toolTip", toolTip);
+            TellMarks(toolTip, Qt::mightBeRichText(toolTip));
+            TellMarks(item.text(i % tree->columnCount()), false); // as Qt's lists always do
+        }
     }
     Tell("toolTip", widget.toolTip());
+    TellMarks(widget.toolTip(), Qt::mightBeRichText(widget.toolTip()));
     if (widget.isWindow() || qobject_cast<const QDockWidget*>(&widget)) Tell("title", widget.windowTitle());
 }
 

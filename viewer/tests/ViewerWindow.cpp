@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstring>
+#include <sstream>
 #include <thread>
 
 namespace KivoTest {
@@ -67,6 +68,7 @@ void ViewerWindow::Start(const std::vector<std::string>& arguments, Environment 
     environment["XDG_CONFIG_HOME"] = Path("config");
     environment["HOME"] = m_folder.Path();
     m_viewer = std::make_unique<ViewerProcess>(arguments, environment);
+    m_told = 0;
     ASSERT_TRUE(WaitFor([this] { return FindWindows(); })) << "no window; " << m_viewer->Errors();
     desktop->MovePointer(m_plotArea.x + plotWidth / 2, m_plotArea.y + plotHeight / 2);
     desktop->Focus(m_window);
@@ -201,6 +203,25 @@ bool ViewerWindow::WaitForPlotSize(int width, int height) {
 int ViewerWindow::Close() {
     desktop->AskToClose(m_window);
     return m_viewer->WaitForExit().value_or(-1);
+}
+
+std::vector<Text> ViewerWindow::Texts() {
+    constexpr xcb_keysym_t f12Key = 0xffc9;
+    Press(f12Key);
+    std::string told;
+    const std::string end = "end\n";
+    EXPECT_TRUE(WaitFor([&] {
+        told = m_viewer->Output().substr(m_told);
+        return told.size() >= end.size() && told.substr(told.size() - end.size()) == end;
+    }));
+    m_told += told.size();
+    std::vector<Text> texts;
+    std::istringstream lines(told);
+    for (std::string line; std::getline(lines, line);) {
+        const std::size_t tab = line.find('\t');
+        if (tab != std::string::npos) texts.emplace_back(line.substr(0, tab), line.substr(tab + 1));
+    }
+    return texts;
 }
 
 // ---- Menus and dialogs ----------------------------------------------------------------------------------

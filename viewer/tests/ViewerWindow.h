@@ -16,6 +16,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace KivoTest {
@@ -31,6 +32,9 @@ ScreenArea PlotIn(const Image& window);
 
 /// Of a pixel, whether it can only be the surface's or the legend's.
 bool IsColorful(const unsigned char* rgb);
+
+/// A text of the window, and what has it.
+using Text = std::pair<std::string, std::string>;
 
 /// Starts the viewer for each test, with a home of its own: nothing is remembered from before. Skips where
 /// there is no display.
@@ -116,6 +120,10 @@ protected:
 
     // ---- Menus and dialogs
 
+    /// All texts of the windows at this moment, in their order, of a viewer that has been started with the
+    /// module KIVO_TEXTS_KEY.
+    std::vector<Text> Texts();
+
     /// Opens a menu by its letter.
     void OpenMenu(char letter);
     /// Waits for a window of the viewer beside its main one.
@@ -143,6 +151,9 @@ protected:
     xcb_window_t m_window = XCB_NONE;
     ScreenArea m_plotArea;
     Image m_start; ///< the first picture
+
+private:
+    std::size_t m_told = 0; ///< of the viewer's output, by Texts
 };
 
 } // namespace KivoTest

@@ -7,10 +7,14 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <cmath>
 #include <cstdint>
+#include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
@@ -117,10 +121,21 @@ protected:
 
     void DropFile(const std::string& path) { DropFiles({path}); }
 
+    static std::string Encoded(const std::string& path) {
+        std::string encoded;
+        for (const char c : path) {
+            char code[4] = {c};
+            if (!std::isalnum(static_cast<unsigned char>(c)) && std::strchr("/.-_", c) == nullptr)
+                std::snprintf(code, sizeof code, "%%%02X", static_cast<unsigned char>(c));
+            encoded += code;
+        }
+        return encoded;
+    }
+
     void DropFiles(const std::vector<std::string>& paths) {
         std::string list;
         for (const std::string& path : paths)
-            list += "file://" + path + "\r\n";
+            list += "file://" + Encoded(path) + "\r\n";
         const std::uint32_t version = 5U << 24;
         const auto position = static_cast<std::uint32_t>((m_plotArea.x + 400) << 16 | (m_plotArea.y + 300));
         xcb_set_selection_owner(m_source.Connection(), static_cast<xcb_window_t>(m_source.Id()),
@@ -243,6 +258,98 @@ TEST_F(ViewerWindowFilesTest, SaysWhatIsWrongWithAFile) {
     Press(escapeKey);
     WaitForNoDialog();
     ExpectStart(Settled());
+}
+
+// Marks of rich text in names and paths are not followed, in whatever shows them.
+TEST_F(ViewerWindowFilesTest, ShowsNamesWithMarksAsTheyAre) {
+    const std::string folder = Path("<b>x<"), mark = "/b><i>y&amp;";
+    std::filesystem::create_directory(folder);
+    const auto path = [&](const std::string& ending) { return folder + mark + ending; };
+    std::filesystem::copy_file(hill, path("first.csv"));
+    std::filesystem::copy_file(plane, path("over.csv"));
+    std::filesystem::copy_file(KIVO_TEST_DATA "/wells.csv", path("wells.csv"));
+    std::ofstream(path("bad.csv")) << "1,2,3\n4,5\n";
+    std::ofstream(path("bad.kivo")) << "{}";
+    ASSERT_EQ(mkfifo(path("endless.csv").c_str(), 0600), 0);
+    const auto expectPlain = [&](const std::string& part) {
+        SCOPED_TRACE(part);
+        bool isShown = false;
+        for (const auto& [kind, text] : Texts()) {
+            EXPECT_FALSE(kind == "rich" && text.find("y&amp;") != std::string::npos) << text;
+            isShown |= kind == "plain" && text.find(part) != std::string::npos;
+        }
+        EXPECT_TRUE(isShown);
+    };
+    const auto escape = [this] {
+        Press(escapeKey);
+        WaitForNoDialog();
+    };
+    Start({path("first.csv"), path("over.csv"), "--points", path("wells.csv"), "--size", "700x500", "--trace",
+           "--profile", "0:0:4:3"},
+          {{"LD_PRELOAD", KIVO_TEXTS_KEY}});
+    Keep(Grab(AreaOf(m_window)), "lists");
+    for (const char* const name : {"first.csv", "over.csv", "wells.csv"})
+        expectPlain("b><i>y&amp;" + std::string(name));
+    MoveBy(80, 60);
+    Settle();
+    expectPlain("x = ");
+    const ScreenArea window = AreaOf(m_window);
+    desktop->MovePointer(window.x + window.width / 3, window.y + window.height - 130); // over the profile
+    Settle();
+    Keep(Grab(window), "profile");
+    expectPlain("Distance ");
+
+    DropFile(path("bad.csv"));
+    Keep(Grab(AreaOf(WaitForDialog("Kivo Viewer"))), "refusal");
+    expectPlain("expected 3 ");
+    PressWith(altKey, 'r');
+    Keep(Grab(AreaOf(WaitForDialog("Read as"))), "read-as");
+    expectPlain(path("bad.csv"));
+    escape();
+    DropFile(path("bad.kivo"));
+    WaitForDialog("Kivo Viewer");
+    expectPlain("no session");
+    escape();
+    DropFile(path("endless.csv"));
+    WaitForDialog("Kivo Viewer");
+    expectPlain("Reading ");
+    escape();
+}
+
+// What is no length makes no grid, and is not taken.
+TEST_F(ViewerWindowFilesTest, RefusesSizesOfCellsThatAreNone) {
+    std::ofstream(Path("points.xyz")) << "0 0 1\n10 1 2\n2 10 3\n11 9 7\n5 4 0\n";
+    const auto expectRefused = [this](xcb_window_t dialog) {
+        for (const char* const text : {"inf", "nan", "0", "-1", "1e999", "5m"}) {
+            PressWith(controlKey, 'a');
+            Type(text);
+            Press(returnKey);
+            Settle();
+            EXPECT_TRUE(desktop->IsShown(dialog)) << text;
+        }
+        PressWith(controlKey, 'a');
+        Type("2.5");
+    };
+    OpenByDialog(Path("points.xyz"));
+    const xcb_window_t question = WaitForDialog("Scattered points");
+    PressWith(altKey, 'c');
+    expectRefused(question);
+    Press(returnKey);
+    WaitForNoDialog();
+    const Image read = Settled();
+
+    desktop->Key(controlKey, true);
+    PressWith(shiftKey, 'o');
+    desktop->Key(controlKey, false);
+    const xcb_window_t dialog = WaitForDialog("Read as");
+    for (const char key : {'e', 'r'}) { // the size of a cell, and the reach of a point
+        PressWith(altKey, static_cast<xcb_keysym_t>(key));
+        expectRefused(dialog);
+    }
+    Keep(Grab(AreaOf(dialog)), "read-as");
+    Press(returnKey);
+    WaitForNoDialog();
+    EXPECT_GT(Compare(Settled(), read).mean, 0.2) << "no edge is shorter than the reach";
 }
 
 // The suggestion is taken by Return.

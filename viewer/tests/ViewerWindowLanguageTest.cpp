@@ -25,12 +25,7 @@ using testing::IsEmpty;
 
 namespace {
 
-constexpr xcb_keysym_t f12Key = 0xffc9;
-
 const std::string hill = KIVO_TEST_DATA "/hill.csv";
-
-// A text of the window, and what has it.
-using Text = std::pair<std::string, std::string>;
 
 class ViewerWindowLanguageTest : public ViewerWindow {
 protected:
@@ -50,26 +45,6 @@ protected:
             hill, "--size", "800x600", "--points", KIVO_TEST_DATA "/wells.csv", "--language", language};
         arguments.insert(arguments.end(), more.begin(), more.end());
         Start(arguments, {{"LD_PRELOAD", KIVO_TEXTS_KEY}});
-        m_told = 0;
-    }
-
-    // All texts of the windows at this moment, in their order.
-    std::vector<Text> Texts() {
-        Press(f12Key);
-        std::string told;
-        const std::string end = "end\n";
-        EXPECT_TRUE(WaitFor([&] {
-            told = m_viewer->Output().substr(m_told);
-            return told.size() >= end.size() && told.substr(told.size() - end.size()) == end;
-        }));
-        m_told += told.size();
-        std::vector<Text> texts;
-        std::istringstream lines(told);
-        for (std::string line; std::getline(lines, line);) {
-            const std::size_t tab = line.find('\t');
-            if (tab != std::string::npos) texts.emplace_back(line.substr(0, tab), line.substr(tab + 1));
-        }
-        return texts;
     }
 
     // Those of the window, with all its sections open, and of its dialogs, by their titles.
@@ -98,9 +73,6 @@ protected:
         addDialog(picture);
         return all;
     }
-
-private:
-    std::size_t m_told = 0; // of the output
 };
 
 // Words, not an axis or a unit.

@@ -6,9 +6,11 @@
 
 #include <sys/stat.h>
 
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <thread>
 #include <vector>
 
 using namespace KivoTest;
@@ -29,6 +31,12 @@ protected:
     std::string OwnGrid() const {
         std::filesystem::copy_file(hill, Path("own.csv"), std::filesystem::copy_options::overwrite_existing);
         return Path("own.csv");
+    }
+
+    // Reading it goes on as long as nobody has written it.
+    void MakePipe() const {
+        ASSERT_EQ(mkfifo(Path("pipe").c_str(), 0600), 0);
+        std::filesystem::rename(Path("pipe"), Path("own.csv"));
     }
 
     void WriteOtherGrid() const {
@@ -114,6 +122,47 @@ TEST_F(ViewerWindowSessionTest, WatchesItsFiles) {
     std::filesystem::remove(Path("own.csv"));
     std::filesystem::copy_file(hill, Path("own.csv"));
     EXPECT_TRUE(WaitFor([this] { return Compare(Grab(), m_start).max == 0; }));
+}
+
+// What is shown is the last state, whenever it came.
+TEST_F(ViewerWindowSessionTest, ReadsAgainWhatChangesWhileItIsOpened) {
+    WriteOtherGrid();
+    Start({Path("own.csv"), "--size", "800x600"});
+    const Image wanted = m_start;
+    MakePipe();
+    Start({hill, "--watch", "--size", "800x600"});
+    PressWith(controlKey, 'o');
+    WaitForDialog("Open a grid of points");
+    Type(Path("own.csv"));
+    Press(returnKey);
+    WaitForDialog("Kivo Viewer");
+    {
+        std::ofstream pipe(Path("own.csv")); // the viewer waits for it
+        WriteOtherGrid();
+        pipe << std::ifstream(hill).rdbuf();
+    }
+    WaitForNoDialog();
+    EXPECT_TRUE(WaitFor([&] { return Compare(Grab(), wanted).max == 0; }));
+}
+
+// Readings in each other would end in the wrong order.
+TEST_F(ViewerWindowSessionTest, ReadsAgainAfterTheReadingThatGoesOn) {
+    WriteOtherGrid();
+    Start({Path("own.csv"), "--size", "800x600"});
+    const Image wanted = m_start;
+    Start({OwnGrid(), "--watch", "--size", "800x600"});
+    MakePipe();
+    WaitForDialog("Kivo Viewer");
+    {
+        std::ofstream pipe(Path("own.csv"));
+        WriteOtherGrid();
+        std::this_thread::sleep_for(std::chrono::seconds(1)); // in which another reading would begin, and end
+        const Image meanwhile = Grab();
+        EXPECT_EQ(DifferingPixels(meanwhile, m_start, 0, 100), 0) << "another reading has come before it";
+        pipe << std::ifstream(hill).rdbuf();
+    }
+    WaitForNoDialog();
+    EXPECT_TRUE(WaitFor([&] { return Compare(Grab(), wanted).max == 0; }));
 }
 
 TEST_F(ViewerWindowSessionTest, SavesAndOpensASession) {
