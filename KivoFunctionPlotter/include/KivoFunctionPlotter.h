@@ -1073,12 +1073,14 @@ private:
     template <typename Draw>
     void ForEachVisibleCurve(Draw draw);
     CKivoMeasurePointGroup* FindMeasureGroup(unsigned int index) const;
-    struct SNameList; // rows, and the size of the largest name
+    struct SNameList; // rows, and the size of the largest text
     SNameList MeasureGroupNames(bool areHiddenListed) const;
     void RenderGroupNames(bool areHiddenListed);
     void AddGroupNamesPlace(std::vector<PlacedImage>* places) const;
-    void RenderLegendRow(const CKivoMeasurePointGroup& group, const float (*corners)[3], float squareLeft,
-                         float squareRight);
+    void RenderListGround(const float (*corners)[3]) const;
+    void RenderListedText(const float (*corners)[3], const SKivoTexImage& image);
+    static void RenderListSquare(const CKivoMeasurePointGroup& group, float y, float z, float left,
+                                 float right);
     void RebuildRuler(CKivoGradientColorRuler* ruler, CKivoGradientColor* gradient);
     template <typename Change>
     void ChangeAllGradients(Change change);

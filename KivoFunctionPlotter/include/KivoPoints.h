@@ -38,4 +38,16 @@ KIVO_API bool ArePointsInFlatPlots(const CKivoFunctionPlotter& plotter); ///< @r
 KIVO_API int SetMeasurePointNames(CKivoFunctionPlotter& plotter, unsigned int index,
                                   const std::vector<std::string>& names);
 
+/// Lists a group with other texts than its name where ShowMeasureGroupNames lists it, a row for each: the
+/// points with their coordinates, for example. Texts are as long as a title at most, and stand one below the
+/// other; its colour is beside the first. While a group that is shown has such texts the list has a pale
+/// ground, begins below the title where they would meet, and rows that have no room above the plot's lower
+/// end are left out. They belong to the group, and stay through new data, OnDestroy and OnCreate.
+/// @param index  of the group
+/// @param texts  an empty one is an empty row; an empty list, as at first: the name
+/// @return as SetMeasurePointNames
+/// @throws std::bad_alloc  without memory for the texts: nothing has changed then
+KIVO_API int SetListedTexts(CKivoFunctionPlotter& plotter, unsigned int index,
+                            const std::vector<std::string>& texts);
+
 } // namespace KivoDrawingTools

@@ -43,6 +43,7 @@ void BindContours(Members& members) {
         .Add("ArePointsInFlatPlots", Asked(&Kivo::ArePointsInFlatPlots))
         .Add("SetMeasurePointNames", Told("set_measure_point_names", &Kivo::SetMeasurePointNames), "index"_a,
              "names"_a)
+        .Add("SetListedTexts", Told("set_listed_texts", &Kivo::SetListedTexts), "index"_a, "texts"_a)
         .Add("CutToAxis", Told("cut_to_axis", &Kivo::CutToAxis), "axis"_a, "cut"_a)
         .Add("IsCutToAxis", Asked(&Kivo::IsCutToAxis), "axis"_a)
         .Add("ReadOutNumber", Asked(&Kivo::ReadOutNumber), "axis"_a, "number"_a);

@@ -98,7 +98,7 @@ void AddViewMenu(MenuTable& table) {
     AddLine(table);
     AddToggles(table, menu, {"trace", "fit-digits", "reduce-while-moving", "keep-upright"});
     AddLine(table);
-    AddToggles(table, menu, {"legend", "colors-follow-range", "group-names", "point-labels"});
+    AddToggles(table, menu, {"legend", "colors-follow-range", "group-names", "point-labels", "list-points"});
     AddLine(table);
     AddEntry(table, menu, Translate("Menu", "Sur&faces"), "F8",
              Translate("Menu", "Show or hide the list of surfaces"), Command::surfacesPanel);

@@ -252,6 +252,7 @@ void PlotScene::ApplyAll() {
     ApplyAspect();
     ApplyView();
     ApplyAxes();
+    ApplyPointNames();
 }
 
 void PlotScene::TakeSettings(const PlotSettings& wanted) {
@@ -321,6 +322,7 @@ void PlotScene::ApplyAxes() {
     }
     if (isNewRange) ApplyAspect();
     if (isNewRange && m_settings.colorsFollowRange) ApplyColorRange();
+    ApplyPointList();
 }
 
 void PlotScene::ApplyAspect() {
@@ -415,8 +417,8 @@ void PlotScene::ApplySwitches() {
         throw Failure(Filled(Translate("Plot", "cannot draw: %1"), KivoDrawingTools::LastWindowError()));
     Plotter().SetFrameLineColor(settings.frameLineColor->Packed());
     Plotter().SetPointRadiusPixelSize(*settings.pointSize);
-    ShowMeasureGroupNames(Plotter(), settings.listsGroups);
     FitReadOutDigits(Plotter(), settings.fitsReadOut);
+    ApplyPointList();
 }
 
 void PlotScene::ApplyLineSteps() {

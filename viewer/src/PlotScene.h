@@ -187,6 +187,8 @@ public:
     void ApplyFit();    ///< the surfaces that the axes are made for; throws as ApplyAxes
     void ApplyTrace();
     void ApplyPointNames();
+    /// The list of points: to be called after all that changes points, or how numbers are written.
+    void ApplyPointList();
     /// How many times as long a unit of Z is drawn as one of X and Y; nothing where these differ.
     std::optional<double> Exaggeration() const;
 

@@ -74,6 +74,7 @@ struct PlotSettings {
     // What is written at places of the data, and beside the title.
     bool labelsContours = false;    ///< the XY plot has the values of its contours at their lines
     bool namesPoints = false;       ///< measure points have their names beside them
+    bool listsPoints = false;       ///< those with names stand in a list, with their coordinates
     bool showsExaggeration = false; ///< the title tells how many times as long Z is drawn
 };
 

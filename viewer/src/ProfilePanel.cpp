@@ -238,7 +238,7 @@ ProfilePanel::ProfilePanel(Actions actions)
     rows->setContentsMargins(4, 4, 4, 4);
     rows->addWidget(m_plot, 1);
     rows->addLayout(last);
-    m_words->setMinimumWidth(1); // long words must not widen the window
+    m_words->setMinimumWidth(1);           // long words must not widen the window
     m_words->setTextFormat(Qt::PlainText); // of names of files
     m_buttons->setEnabled(false);
     m_plot->pointed = [this](std::optional<double> distance) { Point(distance); };

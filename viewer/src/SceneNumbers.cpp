@@ -56,6 +56,7 @@ void PlotScene::ApplyLabels() {
         if (SetAxisLabelFormat(Plotter(), i, LabelFormatOf(name)) != 0) FailToShowNumbers();
         m_labelFormats[i] = name;
     }
+    ApplyPointList();
 }
 
 // ---- The traced point -----------------------------------------------------------------------------------

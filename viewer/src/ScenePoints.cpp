@@ -49,6 +49,7 @@ void PlotScene::AddMeasureGroup(const PointFile& file) {
     Plotter().AddMeasurePoints(static_cast<unsigned int>(file.Count()), 3, m_groups.back().differences.data(),
                                file.name.c_str());
     if (m_settings.namesPoints) ApplyPointNames();
+    ApplyPointList();
 }
 
 // Of a group that is one of several in a file, the points have its name in common.
@@ -104,6 +105,7 @@ void PlotScene::ChangeMeasureGroup(const PointSet& group) {
     // The colours of the plotter's own palette lie between those of a display.
     if (group.color.Packed() != before.color.Packed())
         Plotter().SetMeasureGroupColor(number, group.color.Packed());
+    ApplyPointList();
 }
 
 void PlotScene::RemovePoints(PointSet::Kind kind, std::size_t index) {
@@ -115,6 +117,7 @@ void PlotScene::RemovePoints(PointSet::Kind kind, std::size_t index) {
             m_curves[i].index = i;
     } else if (RemoveMeasureGroup(Plotter(), static_cast<unsigned int>(index)) == 0) {
         m_groups.erase(std::next(m_groups.begin(), offset));
+        ApplyPointList();
     }
 }
 

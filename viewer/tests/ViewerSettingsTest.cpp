@@ -52,7 +52,7 @@ protected:
         if (name == "contour-interval" || name == "contour-base") Set("z-contours", "on");
         if (name == "contour-base") Set("contour-interval", "0.13");
         if (name == "fill-contours" || name == "label-contours") m_scene.Settings().mode = 1;
-        if (name == "point-labels")
+        if (name == "point-labels" || name == "list-points")
             m_scene.AddPoints(PointSet::Kind::measureGroup, {"wells", {0, 0, 1.2, 1, 1, 1}, {"A 7", "B"}});
         if (name == "switch-planes") m_scene.Plotter().Rotate({100, 100}, {460, 100});
         if (name.find("x-gradient") == 0) m_scene.Settings().mode = 2;

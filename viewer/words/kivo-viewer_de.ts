@@ -2096,6 +2096,14 @@
         <source>Names beside measure points, as far as their file has them</source>
         <translation>Namen neben Messpunkten, soweit vorhanden</translation>
     </message>
+    <message>
+        <source>List of points</source>
+        <translation>Liste der Punkte</translation>
+    </message>
+    <message>
+        <source>A list of the measure points with names in the corner of the plot, with their coordinates</source>
+        <translation>Liste der benannten Messpunkte mit Koordinaten</translation>
+    </message>
 </context>
 <context>
     <name>SettingsPanel</name>

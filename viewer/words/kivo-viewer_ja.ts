@@ -2091,6 +2091,14 @@
         <source>Names beside measure points, as far as their file has them</source>
         <translation>測定点のそばに名前を書く（ファイルにある場合）</translation>
     </message>
+    <message>
+        <source>List of points</source>
+        <translation>点の一覧</translation>
+    </message>
+    <message>
+        <source>A list of the measure points with names in the corner of the plot, with their coordinates</source>
+        <translation>名前のある測定点と座標の一覧をプロットの隅に表示する</translation>
+    </message>
 </context>
 <context>
     <name>SettingsPanel</name>

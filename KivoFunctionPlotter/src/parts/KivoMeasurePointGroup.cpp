@@ -16,14 +16,16 @@ CKivoMeasurePointGroup::CKivoMeasurePointGroup(unsigned int pointCount, unsigned
 CKivoMeasurePointGroup::~CKivoMeasurePointGroup() {
     if (!m_isReference) delete[] m_points;
     ReleaseTextImage(&m_nameImage);
-    for (SKivoTexImage& image : m_pointNameImages)
-        ReleaseTextImage(&image);
+    for (std::vector<SKivoTexImage>* const images : {&m_pointNameImages, &m_listedImages})
+        for (SKivoTexImage& image : *images)
+            ReleaseTextImage(&image);
 }
 
 void CKivoMeasurePointGroup::ForgetTextures() {
     m_nameImage.texture = 0;
-    for (SKivoTexImage& image : m_pointNameImages)
-        image.texture = 0;
+    for (std::vector<SKivoTexImage>* const images : {&m_pointNameImages, &m_listedImages})
+        for (SKivoTexImage& image : *images)
+            image.texture = 0;
 }
 
 void CKivoMeasurePointGroup::SetName(const char* name) {

@@ -39,6 +39,8 @@ public:
     SKivoTexImage m_nameImage;
     std::vector<std::string> m_pointNames;        ///< of the first points; empty: none has one
     std::vector<SKivoTexImage> m_pointNameImages; ///< one for each
+    std::vector<std::string> m_listedTexts;       ///< that it is listed with; empty: with its name
+    std::vector<SKivoTexImage> m_listedImages;    ///< one for each
     STextRenderer* m_textMaker;                   ///< not owned
 };
 

@@ -24,6 +24,16 @@ constexpr int badIndex = -2;
 constexpr double nameListMargin = 0.01; // of the plot's width
 constexpr float nameSquare = 0.8f;      // of a row's height
 constexpr float nameSquareGap = 0.2f;   // of the square
+constexpr float listOpacity = 0.7f;     // of the ground of texts that are listed
+
+// What a group is listed with, a row each.
+struct ListedRows {
+    explicit ListedRows(const CKivoMeasurePointGroup& group)
+        : images(group.m_listedImages.empty() ? &group.m_nameImage : group.m_listedImages.data()),
+          count(std::max<std::size_t>(group.m_listedImages.size(), 1)) {}
+    const SKivoTexImage* images;
+    std::size_t count;
+};
 
 template <typename Container>
 bool IsIndexOf(const Container& container, int index) {
@@ -277,20 +287,54 @@ void CKivoFunctionPlotter::RenderLegend() {
 }
 
 struct CKivoFunctionPlotter::SNameList {
-    int rowCount = 0;
+    std::size_t rowCount = 0;
     int width = 0;
     int rowHeight = 0;
+    bool hasTexts = false; // of the host's
+    int top = 0;           // pixels below the margin
+
+    double Height() const { return static_cast<double>(rowHeight) * static_cast<double>(rowCount); }
+    double WidthWithSquare() const {
+        return width + rowHeight * static_cast<double>(nameSquare * (1.0f + nameSquareGap));
+    }
 };
 
 CKivoFunctionPlotter::SNameList CKivoFunctionPlotter::MeasureGroupNames(bool areHiddenListed) const {
     SNameList list;
     for (unsigned int g = 0; const CKivoMeasurePointGroup* group = FindMeasureGroup(g); ++g) {
         if (!areHiddenListed && !group->m_visible) continue;
-        ++list.rowCount;
-        list.width = std::max(list.width, group->m_nameImage.width);
-        list.rowHeight = std::max(list.rowHeight, group->m_nameImage.height);
+        const ListedRows rows(*group);
+        list.rowCount += rows.count;
+        list.hasTexts = list.hasTexts || !group->m_listedImages.empty();
+        for (std::size_t i = 0; i < rows.count; ++i) {
+            list.width = std::max(list.width, rows.images[i].width);
+            list.rowHeight = std::max(list.rowHeight, rows.images[i].height);
+        }
     }
+    if (!list.hasTexts || list.rowHeight == 0) return list;
+    // Many rows, and long ones, keep clear of the title, and in the plot.
+    const double width = m_plotViewport[2], height = m_plotViewport[3], margin = nameListMargin * width;
+    const SKivoTexImage* const title = m_plotTitleImage;
+    const bool hasTitle = title && title->texture != 0 && title->pixels;
+    if (hasTitle && width - margin - list.WidthWithSquare() < 0.5 * (width + title->width))
+        list.top = title->height;
+    const double room = std::max(height - list.top - 2.0 * margin, 0.0);
+    list.rowCount = std::min(list.rowCount, static_cast<std::size_t>(room / list.rowHeight));
     return list;
+}
+
+// Pale, so that what lies behind is still to be seen.
+void CKivoFunctionPlotter::RenderListGround(const float (*corners)[3]) const {
+    glPushAttrib(GL_COLOR_BUFFER_BIT | GL_ENABLE_BIT);
+    glDisable(GL_LIGHTING);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    glEnable(GL_BLEND);
+    glColor4f(m_backgroundColor[0], m_backgroundColor[1], m_backgroundColor[2], listOpacity);
+    glBegin(GL_QUADS);
+    for (int i = 0; i < 4; ++i)
+        glVertex3fv(corners[i]);
+    glEnd();
+    glPopAttrib();
 }
 
 void CKivoFunctionPlotter::RenderGroupNames(bool areHiddenListed) {
@@ -303,18 +347,32 @@ void CKivoFunctionPlotter::RenderGroupNames(bool areHiddenListed) {
     const float squareRight = nameX - nameSquareGap * square;
     const float squareLeft = squareRight - square;
     const float z = static_cast<float>((m_viewNear + m_viewFar) / 2.0);
-    float y = static_cast<float>(m_viewTop) - margin - rowHeight;
+    const float listTop = static_cast<float>(m_viewTop) - margin - static_cast<float>(list.top) * pixel;
+    float y = listTop - rowHeight;
 
     const MatrixModeScope modelView(GL_MODELVIEW);
     glPushMatrix();
     glLoadIdentity();
+    if (list.hasTexts && !areHiddenListed) {
+        const float right = nameX + static_cast<float>(list.width) * pixel;
+        const float bottom = listTop - static_cast<float>(list.rowCount) * rowHeight;
+        const float ground[4][3] = {
+            {squareLeft, bottom, z}, {right, bottom, z}, {right, listTop, z}, {squareLeft, listTop, z}};
+        RenderListGround(ground);
+    }
+    std::size_t rowsLeft = list.rowCount;
     for (unsigned int g = 0; const CKivoMeasurePointGroup* group = FindMeasureGroup(g); ++g) {
         if (!areHiddenListed && !group->m_visible) continue;
-        const float right = nameX + static_cast<float>(group->m_nameImage.width) * pixel;
-        const float top = y + static_cast<float>(group->m_nameImage.height) * pixel;
-        const float corners[4][3] = {{nameX, y, z}, {right, y, z}, {right, top, z}, {nameX, top, z}};
-        RenderLegendRow(*group, corners, squareLeft, squareRight);
-        y -= rowHeight;
+        const ListedRows rows(*group);
+        for (std::size_t i = 0; i < rows.count && rowsLeft > 0; ++i, --rowsLeft) {
+            const SKivoTexImage& image = rows.images[i];
+            const float right = nameX + static_cast<float>(image.width) * pixel;
+            const float top = y + static_cast<float>(image.height) * pixel;
+            const float corners[4][3] = {{nameX, y, z}, {right, y, z}, {right, top, z}, {nameX, top, z}};
+            RenderListedText(corners, image);
+            if (i == 0) RenderListSquare(*group, y, z, squareLeft, squareRight);
+            y -= rowHeight;
+        }
     }
     glPopMatrix();
 }
@@ -324,34 +382,32 @@ void CKivoFunctionPlotter::AddGroupNamesPlace(std::vector<PlacedImage>* places) 
     const SNameList list = MeasureGroupNames(false);
     if (list.rowCount == 0) return;
     const double margin = nameListMargin * m_plotViewport[2];
-    const double width =
-        list.width + list.rowHeight * static_cast<double>(nameSquare * (1.0f + nameSquareGap));
-    const double height = list.rowHeight * list.rowCount;
     PlacedImage place;
-    place.halfWidth = 0.5 * width;
-    place.halfHeight = 0.5 * height;
+    place.halfWidth = 0.5 * list.WidthWithSquare();
+    place.halfHeight = 0.5 * list.Height();
     place.center = {m_plotViewport[2] - margin - place.halfWidth,
-                    m_plotViewport[3] - margin - place.halfHeight};
+                    m_plotViewport[3] - margin - list.top - place.halfHeight};
     place.isShown = true;
     places->push_back(place);
 }
 
-// The name on its quad, and the square in the group's colour left of it, with the caller's lighting.
-void CKivoFunctionPlotter::RenderLegendRow(const CKivoMeasurePointGroup& group, const float (*corners)[3],
-                                           float squareLeft, float squareRight) {
+// On its quad, with the caller's lighting afterwards.
+void CKivoFunctionPlotter::RenderListedText(const float (*corners)[3], const SKivoTexImage& image) {
     const GLboolean isLit = glIsEnabled(GL_LIGHTING);
-    RenderTextTex(corners[0], corners[1], corners[2], corners[3], &group.m_nameImage);
+    RenderTextTex(corners[0], corners[1], corners[2], corners[3], &image);
     if (!isLit) glDisable(GL_LIGHTING);
+}
 
-    const float y = corners[0][1];
-    const float z = corners[0][2];
-    const float top = y + (squareRight - squareLeft);
+// In the group's colour, left of its first text.
+void CKivoFunctionPlotter::RenderListSquare(const CKivoMeasurePointGroup& group, float y, float z, float left,
+                                            float right) {
+    const float top = y + (right - left);
     glColor4fv(group.m_color);
     glBegin(GL_QUADS);
-    glVertex3f(squareLeft, y, z);
-    glVertex3f(squareRight, y, z);
-    glVertex3f(squareRight, top, z);
-    glVertex3f(squareLeft, top, z);
+    glVertex3f(left, y, z);
+    glVertex3f(right, y, z);
+    glVertex3f(right, top, z);
+    glVertex3f(left, top, z);
     glEnd();
 }
 

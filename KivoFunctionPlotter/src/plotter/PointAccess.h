@@ -15,6 +15,8 @@ struct PointAccess {
 
     static int SetNames(CKivoFunctionPlotter& plotter, unsigned int index,
                         const std::vector<std::string>& names);
+    static int SetListed(CKivoFunctionPlotter& plotter, unsigned int index,
+                         const std::vector<std::string>& texts);
     /// Lists the names of groups in frames, which wants images of them.
     static int ListGroups(CKivoFunctionPlotter& plotter, bool list);
     /// For a context that is new, and current: makes the images of names that went with another one, or that
@@ -33,6 +35,9 @@ struct PointAccess {
 private:
     struct NamedPoint;
     struct PlacedName;
+    struct NewTexts;
+    static int MakeTexts(CKivoFunctionPlotter& plotter, const std::vector<std::string>& texts,
+                         std::size_t count, NewTexts& made);
     static std::vector<NamedPoint> NamedPoints(const CKivoFunctionPlotter& plotter);
     static std::vector<PlacedName> PlaceNames(const CKivoFunctionPlotter& plotter,
                                               const std::vector<NamedPoint>& points);

@@ -1,4 +1,4 @@
-// Names beside measure points.
+// Names beside measure points, and texts that groups are listed with.
 #include "parts/KivoMeasurePointGroupManager.h"
 #include "parts/TextRenderer.h"
 #include "PlotType.h"
@@ -16,20 +16,6 @@ namespace {
 constexpr double nameGap = 3.0;         // pixels between a point and its name, more than images keep clear
 constexpr float groundOpacity = 0.7f;   // of what is behind a name
 constexpr std::size_t mostNames = 1000; // in a frame: all are compared with each other
-
-// Images go while the context is current.
-struct NewNames {
-    NewNames() = default;
-    ~NewNames() {
-        for (SKivoTexImage& image : images)
-            ReleaseTextImage(&image);
-    }
-    NewNames(const NewNames&) = delete;
-    NewNames& operator=(const NewNames&) = delete;
-
-    std::vector<std::string> texts;
-    std::vector<SKivoTexImage> images;
-};
 
 // Beside a point: to the right, to the left, above, below.
 PlacedImage PlaceBeside(ScreenVector point, double distance, const TextImageSize& size, int side) {
@@ -72,23 +58,58 @@ struct PointAccess::PlacedName {
     const SKivoTexImage* image;
 };
 
+// Images go while the context is current.
+struct PointAccess::NewTexts {
+    NewTexts() = default;
+    ~NewTexts() {
+        for (SKivoTexImage& image : images)
+            ReleaseTextImage(&image);
+    }
+    NewTexts(const NewTexts&) = delete;
+    NewTexts& operator=(const NewTexts&) = delete;
+
+    std::vector<std::string> texts;
+    std::vector<SKivoTexImage> images; ///< none of an empty text
+};
+
+// Of the first so many texts; without a window, what its context is going to draw.
+int PointAccess::MakeTexts(CKivoFunctionPlotter& plotter, const std::vector<std::string>& texts,
+                           std::size_t count, NewTexts& made) {
+    const bool isCurrent = plotter.m_hGLRC != nullptr;
+    made.texts.assign(texts.begin(), texts.begin() + static_cast<std::ptrdiff_t>(count));
+    made.images.resize(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        if (!isCurrent || made.texts[i].empty()) continue;
+        CreateTextImage(plotter.m_textRenderer, made.texts[i].c_str(), &made.images[i]);
+        if (!ScreenTexts::IsDrawable(made.images[i])) return -1;
+    }
+    return 0;
+}
+
 int PointAccess::SetNames(CKivoFunctionPlotter& plotter, unsigned int index,
                           const std::vector<std::string>& names) {
     CKivoMeasurePointGroup* const group = plotter.FindMeasureGroup(index);
     if (!group) return -2;
     const ContextInPlace context(plotter.m_hDC, plotter.m_hGLRC);
     if (plotter.m_hGLRC && !context.IsCurrent()) return -1;
-    NewNames made;
+    NewTexts made;
     const std::size_t count = std::min<std::size_t>(names.size(), group->m_pointCount);
-    made.texts.assign(names.begin(), names.begin() + static_cast<std::ptrdiff_t>(count));
-    made.images.resize(count);
-    for (std::size_t i = 0; i < count; ++i) {
-        if (!context.IsCurrent() || made.texts[i].empty()) continue;
-        CreateTextImage(plotter.m_textRenderer, made.texts[i].c_str(), &made.images[i]);
-        if (!ScreenTexts::IsDrawable(made.images[i])) return -1;
-    }
+    if (MakeTexts(plotter, names, count, made) != 0) return -1;
     group->m_pointNames.swap(made.texts);
     group->m_pointNameImages.swap(made.images);
+    return 0;
+}
+
+int PointAccess::SetListed(CKivoFunctionPlotter& plotter, unsigned int index,
+                           const std::vector<std::string>& texts) {
+    CKivoMeasurePointGroup* const group = plotter.FindMeasureGroup(index);
+    if (!group) return -2;
+    const ContextInPlace context(plotter.m_hDC, plotter.m_hGLRC);
+    if (plotter.m_hGLRC && !context.IsCurrent()) return -1;
+    NewTexts made;
+    if (MakeTexts(plotter, texts, texts.size(), made) != 0) return -1;
+    group->m_listedTexts.swap(made.texts);
+    group->m_listedImages.swap(made.images);
     return 0;
 }
 
@@ -99,6 +120,9 @@ void PointAccess::MakeMissingImages(CKivoFunctionPlotter& plotter) noexcept {
         for (std::size_t i = 0; i < group->m_pointNames.size(); ++i)
             if (!group->m_pointNames[i].empty())
                 MakeIfMissing(group->m_textMaker, group->m_pointNames[i], &group->m_pointNameImages[i]);
+        for (std::size_t i = 0; i < group->m_listedTexts.size(); ++i)
+            if (!group->m_listedTexts[i].empty())
+                MakeIfMissing(group->m_textMaker, group->m_listedTexts[i], &group->m_listedImages[i]);
     }
 }
 
@@ -237,6 +261,10 @@ void PointAccess::DrawNames(const CKivoFunctionPlotter& plotter) noexcept {
 int SetMeasurePointNames(CKivoFunctionPlotter& plotter, unsigned int index,
                          const std::vector<std::string>& names) {
     return PointAccess::SetNames(plotter, index, names);
+}
+
+int SetListedTexts(CKivoFunctionPlotter& plotter, unsigned int index, const std::vector<std::string>& texts) {
+    return PointAccess::SetListed(plotter, index, texts);
 }
 
 } // namespace KivoDrawingTools

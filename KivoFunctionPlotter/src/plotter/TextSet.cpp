@@ -72,8 +72,11 @@ void TextSet::ForEachText(const CKivoFunctionPlotter& plotter, Visit visit) cons
         for (ContourLabel& label : plotter.m_contourLabels.labels->ofLevel)
             visit(label.image, [&] { return label.text; });
     if (!plotter.m_measureGroups) return;
-    for (CKivoMeasurePointGroup* const group : plotter.m_measureGroups->m_groups)
+    for (CKivoMeasurePointGroup* const group : plotter.m_measureGroups->m_groups) {
         visit(group->m_nameImage, [&] { return group->m_name; });
+        for (std::size_t i = 0; i < group->m_listedImages.size(); ++i)
+            visit(group->m_listedImages[i], [&] { return group->m_listedTexts[i]; });
+    }
     VisitNames(*plotter.m_measureGroups, m_isForFrames ? &m_drawnNames : nullptr, visit);
 }
 

@@ -229,7 +229,7 @@ bool Allocates(const PublicOperation& member, CallProbe& plotter) {
 // As they say.
 bool RefusesForMemory(const PublicOperation& member) {
     for (const char* const name : {"SetStyle", "OnDensityChanged", "SetAxis", "SetColorRange", "SetLegend",
-                                   "LabelContours", "SetMeasurePointNames"})
+                                   "LabelContours", "SetMeasurePointNames", "SetListedTexts"})
         if (member.name.rfind(name, 0) == 0) return true;
     return member.name.find("Picture(options)") != std::string::npos;
 }

@@ -351,8 +351,8 @@ bool IsResultOfPicture(const std::string& failed, int result) {
 bool IsResult(const PublicOperation& member, const std::string& failed, int n, int result) {
     if (member.name.rfind("SetStyle", 0) == 0) return IsResultOfStyle(failed, result);
     if (member.name.rfind("SetAxis", 0) == 0) return IsResultOfAxis(failed, result);
-    for (const char* const name :
-         {"SetColorRange", "SetLegend", "OnDensityChanged", "LabelContours", "SetMeasurePointNames"})
+    for (const char* const name : {"SetColorRange", "SetLegend", "OnDensityChanged", "LabelContours",
+                                   "SetMeasurePointNames", "SetListedTexts"})
         if (member.name.rfind(name, 0) == 0) return IsResultOfLegend(failed, result);
     if (member.name.find("Picture(options)") != std::string::npos) return IsResultOfPicture(failed, result);
     return result == ResultOf(member.name, failed, n);

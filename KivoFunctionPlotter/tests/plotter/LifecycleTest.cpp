@@ -694,6 +694,7 @@ TEST_P(LifecycleInWindow, ASecondLifeShowsWhatTheFirstShowed) {
     ShowPointsInFlatPlots(plotter, true);
     FillPlot(plotter);
     ASSERT_EQ(SetMeasurePointNames(plotter, 0, {"Well 1", "Well 2"}), 0);
+    ASSERT_EQ(SetListedTexts(plotter, 1, {"Well 1  0.0", "", "Well 2  1.0"}), 0);
     const auto draw = [this](int (CKivoFunctionPlotter::*show)()) {
         (plotter.*show)();
         FillAgain(plotter);

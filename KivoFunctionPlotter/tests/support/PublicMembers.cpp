@@ -700,6 +700,15 @@ const std::vector<PublicMember> pointFunctions = {
            })
         .Refuses(-1)
         .Refuses(-2),
+    Member("SetListedTexts(group, text)", bracketed,
+           [](P& p, A& a) {
+               const unsigned int group = a.GroupIndex();
+               const int result = SetListedTexts(p, group, {a.Text("B 12  3.0  4.0"), "", "C"});
+               const int back = SetListedTexts(p, group, {});
+               return result != 0 ? result : back;
+           })
+        .Refuses(-1)
+        .Refuses(-2),
 };
 
 // ---- KivoLegend.h
