@@ -10,7 +10,8 @@
 // followed by the fields.
 //
 // Conventions of all members:
-// - Every member is called on the thread of the host's window. Different plotters are independent.
+// - Every member is called on the thread of the host's window; where that has no screen, by one thread at a
+//   time, and by any on Linux. Different plotters are independent.
 // - No OpenGL context is current between calls, except where a member says so. A host's own that is current
 //   when a member is called is current again afterwards where the window is off-screen or there is none; for
 //   a window on the screen none is, and CKeepContext of KivoHost.h keeps it.
@@ -471,8 +472,7 @@ public:
     /// @param points          pointCount * floatsPerPoint floats
     /// @param floatsPerPoint  the first three are x, y, z; those that are missing are 0
     /// @param name            UTF-8, not null; its image is made now, or without a window, as soon as there
-    /// is
-    ///                        one where names are listed (KivoLegend.h)
+    ///                        is one where names are listed (KivoLegend.h)
     /// @return 0; -3 for a null pointer or a count of 0
     /// @throws std::length_error  for more floats than memory has addresses for: there is no such group then
     int AddMeasurePoints(unsigned int pointCount, unsigned int floatsPerPoint, float* points,

@@ -30,12 +30,12 @@ struct SKivoPlotViewEvents {
     /// The plot cannot be drawn any more, or not at all: Failure() has the words. Not called within the
     /// constructor.
     std::function<void()> failed;
-    /// A frame takes long, and frames that do are drawn in threads: see SetThreaded. DrawInThread() is to be
-    /// called in another thread, once for each time that this is.
-    std::function<void()> drawInThread;
     /// Lays the plotter out for another size, instead of the view, which calls OnSize and keeps how the plot
     /// is looked at: for plotters of derived classes that fit the plot in their own way.
     std::function<void(int width, int height)> layOut;
+    /// A frame takes long, and frames that do are drawn in threads: see SetThreaded. DrawInThread() is to be
+    /// called in another thread, once for each time that this is.
+    std::function<void()> drawInThread;
 };
 
 /// A frame: rows from top to bottom, four bytes a pixel, blue, green, red, and 255.
@@ -118,7 +118,7 @@ public:
     /// Takes colours of a toolkit's palette, and asks for a frame: for dark desktops.
     /// @param ink     inkColor of KivoStyle.h, 0x00BBGGRR; none: that of a new plot
     /// @param ground  what is behind the plot, as the ink
-    /// @return 0; -1 where SetStyle cannot draw the texts anew, or while it is lent: nothing changes then
+    /// @return 0; -1 where SetStyle cannot draw the texts anew: nothing changes then
     /// @throws std::bad_alloc  without memory: nothing changes either
     int SetColors(std::optional<unsigned long> ink, std::optional<unsigned long> ground);
 
@@ -152,8 +152,10 @@ public:
     ///
     /// As long as a thread draws, members that reach the plotter stop it first, which takes some hundredths
     /// of a second; the frame is due again then. So a host gets the plotter from Plotter() each time that it
-    /// comes back from its event loop. Where that has stopped a frame several times in a row and nothing was
-    /// asked for, it waits until the frame is drawn. Off-screen only: in a host's window nothing changes.
+    /// comes back from its event loop, and before it changes an array that the plotter reads or lets it go.
+    /// Where that has stopped a frame several times in a row and nothing was asked for, it waits until the
+    /// frame is drawn. What is drawn by the thread must not call the view. In a host's window nothing
+    /// changes, nor on Windows, whose windows belong to threads.
     void SetThreaded(bool threaded);
     /// Draws the frame that the event was about. To be called in any other thread; it returns when the frame
     /// is drawn, or not wanted any more. TakeFrame() is to be called in the view's own thread after that. It
@@ -165,9 +167,11 @@ public:
     bool IsDrawingInThread() const;
 
     /// Gives the plotter away, for another thread to do with it what takes long, until TakeBack(). Meanwhile
-    /// Draw() gives the image that there is, Plotter() just names the plotter, sizes and requests for frames
-    /// are remembered, and what a hand does has no effect; SetGrid, SetHeights and SetColors return -1, and
-    /// change nothing. Nobody else may be at the plotter when the view goes.
+    /// Draw() gives the image that there is and DrawNow() none, Plotter() just names the plotter; sizes,
+    /// colours and requests for frames are remembered, and what a hand does has no effect; SetGrid and
+    /// SetHeights return -1, and change nothing. One thread at a time may be at the plotter, none when the
+    /// view goes, and no context of its may be current in it after that. Not for pictures on Windows, whose
+    /// windows belong to threads.
     void Lend();
     /// Ends that, and asks for a frame.
     /// @param isChanged  false: the other thread has only looked, and what is shown is not drawn again
@@ -203,7 +207,7 @@ public:
     /// The present frame, drawn if one is due; in a window on the screen it is drawn anew in any case. The
     /// pixels are valid until the next call of a member.
     SKivoPlotImage Draw();
-    /// A complete frame of what is shown now, however long it takes.
+    /// A complete frame of what is shown now, however long it takes; none while the plotter is lent.
     SKivoPlotImage DrawNow();
     /// Whether Draw would draw one.
     bool IsFrameDue() const;

@@ -165,7 +165,13 @@ void RunInBackground(QWidget* parent, const QString& words, std::function<void(c
 void RunToTheEnd(QWidget* parent, const QString& words, const std::function<void()>& action) {
     const auto work = std::make_shared<Work>();
     work->action = [&action](const Progress&) { action(); };
-    Await(parent, words, false, work);
+    try {
+        Await(parent, words, false, work);
+    } catch (...) {
+        while (!work->isDone) // where there was no memory for the dialog
+            QThread::msleep(1);
+        throw;
+    }
 }
 
 } // namespace KivoViewer

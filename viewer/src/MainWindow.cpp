@@ -1,5 +1,6 @@
 #include "MainWindow.h"
 
+#include "Background.h"
 #include "Failure.h"
 #include "FileWatch.h"
 #include "Numbers.h"
@@ -161,6 +162,7 @@ void MainWindow::ConnectToggle(QAction* action, const Setting& setting) {
 }
 
 void MainWindow::Do(const MenuEntry& entry) {
+    if (IsWaitingForBackground()) return; // what comes by other ways than keys and pointer
     if (DoWithFiles(entry.command)) return;
     switch (entry.command) {
     case Command::quit:
@@ -275,7 +277,7 @@ QDockWidget* MainWindow::MakeDock(const char* name, const QString& title, QWidge
 
 // What the plot cannot show is said and left as it was.
 void MainWindow::Change(const Setting& setting, const PlotSettings& wanted) {
-    if (m_plot->view().IsLent()) return WhenIdle([this, &setting, wanted] { Change(setting, wanted); });
+    if (IsWaitingForBackground()) return; // the panel shows what is there when that ends
     const PlotSettings before = std::exchange(Scene().Settings(), wanted);
     try {
         ChangeScene(0, [&](PlotScene& scene) { (scene.*setting.apply)(); });

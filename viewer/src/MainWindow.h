@@ -97,6 +97,7 @@ private:
     void ChangeScene(std::size_t points, const std::function<void(PlotScene&)>& action);
     /// The same with a picture of it.
     void TakePicture(const std::function<void(PlotScene&)>& draw);
+    void EndEdits();
     void DoWithScene(const QString& words, bool isMany, bool isChanged,
                      const std::function<void(PlotScene&)>& action);
     /// Does something that reads files once nothing else is being read or asked.

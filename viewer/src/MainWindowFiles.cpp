@@ -23,6 +23,7 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPainter>
+#include <QPointer>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QSpinBox>
@@ -158,6 +159,14 @@ void MainWindow::DoWithScene(const QString& words, bool isMany, bool isChanged,
     RunToTheEnd(this, words, [&] { action(scene); });
 }
 
+// What is being typed is taken: later the scene is not to be changed, as long as files are read.
+void MainWindow::EndEdits() {
+    const QPointer<QWidget> editor = focusWidget();
+    if (!editor || editor == m_plot) return;
+    editor->clearFocus();
+    if (editor) editor->setFocus();
+}
+
 // Readings in each other would end in the wrong order.
 void MainWindow::WhenIdle(const std::function<void()>& action) {
     constexpr int milliseconds = 100;
@@ -181,6 +190,7 @@ bool MainWindow::OpenPath(const QString& path) {
 }
 
 bool MainWindow::OpenReading(const Reading& reading) {
+    EndEdits();
     return Try(this, [&] {
         m_watch->Expect({QFile::decodeName(reading.path.c_str())});
         const GridData grid = ReadGridForWindow(this, reading);
@@ -248,6 +258,7 @@ void MainWindow::AddSurfaceFiles() {
 
 // What cannot be read is told, and leaves what is shown.
 void MainWindow::AddSurfacePaths(const QStringList& paths) {
+    EndEdits();
     for (const QString& path : paths)
         Try(this, [&] {
             m_watch->Expect({path});
@@ -265,7 +276,8 @@ void MainWindow::AddSurfacePaths(const QStringList& paths) {
 }
 
 void MainWindow::ChangeSurface(const SurfaceEntry& surface) {
-    Try(this, [&] { Scene().ChangeSurface(surface); });
+    if (IsWaitingForBackground()) return;
+    Try(this, [&] { ChangeScene(0, [&](PlotScene& scene) { scene.ChangeSurface(surface); }); });
     if (surface.number == 0 && surface.hasLines != Scene().Settings().showsFrameLines) {
         Scene().Settings().showsFrameLines = surface.hasLines;
         Scene().ApplySwitches();
@@ -275,7 +287,8 @@ void MainWindow::ChangeSurface(const SurfaceEntry& surface) {
 }
 
 void MainWindow::RemoveSurface(int number) {
-    Try(this, [&] { Scene().RemoveSurface(number); });
+    if (IsWaitingForBackground()) return;
+    Try(this, [&] { ChangeScene(0, [&](PlotScene& scene) { scene.RemoveSurface(number); }); });
     m_plot->Redraw();
     RefreshControls();
 }
@@ -313,8 +326,11 @@ void MainWindow::AddPointFiles(PointSet::Kind kind) {
             m_watch->Expect({path});
             const PointFile file = ReadPointsForWindow(this, path);
             const bool isCurve = kind == PointSet::Kind::curve;
-            for (const PointFile& set : isCurve ? std::vector<PointFile>{file} : GroupsOf(file))
-                Scene().AddPoints(kind, set);
+            const auto sets = isCurve ? std::vector<PointFile>{file} : GroupsOf(file);
+            ChangeScene(file.Count(), [&](PlotScene& scene) {
+                for (const PointFile& set : sets)
+                    scene.AddPoints(kind, set);
+            });
         });
     if (paths.isEmpty()) return;
     WatchFiles();

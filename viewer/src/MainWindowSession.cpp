@@ -122,6 +122,9 @@ void MainWindow::Show(Session session) {
         std::size_t points = 0;
         for (const GridData& grid : content.surfaces)
             points += grid.PointCount();
+        for (const auto* const files : {&content.measureGroups, &content.curves})
+            for (const PointFile& file : *files)
+                points += file.Count();
         ChangeScene(points + content.grid.PointCount(),
                     [&](PlotScene& scene) { ShowContent(scene, content, options); });
     } catch (const Failure& first) {
@@ -143,6 +146,7 @@ void MainWindow::Show(Session session) {
 }
 
 bool MainWindow::OpenSession(const QString& path) {
+    EndEdits();
     const bool isShown = Try(this, [&] { Show(ReadSessionFile(QFile::encodeName(path).toStdString())); });
     if (!isShown) return false;
     RememberFile(path);

@@ -8,13 +8,28 @@
 #include <KivoStyle.h>
 #include <KivoWindow.h>
 
-#include <memory>
 #include <string>
-#include <type_traits>
 
 namespace KivoViewer {
 
 namespace {
+
+constexpr int hiddenSide = 16; // of a window in which nothing is drawn
+
+// A window without a screen.
+class HiddenWindow {
+public:
+    HiddenWindow()
+        : m_window(KivoDrawingTools::CreateOffscreenWindow(hiddenSide, hiddenSide, usualResolution)) {}
+    ~HiddenWindow() { KivoDrawingTools::ReleaseWindow(m_window); }
+    HiddenWindow(const HiddenWindow&) = delete;
+    HiddenWindow& operator=(const HiddenWindow&) = delete;
+
+    KivoDrawingTools::HWND Handle() const { return m_window; } ///< null where there is none
+
+private:
+    KivoDrawingTools::HWND m_window;
+};
 
 [[noreturn]] void FailToDraw() {
     throw Failure(Filled(Translate("Plot", "cannot draw: %1"), KivoDrawingTools::LastWindowError()));
@@ -50,16 +65,20 @@ private:
 
 } // namespace
 
+std::future<void> LoadDriver() {
+    return std::async(std::launch::async | std::launch::deferred, [] {
+        const HiddenWindow window;
+        ViewerPlotter plotter;
+        if (window.Handle()) plotter.OnCreate(window.Handle(), hiddenSide, hiddenSide, true);
+    });
+}
+
 std::vector<unsigned char> DrawPicture(const PictureFormat& format,
                                        const std::function<void(PlotScene&)>& show) {
-    using KivoDrawingTools::HWND;
-    const auto release = [](HWND window) { KivoDrawingTools::ReleaseWindow(window); };
-    constexpr int side = 16; // nothing is drawn in the window itself
-    const std::unique_ptr<std::remove_pointer_t<HWND>, decltype(release)> window(
-        KivoDrawingTools::CreateOffscreenWindow(side, side, usualResolution), release);
-    if (!window) FailToDraw();
+    const HiddenWindow window;
+    if (!window.Handle()) FailToDraw();
     ViewerPlotter plotter; // gone before its window
-    if (plotter.OnCreate(window.get(), format.width, format.height, true) != 0) FailToDraw();
+    if (plotter.OnCreate(window.Handle(), format.width, format.height, true) != 0) FailToDraw();
     PlotScene scene(plotter);
     show(scene);
     return CaptureScene(scene, format);

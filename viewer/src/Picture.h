@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <future>
 #include <vector>
 
 namespace KivoViewer {
@@ -29,6 +30,11 @@ struct PictureFormat {
     /// The pixels for one at the usual resolution, of texts, lines, ticks and points alike.
     double PixelScale() const { return scale * dpi / usualResolution; }
 };
+
+/// Has the driver and the fonts loaded by another thread, which takes as long as reading a large file, so
+/// that the next plotter is made at once. Where nothing can be drawn, that one says so.
+/// @return at its end it waits for the thread
+std::future<void> LoadDriver();
 
 /// Draws what a scene is made to show. Throws a Failure.
 /// @param show  fills the scene, whose plotter has been created at the picture's size

@@ -5,6 +5,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QThread>
 
 #include <algorithm>
 #include <cmath>
@@ -23,11 +24,21 @@ PlotWidget::PlotWidget(QWidget* parent) : PlotWidget(std::make_unique<ViewerPlot
 PlotWidget::PlotWidget(std::unique_ptr<ViewerPlotter> plotter, QWidget* parent)
     : KivoPlotWidget(
           std::move(plotter), [this](int width, int height) { m_scene.Resize(width, height); }, parent),
-      m_scene(static_cast<ViewerPlotter&>(KivoPlotWidget::plotter()), [this] { KivoPlotWidget::plotter(); }) {
+      m_scene(static_cast<ViewerPlotter&>(KivoPlotWidget::plotter()), [this] { Reach(); }) {
     setContextMenuPolicy(Qt::PreventContextMenu); // the menus of the window have it all
     setMinimumSize(160, 120);
     view().SetSmoothing(usualSmoothing);
     setThreadedDrawing(true);
+}
+
+// No thread draws the points that go with the scene.
+PlotWidget::~PlotWidget() {
+    view().Lend();
+}
+
+// Another thread that does so has it lent.
+void PlotWidget::Reach() {
+    if (QThread::currentThread() == thread()) plotter();
 }
 
 PlotScene& PlotWidget::Scene() {

@@ -20,6 +20,7 @@ namespace KivoViewer {
 class PlotWidget : public KivoPlotWidget {
 public:
     explicit PlotWidget(QWidget* parent);
+    ~PlotWidget() override;
 
     /// Has the scene be another thread's alone, as long as it lives; shows changes then.
     class Loan {
@@ -74,6 +75,7 @@ private:
     std::optional<PlanePoint> PlaceAt(const QPointF& position);
     void DrawLineTo(const QPointF& position);
     void EndRegion(const QPointF& position);
+    void Reach();
     void FindLine();
     void PaintRegion();
 

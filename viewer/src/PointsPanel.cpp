@@ -1,5 +1,6 @@
 #include "PointsPanel.h"
 
+#include "Background.h"
 #include "ListPanel.h"
 
 #include <QColorDialog>
@@ -63,6 +64,7 @@ bool PointsPanel::edit(const QModelIndex& index, EditTrigger trigger, QEvent* ev
 void PointsPanel::keyPressEvent(QKeyEvent* event) {
     const QTreeWidgetItem* const item = currentItem();
     if (!item || event->key() != Qt::Key_Delete) return QTreeWidget::keyPressEvent(event);
+    if (IsWaitingForBackground()) return;
     const PointSet set = SetOf(*item);
     m_scene.RemovePoints(set.kind, set.index);
     Refresh();
@@ -74,6 +76,7 @@ PointSet& PointsPanel::SetOf(const QTreeWidgetItem& item) {
 }
 
 void PointsPanel::TakeOver(const QTreeWidgetItem& item) {
+    if (IsWaitingForBackground()) return; // the scene is another thread's
     PointSet& set = SetOf(item);
     set.name = item.text(nameColumn).toStdString();
     set.isShown = item.checkState(nameColumn) == Qt::Checked;
@@ -82,10 +85,10 @@ void PointsPanel::TakeOver(const QTreeWidgetItem& item) {
 }
 
 void PointsPanel::ChooseColor(const QTreeWidgetItem& item) {
-    PointSet& set = SetOf(item);
+    PointSet set = SetOf(item); // the list may be made anew while the dialog is open
     const QColor color =
         QColorDialog::getColor(ToQt(set.color), this, tr("Colour of %1").arg(item.text(nameColumn)));
-    if (!color.isValid()) return;
+    if (!color.isValid() || IsWaitingForBackground()) return;
     set.color = ParseColor(color.name().toStdString());
     m_scene.ChangePoints(set);
     Refresh();

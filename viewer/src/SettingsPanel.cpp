@@ -1,5 +1,6 @@
 #include "SettingsPanel.h"
 
+#include "Background.h"
 #include "ColorSample.h"
 #include "Failure.h"
 #include "Language.h"
@@ -283,6 +284,7 @@ void SettingsPanel::RequestReset(const Setting& setting) {
 
 // The ends of a range may be given one after the other, whichever comes first.
 void SettingsPanel::RequestChange(const Setting& setting, const std::function<void(PlotSettings&)>& change) {
+    if (IsWaitingForBackground()) return; // the scene is another thread's
     const std::optional<int> axis = AxisOfEnd(setting);
     PlotSettings wanted = m_scene.Settings();
     if (axis) m_awaited.AddTo(*axis, wanted);

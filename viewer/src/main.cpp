@@ -8,6 +8,7 @@
 #include "Language.h"
 #include "MainWindow.h"
 #include "Options.h"
+#include "Picture.h"
 #include "PictureFile.h"
 #include "PictureMode.h"
 #include "Preferences.h"
@@ -21,12 +22,18 @@
 #include <QApplication>
 #include <QFile>
 
+#include <algorithm>
 #include <clocale>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <filesystem>
+#include <future>
 #include <new>
 #include <optional>
+#include <string>
+#include <system_error>
 #include <utility>
 
 #if defined(__GLIBC__)
@@ -85,6 +92,24 @@ void TellNotes(const Content& content) {
     std::for_each(content.surfaces.begin(), content.surfaces.end(), tell);
 }
 
+// Whether reading it takes a tenth of a second or so.
+bool IsLarge(const std::string& path) {
+    constexpr std::uintmax_t many = 10'000'000;
+    std::error_code unknown; // of what is no file
+    const std::uintmax_t size = std::filesystem::file_size(path, unknown);
+    return !unknown && size >= many;
+}
+
+// One thread at a time is at the driver: it is loaded when this returns.
+Content LoadWithDriver(const Options& options) {
+    const bool isDrawn = !options.picture.empty() || options.profileTable.empty();
+    const bool takesTime = std::any_of(options.files.begin(), options.files.end(), IsLarge);
+    const std::future<void> driver = isDrawn && takesTime ? LoadDriver() : std::future<void>();
+    Content content = LoadContent(options, ReadSample);
+    if (driver.valid()) driver.wait();
+    return content;
+}
+
 int Run(int argc, char** argv) {
     Options options = ParseOptions(argc, argv);
     if (!options.information.empty()) {
@@ -101,7 +126,7 @@ int Run(int argc, char** argv) {
         options = WithSession(std::move(options), std::move(session));
     }
     if (!options.profileTable.empty()) CheckProfileLine(options);
-    const Content content = LoadContent(options, ReadSample);
+    const Content content = LoadWithDriver(options);
     TellNotes(content);
     if (options.picture.empty() && options.profileTable.empty()) return RunWindow(argv[0], content, options);
     if (!options.profileTable.empty()) WriteTextFile(options.profileTable, ProfileText(content, options));

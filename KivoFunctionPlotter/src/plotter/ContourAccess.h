@@ -10,6 +10,7 @@ namespace KivoDrawingTools {
 
 struct ContourLabel;
 struct ContourLabels;
+class DrawingStop;
 struct LevelSteps;
 struct PlaneOnScreen;
 struct ScreenArea;
@@ -42,7 +43,8 @@ private:
     static bool IsLatest(const CKivoFunctionPlotter& plotter, std::uint64_t request);
     static bool MakeLabels(CKivoFunctionPlotter& plotter, std::uint64_t request);
     static ScreenArea Area(const CKivoFunctionPlotter& plotter, const PlaneOnScreen& plane);
-    static void JoinLines(const std::vector<SKivoIsoContour>& contours, ContourLabels* labels);
+    static void JoinLines(const std::vector<SKivoIsoContour>& contours, DrawingStop* stop,
+                          ContourLabels* labels);
     static void PlaceLabels(CKivoFunctionPlotter& plotter);
     static LevelSteps Bands(const CKivoFunctionPlotter& plotter);
     static void UploadColors(const CKivoFunctionPlotter& plotter, const LevelSteps& bands, int texels);

@@ -7,6 +7,7 @@
 #include "parts/AxisNumbers.h"
 #include "parts/KivoGridBox.h"
 #include "parts/TextRenderer.h"
+#include "PictureDrawing.h"
 #include "PointAccess.h"
 #include "ScreenTexts.h"
 #include "window_system/WindowSystem.h"
@@ -191,12 +192,16 @@ ScreenArea ContourAccess::Area(const CKivoFunctionPlotter& plotter, const PlaneO
     return area;
 }
 
-// Once for all frames, also where there is no memory for it.
-void ContourAccess::JoinLines(const std::vector<SKivoIsoContour>& contours, ContourLabels* labels) {
+// Once for all frames, also where there is no memory for it; the next frame begins anew what is stopped.
+void ContourAccess::JoinLines(const std::vector<SKivoIsoContour>& contours, DrawingStop* stop,
+                              ContourLabels* labels) {
     std::uint64_t segmentsLeft = 1u << 20; // a frame waits for it
     labels->isGivenUp = true;
-    for (const SKivoIsoContour& contour : contours)
+    for (const SKivoIsoContour& contour : contours) {
+        if (IsStopped(stop)) break;
         labels->lines.push_back(JoinSegments(contour.points, contour.pointCount, segmentsLeft));
+    }
+    if (labels->lines.size() != contours.size()) labels->lines.clear();
     labels->isGivenUp = false;
 }
 
@@ -204,7 +209,7 @@ void ContourAccess::PlaceLabels(CKivoFunctionPlotter& plotter) {
     ContourLabels& labels = *plotter.m_contourLabels.labels;
     if (labels.isGivenUp) return;
     const std::vector<SKivoIsoContour>& contours = plotter.m_flatZIsoContours;
-    if (labels.lines.empty()) JoinLines(contours, &labels);
+    if (labels.lines.empty()) JoinLines(contours, PictureAccess::Stop(plotter), &labels);
     if (labels.lines.size() != labels.ofLevel.size() || labels.lines.size() != contours.size()) return;
     const PointBox cut = plotter.CutBox();
     std::vector<LabeledLines> levels;

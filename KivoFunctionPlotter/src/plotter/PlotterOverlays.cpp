@@ -8,6 +8,7 @@
 #include "drawing/GLScopes.h"
 #include "drawing/PointMarker.h"
 #include "parts/KivoMeasurePointGroupManager.h"
+#include "PictureDrawing.h"
 #include "window_system/WindowSystem.h"
 
 #include <algorithm>
@@ -20,6 +21,12 @@ namespace KivoDrawingTools {
 namespace {
 
 constexpr int badIndex = -2;
+
+// Whether to leave the rest of many points at one of them; asks at each of some hundred.
+auto Leaving(DrawingStop* stop) {
+    constexpr std::size_t markersAtATime = 256;
+    return [stop](std::size_t point) { return point % markersAtATime == 0 && IsStopped(stop); };
+}
 
 constexpr double nameListMargin = 0.01; // of the plot's width
 constexpr float nameSquare = 0.8f;      // of a row's height
@@ -126,12 +133,13 @@ void CKivoFunctionPlotter::RenderCurveLines() {
 }
 
 void CKivoFunctionPlotter::RenderCurveMarkers() {
+    const auto isLeftAt = Leaving(PictureAccess::Stop(*this));
     const float size = MarkerSize(0.7);
-    ForEachVisibleCurve([this, size](const std::vector<float>& data, std::size_t index) {
+    ForEachVisibleCurve([this, size, isLeftAt](const std::vector<float>& data, std::size_t index) {
         const std::size_t count = m_curvePointCounts[index];
         const std::size_t stride = data.size() / count;
         float point[3];
-        for (std::size_t k = 0; k < count; ++k) {
+        for (std::size_t k = 0; k < count && !isLeftAt(k); ++k) {
             CopyCurvePoint(data, stride, k, point);
             if (IsCutAway(point)) continue;
             DrawPointMarker(point[0], point[1], point[2], size, m_axisScale);
@@ -267,6 +275,7 @@ int CKivoFunctionPlotter::GetMeasureGroupIndexByName(std::string name) {
 }
 
 void CKivoFunctionPlotter::RenderMeasurePoints() {
+    const auto isLeftAt = Leaving(PictureAccess::Stop(*this));
     const float size = MarkerSize(1.0);
     const MatrixModeScope modelView(GL_MODELVIEW);
     for (unsigned int g = 0; g < GetNumMeasureGroups(); ++g) {
@@ -274,7 +283,7 @@ void CKivoFunctionPlotter::RenderMeasurePoints() {
         if (!group.m_visible) continue;
         glColor4fv(group.m_color);
         const std::size_t stride = group.m_floatsPerPoint;
-        for (std::size_t k = 0; k < group.m_pointCount; ++k) {
+        for (std::size_t k = 0; k < group.m_pointCount && !isLeftAt(k); ++k) {
             const float* p = group.m_points + k * stride;
             const float point[] = {p[0], stride > 1 ? p[1] : 0.0f, stride > 2 ? p[2] : 0.0f};
             if (!IsCutAway(point)) DrawPointMarker(point[0], point[1], point[2], size, m_axisScale);

@@ -176,6 +176,13 @@ int CaptureSized(P& plotter, A& source) {
     return rgba.size() == (result == 0 ? std::size_t{4} * width * height : 0) ? result : contradiction;
 }
 
+// Says yes to each seventh question.
+SKivoStopRequest StopAtTheSeventh() {
+    thread_local int asked = 0;
+    const auto ask = [](void* count) { return ++*static_cast<int*>(count) % 7 == 0; };
+    return {ask, &asked};
+}
+
 SKivoPictureOptions SmoothOptions(A& source) {
     SKivoPictureOptions options;
     options.width = source.Of(Amount::pictureSize, 300);
@@ -184,6 +191,7 @@ SKivoPictureOptions SmoothOptions(A& source) {
     options.smoothing = source.Int(2);
     options.transparent = source.Flag(true);
     options.moving = source.Flag(true);
+    if (source.Flag(false)) options.stop = StopAtTheSeventh();
     return options;
 }
 
@@ -512,6 +520,8 @@ const std::vector<PublicMember> motionFunctions = {
     Member("RenderMovedScene()", bracketed, [](P& p, A&) { return RenderMovedScene(p); }).GivesSystemCodes(),
     Member("SetRedrawRequest()", none, [](P& p, A&) { return SetRedrawRequest(p, nullptr, nullptr); }),
     Member("MotionDetailFor(float)", bracketed, [](P& p, A& a) { MotionDetailFor(p, a.Float(1.0f)); }),
+    Member("MotionDetailFor(float, stop)", bracketed,
+           [](P& p, A& a) { MotionDetailFor(p, a.Float(1.0f), StopAtTheSeventh()); }),
 };
 
 // ---- KivoSurfaces.h

@@ -1,5 +1,4 @@
 #include "KivoPlotView.h"
-#include "KivoStyle.h"
 #include "PlotViewCore.h"
 
 #include <algorithm>
@@ -76,17 +75,7 @@ int CKivoPlotView::SetHeights(const float* heights, unsigned int columns, unsign
 }
 
 int CKivoPlotView::SetColors(std::optional<unsigned long> ink, std::optional<unsigned long> ground) {
-    if (m_core->IsLent()) return -1;
-    CKivoFunctionPlotter& plotter = Plotter();
-    SKivoStyle style = GetStyle(plotter);
-    style.inkColor = ink.value_or(SKivoStyle().inkColor);
-    if (const int result = SetStyle(plotter, style); result != 0) return result;
-    if (ground)
-        plotter.SetBackgroundColor(*ground);
-    else
-        plotter.ResetBackgroundColor();
-    Update();
-    return 0;
+    return m_core->SetColors(ink, ground);
 }
 
 void CKivoPlotView::Update() {

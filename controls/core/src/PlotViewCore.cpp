@@ -27,7 +27,7 @@ constexpr double movedFrame = 22.0;             // of a frame while the plot mov
 constexpr unsigned int usualMotionDetail = 150; // points a side, with which most machines keep up
 constexpr unsigned int leastMotionDetail = 120; // with fewer, other things take the time
 // A frame that may be drawn at once is tried so long; movements, which all else waits for, a little longer.
-constexpr double trialOfFrame = 30.0, trialOfMovement = 60.0, forever = 1e9;
+constexpr double trialOfFrame = 20.0, trialOfMovement = 50.0, forever = 1e9;
 constexpr double longFrame = 1000.0; // of one that was not drawn in that time: until it is
 constexpr int mostStopsByHost = 3;
 constexpr int stoppedPicture = -4; // as DrawPicture says it
@@ -135,6 +135,25 @@ void PlotViewCore::SetSmoothing(int factor) {
     Ask(Due::everything);
 }
 
+int PlotViewCore::SetColors(std::optional<unsigned long> ink, std::optional<unsigned long> ground) {
+    m_awaitedColors.reset();
+    if (IsLent()) {
+        m_awaitedColors = Colors{ink, ground};
+        return 0;
+    }
+    Retrieve();
+    Follow();
+    SKivoStyle style = GetStyle(Plotter());
+    style.inkColor = ink.value_or(SKivoStyle().inkColor);
+    if (const int result = SetStyle(Plotter(), style); result != 0) return result;
+    if (ground)
+        Plotter().SetBackgroundColor(*ground);
+    else
+        Plotter().ResetBackgroundColor();
+    Ask(Due::everything);
+    return 0;
+}
+
 void PlotViewCore::ReduceWhileMoving(bool reduce) {
     m_reduces = reduce;
     m_measuredTime = 0.0;
@@ -146,7 +165,7 @@ void PlotViewCore::ReduceWhileMoving(bool reduce) {
 
 // The window takes the control's size when something is drawn or pointed at: of a hundred sizes in a row one.
 void PlotViewCore::Follow() {
-    if (!HasSize() || IsLent()) return;
+    if (IsLent() || !HasSize()) return;
     FollowDensity();
     if (m_width == m_windowWidth && m_height == m_windowHeight) return;
     const bool isSized =
@@ -377,7 +396,7 @@ SKivoPlotImage PlotViewCore::Draw() {
 }
 
 SKivoPlotImage PlotViewCore::DrawNow() {
-    if (IsLent()) return LastImage();
+    if (IsLent()) return {};
     Retrieve();
     m_isAsked = false;
     m_due = Due::everything;
@@ -415,9 +434,7 @@ void PlotViewCore::DrawHere() {
         TakeImage();
     }
     if (!m_failure.empty()) return;
-    m_due = Due::nothing;
-    m_isStale = false;
-    if (isComplete) m_stopsByHost = 0;
+    TakeShown(isComplete);
     if (isComplete)
         TakeCompleteTime(MillisecondsSince(begin));
     else if (m_awaited != Awaited::rest)
@@ -435,7 +452,14 @@ void PlotViewCore::DrawWithThread() {
     if (m_isStale && m_reduces) TryFor(trial, true);
     if (!m_failure.empty()) return;
     m_due = Due::nothing;
-    StartJob(Job::frame, [this](const SKivoStopRequest& stop) { DrawImage(m_next, false, stop); });
+    StartJob(Job::frame, [this](const SKivoStopRequest& stop) {
+        try {
+            DrawImage(m_next, false, stop);
+        } catch (...) { // a derived plotter's, which nobody can be told
+            m_next.result = -1;
+            m_next.failure = "The plot: it cannot be drawn.";
+        }
+    });
 }
 
 // @return whether it has been drawn, or cannot be
@@ -444,19 +468,28 @@ bool PlotViewCore::TryFor(double milliseconds, bool isMoving) {
     DrawImage(m_next, isMoving, trial.Stop());
     if (m_next.result == stoppedPicture) return false;
     TakeImage();
+    TakeShown(!isMoving);
+    return true;
+}
+
+// The image has all that was asked for, or as much as a movement shows.
+void PlotViewCore::TakeShown(bool isComplete) {
     m_due = Due::nothing;
     m_isStale = false;
-    return true;
+    if (isComplete) m_stopsByHost = 0;
 }
 
 void PlotViewCore::TracePointer() {
     const std::optional<POINT> pointer = std::exchange(m_pointer, std::nullopt);
     const bool isTracing = Plotter().IsTracing();
     if (isTracing && pointer) Plotter().Trace(*pointer);
-    float point[3];
-    const bool isTraced = isTracing && Plotter().GetTracePoint(point);
-    if (isTraced || m_isTraced) Tell(m_events.traced, isTraced ? point : nullptr);
-    m_isTraced = isTraced;
+    std::array<float, 3> point = {};
+    const bool isTraced = isTracing && Plotter().GetTracePoint(point.data());
+    // Who hears it asks the plotter, and would stop the thread that draws what was told before.
+    const bool isNews = isTraced ? !IsThreaded() || m_toldPoint != point : m_toldPoint.has_value();
+    m_toldPoint.reset();
+    if (isTraced) m_toldPoint = point;
+    if (isNews) Tell(m_events.traced, isTraced ? point.data() : nullptr);
 }
 
 void PlotViewCore::Present() {
@@ -551,11 +584,21 @@ void PlotViewCore::SetThreaded(bool threaded) {
 }
 
 bool PlotViewCore::IsThreaded() const {
+#if defined(_WIN32)
+    return false; // what is drawn to belongs to the thread that makes it
+#else
     return m_isThreaded && m_events.drawInThread && !m_bound.IsOnScreen();
+#endif
+}
+
+// Setters of gradients leave the plotter's context current in the thread; this, a pan by nothing, does not.
+void PlotViewCore::ReleaseContext() {
+    Plotter().Translate({0, 0}, {0, 0});
 }
 
 void PlotViewCore::StartJob(Job purpose, ThreadedJob::Job job) {
     m_purpose = purpose;
+    ReleaseContext();
     m_job.Start(std::move(job));
     Tell(m_events.drawInThread);
 }
@@ -577,8 +620,8 @@ void PlotViewCore::Retrieve() {
 
 // A host that looks at the plot all the time would never see it.
 void PlotViewCore::RetrieveForHost() {
-    if (m_job.IsIdle()) return;
-    if (++m_stopsByHost <= mostStopsByHost) return EndJob(true);
+    if (IsLent() || m_job.IsIdle()) return;
+    if (m_purpose == Job::measurement || ++m_stopsByHost <= mostStopsByHost) return EndJob(true);
     EndJob(false);
     if (m_due == Due::everything) { // it had not begun
         DrawNow();
@@ -603,9 +646,9 @@ void PlotViewCore::TakeResult() {
         if (m_due == Due::nothing) Request(Due::everything);
         return;
     }
-    m_stopsByHost = 0;
     TakeImage();
     if (m_failure.empty()) {
+        TakeShown(true);
         TakeCompleteTime(m_next.milliseconds);
     } else {
         m_image = {};
@@ -617,6 +660,7 @@ void PlotViewCore::TakeResult() {
 void PlotViewCore::Lend() {
     Retrieve();
     m_drag.reset();
+    ReleaseContext();
     ++m_loans;
 }
 
@@ -626,6 +670,7 @@ void PlotViewCore::TakeBack(bool isChanged) {
     m_isChanged |= isChanged;
     if (--m_loans > 0) return;
     if (m_isDetailOld) ReduceWhileMoving(m_reduces);
+    if (m_awaitedColors) SetColors(m_awaitedColors->ink, m_awaitedColors->ground);
     if (std::exchange(m_isChanged, false)) {
         m_completeTime = std::max(m_completeTime, longFrame);
         Ask(Due::everything);

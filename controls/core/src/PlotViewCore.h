@@ -5,6 +5,7 @@
 #include "KivoPlotView.h"
 #include "ThreadedJob.h"
 
+#include <array>
 #include <memory>
 #include <optional>
 #include <string>
@@ -50,6 +51,7 @@ public:
     /// Takes size and density over where they are new.
     void Follow();
     void SetSmoothing(int factor);
+    int SetColors(std::optional<unsigned long> ink, std::optional<unsigned long> ground);
     void ReduceWhileMoving(bool reduce);
     void KeepUpright(bool upright) { m_isUpright = upright; }
 
@@ -121,8 +123,10 @@ private:
     void Present();
     void DrawImage(Drawing& drawing, bool isMoving, const SKivoStopRequest& stop) const;
     void TakeImage();
+    void TakeShown(bool isComplete);
     void TakeCompleteTime(double milliseconds);
     bool IsThreaded() const;
+    void ReleaseContext();
     void StartJob(Job purpose, ThreadedJob::Job job);
     void EndJob(bool isStopped);
     void TakeResult();
@@ -142,7 +146,6 @@ private:
 
     std::optional<Drag> m_drag;
     std::optional<POINT> m_pointer; ///< to be traced with the next frame
-    bool m_isTraced = false;        ///< as it was told
     int m_wheelRemainder = 0;
     bool m_isUpright = false;
 
@@ -161,6 +164,12 @@ private:
     int m_loans = 0;
     bool m_isChanged = false;   ///< in one of them
     bool m_isDetailOld = false; ///< since it could not be set
+    struct Colors {
+        std::optional<unsigned long> ink;
+        std::optional<unsigned long> ground;
+    };
+    std::optional<Colors> m_awaitedColors; ///< as above
+    std::optional<std::array<float, 3>> m_toldPoint;
     Job m_purpose = Job::frame;
     Drawing m_next;                           ///< while a job goes on, its own
     std::optional<unsigned int> m_nextDetail; ///< as above

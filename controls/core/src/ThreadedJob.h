@@ -14,7 +14,7 @@ namespace KivoDrawingTools {
 /// again once End or TakeDone has told that it is done.
 class ThreadedJob {
 public:
-    using Job = std::function<void(const SKivoStopRequest& stop)>;
+    using Job = std::function<void(const SKivoStopRequest& stop)>; ///< throws nothing
 
     /// Only while there is none.
     void Start(Job job);

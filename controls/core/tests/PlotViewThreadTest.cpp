@@ -261,6 +261,61 @@ TEST_F(PlotViewThread, TellsThatNothingCanBeDrawn) {
     EXPECT_EQ(view.Draw().pixels, nullptr);
 }
 
+// ---- What it tells
+
+// Who hears of the traced point asks the plotter.
+TEST_F(PlotViewThread, ToldOfTheTracedPointOnce) {
+    SKivoPlotViewEvents events = Events();
+    int told = 0;
+    CKivoPlotView* asked = nullptr;
+    events.traced = [&](const float*) {
+        ++told;
+        asked->Plotter();
+    };
+    CKivoPlotView tracing(events);
+    asked = &tracing;
+    tracing.SetThreaded(true);
+    tracing.SetSize(width, height);
+    ASSERT_EQ(tracing.SetGrid(LargeHill().points.data(), side, side), 0);
+    tracing.Plotter().Trace(true);
+    tracing.Draw();
+    tracing.Move(0, middle);
+    tracing.Draw();
+    EXPECT_EQ(told, 1);
+    tracing.Wake();
+    tracing.Draw();
+    ASSERT_TRUE(tracing.IsDrawingInThread());
+    EXPECT_EQ(told, 1);
+    std::thread([&] { tracing.DrawInThread(); }).join();
+    tracing.TakeFrame();
+    tracing.Draw();
+    EXPECT_EQ(told, 1);
+    EXPECT_FALSE(tracing.IsDrawingInThread());
+}
+
+// Setters of the X and Y gradients leave it current in the thread that calls them.
+TEST_F(PlotViewThread, TakesTheContextOver) {
+    ShowLargeHill();
+    view.ReduceWhileMoving(false);
+    view.Draw();
+    ASSERT_TRUE(view.IsDrawingInThread());
+    view.Plotter().SetXGradientStartColor(0x000000ff);
+    view.Update();
+    view.Draw();
+    DrawInThread();
+    EXPECT_EQ(failures, 0) << view.Failure();
+    view.Plotter().SetYGradientStartColor(0x0000ff00);
+    view.Lend();
+    int result = -1;
+    std::thread([&] {
+        std::vector<unsigned char> rgba;
+        int w = 0, h = 0;
+        result = CapturePicture(view.Plotter(), rgba, w, h);
+    }).join();
+    view.TakeBack();
+    EXPECT_EQ(result, 0) << LastWindowError();
+}
+
 // ---- Measuring
 
 TEST_F(PlotViewThread, MeasuresHowMuchToShowWhileItMoves) {
@@ -311,13 +366,13 @@ TEST_F(PlotViewThread, ALentPlotterIsAnothers) {
     EXPECT_FALSE(view.PressKey(KivoViewKey::home));
     EXPECT_EQ(view.SetGrid(hill.points.data(), 12, 10), -1);
     EXPECT_EQ(view.SetHeights(hill.points.data(), 3, 3, 0, 1, 0, 1), -1);
-    EXPECT_EQ(view.SetColors(0, 0), -1);
+    EXPECT_EQ(view.SetColors(0, 0x00C0FFC0), 0);
     view.Update();
     view.SetSize(width + 20, height);
     view.ReduceWhileMoving(false);
     view.Wake();
     EXPECT_EQ(ImageOf(view.Draw()).rgba, before.rgba);
-    EXPECT_EQ(ImageOf(view.DrawNow()).rgba, before.rgba);
+    EXPECT_EQ(view.DrawNow().pixels, nullptr);
     other.join();
     view.TakeBack();
     EXPECT_FALSE(view.IsLent());
@@ -327,6 +382,7 @@ TEST_F(PlotViewThread, ALentPlotterIsAnothers) {
     KivoTest::BarePlot bare(width + 20, height);
     bare.plotter.SetData(LargeHill().NewArray(), side, side, 1, side, 3);
     bare.plotter.SetPlotTitle("by another");
+    bare.plotter.SetBackgroundColor(0x00C0FFC0); // as was asked for meanwhile
     EXPECT_TRUE(ImagesAgree(after, bare.Smooth(), 0, 0, "lent"));
 }
 

@@ -71,7 +71,8 @@ public:
     ~KivoPlotWidget() override;
 
     /// The plotter, for everything that is shown; refresh() shows it. Window, size and pixel scale are the
-    /// widget's, as CKivoPlotView says. With threaded drawing it is to be got anew in each event.
+    /// widget's, as CKivoPlotView says. With threaded drawing it is to be got anew in each event, and before
+    /// arrays change that it reads.
     KivoDrawingTools::CKivoFunctionPlotter& plotter();
     /// What is between the widget and the plotter, for what the widget has no member for.
     KivoDrawingTools::CKivoPlotView& view();
@@ -97,7 +98,8 @@ public:
     bool isReducedWhileMoving() const;
     /// Whether plots that take long are drawn in a thread of the widget's, so that the program goes on: what
     /// there is is shown meanwhile, as while the hand moves it, and whatever reaches the plotter stops the
-    /// thread. At first they are not. Then the thread calls what a derived plotter draws with.
+    /// thread. At first they are not. A derived widget whose members the plotter reads calls view().Lend() at
+    /// its end. While the plotter is lent, setters of title, plot type and tracing do nothing.
     bool isDrawingThreaded() const;
     /// By how many pixels each is averaged along both sides while nothing moves: 1 to 4, at first 2.
     int smoothing() const;

@@ -122,7 +122,7 @@ void KivoPlotItem::tellView() {
 }
 
 bool KivoPlotItem::isTracing() const {
-    return m_control->Plotter().IsTracing();
+    return m_control->IsTracing();
 }
 
 void KivoPlotItem::setTracing(bool tracing) {

@@ -78,7 +78,7 @@ void KivoPlotWidget::setPlotType(PlotType type) {
 }
 
 bool KivoPlotWidget::isTracing() const {
-    return m_control->Plotter().IsTracing();
+    return m_control->IsTracing();
 }
 
 void KivoPlotWidget::setTracing(bool tracing) {

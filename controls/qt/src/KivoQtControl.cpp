@@ -128,7 +128,7 @@ SKivoPlotViewEvents KivoQtControl::Events() {
         m_threads.start([this] {
             m_view.DrawInThread();
             QMetaObject::invokeMethod(
-                this, [this] { m_view.TakeFrame(); }, Qt::QueuedConnection);
+                this, [this] { WithinEvent([this] { m_view.TakeFrame(); }); }, Qt::QueuedConnection);
         });
     };
     return events;
@@ -160,7 +160,7 @@ void KivoQtControl::Send() {
 void KivoQtControl::timerEvent(QTimerEvent* event) {
     if (event->timerId() == m_wake.timerId()) {
         m_wake.stop(); // it is to come once
-        m_view.Wake();
+        WithinEvent([this] { m_view.Wake(); });
     } else if (event->timerId() == m_hold.timerId()) {
         EndHold();
     }
@@ -181,16 +181,24 @@ bool KivoQtControl::SetGrid(const QList<QVector3D>& points, qint64 columns, qint
 }
 
 QString KivoQtControl::Title() {
-    return QString::fromLocal8Bit(Plotter().GetPlotTitle());
+    if (!m_view.IsLent()) m_title = QString::fromLocal8Bit(m_plotter.GetPlotTitle());
+    return m_title;
 }
 
 void KivoQtControl::SetTitle(const QString& title) {
+    if (m_view.IsLent()) return;
     Plotter().SetPlotTitle(title.toLocal8Bit().constData());
     m_view.Update();
 }
 
 int KivoQtControl::PlotType() {
-    return Plotter().GetCurrentPlotType();
+    if (!m_view.IsLent()) m_plotType = m_plotter.GetCurrentPlotType();
+    return m_plotType;
+}
+
+bool KivoQtControl::IsTracing() {
+    if (!m_view.IsLent()) m_isTracing = m_plotter.IsTracing();
+    return m_isTracing;
 }
 
 void KivoQtControl::SetPlotType(int type) {
@@ -201,6 +209,7 @@ void KivoQtControl::SetPlotType(int type) {
 }
 
 void KivoQtControl::SetTracing(bool tracing) {
+    if (m_view.IsLent()) return;
     Plotter().Trace(tracing);
     m_view.Update();
 }

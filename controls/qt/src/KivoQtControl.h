@@ -52,11 +52,14 @@ public:
     bool SetGrid(const float* points, qint64 columns, qint64 rows);
     bool SetGrid(const QList<QVector3D>& points, qint64 columns, qint64 rows);
 
+    // What a thread that draws leaves alone is asked beside it; of a plotter that is lent it is what was
+    // known before, and setters do nothing.
     QString Title();
     void SetTitle(const QString& title);
     int PlotType();
     /// @param type  others than 0 to 3 do nothing
     void SetPlotType(int type);
+    bool IsTracing();
     void SetTracing(bool tracing);
     bool IsUpright() const { return m_isUpright; }
     void SetUpright(bool upright);
@@ -136,5 +139,9 @@ private:
     std::optional<QVector3D> m_traced;
 
     KivoDrawingTools::CKivoPlotView m_view; // its events reach the others
-    QThreadPool m_threads;                  // of which there is one at most; waits for it at its end
+    KivoDrawingTools::CKivoFunctionPlotter& m_plotter = m_view.Plotter();
+    QString m_title; // as was known last
+    int m_plotType = 0;
+    bool m_isTracing = false;
+    QThreadPool m_threads; // of which there is one at most; waits for it at its end
 };
