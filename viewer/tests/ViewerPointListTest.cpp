@@ -71,9 +71,9 @@ TEST_F(ViewerPointListTest, FollowsPointsAndHowNumbersAreWritten) {
     Set("fit-digits", "off");
     EXPECT_THAT(Listed(1), ElementsAre("B  1.000  0.000  1.000"));
     Set("x-labels", "date");
-    EXPECT_THAT(Listed(1)[0], testing::StartsWith("B  1970-01-02"));
+    EXPECT_THAT(Listed(1), ElementsAre(testing::StartsWith("B  1970-01-02")));
     m_scene.RemovePoints(PointSet::Kind::measureGroup, 0);
-    EXPECT_THAT(Listed(0)[0], testing::StartsWith("B  1970-01-02"));
+    EXPECT_THAT(Listed(0), ElementsAre(testing::StartsWith("B  1970-01-02")));
     Unset("x-labels");
     GridData wide = Hill();
     for (float& x : wide.x)

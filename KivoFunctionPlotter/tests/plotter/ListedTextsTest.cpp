@@ -134,6 +134,9 @@ TEST_P(ListedTexts, LeaveTheTitleReadable) {
             for (int x = 300; x < 600; ++x)
                 shown += IsDark(with.Pixel(x, y)) && !IsDark(without.Pixel(x, y));
         EXPECT_EQ(covered, 0) << text;
+        if (text != std::string("B 12")) {
+            EXPECT_GE(Bounds(with, without).top, plotter.m_plotTitleImage->height) << "it is below";
+        }
         EXPECT_GT(shown, 20) << text;
     }
 }
