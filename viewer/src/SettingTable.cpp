@@ -246,15 +246,12 @@ void AddLegend(Table& table) {
                       &PlotScene::ApplySwitches};
     groups.key = "N";
     table.push_back(groups);
-    Setting points = {
-        Translate("Settings", "Legend"),
-        "list-points",
-        Translate("Settings", "List of points"),
-        Translate(
-            "Settings",
-            "A list of the measure points with names in the corner of the plot, with their coordinates"),
-        SettingField(&Plot::listsPoints),
-        &PlotScene::ApplyPointList};
+    Setting points = {Translate("Settings", "Legend"),
+                      "list-points",
+                      Translate("Settings", "List of points"),
+                      Translate("Settings", "A list of named points with their coordinates"),
+                      SettingField(&Plot::listsPoints),
+                      &PlotScene::ApplyPointList};
     points.key = "W";
     table.push_back(points);
 }

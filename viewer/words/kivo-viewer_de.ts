@@ -2101,8 +2101,8 @@
         <translation>Liste der Punkte</translation>
     </message>
     <message>
-        <source>A list of the measure points with names in the corner of the plot, with their coordinates</source>
-        <translation>Liste der benannten Messpunkte mit Koordinaten</translation>
+        <source>A list of named points with their coordinates</source>
+        <translation>Liste benannter Punkte mit Koordinaten</translation>
     </message>
 </context>
 <context>

@@ -2096,8 +2096,8 @@
         <translation>点の一覧</translation>
     </message>
     <message>
-        <source>A list of the measure points with names in the corner of the plot, with their coordinates</source>
-        <translation>名前のある測定点と座標の一覧をプロットの隅に表示する</translation>
+        <source>A list of named points with their coordinates</source>
+        <translation>名前のある点と座標の一覧を表示する</translation>
     </message>
 </context>
 <context>
