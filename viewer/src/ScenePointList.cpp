@@ -36,7 +36,7 @@ std::string Padding(std::size_t width, const std::string& text) {
 }
 
 // In columns, by a font whose letters are of one width.
-std::vector<std::vector<std::string>> RowsOf(const std::vector<ListedGroup>& groups) {
+std::vector<std::vector<std::string>> AlignedRows(const std::vector<ListedGroup>& groups) {
     std::size_t widths[4] = {};
     for (const ListedGroup& group : groups)
         for (const ListedPoint& point : group.points) {
@@ -86,7 +86,7 @@ void PlotScene::ApplyPointList() {
         room -= count;
     }
     unsigned int number = 0;
-    for (const std::vector<std::string>& rows : RowsOf(groups))
+    for (const std::vector<std::string>& rows : AlignedRows(groups))
         if (SetListedTexts(Plotter(), number++, rows) != 0)
             throw Failure(Filled(Translate("Plot", "cannot draw: %1"), KivoDrawingTools::LastWindowError()));
     ShowMeasureGroupNames(Plotter(), m_settings.listsGroups || m_settings.listsPoints);
