@@ -695,15 +695,15 @@ TEST_P(LifecycleInWindow, ASecondLifeShowsWhatTheFirstShowed) {
     FillPlot(plotter);
     ASSERT_EQ(SetMeasurePointNames(plotter, 0, {"Well 1", "Well 2"}), 0);
     ASSERT_EQ(SetListedTexts(plotter, 1, {"Well 1  0.0", "", "Well 2  1.0"}), 0);
-    const auto draw = [this](int (CKivoFunctionPlotter::*show)()) {
-        (plotter.*show)();
+    const auto draw = [this](bool isFlat) {
+        isFlat ? plotter.SwitchToXYProjectPlot() : plotter.SwitchToNormalPlot();
         FillAgain(plotter);
         EXPECT_EQ(plotter.Renderscene(), 0);
         FillAgain(plotter); // lights stand where the camera of the moment puts them
         return CaptureImage(plotter);
     };
-    const Image space = draw(&CKivoFunctionPlotter::SwitchToNormalPlot);
-    const Image map = draw(&CKivoFunctionPlotter::SwitchToXYProjectPlot);
+    const Image space = draw(false);
+    const Image map = draw(true);
     for (const float scale : {2.0f, 1.0f}) { // of the life that ends
         SCOPED_TRACE(scale);
         SKivoStyle style;
@@ -712,9 +712,8 @@ TEST_P(LifecycleInWindow, ASecondLifeShowsWhatTheFirstShowed) {
         EXPECT_EQ(plotter.OnDestroy(), 0);
         EXPECT_EQ(SetStyle(plotter, SKivoStyle()), 0);
         ASSERT_EQ(plotter.OnCreate(plot.window.Handle(), 320, 240, true), 0);
-        EXPECT_TRUE(
-            ImagesAgree(draw(&CKivoFunctionPlotter::SwitchToNormalPlot), space, 0, 0, "second-space"));
-        EXPECT_TRUE(ImagesAgree(draw(&CKivoFunctionPlotter::SwitchToXYProjectPlot), map, 0, 0, "second-map"));
+        EXPECT_TRUE(ImagesAgree(draw(false), space, 0, 0, "second-space"));
+        EXPECT_TRUE(ImagesAgree(draw(true), map, 0, 0, "second-map"));
     }
 }
 
