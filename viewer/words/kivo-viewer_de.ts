@@ -1063,6 +1063,14 @@
         <source>Drag a rectangle with the left button; Escape ends it</source>
         <translation>Mit der linken Taste ein Rechteck ziehen; Escape beendet es</translation>
     </message>
+    <message>
+        <source>Preparing the plot...</source>
+        <translation>Der Plot wird vorbereitet...</translation>
+    </message>
+    <message>
+        <source>Drawing the picture...</source>
+        <translation>Das Bild wird gezeichnet...</translation>
+    </message>
 </context>
 <context>
     <name>Menu</name>

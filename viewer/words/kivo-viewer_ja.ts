@@ -1059,6 +1059,14 @@
         <source>Drag a rectangle with the left button; Escape ends it</source>
         <translation>左ボタンで矩形をドラッグします。Escapeで中止します</translation>
     </message>
+    <message>
+        <source>Preparing the plot...</source>
+        <translation>プロットを準備しています...</translation>
+    </message>
+    <message>
+        <source>Drawing the picture...</source>
+        <translation>画像を描いています...</translation>
+    </message>
 </context>
 <context>
     <name>Menu</name>

@@ -67,7 +67,7 @@ TEST_F(ContextCalls, MembersThatDrawOrMakeTexturesBracketTheirWork) {
         EXPECT_EQ(wglGetCurrentContext(), nullptr);
         ++count;
     }
-    EXPECT_EQ(count, 80);
+    EXPECT_EQ(count, 81);
 }
 
 TEST_F(ContextCalls, TheGradientSettersOfXAndYLeaveTheContextCurrent) {

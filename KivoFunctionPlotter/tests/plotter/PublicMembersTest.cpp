@@ -24,7 +24,7 @@ std::string Header(const std::string& name) {
 // How many functions of a name the text declares. Constructors, destructor and assignment are left out: they
 // have no plotter to be called on.
 void CountFunctions(const std::string& text, std::map<std::string, int>& counts) {
-    const std::regex function(R"((~?\w+)\s*\([^;]*\)[^;()]*;)");
+    const std::regex function(R"((~?\w+)\s*\((?!\*)[^;]*\)[^;()]*;)");
     for (std::sregex_iterator match(text.begin(), text.end(), function), end; match != end; ++match) {
         const std::string name = (*match)[1];
         if (name != "CKivoFunctionPlotter" && name != "~CKivoFunctionPlotter") ++counts[name];

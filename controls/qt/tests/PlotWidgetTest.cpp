@@ -83,7 +83,8 @@ TEST_F(PlotWidget, PropertiesAreThePlotters) {
     EXPECT_EQ(plot.plotType(), KivoPlotWidget::PlotType::YZ);
     set("tracing", true);
     EXPECT_TRUE(plot.plotter().IsTracing());
-    for (const char* const name : {"tracing", "upright", "reducedWhileMoving", "paletteFollowed", "threadedDrawing"})
+    for (const char* const name :
+         {"tracing", "upright", "reducedWhileMoving", "paletteFollowed", "threadedDrawing"})
         for (const bool value : {true, false})
             set(name, value);
     set("smoothing", 3);
