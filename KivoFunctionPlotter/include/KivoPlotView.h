@@ -176,7 +176,7 @@ public:
     /// Ends that, and asks for a frame.
     /// @param isChanged  false: the other thread has only looked, and what is shown is not drawn again
     void TakeBack(bool isChanged = true);
-    bool IsLent() const;
+    bool IsLent() const; ///< @return whether it is
 
     // ---- The hand
 

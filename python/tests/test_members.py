@@ -62,6 +62,7 @@ def test_records_have_the_fields_of_the_headers():
         text = (HEADERS / f'{header}.h').read_text()
         body = re.sub(r'//.*', '', re.search(rf'struct SKivo{record.__name__} \{{(.*?)\n\}};', text, re.DOTALL).group(1))
         fields = [python_name(name) for name in re.findall(r'(\w+)(?:\[\d\])?(?: =[^;]*)?;', body)]
+        fields = [field for field in fields if field != 'stop']  # asked while Python is not held
         assert list(vars(record()).keys()) == fields
 
 
@@ -228,6 +229,7 @@ def test_what_members_do():
     assert plotter.add_surface(grid_points() + 1) == 1 and plotter.get_surface_count() == 1
     plotter.fit_axes_to_surfaces(True)
     assert plotter.axes_fit_surfaces()
+    plotter.keep_frame_line_step(3, 2)
     plotter.set_color_map(2, 'viridis')
     plotter.set_color_map(2, [[0, 0, 0, 1], [1, 1, 1, 1]])
     plotter.set_color_map(2, None)

@@ -550,7 +550,8 @@ void PlotViewCore::TakeCompleteTime(double milliseconds) {
 
 void PlotViewCore::Measure() {
     if (m_drag || m_due != Due::nothing || !m_reduces || IsLent() || IsDrawingInThread())
-        return; // after the next complete frame
+        return;                                      // after the next complete frame
+    if (Plotter().GetCurrentPlotType() != 0) return; // where nothing can be measured: what was taken goes on
     m_measuredTime = m_completeTime;
     if (IsThreaded()) {
         StartJob(Job::measurement,
