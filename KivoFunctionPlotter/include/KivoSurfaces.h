@@ -54,6 +54,15 @@ KIVO_API int GetSurface(const CKivoFunctionPlotter& plotter, int surface, SKivoS
 /// @throws std::bad_alloc  nothing has changed
 KIVO_API int SetSurface(CKivoFunctionPlotter& plotter, int surface, const SKivoSurface& values);
 
+/// Has the frame lines of data that SetData and SetDataReference are handed from now on stand so many cells
+/// apart, across columns and rows, instead of at each, as at first: lines at each cell take 16 bytes a point,
+/// also where SetFrameLineStep makes others at once. Lines that are there stay. It stays through OnDestroy
+/// and OnCreate.
+/// @param columnStep  as of SetFrameLineStep; with 0 in either, lines are at each cell
+/// @return 0
+/// @throws std::bad_alloc  nothing has changed
+KIVO_API int KeepFrameLineStep(CKivoFunctionPlotter& plotter, unsigned int columnStep, unsigned int rowStep);
+
 /// Fits box, axes, gradients and contour levels to the points of all surfaces, hidden ones too, or, as at
 /// first, to those of the first one alone; then and whenever a surface comes or goes. As with new data,
 /// ranges that were set are forgotten with that, and the view is fitted, but turned as it is.

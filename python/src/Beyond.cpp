@@ -223,6 +223,14 @@ void BindSurfaces(Members& members) {
                       "fit_axes_to_surfaces");
             },
             "all"_a)
+        .Add(
+            "KeepFrameLineStep",
+            [](Plotter& self, unsigned int columnStep, unsigned int rowStep) {
+                Check(self.Call(
+                          [&](Class& plotter) { return KeepFrameLineStep(plotter, columnStep, rowStep); }),
+                      "keep_frame_line_step");
+            },
+            "column_step"_a, "row_step"_a)
         .Add("AxesFitSurfaces",
              [](Plotter& self) {
                  return self.Call([](const Class& plotter) { return AxesFitSurfaces(plotter); });

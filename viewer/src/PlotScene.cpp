@@ -165,6 +165,11 @@ void ViewerPlotter::ForgetScale() {
 void PlotScene::ShowGrid(const GridData& grid) {
     FitAxesToSurfaces(Plotter(), m_settings.fitsSurfaces);
     ShowPointsInFlatPlots(Plotter(), true);
+    // Lines at each cell would be made, and go with those that the settings have.
+    const auto stepOf = [&](int axis, std::size_t points) {
+        return m_settings.axes[axis].lineStep.value_or(FrameLineStep(points));
+    };
+    KeepFrameLineStep(Plotter(), stepOf(0, grid.ColumnCount()), stepOf(1, grid.RowCount()));
     HandOver(Plotter(), grid);
     ShowOrigin(grid.origin);
     KeepFirstSurface(grid);

@@ -251,6 +251,17 @@ bool SurfaceAccess::AreAxesFitted(const CKivoFunctionPlotter& plotter) {
     return plotter.m_surfaces.layers && plotter.m_surfaces.layers->areAxesFitted;
 }
 
+void SurfaceAccess::KeepStep(CKivoFunctionPlotter& plotter, unsigned int columnStep, unsigned int rowStep) {
+    if (!plotter.m_surfaces.layers) plotter.m_surfaces.layers = std::make_unique<SurfaceLayers>();
+    const bool areGiven = columnStep != 0 && rowStep != 0;
+    plotter.m_surfaces.layers->keptStep[0] = areGiven ? columnStep : 1;
+    plotter.m_surfaces.layers->keptStep[1] = areGiven ? rowStep : 1;
+}
+
+unsigned int SurfaceAccess::KeptStep(const CKivoFunctionPlotter& plotter, int side) {
+    return plotter.m_surfaces.layers ? plotter.m_surfaces.layers->keptStep[side] : 1;
+}
+
 void SurfaceAccess::Cut(CKivoFunctionPlotter& plotter, int axis, bool cut) {
     plotter.m_isCutToAxis[axis] = cut;
     if (!plotter.CutBox().Holds(plotter.m_tracePoint)) plotter.m_hasTracePoint = 0;
@@ -290,6 +301,11 @@ int GetSurface(const CKivoFunctionPlotter& plotter, int surface, SKivoSurface* v
 int SetSurface(CKivoFunctionPlotter& plotter, int surface, const SKivoSurface& values) {
     if (!IsOpacity(values.opacity)) return refusedArgument;
     return SurfaceAccess::Set(plotter, surface, values);
+}
+
+int KeepFrameLineStep(CKivoFunctionPlotter& plotter, unsigned int columnStep, unsigned int rowStep) {
+    SurfaceAccess::KeepStep(plotter, columnStep, rowStep);
+    return 0;
 }
 
 int FitAxesToSurfaces(CKivoFunctionPlotter& plotter, bool all) {

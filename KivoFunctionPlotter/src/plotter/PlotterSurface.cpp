@@ -192,7 +192,7 @@ int CKivoFunctionPlotter::TakeData(float* points, bool isReference, const unsign
     AssignColorData();
     AssignTexcoordData();
     AssignIndexData();
-    AssignFramelineIndexData(1, 1);
+    AssignFramelineIndexData(SurfaceAccess::KeptStep(*this, 0), SurfaceAccess::KeptStep(*this, 1));
     CreateIsoContourData();
     if (m_useFramelineTexture) CreateFramelineSKivoTexImage();
     return 0;

@@ -78,9 +78,10 @@ struct SurfacePart {
 
 /// All surfaces of a plotter.
 struct SurfaceLayers {
-    SKivoSurface first;             ///< looks of the first one, but for its frame lines
-    bool areAxesFitted = false;     ///< to all
-    std::vector<SurfaceLayer> over; ///< as they were added
+    SKivoSurface first;                ///< looks of the first one, but for its frame lines
+    bool areAxesFitted = false;        ///< to all
+    unsigned int keptStep[2] = {1, 1}; ///< of the frame lines of new data
+    std::vector<SurfaceLayer> over;    ///< as they were added
     int lastNumber = 0;
     int traced = 0; ///< on which the traced point lies
 
@@ -112,6 +113,9 @@ struct SurfaceAccess {
     static int Set(CKivoFunctionPlotter& plotter, int number, const SKivoSurface& looks);
     static void FitAxes(CKivoFunctionPlotter& plotter, bool all);
     static bool AreAxesFitted(const CKivoFunctionPlotter& plotter);
+    static void KeepStep(CKivoFunctionPlotter& plotter, unsigned int columnStep, unsigned int rowStep);
+    /// Of the frame lines of new data, along a side.
+    static unsigned int KeptStep(const CKivoFunctionPlotter& plotter, int side);
     static void Cut(CKivoFunctionPlotter& plotter, int axis, bool cut);
     static bool IsCut(const CKivoFunctionPlotter& plotter, int axis);
     static int Traced(const CKivoFunctionPlotter& plotter);

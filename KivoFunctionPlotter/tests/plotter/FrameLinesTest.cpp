@@ -1,4 +1,5 @@
 // Frame lines: the list of segments, their drawing, and the picture form.
+#include "KivoSurfaces.h"
 #include "support/TestSurfaces.h"
 #include "support/TestWindow.h"
 
@@ -285,6 +286,32 @@ TEST_P(FrameLineDrawing, ThePictureFormPutsTheStateBack) {
     EXPECT_EQ(LoadedMatrix(GL_MODELVIEW_MATRIX), camera);
     EXPECT_TRUE(glIsEnabled(GL_LIGHTING));
     EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
+}
+
+// As if the step had been set once they are there.
+TEST(FrameLines, OfNewDataKeepAStep) {
+    const TestSurface surface = PlaneSurface(40, 31);
+    PlotterProbe plotter;
+    const auto show = [&] { plotter.SetData(surface.NewArray(), 40, 31, 1, 40, 3); };
+    show();
+    EXPECT_EQ(KeepFrameLineStep(plotter, 7, 4), 0);
+    EXPECT_EQ(Lines(plotter), ExpectedLines(40, 31, 1, 1)) << "lines that are there stay";
+    show();
+    EXPECT_EQ(Lines(plotter), ExpectedLines(40, 31, 7, 4));
+    plotter.SetFrameLineStep(2, 3);
+    EXPECT_EQ(Lines(plotter), ExpectedLines(40, 31, 2, 3));
+    plotter.OnDestroy();
+    show();
+    EXPECT_EQ(Lines(plotter), ExpectedLines(40, 31, 7, 4)) << "through OnDestroy";
+    SKivoSurface looks;
+    ASSERT_EQ(GetSurface(plotter, 0, &looks), 0);
+    EXPECT_EQ(looks.frameLineStep[0], 7u);
+    for (const auto& [columnStep, rowStep] : {std::pair{0u, 4u}, std::pair{7u, 0u}}) {
+        KeepFrameLineStep(plotter, 7, 4);
+        KeepFrameLineStep(plotter, columnStep, rowStep);
+        show();
+        EXPECT_EQ(Lines(plotter), ExpectedLines(40, 31, 1, 1)) << "as at first";
+    }
 }
 
 TEST_P(FrameLineDrawing, ThePictureFormIsMadeWithTheDataAndLaidOverTheSurface) {

@@ -586,6 +586,11 @@ const std::vector<PublicMember> surfaceFunctions = {
                FitAxesToSurfaces(p, !all);
                return FitAxesToSurfaces(p, all);
            }),
+    Member("KeepFrameLineStep(count, count)", none,
+           [](P& p, A& a) {
+               const unsigned int columnStep = a.Unsigned(3);
+               return KeepFrameLineStep(p, columnStep, a.Unsigned(2));
+           }),
     Member("AxesFitSurfaces()", none, [](P& p, A&) { AxesFitSurfaces(p); }),
     Member("CutToAxis(int, flag)", none,
            [](P& p, A& a) {
