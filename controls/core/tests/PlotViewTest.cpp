@@ -10,6 +10,7 @@
 #include "support/TestHostContext.h"
 #include "support/TestSurfaces.h"
 #include "support/TestWindow.h"
+#include "ViewImage.h"
 
 #include <gmock/gmock.h>
 
@@ -22,22 +23,12 @@
 #include <vector>
 
 using namespace KivoDrawingTools;
+using KivoTest::ImageOf;
 
 namespace {
 
 constexpr int width = 400, height = 300;
 constexpr POINT middle = {230, 150};
-
-Image ImageOf(const SKivoPlotImage& shown) {
-    Image image(shown.width, shown.height);
-    for (int y = 0; y < shown.height; ++y)
-        for (int x = 0; x < shown.width; ++x) {
-            const unsigned char* const bgra = shown.pixels + y * shown.rowBytes + 4 * x;
-            const unsigned char rgba[] = {bgra[2], bgra[1], bgra[0], bgra[3]};
-            std::copy(rgba, rgba + 4, image.Pixel(x, y));
-        }
-    return image;
-}
 
 // What a control would hear.
 struct Heard {

@@ -7,6 +7,7 @@
 #include "KivoWindow.h"
 #include "support/BarePlot.h"
 #include "support/TestSurfaces.h"
+#include "ViewImage.h"
 
 #include <gtest/gtest.h>
 
@@ -18,6 +19,7 @@
 #include <vector>
 
 using namespace KivoDrawingTools;
+using KivoTest::ImageOf;
 
 namespace {
 
@@ -33,17 +35,6 @@ constexpr unsigned int side = 700;
 const TestSurface& LargeHill() {
     static const TestSurface hill = HillSurface(side, side);
     return hill;
-}
-
-Image ImageOf(const SKivoPlotImage& shown) {
-    Image image(shown.width, shown.height);
-    for (int y = 0; y < shown.height; ++y)
-        for (int x = 0; x < shown.width; ++x) {
-            const unsigned char* const bgra = shown.pixels + y * shown.rowBytes + 4 * x;
-            const unsigned char rgba[] = {bgra[2], bgra[1], bgra[0], bgra[3]};
-            std::copy(rgba, rgba + 4, image.Pixel(x, y));
-        }
-    return image;
 }
 
 class PlotViewThread : public testing::Test {
