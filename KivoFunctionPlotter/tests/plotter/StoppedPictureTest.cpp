@@ -138,6 +138,16 @@ TEST_P(StoppedPicture, OfManyContours) {
     ExpectStopsEverywhere("contours", 1, 25);
 }
 
+TEST_P(StoppedPicture, OfManyMarkers) {
+    Show(HillSurface(20, 20));
+    std::vector<float> points;
+    for (int i = 0; i < 1000; ++i)
+        points.insert(points.end(), {0.004f * static_cast<float>(i), 0.0f, 1.0f});
+    ASSERT_GE(plotter.AddCurveData(points.data(), 1000, 3), 0);
+    ASSERT_EQ(plotter.AddMeasurePoints(1000, 3, points.data(), "many"), 0);
+    ExpectStopsEverywhere("markers", 1, 8 + 3); // four of the curve, four of the group
+}
+
 TEST_P(StoppedPicture, OfAnEmptyPlot) {
     ExpectStopsEverywhere("empty", 1, 1);
 }
