@@ -56,6 +56,7 @@ function(kivo_join_tests target)
         UNITY_BUILD_UNIQUE_ID KIVO_SOURCE
         UNITY_BUILD_CODE_BEFORE_INCLUDE "#include \"${header}\"\nnamespace KIVO_SOURCE {"
         UNITY_BUILD_CODE_AFTER_INCLUDE "}")
+    target_include_directories(${target} PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}") # for headers that lie beside the tests
     # Suites in unnamed namespaces are the bases of tests outside, which is wrong in headers alone.
     target_compile_options(${target} PRIVATE -Wno-subobject-linkage)
 endfunction()
