@@ -4,11 +4,11 @@
 #include "computing/MarchingSquares.h"
 #include "ContourAccess.h"
 #include "drawing/ClipScope.h"
-#include "drawing/LongDraws.h"
 #include "NewContours.h"
 #include "parts/KivoGradientColor.h"
 #include "PictureDrawing.h"
 #include "ReducedSurface.h"
+#include "SurfaceLayers.h"
 #include "window_system/WindowSystem.h"
 
 #include <algorithm>
@@ -109,8 +109,8 @@ void ContourAccess::Fill(const CKivoFunctionPlotter& plotter) {
         const ClipScope cut = plotter.CutScope(allAxes);
         surface.SetVertexPointer();
         glEnableClientState(GL_VERTEX_ARRAY);
-        DrawIndexed(GL_TRIANGLES, surface.triangles, surface.triangleIndexCount,
-                    PictureAccess::Stop(plotter));
+        SurfaceAccess::DrawTriangles(plotter, {surface.points, surface.components, surface.pointCount},
+                                     surface.triangles, surface.triangleIndexCount);
         glDisableClientState(GL_VERTEX_ARRAY);
     }
     glBindTexture(GL_TEXTURE_2D, 0);

@@ -5,6 +5,7 @@
 #include "PictureDrawing.h"
 #include "PlotType.h"
 #include "ReducedSurface.h"
+#include "SurfaceLayers.h"
 #include "window_system/WindowSystem.h"
 
 #include <algorithm>
@@ -138,6 +139,11 @@ int SetRedrawRequest(CKivoFunctionPlotter& plotter, void (*request)(void*), void
 
 int RenderMovedScene(CKivoFunctionPlotter& plotter) {
     return MotionAccess::Render(plotter);
+}
+
+int CullSmallTriangles(CKivoFunctionPlotter& plotter, bool cull) {
+    SurfaceAccess::Cull(plotter, cull);
+    return 0;
 }
 
 bool IsDetailReduced(const CKivoFunctionPlotter& plotter) {

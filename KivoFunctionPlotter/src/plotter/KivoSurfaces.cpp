@@ -262,6 +262,15 @@ unsigned int SurfaceAccess::KeptStep(const CKivoFunctionPlotter& plotter, int si
     return plotter.m_surfaces.layers ? plotter.m_surfaces.layers->keptStep[side] : 1;
 }
 
+void SurfaceAccess::Cull(CKivoFunctionPlotter& plotter, bool isOn) {
+    if (!plotter.m_surfaces.layers) plotter.m_surfaces.layers = std::make_unique<SurfaceLayers>();
+    std::optional<CulledTriangles>& culled = plotter.m_surfaces.layers->culled;
+    if (!isOn)
+        culled.reset();
+    else if (!culled)
+        culled.emplace();
+}
+
 void SurfaceAccess::Cut(CKivoFunctionPlotter& plotter, int axis, bool cut) {
     plotter.m_isCutToAxis[axis] = cut;
     if (!plotter.CutBox().Holds(plotter.m_tracePoint)) plotter.m_hasTracePoint = 0;

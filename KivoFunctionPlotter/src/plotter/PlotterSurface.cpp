@@ -340,6 +340,7 @@ void CKivoFunctionPlotter::UploadFramelineTexture(const float* texcoords) const 
 SurfaceArrays CKivoFunctionPlotter::WholeSurface() const {
     return {m_points,
             m_componentCount,
+            std::size_t{m_columnCount} * m_rowCount,
             m_colorArray,
             m_texcoordArray,
             m_indexArray,
@@ -381,7 +382,8 @@ void CKivoFunctionPlotter::DrawSurface(const SurfaceArrays& surface) {
     // the width of a line, and a bit.
     glPolygonOffset(m_pixelScale, 1.0f);
     glEnable(GL_POLYGON_OFFSET_FILL);
-    DrawIndexed(GL_TRIANGLES, surface.triangles, surface.triangleIndexCount, PictureAccess::Stop(*this));
+    SurfaceAccess::DrawTriangles(*this, {surface.points, surface.components, surface.pointCount},
+                                 surface.triangles, surface.triangleIndexCount);
     glDisable(GL_POLYGON_OFFSET_FILL);
 
     glDisable(GL_TEXTURE_2D);

@@ -50,13 +50,10 @@ void ReducedSurface::TakeValues(const SurfaceArrays& whole) {
 }
 
 SurfaceArrays ReducedSurface::Arrays() const {
-    return {m_points.data(),
-            static_cast<unsigned int>(m_floatsPerPoint),
-            m_colors.data(),
-            m_texcoords.data(),
-            m_triangles.data(),
-            m_triangles.size(),
-            m_lines.empty() ? nullptr : m_lines.data(),
+    return {m_points.data(),    static_cast<unsigned int>(m_floatsPerPoint),
+            m_grid.Count(),     m_colors.data(),
+            m_texcoords.data(), m_triangles.data(),
+            m_triangles.size(), m_lines.empty() ? nullptr : m_lines.data(),
             m_lines.size()};
 }
 

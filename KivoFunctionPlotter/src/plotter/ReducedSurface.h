@@ -15,8 +15,9 @@ namespace KivoDrawingTools {
 struct SurfaceArrays {
     const float* points;
     unsigned int components; ///< floats from a point to the next
-    const float* colors;     ///< 4 a point
-    const float* texcoords;  ///< 2 a point
+    std::size_t pointCount;
+    const float* colors;    ///< 4 a point
+    const float* texcoords; ///< 2 a point
     const unsigned int* triangles;
     std::size_t triangleIndexCount;
     const unsigned int* lines; ///< null without frame lines

@@ -121,6 +121,7 @@ bool SurfaceAccess::AddFirst(CKivoFunctionPlotter& plotter, SurfacePart& part) {
     }
     part.points = arrays.points;
     part.components = arrays.components;
+    part.pointCount = arrays.pointCount;
     part.colors = layers.first.isColoredByZ ? arrays.colors : nullptr;
     part.lines = arrays.lines;
     part.lineIndexCount = plotter.m_showFrameLines && arrays.lines ? arrays.lineIndexCount : 0;
@@ -141,9 +142,18 @@ void SurfaceAccess::Collect(CKivoFunctionPlotter& plotter, bool isOpaque) {
         SurfaceLayer& layer = plotter.m_detailOfFrame != 0 ? whole.Reduced(plotter.m_detailOfFrame) : whole;
         if (&layer != &whole) plotter.m_areLayersReduced = true;
         if (plotter.m_zGradientColor) layer.UpdateColors(*plotter.m_zGradientColor);
-        layers.parts.push_back({layer.Grid().points, 3, layer.Colors(), &layer.Strips(), layer.Lines().data(),
-                                layer.Lines().size(), &layer.Looks()});
+        layers.parts.push_back({layer.Grid().points, 3, layer.PointCount(), layer.Colors(), &layer.Strips(),
+                                layer.Lines().data(), layer.Lines().size(), &layer.Looks()});
     }
+}
+
+void SurfaceAccess::DrawTriangles(const CKivoFunctionPlotter& plotter, const TriangleCorners& corners,
+                                  const unsigned int* indices, std::size_t count) {
+    DrawingStop* const stop = PictureAccess::Stop(plotter);
+    if (plotter.m_surfaces.layers && plotter.m_surfaces.layers->culled)
+        plotter.m_surfaces.layers->culled->Draw(corners, indices, count, stop);
+    else
+        DrawIndexed(GL_TRIANGLES, indices, count, stop);
 }
 
 // As the first surface is drawn: lines, then the triangles behind them.
@@ -162,7 +172,8 @@ void SurfaceAccess::DrawOpaque(CKivoFunctionPlotter& plotter) {
         SetColors(part);
         glPolygonOffset(plotter.m_pixelScale, 1.0f);
         glEnable(GL_POLYGON_OFFSET_FILL);
-        DrawIndexed(GL_TRIANGLES, part.strips->Indices().data(), part.strips->Indices().size(), stop);
+        DrawTriangles(plotter, {part.points, part.components, part.pointCount}, part.strips->Indices().data(),
+                      part.strips->Indices().size());
         glDisable(GL_POLYGON_OFFSET_FILL);
     }
     glDisableClientState(GL_VERTEX_ARRAY);

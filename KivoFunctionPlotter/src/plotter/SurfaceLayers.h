@@ -4,10 +4,12 @@
 #include "computing/CellStrips.h"
 #include "computing/GridView.h"
 #include "computing/ReducedGrid.h"
+#include "drawing/CulledTriangles.h"
 #include "KivoSurfaces.h"
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace KivoDrawingTools {
@@ -29,6 +31,7 @@ public:
     bool IsDrawn() const { return m_looks.isVisible && m_looks.opacity > 0.0f; }
 
     GridView Grid() const { return {m_points.data(), m_columns, m_rows, 3, m_columns * 3}; }
+    std::size_t PointCount() const { return std::size_t{m_columns} * m_rows; }
     bool HasNumbers() const { return m_hasNumbers; } ///< whether any point is made of them
     const float* Min() const { return m_min; }       ///< of those points
     const float* Max() const { return m_max; }
@@ -69,7 +72,8 @@ private:
 struct SurfacePart {
     const float* points;
     unsigned int components; // floats from a point to the next
-    const float* colors;     // four a point; null with one colour
+    std::size_t pointCount;
+    const float* colors; // four a point; null with one colour
     CellStrips* strips;
     const unsigned int* lines;
     std::size_t lineIndexCount;
@@ -87,6 +91,8 @@ struct SurfaceLayers {
 
     CellStrips firstStrips;             ///< of the first one, where it is not drawn as at first
     const float* stripPoints = nullptr; ///< which these are of; null before they are needed
+
+    std::optional<CulledTriangles> culled; ///< draws large surfaces; without it OpenGL gets all triangles
 
     // Of the frame, with room for all.
     std::vector<SurfacePart> parts;
@@ -116,6 +122,10 @@ struct SurfaceAccess {
     static void KeepStep(CKivoFunctionPlotter& plotter, unsigned int columnStep, unsigned int rowStep);
     /// Of the frame lines of new data, along a side.
     static unsigned int KeptStep(const CKivoFunctionPlotter& plotter, int side);
+    static void Cull(CKivoFunctionPlotter& plotter, bool isOn);
+    /// Draws triangles from the arrays that are set, those that no pixel shows left out where that is wanted.
+    static void DrawTriangles(const CKivoFunctionPlotter& plotter, const TriangleCorners& corners,
+                              const unsigned int* indices, std::size_t count);
     static void Cut(CKivoFunctionPlotter& plotter, int axis, bool cut);
     static bool IsCut(const CKivoFunctionPlotter& plotter, int axis);
     static int Traced(const CKivoFunctionPlotter& plotter);

@@ -95,7 +95,7 @@ TEST_F(ContextCalls, OtherMembersLeaveOpenGlAlone) {
         EXPECT_FALSE(CallsOpenGl(*recorder));
         ++count;
     }
-    EXPECT_EQ(count, 92);
+    EXPECT_EQ(count, 93);
 }
 
 TEST_F(ContextCalls, TextIsDrawnInTheCallersBracket) {

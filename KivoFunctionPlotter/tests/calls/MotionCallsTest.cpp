@@ -1,6 +1,7 @@
 // What is drawn of the surface while something moves, and from which arrays.
 #include "KivoMotion.h"
 #include "KivoPicture.h"
+#include "KivoSurfaces.h"
 #include "support/AllocationFaults.h"
 #include "support/OperationFaults.h"
 #include "support/PlainLoops.h"
@@ -101,6 +102,111 @@ bool IsReduced(const CallRecorder& recorder) {
 }
 
 } // namespace
+
+// ---- What no pixel shows
+
+// Three cells for each pixel along a side.
+class SmallTriangles : public testing::Test {
+protected:
+    SmallTriangles() { Show(); }
+
+    void Show() {
+        const TestSurface hill = HillSurface(manyColumns, manyRows);
+        plotter.SetData(hill.NewArray(), manyColumns, manyRows, 1, manyColumns, 3);
+    }
+
+    // Indices of triangles in a frame.
+    std::size_t HandedOver() {
+        std::size_t count = 0;
+        const auto frame = Record(plotter, [&] { plotter.Renderscene(); });
+        for (const RecordedDraw& draw : frame->Draws())
+            if (draw.vertexArray && draw.state.vertexArray && draw.primitive == GL_TRIANGLES)
+                count += static_cast<std::size_t>(draw.count);
+        return count;
+    }
+
+    static constexpr unsigned int manyColumns = 450, manyRows = 350;
+    static constexpr std::size_t all = TriangleIndices(manyColumns, manyRows);
+    RecordedPlot plot;
+    CallProbe& plotter = plot.plotter;
+};
+
+TEST_F(SmallTriangles, AreLeftOutOnDemand) {
+    const auto texts = [&] { return Record(plotter, [&] { plotter.Renderscene(); })->Texts(); };
+    const auto whole = texts();
+    EXPECT_EQ(HandedOver(), all);
+    ASSERT_EQ(CullSmallTriangles(plotter, true), 0);
+    EXPECT_EQ(CullSmallTriangles(plotter, true), 0) << "twice is no matter";
+    EXPECT_LT(HandedOver(), all / 3);
+    EXPECT_GT(HandedOver(), all / 50);
+    ASSERT_EQ(CullSmallTriangles(plotter, false), 0);
+    EXPECT_EQ(texts(), whole);
+    EXPECT_EQ(CullSmallTriangles(plotter, false), 0);
+    EXPECT_EQ(texts(), whole);
+}
+
+TEST_F(SmallTriangles, AreLeftOutOfNewDataInAnotherWindow) {
+    CullSmallTriangles(plotter, true);
+    plotter.OnDestroy();
+    ASSERT_EQ(plotter.OnCreate(plot.window.Handle(), RecordedPlot::width, RecordedPlot::height, true), 0);
+    Show();
+    EXPECT_LT(HandedOver(), all / 3);
+}
+
+// Of the other surfaces, and of those that are not drawn as at first; not of what shows through.
+TEST_F(SmallTriangles, AreLeftOutOfOpaqueSurfaces) {
+    CullSmallTriangles(plotter, true);
+    const std::size_t first = HandedOver();
+    const TestSurface plane = PlaneSurface(manyColumns, manyRows);
+    SKivoSurface looks;
+    const int number =
+        AddSurface(plotter, plane.points.data(), manyColumns, manyRows, 1, manyColumns, 3, looks);
+    ASSERT_GT(number, 0);
+    EXPECT_GT(HandedOver(), first);
+    EXPECT_LT(HandedOver(), first + all / 3);
+    looks.opacity = 0.5f;
+    ASSERT_EQ(SetSurface(plotter, number, looks), 0);
+    EXPECT_EQ(HandedOver(), first + all);
+}
+
+// Where a triangle does more than colour the pixels whose middles it covers.
+TEST_F(SmallTriangles, AreDrawnWhereTheyShow) {
+    CullSmallTriangles(plotter, true);
+    const auto expectAll = [&](const char* name, const std::function<void()>& set,
+                               const std::function<void()>& reset) {
+        {
+            const CurrentContext context(plotter);
+            set();
+        }
+        EXPECT_EQ(HandedOver(), all) << name;
+        {
+            const CurrentContext context(plotter);
+            reset();
+        }
+        EXPECT_LT(HandedOver(), all / 3) << "not " << name;
+    };
+    expectAll(
+        "lines", [] { glPolygonMode(GL_BACK, GL_LINE); }, [] { glPolygonMode(GL_BACK, GL_FILL); });
+    expectAll(
+        "points", [] { glPolygonMode(GL_FRONT, GL_POINT); }, [] { glPolygonMode(GL_FRONT, GL_FILL); });
+    expectAll(
+        "soft edges", [] { glEnable(GL_POLYGON_SMOOTH); }, [] { glDisable(GL_POLYGON_SMOOTH); });
+    static GLuint names[16];
+    expectAll(
+        "a selection",
+        [] {
+            glSelectBuffer(16, names);
+            glRenderMode(GL_SELECT);
+        },
+        [] { glRenderMode(GL_RENDER); });
+}
+
+// Of 2,378 triangles few can be smaller than a pixel.
+TEST_F(MotionCalls, FewTrianglesAreAllHandedOver) {
+    ASSERT_EQ(CullSmallTriangles(plotter, true), 0);
+    const auto frame = Record(plotter, [&] { plotter.Renderscene(); });
+    EXPECT_TRUE(IsWhole(*frame, plotter));
+}
 
 // ---- Which frames
 

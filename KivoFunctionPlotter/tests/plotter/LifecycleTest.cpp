@@ -398,6 +398,19 @@ TEST_P(LifecycleInWindow, ACopyShowsASurfaceThatMovesToo) {
     Disown(copy);
 }
 
+// Which triangles are left out is found with room that each has for itself.
+TEST_P(LifecycleInWindow, ACopyCullsSmallTrianglesByItself) {
+    const TestSurface hill = HillSurface(300, 250);
+    plotter.SetData(hill.NewArray(), hill.columns, hill.rows, 1, hill.columns, 3);
+    const Image expected = CaptureImage(plotter);
+    ASSERT_EQ(CullSmallTriangles(plotter, true), 0);
+    PlotterProbe copy(plotter);
+    EXPECT_TRUE(ImagesAgree(CaptureImage(copy), expected, 0, 0, "culled-copy"));
+    ASSERT_EQ(CullSmallTriangles(plotter, false), 0);
+    EXPECT_TRUE(ImagesAgree(CaptureImage(copy), expected, 0, 0, "culled-copy-alone"));
+    Disown(copy);
+}
+
 // Absolute numbers and words are with the box and the legends, which both have.
 TEST_P(LifecycleInWindow, ACopyHasTheAxesOfItsSource) {
     SetSurface();

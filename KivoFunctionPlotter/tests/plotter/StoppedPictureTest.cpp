@@ -89,6 +89,22 @@ TEST_P(StoppedPicture, OfAManyCells) {
         ExpectStopsEverywhere("cells", smoothing, 5);
 }
 
+// As often where most of them are left out.
+TEST_P(StoppedPicture, OfManyCellsSmallerThanPixels) {
+    Show(HillSurface(450, 300));
+    plotter.ShowFrameLines(false);
+    const auto questions = [&] {
+        Questions patient;
+        Image image;
+        EXPECT_EQ(Draw(patient, 1, image), 0);
+        return patient.asked;
+    };
+    const int all = questions();
+    ASSERT_EQ(CullSmallTriangles(plotter, true), 0);
+    EXPECT_EQ(questions(), all);
+    ExpectStopsEverywhere("culled", 1, 5);
+}
+
 TEST_P(StoppedPicture, OfSurfacesThatShowThrough) {
     Show(HillSurface(300, 300));
     const TestSurface saddle = SaddleSurface(250, 250);

@@ -513,6 +513,7 @@ const std::vector<PublicMember> styleFunctions = {
 // ---- KivoMotion.h
 
 const std::vector<PublicMember> motionFunctions = {
+    Member("CullSmallTriangles(flag)", none, [](P& p, A& a) { return CullSmallTriangles(p, a.Flag(true)); }),
     Member("SetMotionDetail(unsigned)", none,
            [](P& p, A& a) { return SetMotionDetail(p, Unsigned(5).From(a)); })
         .Refuses(-3),
