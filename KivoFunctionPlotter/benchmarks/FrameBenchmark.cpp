@@ -21,12 +21,13 @@ namespace {
 
 using KivoDrawingTools::PlotterProbe;
 
-void MeasureFrames(benchmark::State& state, bool withFrameLines) {
+void MeasureFrames(benchmark::State& state, bool withFrameLines, bool culls = false) {
     const auto n = static_cast<unsigned int>(state.range(0));
     std::vector<float>& points = SquareGrid(n);
     BenchmarkPlot plot;
     plot.SetPoints(points, n, n);
     plot.plotter.ShowFrameLines(withFrameLines);
+    CullSmallTriangles(plot.plotter, culls);
     plot.plotter.Renderscene();
     for (auto _ : state)
         plot.plotter.Renderscene();
@@ -38,6 +39,10 @@ void Frame(benchmark::State& state) {
 
 void FrameWithLines(benchmark::State& state) {
     MeasureFrames(state, true);
+}
+
+void CulledFrame(benchmark::State& state) {
+    MeasureFrames(state, false, true);
 }
 
 void PeakMemory(benchmark::State& state) {
@@ -179,6 +184,7 @@ void ReduceSurface(benchmark::State& state) {
 
 BENCHMARK(Frame)->Apply(AllSizes);
 BENCHMARK(FrameWithLines)->Apply(AllSizes);
+BENCHMARK(CulledFrame)->Apply(PeerSizes);
 BENCHMARK(MovedFrame)->Apply(PeerSizes);
 BENCHMARK(DragFrame)->Apply(Defaults)->ArgsProduct({{250, 1000, 2000, 4000}, {0, 1}})->Iterations(7);
 BENCHMARK(ReduceSurface)->Apply(Defaults)->ArgsProduct({{1000, 2000, 4000}, {0, 1}});

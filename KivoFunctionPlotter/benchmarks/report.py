@@ -41,6 +41,7 @@ COMPARISONS = [
     Comparison("Frame with lines", "FrameWithLines", "VTK: edges, axes, bar", ["vtk:FrameWithLines"], 1),
     Comparison("Frame with lines", "FrameWithLines", "QwtPlot3D: mesh, axes, legend", ["qwtplot3d:FrameWithLines"], 1),
     Comparison("Frame without lines", "Frame", "bare client arrays", ["bare:Frame"], 1.05),
+    Comparison("Frame without lines, small triangles culled", "CulledFrame", "with all of them", ["kivo:Frame"], None),
     Comparison("Frame of a drag", "MovedFrame", "a whole one with lines", ["kivo:FrameWithLines"], 1 / 10),
     Comparison("Frame of a drag", "MovedFrame", "VTK: quadric level of detail", ["vtk:MovedFrame"], None),
     Comparison("Frame with lines", "FrameWithLines", "the same, heap as glibc has it", ["heap:FrameWithLines"], None),
