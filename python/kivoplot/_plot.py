@@ -378,6 +378,7 @@ class Plot:
         plotter = self.plotter
         for axis, origin in enumerate(self._grid.origin):
             plotter.set_axis_origin(axis, origin)
+        plotter.cull_small_triangles(True)
         plotter.set_data_reference(self._grid.points)
         plotter.reset_view()
         self._curve_count = 0

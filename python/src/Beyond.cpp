@@ -148,6 +148,13 @@ void BindMotion(Members& members) {
                       "set_motion_detail");
             },
             "points_per_side"_a)
+        .Add(
+            "CullSmallTriangles",
+            [](Plotter& self, bool cull) {
+                Check(self.Call([&](Class& plotter) { return CullSmallTriangles(plotter, cull); }),
+                      "cull_small_triangles");
+            },
+            "cull"_a)
         .Add("IsDetailReduced",
              [](Plotter& self) {
                  return self.Call([](const Class& plotter) { return IsDetailReduced(plotter); });

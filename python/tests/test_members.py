@@ -230,6 +230,7 @@ def test_what_members_do():
     plotter.fit_axes_to_surfaces(True)
     assert plotter.axes_fit_surfaces()
     plotter.keep_frame_line_step(3, 2)
+    plotter.cull_small_triangles(True)
     plotter.set_color_map(2, 'viridis')
     plotter.set_color_map(2, [[0, 0, 0, 1], [1, 1, 1, 1]])
     plotter.set_color_map(2, None)
