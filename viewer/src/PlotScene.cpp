@@ -8,6 +8,7 @@
 #include <KivoColorMap.h>
 #include <KivoContours.h>
 #include <KivoLegend.h>
+#include <KivoMotion.h>
 #include <KivoPoints.h>
 #include <KivoStyle.h>
 #include <KivoSurfaces.h>
@@ -169,6 +170,7 @@ void PlotScene::ShowGrid(const GridData& grid) {
     const auto stepOf = [&](int axis, std::size_t points) {
         return m_settings.axes[axis].lineStep.value_or(FrameLineStep(points));
     };
+    CullSmallTriangles(Plotter(), true);
     KeepFrameLineStep(Plotter(), stepOf(0, grid.ColumnCount()), stepOf(1, grid.RowCount()));
     HandOver(Plotter(), grid);
     ShowOrigin(grid.origin);
