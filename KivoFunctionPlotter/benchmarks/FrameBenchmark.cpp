@@ -169,7 +169,10 @@ void ReduceSurface(benchmark::State& state) {
     PlotterProbe& plotter = plot.plotter;
     const SurfaceOutline outline = {points.data(), n, n, 3, {1, 1}, false, !mayHaveHoles};
     const ReducedGrid grid = {KeepAtMost(n, 150), KeepAtMost(n, 150)};
-    const SurfaceArrays whole = {plotter.m_points, 3, plotter.m_colorArray, nullptr, nullptr, 0, nullptr, 0};
+    SurfaceArrays whole = {};
+    whole.points = plotter.m_points;
+    whole.components = 3;
+    whole.colors = plotter.m_colorArray;
     std::vector<unsigned char> other(64 << 20);
     for (auto _ : state) {
         state.PauseTiming();
