@@ -23,10 +23,10 @@ for round in 1 2 3 4 5; do
     run "kivo-$round" benchmarks \
         --benchmark_filter='^(SetData|MeshArrays|FillMeshArrays|Recolor|RecolorPale|FillColors|Contours|ZContours|SetContourCount|Trace|ReadPoints)/[12]000/'
     run "start-$round" benchmarks --benchmark_filter='^First|^SmallFrame'
-    run "kivo-frames-1000-$round" benchmarks --benchmark_repetitions=3 --benchmark_filter='^(Frame.*|MovedFrame)/1000/'
+    run "kivo-frames-1000-$round" benchmarks --benchmark_repetitions=3 --benchmark_filter='^(Frame.*|CulledFrame|MovedFrame)/1000/'
     run "bare-frames-1000-$round" bare-benchmarks --benchmark_repetitions=3 --benchmark_filter='^Frame.*/1000/|^SmallFrame|^EmptyFrame'
     [ "$round" -le 3 ] || continue
-    run "kivo-frames-2000-$round" benchmarks --benchmark_filter='^(Frame.*|MovedFrame)/2000/'
+    run "kivo-frames-2000-$round" benchmarks --benchmark_filter='^(Frame.*|CulledFrame|MovedFrame)/2000/'
     run "bare-frames-2000-$round" bare-benchmarks --benchmark_filter='^Frame.*/2000/'
     run "vtk-$round" vtk-benchmarks --benchmark_filter='-PeakMemory'
     run "qwtplot3d-$round" qwtplot3d-benchmarks --benchmark_filter='^Frame.*/1000'
