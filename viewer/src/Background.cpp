@@ -131,7 +131,8 @@ namespace {
 // @param mayEnd  whether the waiting may end before it is done
 // @return whether it is done
 bool Await(QWidget* parent, const QString& words, bool mayEnd, const std::shared_ptr<Work>& work) {
-    const CloseRefusal refusal(parent->window());
+    std::optional<CloseRefusal> refusal;
+    if (parent) refusal.emplace(parent->window());
     const WaitScope scope;
     QEventLoop loop;
     QThread* const thread = QThread::create([work] {

@@ -16,6 +16,7 @@ namespace KivoViewer {
 /// Does something in another thread and returns when it is done. Where that takes long, a dialog tells how
 /// far it is, and ends the waiting at once: throws Cancelled then, and what is done ends by itself when it
 /// reports next. Throws what the action throws. To be called in the thread of the windows.
+/// @param parent  whose window is kept from input; null: there is none yet
 /// @param words   for the dialog
 /// @param action  owns all that it uses: it may go on when nobody waits for it any more. Asks nobody.
 void RunInBackground(QWidget* parent, const QString& words, std::function<void(const Progress&)> action);

@@ -21,6 +21,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <clocale>
@@ -65,22 +66,22 @@ Options WithRememberedSettings(Options options) {
     return options;
 }
 
-int RunWindow(char* program, const Content& content, const Options& options) {
-    std::optional<StartOfQt> start(std::in_place);
-    int count = 1;
-    char* arguments[] = {program, nullptr}; // the command line is not Qt's
-    QApplication application(count, arguments);
-    start.reset();
-    TranslateWindow();
-    // What Qt for X11 has set: of moves that wait it leaves out all but the last, whatever keys go down
-    // between them. The plot joins them by itself, and gets the whole way.
-    QApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
-    std::setlocale(LC_NUMERIC, "C"); // the plot's numbers are the same everywhere
-    for (const std::string& file : options.files)
-        if (!file.empty() && file != standardInput) RememberFile(QFile::decodeName(file.c_str()));
-    MainWindow window(content, WithRememberedSettings(options));
-    window.show();
-    return QApplication::exec();
+// Whether reading it takes a tenth of a second or so.
+bool IsLarge(const std::string& path) {
+    constexpr std::uintmax_t many = 10'000'000;
+    std::error_code unknown; // of what is no file
+    const std::uintmax_t size = std::filesystem::file_size(path, unknown);
+    return !unknown && size >= many;
+}
+
+// Whether reading it takes as long as somebody else takes to write it.
+bool IsAwaited(const std::string& path) {
+    std::error_code unknown;
+    return path == standardInput || std::filesystem::is_fifo(path, unknown);
+}
+
+bool AnyFile(const Options& options, bool (*test)(const std::string&)) {
+    return std::any_of(options.files.begin(), options.files.end(), test);
 }
 
 void TellNotes(const Content& content) {
@@ -92,19 +93,46 @@ void TellNotes(const Content& content) {
     std::for_each(content.surfaces.begin(), content.surfaces.end(), tell);
 }
 
-// Whether reading it takes a tenth of a second or so.
-bool IsLarge(const std::string& path) {
-    constexpr std::uintmax_t many = 10'000'000;
-    std::error_code unknown; // of what is no file
-    const std::uintmax_t size = std::filesystem::file_size(path, unknown);
-    return !unknown && size >= many;
+// There is no window yet: a dialog tells that something is read, and ends it.
+Content LoadBesideDialog(const Options& options) {
+    const QString name = QFileInfo(QFile::decodeName(options.files.front().c_str())).fileName();
+    return MakeInBackground<Content>(
+        nullptr, QCoreApplication::translate("WindowReading", "Reading %1...").arg(name),
+        [options](const Progress& progress) { return LoadContent(options, ReadSample, progress); });
+}
+
+int RunWindow(char* program, const Options& options) {
+    std::optional<Content> content;
+    const bool takesTime = AnyFile(options, IsLarge) || AnyFile(options, IsAwaited);
+    if (!takesTime) content = LoadContent(options, ReadSample); // what is wrong is told without a display
+    std::optional<StartOfQt> start(std::in_place);
+    int count = 1;
+    char* arguments[] = {program, nullptr}; // the command line is not Qt's
+    QApplication application(count, arguments);
+    start.reset();
+    TranslateWindow();
+    // What Qt for X11 has set: of moves that wait it leaves out all but the last, whatever keys go down
+    // between them. The plot joins them by itself, and gets the whole way.
+    QApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
+    std::setlocale(LC_NUMERIC, "C"); // the plot's numbers are the same everywhere
+    try {
+        if (!content) content = LoadBesideDialog(options);
+    } catch (const Cancelled&) {
+        return 0;
+    }
+    TellNotes(*content);
+    for (const std::string& file : options.files)
+        if (!file.empty() && file != standardInput) RememberFile(QFile::decodeName(file.c_str()));
+    MainWindow window(*content, WithRememberedSettings(options));
+    content.reset(); // the window has its own
+    window.show();
+    return QApplication::exec();
 }
 
 // One thread at a time is at the driver: it is loaded when this returns.
 Content LoadWithDriver(const Options& options) {
-    const bool isDrawn = !options.picture.empty() || options.profileTable.empty();
-    const bool takesTime = std::any_of(options.files.begin(), options.files.end(), IsLarge);
-    const std::future<void> driver = isDrawn && takesTime ? LoadDriver() : std::future<void>();
+    const bool takesTime = !options.picture.empty() && AnyFile(options, IsLarge);
+    const std::future<void> driver = takesTime ? LoadDriver() : std::future<void>();
     Content content = LoadContent(options, ReadSample);
     if (driver.valid()) driver.wait();
     return content;
@@ -126,9 +154,9 @@ int Run(int argc, char** argv) {
         options = WithSession(std::move(options), std::move(session));
     }
     if (!options.profileTable.empty()) CheckProfileLine(options);
+    if (options.picture.empty() && options.profileTable.empty()) return RunWindow(argv[0], options);
     const Content content = LoadWithDriver(options);
     TellNotes(content);
-    if (options.picture.empty() && options.profileTable.empty()) return RunWindow(argv[0], content, options);
     if (!options.profileTable.empty()) WriteTextFile(options.profileTable, ProfileText(content, options));
     if (!options.picture.empty()) WritePicture(content, options);
     return 0;

@@ -64,11 +64,20 @@ void ViewerWindow::TearDown() {
 }
 
 void ViewerWindow::Start(const std::vector<std::string>& arguments, Environment environment) {
+    Launch(arguments, std::move(environment));
+    WaitForPicture();
+}
+
+void ViewerWindow::Launch(const std::vector<std::string>& arguments, Environment environment) {
     environment["QT_QPA_PLATFORM"] = std::nullopt;
     environment["XDG_CONFIG_HOME"] = Path("config");
     environment["HOME"] = m_folder.Path();
     m_viewer = std::make_unique<ViewerProcess>(arguments, environment);
     m_told = 0;
+    m_window = XCB_NONE;
+}
+
+void ViewerWindow::WaitForPicture() {
     ASSERT_TRUE(WaitFor([this] { return FindWindows(); })) << "no window; " << m_viewer->Errors();
     desktop->MovePointer(m_plotArea.x + plotWidth / 2, m_plotArea.y + plotHeight / 2);
     desktop->Focus(m_window);

@@ -50,6 +50,9 @@ protected:
 
     /// Starts the viewer, in place of the one before, and waits for its picture.
     void Start(const std::vector<std::string>& arguments, Environment environment = {});
+    /// Both, one after the other.
+    void Launch(const std::vector<std::string>& arguments, Environment environment = {});
+    void WaitForPicture();
 
     // ---- Windows
 

@@ -316,6 +316,40 @@ TEST_F(ViewerWindowFilesTest, ShowsNamesWithMarksAsTheyAre) {
     escape();
 }
 
+// Of a pipe that nobody writes into, before there is a window.
+TEST_F(ViewerWindowFilesTest, TellsThatItReadsTheFirstFile) {
+    Start({hill, "--size", "800x600"});
+    const Image expected = Settled();
+    const std::string pipe = Path("pipe.csv");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    Launch({pipe, "--size", "800x600"});
+    Keep(Grab(AreaOf(WaitForDialog("Kivo Viewer"))), "reading");
+    std::ofstream(pipe) << std::ifstream(hill).rdbuf();
+    WaitForPicture();
+    const Image read = Settled();
+    EXPECT_EQ(DifferingPixels(read, expected, 100, read.height), 0) << "but for its title";
+    EXPECT_EQ(Close(), 0);
+}
+
+TEST_F(ViewerWindowFilesTest, EndsWhereTheFirstFileIsNotAwaited) {
+    const std::string pipe = Path("pipe.csv");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    Launch({pipe});
+    WaitForDialog("Kivo Viewer");
+    Press(escapeKey);
+    EXPECT_EQ(m_viewer->WaitForExit().value_or(-1), 0);
+}
+
+TEST_F(ViewerWindowFilesTest, EndsWhereTheFirstFileIsNoGrid) {
+    const std::string pipe = Path("pipe.csv");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    Launch({pipe});
+    WaitForDialog("Kivo Viewer");
+    std::ofstream(pipe) << "1,2,3\n4,5\n";
+    EXPECT_EQ(m_viewer->WaitForExit().value_or(-1), 2);
+    EXPECT_NE(m_viewer->Errors().find("pipe.csv"), std::string::npos) << m_viewer->Errors();
+}
+
 // What is no length makes no grid, and is not taken.
 TEST_F(ViewerWindowFilesTest, RefusesSizesOfCellsThatAreNone) {
     std::ofstream(Path("points.xyz")) << "0 0 1\n10 1 2\n2 10 3\n11 9 7\n5 4 0\n";
