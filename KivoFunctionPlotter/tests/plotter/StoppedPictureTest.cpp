@@ -40,14 +40,14 @@ protected:
 
     // Draws, as far as it is wanted.
     int Draw(Questions& questions, int smoothing, Image& image) {
-        SKivoPictureOptions options;
+        SKivoPictureOptions options = size;
         options.smoothing = smoothing;
         options.stop = questions.Request();
         return CapturePicture(plotter, options, image.rgba, image.width, image.height);
     }
 
     Image Whole(int smoothing) {
-        SKivoPictureOptions options;
+        SKivoPictureOptions options = size;
         options.smoothing = smoothing;
         Image image;
         EXPECT_EQ(CapturePicture(plotter, options, image.rgba, image.width, image.height), 0);
@@ -78,6 +78,7 @@ protected:
 
     TestPlot plot{GetParam(), width, height};
     PlotterProbe& plotter = plot.plotter;
+    SKivoPictureOptions size; // of the pictures: at first the window's
 };
 
 } // namespace
@@ -152,6 +153,34 @@ TEST_P(StoppedPicture, OfManyContours) {
     ASSERT_EQ(plotter.SetIsoContourCount(30), 0);
     plotter.SwitchToXYProjectPlot();
     ExpectStopsEverywhere("contours", 1, 25);
+}
+
+// Lines are joined for their labels by the first frame, level by level; what was stopped there begins anew.
+TEST_P(StoppedPicture, BeforeTheLinesOfLabelsAreJoined) {
+    const TestSurface surface = HillSurface(90, 70);
+    plotter.SwitchToXYProjectPlot();
+    size.width = 640; // where there is room for labels
+    size.height = 480;
+    Show(surface);
+    const Image unlabelled = Whole(1);
+    ASSERT_EQ(LabelContours(plotter, true), 0);
+    const std::size_t levels = plotter.m_flatZIsoContours.size();
+    ASSERT_GT(levels, 5u);
+    Image image;
+    Questions first, second;
+    ASSERT_EQ(Draw(first, 1, image), 0);
+    ASSERT_EQ(Draw(second, 1, image), 0);
+    EXPECT_EQ(first.asked, second.asked + static_cast<int>(levels));
+    const Image whole = Whole(1);
+    EXPECT_GT(Compare(whole, unlabelled).max, 50);
+    for (int i = 0; i < first.asked; i += 3) {
+        Show(surface);
+        Questions questions;
+        questions.yesTo = i;
+        EXPECT_EQ(Draw(questions, 1, image), -4) << i;
+        EXPECT_EQ(questions.asked, i + 1) << "one yes holds";
+        EXPECT_TRUE(ImagesAgree(Whole(1), whole, 0, 0, "joined")) << i;
+    }
 }
 
 TEST_P(StoppedPicture, OfManyMarkers) {
