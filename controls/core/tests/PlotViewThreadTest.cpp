@@ -129,6 +129,33 @@ TEST_F(PlotViewThread, IsNotAskedForWhereNobodyWantsOne) {
     EXPECT_TRUE(ImagesAgree(complete, Expected(GetView(view.Plotter())), 0, 0, "no-thread"));
 }
 
+// Each by a thread of its own, in turn while the other's is at work.
+TEST_F(PlotViewThread, TwoPlotsAreDrawnAtOnce) {
+    CKivoPlotView other(Events());
+    other.SetThreaded(true);
+    other.SetSize(width, height);
+    ShowLargeHill();
+    ASSERT_EQ(other.SetGrid(LargeHill().points.data(), side, side), 0);
+    for (const double turn : {0.0, 20.0}) {
+        for (CKivoPlotView* const plot : {&view, &other}) {
+            EXPECT_EQ(TurnView(plot->Plotter(), plot == &view ? turn : 2.0 * turn, 5.0), 0);
+            plot->Update();
+            plot->Draw();
+            EXPECT_TRUE(plot->IsDrawingInThread());
+        }
+        std::thread first([this] { view.DrawInThread(); });
+        std::thread second([&other] { other.DrawInThread(); });
+        first.join();
+        second.join();
+        for (CKivoPlotView* const plot : {&view, &other}) {
+            plot->TakeFrame();
+            const Image complete = ImageOf(plot->Draw());
+            EXPECT_FALSE(plot->IsDrawingInThread());
+            EXPECT_TRUE(ImagesAgree(complete, Expected(GetView(plot->Plotter())), 0, 0, "thread-two"));
+        }
+    }
+}
+
 TEST_F(PlotViewThread, IsNotWaitedForByAPicture) {
     ShowLargeHill();
     view.Draw();
