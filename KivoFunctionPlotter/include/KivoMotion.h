@@ -31,11 +31,17 @@ KIVO_API int SetMotionDetail(CKivoFunctionPlotter& plotter, unsigned int pointsP
 
 /// Leaves out of surfaces, before they are handed to OpenGL, the triangles that colour no pixel, since they
 /// cover the middle of none: most of those of a grid that has more points than the window has pixels. What is
-/// shown stays what it is, pixel for pixel, in frames and pictures of any size. It takes some nanoseconds a
-/// triangle; software OpenGL draws such a grid in half the time. Surfaces with fewer triangles than half the
-/// pixels are drawn as always; so is everything where OpenGL has several samples a pixel or draws triangles
-/// otherwise than filled, and where a coordinate has no digits left for parts of a pixel. What shows through
-/// is drawn as always, too. It stays through new data, OnDestroy and OnCreate, and takes 4 MB.
+/// shown stays what it is, pixel for pixel, in frames and pictures of any size. It takes some 10 nanoseconds
+/// a triangle; software OpenGL takes several times as long for each that it gets.
+///
+/// Drawn as always is a surface with fewer triangles than half the pixels, one of points with four floats,
+/// and what shows through; a part of one where coordinates have no digits left for parts of a pixel; and
+/// everything where OpenGL does more with a triangle than to colour the pixels whose middles it covers, as
+/// with several samples a pixel, or would draw it later, from a list. A derived class may load matrices of
+/// its own, with perspective too, and put in its own lists of triangles, but no program of shaders, which
+/// would move the points: with one, this is to be off.
+///
+/// It stays through new data, OnDestroy and OnCreate, and takes 4 MB; a copy of the plotter has it, too.
 /// @param cull  false, at first: OpenGL gets all triangles
 /// @return 0
 /// @throws std::bad_alloc  nothing has changed

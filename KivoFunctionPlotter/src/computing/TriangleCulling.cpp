@@ -8,14 +8,18 @@ namespace KivoDrawingTools {
 
 namespace {
 
-// Roundings of OpenGL's on the way from a point to its place, all together, by what was summed up.
-constexpr double roundings = 32.0 * std::numeric_limits<float>::epsilon();
+// What single precision loses on the way of a point to its place, as parts of all that is summed up there:
+// the product of the matrices, two transformations, the clipping, the viewport, and the places that are kept
+// here. Each takes a few of these; the double of them all is allowed for.
+constexpr double roundings = 64.0 * std::numeric_limits<float>::epsilon();
 // Beyond this a place says too little.
 constexpr double mostUncertain = 0.5;
 // Pixels in which a triangle is looked for exactly; the few that cover more are drawn.
 constexpr int fewPixels = 6;
-// So far from the viewport nothing is placed.
-constexpr float far = 1e9f;
+// So far away, in pixels, no corner has a place.
+constexpr float farthest = 1e6f;
+// Pixels of a side that are counted in 16 bits, with some beyond the edges.
+constexpr int longestSide = 32000;
 
 double Sum(const double* row, double x, double y, double z) {
     return row[0] * x + row[1] * y + row[2] * z + row[3];
@@ -33,7 +37,8 @@ int FloorOf(float value) {
 
 bool PixelMapping::Find(const double* modelView, const double* projection, const int* viewport,
                         int subpixelBits) {
-    if (viewport[2] <= 0 || viewport[3] <= 0) return false;
+    for (const int side : {viewport[2], viewport[3]})
+        if (side <= 0 || side > longestSide) return false;
     double clip[4][4] = {}, sums[4][4] = {};
     for (int row = 0; row < 4; ++row)
         for (int column = 0; column < 4; ++column)
@@ -42,7 +47,8 @@ bool PixelMapping::Find(const double* modelView, const double* projection, const
                 clip[row][column] += product;
                 sums[row][column] += std::abs(product);
             }
-    if (clip[3][0] != 0.0 || clip[3][1] != 0.0 || clip[3][2] != 0.0 || clip[3][3] != 1.0) return false;
+    // Without signs: what cancels out here need not do so in single precision.
+    if (sums[3][0] != 0.0 || sums[3][1] != 0.0 || sums[3][2] != 0.0 || clip[3][3] != 1.0) return false;
     for (const int side : {0, 1}) {
         size[side] = viewport[2 + side];
         const double half = 0.5 * size[side];
@@ -55,6 +61,10 @@ bool PixelMapping::Find(const double* modelView, const double* projection, const
     }
     snap = std::ldexp(1.0, -std::max(subpixelBits, 0));
     return true;
+}
+
+double PixelMapping::Uncertainty(int side, const float* most) const {
+    return snap + roundings * Sum(reach[side], most[0], most[1], most[2]);
 }
 
 // ---- Triangles ------------------------------------------------------------------------------------------
@@ -95,30 +105,29 @@ bool TriangleCulling::FindUncertainty(const float* points, std::size_t component
             most[k] = size > most[k] && size < std::numeric_limits<float>::infinity() ? size : most[k];
         }
     for (const int side : {0, 1}) {
-        const double reach = Sum(m_mapping.reach[side], most[0], most[1], most[2]);
-        m_uncertainty[side] = m_mapping.snap + roundings * reach;
+        m_uncertainty[side] = m_mapping.Uncertainty(side, most);
         if (!(m_uncertainty[side] <= mostUncertain)) return false;
     }
     return true;
 }
 
 void TriangleCulling::PlaceCorners(const float* points, std::size_t components, std::size_t count) {
-    const auto place = [&](int side, const float* point, Corner& corner) {
-        const auto size = static_cast<float>(m_mapping.size[side]);
-        const auto uncertainty = static_cast<float>(m_uncertainty[side]);
-        const auto at = static_cast<float>(Sum(m_mapping.along[side], point[0], point[1], point[2]));
-        const bool isNumber = std::abs(at) < far; // a triangle with a corner that is none may show everywhere
-        const float inside = std::min(std::max(isNumber ? at : -1.0f, -3.0f), size + 3.0f);
-        const int first = isNumber ? FloorOf(inside - uncertainty) + 1 : 0;
-        const int last = isNumber ? FloorOf(inside + uncertainty) : m_mapping.size[side] - 1;
-        corner.place[side] = at;
-        corner.pixels.first[side] = static_cast<short>(std::max(first, 0));
-        corner.pixels.minusLast[side] = static_cast<short>(-std::min(last, m_mapping.size[side] - 1));
-    };
-    for (std::size_t i = 0; i < count; ++i) {
-        place(0, points + i * components, m_corners[i]);
-        place(1, points + i * components, m_corners[i]);
-    }
+    for (std::size_t i = 0; i < count; ++i)
+        for (const int side : {0, 1})
+            Place(side, points + i * components, m_corners[i]);
+}
+
+void TriangleCulling::Place(int side, const float* point, Corner& corner) const {
+    const auto size = static_cast<float>(m_mapping.size[side]);
+    const auto uncertainty = static_cast<float>(m_uncertainty[side]);
+    const auto at = static_cast<float>(Sum(m_mapping.along[side], point[0], point[1], point[2]));
+    const bool hasPlace = std::abs(at) < farthest;
+    const float inside = std::min(std::max(hasPlace ? at : 0.0f, -3.0f), size + 3.0f);
+    const int first = hasPlace ? FloorOf(inside - uncertainty) + 1 : 0;
+    const int last = hasPlace ? FloorOf(inside + uncertainty) : m_mapping.size[side] - 1;
+    corner.place[side] = hasPlace ? at : std::numeric_limits<float>::quiet_NaN();
+    corner.pixels.first[side] = static_cast<short>(std::max(first, 0));
+    corner.pixels.minusLast[side] = static_cast<short>(-std::min(last, m_mapping.size[side] - 1));
 }
 
 bool TriangleCulling::MayShow(const Corner& a, const Corner& b, const Corner& c) const {
@@ -135,13 +144,17 @@ bool TriangleCulling::MayShow(const Corner& a, const Corner& b, const Corner& c)
 }
 
 // A middle that lies on the outer side of an edge, farther off than the corners can be from their places, is
-// not covered.
+// not covered. Which side that is has to be sure: of a needle, whose far corners nearly meet, it is not.
 bool TriangleCulling::MayCoverOneOf(const Corner& a, const Corner& b, const Corner& c,
                                     const Pixels& pixels) const {
     const Corner* const corners[] = {&a, &b, &c};
-    const float abX = b.place[0] - a.place[0], abY = b.place[1] - a.place[1];
-    const float turn = abX * (c.place[1] - a.place[1]) - abY * (c.place[0] - a.place[0]);
-    const float sign = turn < 0.0f ? -1.0f : 1.0f;
+    const auto along = [&](const Corner& to, int side) {
+        return static_cast<double>(to.place[side]) - static_cast<double>(a.place[side]);
+    };
+    const double left = along(b, 0) * along(c, 1), right = along(b, 1) * along(c, 0);
+    constexpr double sure = 1e-14;
+    if (!(std::abs(left - right) > sure * (std::abs(left) + std::abs(right)))) return true; // no number, too
+    const float sign = left < right ? -1.0f : 1.0f;
     const auto offX = static_cast<float>(m_uncertainty[0]), offY = static_cast<float>(m_uncertainty[1]);
     // Of each edge, how far inside a pixel's middle lies: a linear function of where that is.
     float perX[3], perY[3], atZero[3];

@@ -4,31 +4,41 @@
 #include "window_system/WindowSystem.h"
 
 #include <algorithm>
+#include <string_view>
 
 namespace KivoDrawingTools {
 
 namespace {
 
-constexpr GLenum samplesOfPixel = 0x80A9; // GL_SAMPLES, which headers of 1.1 do not have
+constexpr GLenum sampleBuffers = 0x80A8; // GL_SAMPLE_BUFFERS, which headers of 1.1 do not have
 
-// Asked from OpenGL 1.3 on, which has it.
-bool HasSeveralSamples() {
-    const GLubyte* const version = glGetString(GL_VERSION);
-    if (!version || version[0] < '1' || version[0] > '9') return true;
-    const bool isOld = version[0] == '1' && version[1] == '.' && version[2] < '3';
-    if (isOld) return false;
-    GLint samples = 0;
-    glGetIntegerv(samplesOfPixel, &samples);
-    return samples > 1;
+// The parts of a drawing between which a stop is asked for are those that are culled.
+static_assert(TriangleCulling::mostIndices == elementsAtATime);
+
+// Whether triangles are looked for in other places of a pixel than its middle. OpenGL 1.3 and the extension
+// before it know the question.
+bool HasSamples() {
+    const auto text = [](GLenum name) {
+        const auto* const found = reinterpret_cast<const char*>(glGetString(name));
+        return std::string_view(found ? found : "");
+    };
+    const std::string_view version = text(GL_VERSION);
+    if (version.size() < 3 || version[0] < '1' || version[0] > '9' || version[1] != '.') return true;
+    const bool isOld = version[0] == '1' && version[2] < '3';
+    if (isOld && text(GL_EXTENSIONS).find("GL_ARB_multisample") == std::string_view::npos) return false;
+    GLint buffers = 0;
+    glGetIntegerv(sampleBuffers, &buffers);
+    return buffers != 0;
 }
 
-// Whether a triangle colours the pixels whose middles it covers, and does nothing else.
+// Whether a triangle colours the pixels whose middles it covers, now, and does nothing else.
 bool AreMiddlesAll() {
-    GLint modes[2] = {}, rendering = 0;
+    GLint modes[2] = {}, rendering = 0, list = 0;
     glGetIntegerv(GL_POLYGON_MODE, modes);
     glGetIntegerv(GL_RENDER_MODE, &rendering);
-    return modes[0] == GL_FILL && modes[1] == GL_FILL && rendering == GL_RENDER &&
-           !glIsEnabled(GL_POLYGON_SMOOTH) && !HasSeveralSamples();
+    glGetIntegerv(GL_LIST_INDEX, &list); // what is noted may be drawn in another view
+    return modes[0] == GL_FILL && modes[1] == GL_FILL && rendering == GL_RENDER && list == 0 &&
+           !glIsEnabled(GL_POLYGON_SMOOTH) && !HasSamples();
 }
 
 } // namespace

@@ -263,12 +263,13 @@ unsigned int SurfaceAccess::KeptStep(const CKivoFunctionPlotter& plotter, int si
 }
 
 void SurfaceAccess::Cull(CKivoFunctionPlotter& plotter, bool isOn) {
-    if (!plotter.m_surfaces.layers) plotter.m_surfaces.layers = std::make_unique<SurfaceLayers>();
-    std::optional<CulledTriangles>& culled = plotter.m_surfaces.layers->culled;
-    if (!isOn)
-        culled.reset();
-    else if (!culled)
-        culled.emplace();
+    std::unique_ptr<SurfaceLayers>& layers = plotter.m_surfaces.layers;
+    if (!isOn) {
+        if (layers) layers->culled.reset();
+        return;
+    }
+    if (!layers) layers = std::make_unique<SurfaceLayers>();
+    if (!layers->culled) layers->culled.emplace();
 }
 
 void SurfaceAccess::Cut(CKivoFunctionPlotter& plotter, int axis, bool cut) {

@@ -115,14 +115,17 @@ protected:
         plotter.SetData(hill.NewArray(), manyColumns, manyRows, 1, manyColumns, 3);
     }
 
-    // Indices of triangles in a frame.
-    std::size_t HandedOver() {
+    static std::size_t TriangleIndicesIn(const CallRecorder& recorder) {
         std::size_t count = 0;
-        const auto frame = Record(plotter, [&] { plotter.Renderscene(); });
-        for (const RecordedDraw& draw : frame->Draws())
+        for (const RecordedDraw& draw : recorder.Draws())
             if (draw.vertexArray && draw.state.vertexArray && draw.primitive == GL_TRIANGLES)
                 count += static_cast<std::size_t>(draw.count);
         return count;
+    }
+
+    // In a frame.
+    std::size_t HandedOver() {
+        return TriangleIndicesIn(*Record(plotter, [&] { plotter.Renderscene(); }));
     }
 
     static constexpr unsigned int manyColumns = 450, manyRows = 350;
@@ -199,6 +202,25 @@ TEST_F(SmallTriangles, AreDrawnWhereTheyShow) {
             glRenderMode(GL_SELECT);
         },
         [] { glRenderMode(GL_RENDER); });
+}
+
+// A list is drawn in whatever view there is then.
+TEST_F(SmallTriangles, AreInLists) {
+    CullSmallTriangles(plotter, true);
+    plotter.Renderscene();
+    const auto indices = [this](bool inList) {
+        const auto recorder = RecordStep(plotter, [&] {
+            plotter.ApplyModelViewMatrix();
+            const GLuint list = glGenLists(1);
+            if (inList) glNewList(list, GL_COMPILE);
+            plotter.RenderSurface();
+            if (inList) glEndList();
+            glDeleteLists(list, 1);
+        });
+        return TriangleIndicesIn(*recorder);
+    };
+    EXPECT_LT(indices(false), all / 3);
+    EXPECT_EQ(indices(true), all);
 }
 
 // Of 2,378 triangles few can be smaller than a pixel.

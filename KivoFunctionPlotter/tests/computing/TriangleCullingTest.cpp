@@ -178,6 +178,79 @@ TEST_F(Culling, LeavesOutWhatIsBetweenMiddles) {
     EXPECT_GT(clear, 800u);
 }
 
+// A corner that is no number says nothing, in viewports of few pixels and whichever way round it is, too.
+TEST_F(Culling, KeepsWhatHasNoPlaceAmongFewPixels) {
+    const int viewport[] = {0, 0, 3, 2};
+    const double fromFewPixels[16] = {2.0 / 3, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, -1, -1, 0, 1};
+    ASSERT_TRUE(mapping.Find(identity, fromFewPixels, viewport, subpixelBits));
+    culling.SetMapping(mapping);
+    Add({{{2.8, 0.2}, {0.2, 0.2}, {1.5, 1.9}}});
+    Add({{{0.2, 0.2}, {2.8, 0.2}, {1.5, 1.9}}});
+    for (const std::size_t corner : {2, 5})
+        points[3 * corner + 2] = std::numeric_limits<float>::quiet_NaN();
+    EXPECT_EQ(KeptTriangles().size(), 2u);
+}
+
+// Two of whose corners nearly meet, so that which way round they are is a matter of the last digit.
+TEST_F(Culling, KeepsNeedlesThatCoverAMiddle) {
+    const int viewport[] = {0, 0, 2, 3};
+    const double fromFewPixels[16] = {1, 0, 0, 0, 0, 2.0 / 3, 0, 0, 0, 0, 1, 0, -1, -1, 0, 1};
+    ASSERT_TRUE(mapping.Find(identity, fromFewPixels, viewport, subpixelBits));
+    culling.SetMapping(mapping);
+    std::mt19937 random(4);
+    std::uniform_real_distribution<double> unit(-1.0, 1.0), power(-22.0, -16.0);
+    constexpr std::size_t count = 20000;
+    for (std::size_t i = 0; i < count; ++i) {
+        const Place middle = {0.5 + static_cast<double>(i % 2), 0.5 + static_cast<double>(i % 3)};
+        const Place way = {40.0 * unit(random), 40.0 * unit(random)};
+        const double apart = std::exp2(power(random));
+        const Place end = {middle.x + way.x, middle.y + way.y};
+        Add({{{middle.x - way.x, middle.y - way.y},
+              end,
+              {end.x + apart * unit(random), end.y + apart * unit(random)}}});
+    }
+    EXPECT_EQ(KeptTriangles().size(), count);
+}
+
+// Found among millions by drawing them as OpenGL does.
+TEST(CullingInAWindow, KeepsNeedlesThatCoverAMiddle) {
+    struct Needle {
+        int width, height;
+        float corners[9];
+    };
+    const Needle needles[] = {
+        {1920, 1080, {1848.06287f, -2.14077425f, 0, 1842.59375f, 1.03124988f, 0, 1842.59375f, 1.03125f, 0}},
+        {1000, 800, {475.722778f, 0.739567041f, 0, 475.34375f, 0.34374997f, 0, 475.34375f, 0.34375f, 0}},
+        {2, 3, {28.7350082f, 15.3674049f, 0, -16.03125f, -6.65625f, 0, -16.0312519f, -6.65625f, 0}}};
+    for (const Needle& needle : needles) {
+        const int viewport[] = {0, 0, needle.width, needle.height};
+        double fromWindow[16] = {};
+        std::copy(fromPixels, fromPixels + 16, fromWindow);
+        fromWindow[0] = 2.0 / needle.width;
+        fromWindow[5] = 2.0 / needle.height;
+        PixelMapping mapping;
+        ASSERT_TRUE(mapping.Find(identity, fromWindow, viewport, subpixelBits));
+        TriangleCulling culling;
+        culling.SetMapping(mapping);
+        const unsigned int indices[] = {0, 1, 2};
+        EXPECT_EQ(culling.Cull(needle.corners, 3, 3, indices, 3).count, 3u) << needle.width;
+    }
+}
+
+// To the last pixel of the longest sides that can be counted.
+TEST(CullingInAWindow, KeepsWhatIsAtTheFarEdge) {
+    const int viewport[] = {0, 0, 32000, 32000};
+    const double fromWindow[16] = {2.0 / 32000, 0, 0, 0, 0, 2.0 / 32000, 0, 0, 0, 0, 1, 0, -1, -1, 0, 1};
+    PixelMapping mapping;
+    ASSERT_TRUE(mapping.Find(identity, fromWindow, viewport, 8));
+    TriangleCulling culling;
+    culling.SetMapping(mapping);
+    const float points[] = {31999.2f, 31999.3f, 0, 31999.8f, 31999.3f, 0, 31999.5f, 31999.9f, 0,
+                            10.0f,    5.0f,     0, 32775.0f, 32780.0f, 0, 20.0f,    32700.0f, 0};
+    const unsigned int indices[] = {0, 1, 2, 3, 4, 5};
+    EXPECT_EQ(culling.Cull(points, 3, 6, indices, 6).count, 6u);
+}
+
 TEST_F(Culling, KeepsTheOrder) {
     for (const Triangle& triangle : SomeTriangles(500))
         Add(triangle);
@@ -276,7 +349,70 @@ TEST(PixelMapping, FollowsTheMatrices) {
     }
 }
 
-TEST(PixelMapping, RefusesPerspectiveAndEmptyViewports) {
+// With few bits nothing is left out, with none, too; what no driver says is not taken for more.
+TEST_F(Culling, GoesByThePositionsThatOpenGlTellsApart) {
+    Add({{{3.7, 3.7}, {3.9, 3.7}, {3.8, 3.9}}});
+    const int viewport[] = {0, 0, width, height};
+    for (const int bits : {std::numeric_limits<int>::min(), -3, 0}) {
+        ASSERT_TRUE(mapping.Find(identity, fromPixels, viewport, bits));
+        culling.SetMapping(mapping);
+        EXPECT_EQ(Cull().indices, indices.data()) << bits;
+    }
+    for (const int bits : {4, 8, 31, std::numeric_limits<int>::max()}) {
+        ASSERT_TRUE(mapping.Find(identity, fromPixels, viewport, bits));
+        culling.SetMapping(mapping);
+        EXPECT_EQ(Cull().count, 0u) << bits;
+    }
+}
+
+// Beside the places that single precision gives, one operation after the other.
+TEST(PixelMapping, AllowsForSinglePrecision) {
+    std::mt19937 random(11);
+    std::uniform_real_distribution<float> unit(-1.0f, 1.0f);
+    const auto fill = [&](float* matrix, float shift) {
+        for (int i = 0; i < 16; ++i)
+            matrix[i] = i % 4 == 3 ? (i == 15 ? 1.0f : 0.0f) : i >= 12 ? shift * unit(random) : unit(random);
+    };
+    const auto multiply = [](const float* a, const float* b, float* product, int columns) {
+        for (int c = 0; c < columns; ++c)
+            for (int r = 0; r < 4; ++r) {
+                product[4 * c + r] = 0.0f;
+                for (int i = 0; i < 4; ++i)
+                    product[4 * c + r] += a[4 * i + r] * b[4 * c + i];
+            }
+    };
+    double greatest = 0.0; // share of what is allowed for
+    for (int turn = 0; turn < 20000; ++turn) {
+        float modelView[16], projection[16], all[16], eye[4], clip[4];
+        fill(modelView, 1e3f);
+        fill(projection, 1e2f);
+        const float point[] = {100.0f * unit(random), 0.01f * unit(random), unit(random), 1.0f};
+        const int viewport[] = {-20000, turn % 500, 1 + turn % 2000, 1 + turn % 700};
+        if (turn % 2 == 0) {
+            multiply(projection, modelView, all, 4);
+            multiply(all, point, clip, 1);
+        } else {
+            multiply(modelView, point, eye, 1);
+            multiply(projection, eye, clip, 1);
+        }
+        const std::vector<double> m(modelView, modelView + 16), p(projection, projection + 16);
+        PixelMapping mapping;
+        ASSERT_TRUE(mapping.Find(m.data(), p.data(), viewport, 8));
+        const float most[] = {std::abs(point[0]), std::abs(point[1]), std::abs(point[2])};
+        for (const int side : {0, 1}) {
+            const float half = 0.5f * static_cast<float>(viewport[2 + side]);
+            const float origin = static_cast<float>(viewport[side]);
+            const float drawn = clip[side] * half + (origin + half);
+            const double place = std::inner_product(point, point + 4, mapping.along[side], 0.0);
+            const double off = std::abs(static_cast<double>(drawn) - origin - 0.5 - place);
+            greatest = std::max(greatest, off / (mapping.Uncertainty(side, most) - mapping.snap));
+        }
+    }
+    EXPECT_LT(greatest, 0.5);
+    EXPECT_GT(greatest, 0.01);
+}
+
+TEST(PixelMapping, RefusesPerspectiveAndViewportsOfNoUse) {
     const int viewport[] = {0, 0, 30, 20};
     PixelMapping mapping;
     EXPECT_TRUE(mapping.Find(identity, identity, viewport, 4));
@@ -286,8 +422,17 @@ TEST(PixelMapping, RefusesPerspectiveAndEmptyViewports) {
         perspective[4 * i + 3] = i == 3 ? 2.0 : -1.0;
         EXPECT_FALSE(mapping.Find(identity, perspective, viewport, 4)) << i;
     }
+    // Which single precision need not bring to 1.
+    double cancelling[16], other[16];
+    std::copy(identity, identity + 16, cancelling);
+    std::copy(identity, identity + 16, other);
+    cancelling[3] = cancelling[7] = 1.0;
+    other[0] = 0.1;
+    other[1] = -0.1;
+    other[5] = other[4] = 0.0;
+    EXPECT_FALSE(mapping.Find(other, cancelling, viewport, 4));
     for (const int side : {2, 3})
-        for (const int size : {0, -5}) {
+        for (const int size : {0, -5, 32001, std::numeric_limits<int>::max()}) {
             int empty[] = {0, 0, 30, 20};
             empty[side] = size;
             EXPECT_FALSE(mapping.Find(identity, identity, empty, 4));

@@ -128,6 +128,29 @@ TEST_P(CulledSurface, LooksTheSameInPicturesOfOtherSizes) {
     ExpectSame("strip", strip);
 }
 
+// In tiles, whose viewports begin outside of the window.
+TEST_P(CulledSurface, LooksTheSameInTiles) {
+    Show(TerrainSurface(columns, rows));
+    ZoomView(plotter, 1.4, {20, 90});
+    Image all(700, 500), culled(700, 500);
+    ASSERT_EQ(CapturePicture(plotter, 700, 500, all.rgba), 0);
+    ASSERT_EQ(CullSmallTriangles(plotter, true), 0);
+    ASSERT_EQ(CapturePicture(plotter, 700, 500, culled.rgba), 0);
+    EXPECT_TRUE(ImagesAgree(culled, all, 0, 0.0, "culled-tiles"));
+}
+
+TEST_P(CulledSurface, LooksTheSameMirroredAndMoving) {
+    Show(HillSurface(columns, rows));
+    plotter.SetInverseXAxis(true);
+    ExpectSame("mirrored");
+    plotter.SetInverseZAxis(true);
+    ExpectSame("mirrored-twice");
+    ASSERT_EQ(SetMotionDetail(plotter, 250), 0); // not so few that all are drawn
+    SKivoPictureOptions moving;
+    moving.moving = true;
+    ExpectSame("moving", moving);
+}
+
 TEST_P(CulledSurface, LooksTheSameWithOthersAndACut) {
     Show(HillSurface(columns, rows));
     const TestSurface plane = PlaneSurface(columns, rows);
@@ -146,6 +169,12 @@ TEST_P(CulledSurface, LooksTheSameWithOthersAndACut) {
     plotter.SetZAxisMax(1.0f);
     CutToAxis(plotter, 2, true);
     ExpectSame("cut");
+    plotter.SetXAxisMin(-1.0f);
+    plotter.SetXAxisMax(2.0f);
+    CutToAxis(plotter, 0, true);
+    FillContours(plotter, true);
+    plotter.SwitchToXYProjectPlot();
+    ExpectSame("cut-filled");
 }
 
 KIVO_IN_ONE_WINDOW(CulledSurface);
