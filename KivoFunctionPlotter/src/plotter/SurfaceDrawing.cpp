@@ -150,7 +150,9 @@ void SurfaceAccess::Collect(CKivoFunctionPlotter& plotter, bool isOpaque) {
 void SurfaceAccess::DrawTriangles(const CKivoFunctionPlotter& plotter, const TriangleCorners& corners,
                                   const unsigned int* indices, std::size_t count) {
     DrawingStop* const stop = PictureAccess::Stop(plotter);
-    if (plotter.m_surfaces.layers && plotter.m_surfaces.layers->culled)
+    // How much a movement shows is measured in one view, and has to be as fast where it zooms in.
+    const bool isBounded = plotter.m_detailOfFrame != 0;
+    if (!isBounded && plotter.m_surfaces.layers && plotter.m_surfaces.layers->culled)
         plotter.m_surfaces.layers->culled->Draw(corners, indices, count, stop);
     else
         DrawIndexed(GL_TRIANGLES, indices, count, stop);

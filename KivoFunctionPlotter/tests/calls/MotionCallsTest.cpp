@@ -204,6 +204,23 @@ TEST_F(SmallTriangles, AreDrawnWhereTheyShow) {
         [] { glRenderMode(GL_RENDER); });
 }
 
+// Every second column and row: as many as fit into the time of a frame, in whatever view that was measured.
+TEST_F(SmallTriangles, AreDrawnInMovements) {
+    CullSmallTriangles(plotter, true);
+    ASSERT_EQ(SetMotionDetail(plotter, 250), 0);
+    plotter.OnRButtonDown(MK_RBUTTON, start);
+    const auto move = [&](LONG x) {
+        return Record(plotter, [&] { plotter.OnMouseMove(MK_RBUTTON, {start.x + x, start.y}); });
+    };
+    EXPECT_EQ(TriangleIndicesIn(*move(10)), TriangleIndices(manyColumns / 2 + 1, manyRows / 2 + 1));
+    ASSERT_EQ(SetMotionDetail(plotter, manyColumns), 0); // of the next drag, without a copy
+    plotter.OnRButtonUp(0, start);
+    plotter.OnRButtonDown(MK_RBUTTON, start);
+    EXPECT_EQ(TriangleIndicesIn(*move(20)), all);
+    plotter.OnRButtonUp(0, start);
+    EXPECT_LT(HandedOver(), all / 3) << "at rest";
+}
+
 // A list is drawn in whatever view there is then.
 TEST_F(SmallTriangles, AreInLists) {
     CullSmallTriangles(plotter, true);
