@@ -259,6 +259,19 @@ xcb_window_t ViewerWindow::WaitForDialog(const std::string& title) {
     return dialog;
 }
 
+xcb_window_t ViewerWindow::WaitForProgress() {
+    const xcb_window_t dialog = WaitForWindow("Kivo Viewer");
+    desktop->Focus(dialog);
+    return dialog;
+}
+
+void ViewerWindow::EndProgress(xcb_window_t dialog) {
+    EXPECT_TRUE(WaitFor([&] {
+        Press(escapeKey);
+        return !desktop->IsShown(dialog);
+    })) << "the dialog stays";
+}
+
 void ViewerWindow::WaitForNoDialog() {
     EXPECT_TRUE(WaitFor([this] {
         const std::vector<xcb_window_t> windows = Windows();

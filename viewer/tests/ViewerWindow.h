@@ -134,6 +134,11 @@ protected:
     xcb_window_t WaitForWindow(const std::string& title = {});
     /// Waits for a dialog of this title, and for it to be ready for its user, and gives it the keys.
     xcb_window_t WaitForDialog(const std::string& title);
+    /// Waits for the dialog that tells of something that goes on, and gives it the keys. Its bar moves, so
+    /// that the viewer does not come to rest.
+    xcb_window_t WaitForProgress();
+    /// Ends it by a key, which it may not be ready for at first.
+    void EndProgress(xcb_window_t dialog);
     /// Waits until there is none but the main window, and gives that the keys.
     void WaitForNoDialog();
     /// Saves the session as NAME.kivo in this test's folder.

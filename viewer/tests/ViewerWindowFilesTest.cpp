@@ -311,9 +311,10 @@ TEST_F(ViewerWindowFilesTest, ShowsNamesWithMarksAsTheyAre) {
     expectPlain("no session");
     escape();
     DropFile(path("endless.csv"));
-    WaitForDialog("Kivo Viewer");
+    const xcb_window_t progress = WaitForProgress();
     expectPlain("Reading ");
-    escape();
+    EndProgress(progress);
+    WaitForNoDialog();
 }
 
 // Of a pipe that nobody writes into, before there is a window.
@@ -323,7 +324,7 @@ TEST_F(ViewerWindowFilesTest, TellsThatItReadsTheFirstFile) {
     const std::string pipe = Path("pipe.csv");
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     Launch({pipe, "--size", "800x600"});
-    Keep(Grab(AreaOf(WaitForDialog("Kivo Viewer"))), "reading");
+    Keep(Grab(AreaOf(WaitForProgress())), "reading");
     std::ofstream(pipe) << std::ifstream(hill).rdbuf();
     WaitForPicture();
     const Image read = Settled();
@@ -335,8 +336,7 @@ TEST_F(ViewerWindowFilesTest, EndsWhereTheFirstFileIsNotAwaited) {
     const std::string pipe = Path("pipe.csv");
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     Launch({pipe});
-    WaitForDialog("Kivo Viewer");
-    Press(escapeKey);
+    EndProgress(WaitForProgress());
     EXPECT_EQ(m_viewer->WaitForExit().value_or(-1), 0);
 }
 
@@ -344,7 +344,7 @@ TEST_F(ViewerWindowFilesTest, EndsWhereTheFirstFileIsNoGrid) {
     const std::string pipe = Path("pipe.csv");
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     Launch({pipe});
-    WaitForDialog("Kivo Viewer");
+    WaitForProgress();
     std::ofstream(pipe) << "1,2,3\n4,5\n";
     EXPECT_EQ(m_viewer->WaitForExit().value_or(-1), 2);
     EXPECT_NE(m_viewer->Errors().find("pipe.csv"), std::string::npos) << m_viewer->Errors();

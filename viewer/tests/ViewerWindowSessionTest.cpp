@@ -100,12 +100,12 @@ TEST_F(ViewerWindowSessionTest, AnswersWhileItReads) {
     std::filesystem::remove(Path("own.csv"));
     ASSERT_EQ(mkfifo(Path("own.csv").c_str(), 0600), 0);
     Press(f5Key);
-    const xcb_window_t dialog = WaitForDialog("Kivo Viewer");
+    const xcb_window_t dialog = WaitForProgress();
     Keep(Grab(AreaOf(dialog)), "reading");
     Resize(AreaOf(m_window).width, AreaOf(m_window).height + 80);
     const auto plotIsHigher = [this] { return PlotIn(Grab(AreaOf(m_window))).height > plotHeight; };
     EXPECT_TRUE(WaitFor(plotIsHigher)) << "the plot does not follow the window";
-    Press(escapeKey);
+    EndProgress(dialog);
     WaitForNoDialog();
     After("turn", [this] { Drag(rightButton, 120, 40); });
     EXPECT_EQ(Close(), 0) << "it waits for a file that nobody waits for";
@@ -135,7 +135,7 @@ TEST_F(ViewerWindowSessionTest, ReadsAgainWhatChangesWhileItIsOpened) {
     WaitForDialog("Open a grid of points");
     Type(Path("own.csv"));
     Press(returnKey);
-    WaitForDialog("Kivo Viewer");
+    WaitForProgress();
     {
         std::ofstream pipe(Path("own.csv")); // the viewer waits for it
         WriteOtherGrid();
@@ -152,7 +152,7 @@ TEST_F(ViewerWindowSessionTest, ReadsAgainAfterTheReadingThatGoesOn) {
     const Image wanted = m_start;
     Start({OwnGrid(), "--watch", "--size", "800x600"});
     MakePipe();
-    WaitForDialog("Kivo Viewer");
+    WaitForProgress();
     {
         std::ofstream pipe(Path("own.csv"));
         WriteOtherGrid();
