@@ -4,7 +4,12 @@
 set -euo pipefail
 place=$(mktemp -d)
 server=
-trap '[ -z "$server" ] || { kill "$server" && wait "$server"; } || true; rm -rf "$place"' EXIT
+# A server that is told to end just before it begins to wait for clients goes on waiting: it is told again.
+end_server() {
+    while kill "$server" 2>/dev/null; do sleep 0.1; done
+    wait "$server" || true
+}
+trap '[ -z "$server" ] || end_server; rm -rf "$place"' EXIT
 mkfifo "$place/number"
 # The server chooses a free number by itself, so that several can start at once, and says it when it is ready.
 Xvfb -displayfd 3 -screen 0 1280x1024x24 +extension GLX -nolisten tcp -noreset \
