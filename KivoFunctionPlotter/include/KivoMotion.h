@@ -36,11 +36,11 @@ KIVO_API int SetMotionDetail(CKivoFunctionPlotter& plotter, unsigned int pointsP
 ///
 /// Drawn as always is a surface with fewer triangles than half the pixels, one of points with four floats,
 /// what shows through, and a frame that SetMotionDetail bounds, which is to take the same time in all views;
-/// a part of one where coordinates have no digits left for parts of a pixel; and everything where OpenGL does
-/// more with a triangle than to colour the pixels whose middles it covers, as with several samples a pixel,
-/// or would draw it later, from a list. A derived class may load matrices of its own, with perspective too,
-/// and put in its own lists of triangles, but no program of shaders, which would move the points: with one,
-/// this is to be off.
+/// a part of one where coordinates have no digits left for parts of a pixel, or where corners stand far apart
+/// in the array; and everything where OpenGL does more with a triangle than to colour the pixels whose
+/// middles it covers, as with several samples a pixel, or would draw it later, from a list. A derived class
+/// may load matrices of its own, with perspective too, and put in its own lists of triangles, but no program
+/// of shaders, which would move the points: with one, this is to be off.
 ///
 /// It stays through new data, OnDestroy and OnCreate, and takes 4 MB; a copy of the plotter has it, too.
 /// @param cull  false, at first: OpenGL gets all triangles

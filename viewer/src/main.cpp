@@ -80,8 +80,8 @@ bool IsAwaited(const std::string& path) {
     return path == standardInput || std::filesystem::is_fifo(path, unknown);
 }
 
-bool AnyFile(const Options& options, bool (*test)(const std::string&)) {
-    return std::any_of(options.files.begin(), options.files.end(), test);
+bool TakesTime(const std::string& path) {
+    return IsLarge(path) || IsAwaited(path);
 }
 
 void TellNotes(const Content& content) {
@@ -94,8 +94,9 @@ void TellNotes(const Content& content) {
 }
 
 // There is no window yet: a dialog tells that something is read, and ends it.
-Content LoadBesideDialog(const Options& options) {
-    const QString name = QFileInfo(QFile::decodeName(options.files.front().c_str())).fileName();
+// @param path  of the file that takes time
+Content LoadBesideDialog(const std::string& path, const Options& options) {
+    const QString name = QFileInfo(QFile::decodeName(path.c_str())).fileName();
     return MakeInBackground<Content>(
         nullptr, QCoreApplication::translate("WindowReading", "Reading %1...").arg(name),
         [options](const Progress& progress) { return LoadContent(options, ReadSample, progress); });
@@ -103,8 +104,9 @@ Content LoadBesideDialog(const Options& options) {
 
 int RunWindow(char* program, const Options& options) {
     std::optional<Content> content;
-    const bool takesTime = AnyFile(options, IsLarge) || AnyFile(options, IsAwaited);
-    if (!takesTime) content = LoadContent(options, ReadSample); // what is wrong is told without a display
+    const auto slow = std::find_if(options.files.begin(), options.files.end(), TakesTime);
+    const bool isQuick = slow == options.files.end();
+    if (isQuick) content = LoadContent(options, ReadSample); // what is wrong is told without a display
     std::optional<StartOfQt> start(std::in_place);
     int count = 1;
     char* arguments[] = {program, nullptr}; // the command line is not Qt's
@@ -116,7 +118,7 @@ int RunWindow(char* program, const Options& options) {
     QApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
     std::setlocale(LC_NUMERIC, "C"); // the plot's numbers are the same everywhere
     try {
-        if (!content) content = LoadBesideDialog(options);
+        if (!isQuick) content = LoadBesideDialog(*slow, options);
     } catch (const Cancelled&) {
         return 0;
     }
@@ -131,8 +133,8 @@ int RunWindow(char* program, const Options& options) {
 
 // One thread at a time is at the driver: it is loaded when this returns.
 Content LoadWithDriver(const Options& options) {
-    const bool takesTime = !options.picture.empty() && AnyFile(options, IsLarge);
-    const std::future<void> driver = takesTime ? LoadDriver() : std::future<void>();
+    const bool isLarge = std::any_of(options.files.begin(), options.files.end(), IsLarge);
+    const std::future<void> driver = isLarge && !options.picture.empty() ? LoadDriver() : std::future<void>();
     Content content = LoadContent(options, ReadSample);
     if (driver.valid()) driver.wait();
     return content;
